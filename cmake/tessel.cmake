@@ -1,0 +1,22 @@
+# Helpers used by every folder's CMakeLists.txt.
+
+# tessel_library(NAME sources... [LINK libs...]): a static library of one folder, with the project's warnings.
+function(tessel_library name)
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PUBLIC tessel_options ${ARG_LINK})
+endfunction()
+
+# tessel_test(NAME sources... [LINK libs...] [ENV VAR=value...]): one GoogleTest program and one CTest entry.
+# One entry a program keeps the number of Wine starts low.
+function(tessel_test name)
+  cmake_parse_arguments(ARG "" "" "LINK;ENV;LABELS" ${ARGN})
+  add_executable(${name} ${ARG_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PRIVATE tessel_options ${ARG_LINK} GTest::gmock GTest::gtest_main)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT
+    "TESSEL_SOURCE_DIR=${PROJECT_SOURCE_DIR};TESSEL_BINARY_DIR=${PROJECT_BINARY_DIR};${ARG_ENV}")
+  if(ARG_LABELS)
+    set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}")
+  endif()
+endfunction()
