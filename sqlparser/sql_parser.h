@@ -1,0 +1,32 @@
+// SqlParser: text in, statement or positioned errors out. Knows no design and no database.
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "common/diagnostic.h"
+#include "sqlparser/statement.h"
+
+namespace tessel::sql {
+
+class SqlParser {
+public:
+    /// Analyses the text. True when it could not be analysed: `Errors()` then holds at least one diagnostic and
+    /// Statement() is what could be recovered, or nothing. An empty text fails.
+    [[nodiscard]] bool Parse(std::wstring_view text);
+
+    /// The analysed statement of the last Parse, or nullptr.
+    const Statement* GetStatement() const { return statement_.get(); }
+    const std::vector<Diagnostic>& Errors() const { return errors_; }
+
+private:
+    std::unique_ptr<Statement> statement_;
+    std::vector<Diagnostic> errors_;
+};
+
+/// Depth of nested parentheses, sub-selects and joins that the parser accepts; beyond it is an error, never a stack
+/// overflow.
+inline constexpr int kMaxDepth = 500;
+
+}  // namespace tessel::sql

@@ -1,0 +1,63 @@
+// What the designer's presenter needs of its window. The Win32 window implements these; tests and the command line
+// implement them with a few lines. Views show what they are told and report gestures; they decide nothing.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessel::ui {
+
+enum class Tab : int { Design = 0, Sql = 1 };
+enum class Pointer { Default, Hourglass };
+
+/// edtSQL, the SQL editor.
+class EditorView {
+public:
+    virtual ~EditorView() = default;
+    virtual std::wstring Text() const = 0;
+    /// Replaces the whole text as one undoable step.
+    virtual void SetText(std::wstring_view text) = 0;
+    virtual void Refresh() = 0;
+};
+
+/// dlgDsn without its editor.
+class DesignerView {
+public:
+    virtual ~DesignerView() = default;
+
+    /// Sets the mouse pointer and returns the one that was set before.
+    virtual Pointer SetPointer(Pointer pointer) = 0;
+    /// Lets pending window messages be processed once.
+    virtual void ProcessEvents() = 0;
+    /// Moves the keyboard focus to txtFocus.
+    virtual void FocusNeutral() = 0;
+
+    /// Shows a tab without reporting a tab click back.
+    virtual void ShowTab(Tab tab) = 0;
+    /// Grid dxG and its button panel picCtrs, shown or hidden together. Hidden, tab 0 shows lblNo in their place.
+    virtual void ShowGrid(bool shown) = 0;
+    /// lblNo, which lies under the grid.
+    virtual void ShowReason(bool shown) = 0;
+    /// The distinct check box follows the design.
+    virtual void ShowDistinct(bool checked) = 0;
+    virtual void RedrawDiagram() = 0;
+
+    /// A plain message box with an OK button.
+    virtual void ShowMessage(std::wstring_view text) = 0;
+    /// Yes and No, question icon, No as the default. True for Yes.
+    virtual bool AskYesNo(std::wstring_view text) = 0;
+
+    /// Hides the window, which ends its modal call.
+    virtual void Hide() = 0;
+};
+
+/// The Quillon that opened the designer, as far as the designer asks it.
+class DesignerOwner {
+public:
+    virtual ~DesignerOwner() = default;
+    /// The names of the host's parameters in collection order; empty when there are none.
+    virtual std::vector<std::wstring> ParameterNames() = 0;
+};
+
+}  // namespace tessel::ui
