@@ -15,8 +15,19 @@ function(tessel_test name)
   target_link_libraries(${name} PRIVATE tessel_options ${ARG_LINK} GTest::gmock GTest::gtest_main)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT
-    "TESSEL_SOURCE_DIR=${PROJECT_SOURCE_DIR};TESSEL_BINARY_DIR=${PROJECT_BINARY_DIR};${ARG_ENV}")
+    "TESSEL_SOURCE_DIR=${PROJECT_SOURCE_DIR};TESSEL_BINARY_DIR=${PROJECT_BINARY_DIR};${TESSEL_WINE_ENV};${ARG_ENV}")
   if(ARG_LABELS)
     set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}")
   endif()
 endfunction()
+
+# Windows programs of a cross build run under Wine in a prefix of the build's own (scripts/make_prefix). WINEPREFIX in
+# the environment when CMake configures names another one.
+set(TESSEL_WINE_ENV "")
+if(WIN32 AND CMAKE_CROSSCOMPILING)
+  if(DEFINED ENV{WINEPREFIX})
+    set(TESSEL_WINE_ENV "WINEPREFIX=$ENV{WINEPREFIX};WINEDEBUG=-all")
+  else()
+    set(TESSEL_WINE_ENV "WINEPREFIX=${PROJECT_SOURCE_DIR}/build/wineprefix;WINEDEBUG=-all")
+  endif()
+endif()

@@ -1,0 +1,84 @@
+#include "common/win32/window.h"
+
+#include <string>
+#include <vector>
+
+#include "common/win32/module.h"
+
+namespace tessel::win32 {
+
+namespace {
+
+// Only the user-interface thread registers classes, so a plain vector will do.
+std::vector<std::wstring>& RegisteredClasses() {
+    static std::vector<std::wstring> names;
+    return names;
+}
+
+bool EnsureRegistered(const WindowClass& window_class, WNDPROC procedure) {
+    for (const std::wstring& name : RegisteredClasses())
+        if (name == window_class.name) return true;
+    WNDCLASSEXW wc{};
+    wc.cbSize = sizeof wc;
+    wc.style = window_class.style;
+    wc.lpfnWndProc = procedure;
+    wc.hInstance = ThisModule();
+    wc.hCursor = LoadCursorW(nullptr, window_class.cursor);
+    wc.hbrBackground = window_class.background;
+    wc.lpszClassName = window_class.name;
+    if (!RegisterClassExW(&wc)) return false;
+    RegisteredClasses().push_back(window_class.name);
+    return true;
+}
+
+}  // namespace
+
+Window::~Window() { Destroy(); }
+
+void Window::Destroy() {
+    if (hwnd_) DestroyWindow(hwnd_);
+}
+
+bool Window::CreateWindowOf(const WindowClass& window_class, const wchar_t* text, DWORD style, DWORD ex_style,
+                            HWND parent, int id, const RECT& position) {
+    if (!EnsureRegistered(window_class, Procedure)) return false;
+    const HMENU menu = (style & WS_CHILD) ? reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)) : nullptr;
+    CreateWindowExW(ex_style, window_class.name, text, style, position.left, position.top,
+                    position.right - position.left, position.bottom - position.top, parent, menu, ThisModule(), this);
+    return hwnd_ != nullptr;
+}
+
+LRESULT Window::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    return DefWindowProcW(hwnd_, message, wparam, lparam);
+}
+
+LRESULT CALLBACK Window::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_NCCREATE) {
+        auto* self = static_cast<Window*>(reinterpret_cast<CREATESTRUCTW*>(lparam)->lpCreateParams);
+        self->hwnd_ = hwnd;
+        SetWindowLongPtrW(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+    }
+    auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
+    if (!self) return DefWindowProcW(hwnd, message, wparam, lparam);
+    LRESULT result = 0;
+    try {
+        result = self->OnMessage(message, wparam, lparam);
+    } catch (...) {
+        // Exhausted memory or a bug: the gesture is lost, the host lives on. WM_PAINT must still be validated or it
+        // would be sent for ever.
+        if (message == WM_PAINT) ValidateRect(hwnd, nullptr);
+    }
+    if (message == WM_NCDESTROY) {
+        // The object may have been destroyed by its own OnMessage only if the window went first, so it is read here.
+        SetWindowLongPtrW(hwnd, GWLP_USERDATA, 0);
+        self->hwnd_ = nullptr;
+    }
+    return result;
+}
+
+void UnregisterClasses() {
+    for (const std::wstring& name : RegisteredClasses()) UnregisterClassW(name.c_str(), ThisModule());
+    RegisteredClasses().clear();
+}
+
+}  // namespace tessel::win32
