@@ -1,0 +1,70 @@
+// dgmTables, the table diagram as a window: boxes of fields with check boxes, and the lines of their relations.
+//
+// The view shows a model::Diagram and follows its changes. Positions and the selection it writes to the model
+// itself; everything that changes the query (a tick, a drawn relation, a removal) it only reports, and shows it when
+// the model has it. Interaction is decided in diagram_state.h, geometry in diagram_layout.h; painting is in
+// diagram_painter.h.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "common/change_source.h"
+#include "common/win32/window.h"
+#include "model/diagram.h"
+
+namespace tessel::controls {
+
+/// What the user did on the diagram. Names are those of the model.
+class DiagramEvents {
+public:
+    virtual ~DiagramEvents() = default;
+    /// The check box of a field (or of "*", all fields) was clicked; `checked` is the state wished for.
+    virtual void OnDiagramFieldChecked(std::wstring_view table, std::wstring_view field, bool checked) = 0;
+    /// A field was dragged from the left table and dropped on a field of the right table.
+    virtual void OnDiagramRelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
+                                        std::wstring_view right_table, std::wstring_view right_field) = 0;
+    /// A context menu is wanted for the element, which is selected in the model by now.
+    virtual void OnDiagramContextMenu(model::DiagramElement element, POINT screen) {
+        (void)element;
+        (void)screen;
+    }
+    /// Del was pressed on the selected element.
+    virtual void OnDiagramDelete(model::DiagramElement element) { (void)element; }
+    /// A relation was double-clicked, or Enter pressed on it.
+    virtual void OnDiagramRelationActivated(int key) { (void)key; }
+};
+
+class DiagramView : public win32::Window, private ChangeListener {
+public:
+    DiagramView() = default;
+    ~DiagramView() override;
+
+    /// Creates the control as a child of `parent`, of no size yet. False when Windows refuses.
+    [[nodiscard]] bool Create(HWND parent, int id);
+    /// Shows another diagram and reports to `events`. Neither is owned; both may be nullptr and must outlive the
+    /// binding.
+    void Bind(model::Diagram* diagram, DiagramEvents* events);
+    /// Repaints everything.
+    void Redraw();
+
+    /// Where something is shown, in client pixels; an empty rectangle when it is not there.
+    RECT TableRect(std::wstring_view table) const;
+    RECT FieldRect(std::wstring_view table, std::wstring_view field) const;
+    RECT CheckRect(std::wstring_view table, std::wstring_view field) const;
+    /// A point on the relation's line.
+    POINT RelationPoint(int key) const;
+
+    /// 25 to 400; other values are brought into that range.
+    void SetZoom(int percent);
+
+private:
+    LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+    void OnChanged() override;
+
+    model::Diagram* diagram_ = nullptr;
+    DiagramEvents* events_ = nullptr;
+};
+
+}  // namespace tessel::controls
