@@ -1,0 +1,91 @@
+#include "common/win32/com.h"
+
+#include <cwchar>
+
+namespace tessel::win32 {
+
+HRESULT ReturnText(std::wstring_view text, BSTR* target) {
+    if (!target) return E_POINTER;
+    *target = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+    return *target ? S_OK : E_OUTOFMEMORY;
+}
+
+HRESULT ReplaceText(std::wstring_view text, BSTR* target) {
+    if (!target) return E_POINTER;
+    const BSTR fresh = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+    if (!fresh) return E_OUTOFMEMORY;
+    SysFreeString(std::exchange(*target, fresh));
+    return S_OK;
+}
+
+UniqueVariant UniqueVariant::Missing() {
+    UniqueVariant variant;
+    variant.value_.vt = VT_ERROR;
+    variant.value_.scode = DISP_E_PARAMNOTFOUND;
+    return variant;
+}
+
+UniqueVariant UniqueVariant::Null() {
+    UniqueVariant variant;
+    variant.value_.vt = VT_NULL;
+    return variant;
+}
+
+UniqueVariant UniqueVariant::Date(DATE date) {
+    UniqueVariant variant;
+    variant.value_.vt = VT_DATE;
+    variant.value_.date = date;
+    return variant;
+}
+
+UniqueVariant UniqueVariant::CopyOf(const VARIANT& value) {
+    UniqueVariant copy;
+    VariantCopyInd(&copy.value_, const_cast<VARIANT*>(&value));
+    return copy;
+}
+
+HRESULT UniqueVariant::ChangedTo(VARTYPE type, UniqueVariant* target) const {
+    return VariantChangeTypeEx(target->Put(), const_cast<VARIANT*>(&value_), LOCALE_USER_DEFAULT, 0, type);
+}
+
+ComPtr<IDispatch> UniqueVariant::Object() const {
+    if (value_.vt == VT_DISPATCH) return ComPtr<IDispatch>(value_.pdispVal);
+    if (value_.vt == VT_UNKNOWN) return ComPtr<IUnknown>(value_.punkVal).As<IDispatch>();
+    if (value_.vt & VT_BYREF) {
+        const UniqueVariant copy = CopyOf(value_);
+        if (!(copy.Type() & VT_BYREF)) return copy.Object();
+    }
+    return {};
+}
+
+HRESULT RaiseError(HRESULT result, REFIID iid, std::wstring_view source, std::wstring_view description) {
+    ComPtr<ICreateErrorInfo> info;
+    if (FAILED(CreateErrorInfo(info.Put()))) return result;
+    info->SetGUID(iid);
+    info->SetSource(const_cast<LPOLESTR>(std::wstring(source).c_str()));
+    info->SetDescription(const_cast<LPOLESTR>(std::wstring(description).c_str()));
+    if (const ComPtr<IErrorInfo> error = info.As<IErrorInfo>()) SetErrorInfo(0, error.Get());
+    return result;
+}
+
+std::wstring SystemMessage(HRESULT result) {
+    wchar_t* buffer = nullptr;
+    const DWORD flags = FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
+    const DWORD length = FormatMessageW(flags, nullptr, static_cast<DWORD>(result), 0,
+                                        reinterpret_cast<LPWSTR>(&buffer), 0, nullptr);
+    std::wstring text;
+    try {
+        if (buffer) text.assign(buffer, length);
+    } catch (...) {
+        LocalFree(buffer);
+        throw;
+    }
+    LocalFree(buffer);
+    while (!text.empty() && (text.back() == L'\r' || text.back() == L'\n' || text.back() == L' ')) text.pop_back();
+    if (!text.empty()) return text;
+    wchar_t number[40];
+    std::swprintf(number, 40, L"Error de automatizaci\u00f3n 0x%08lX", static_cast<unsigned long>(result));
+    return number;
+}
+
+}  // namespace tessel::win32
