@@ -61,6 +61,14 @@ void SplitterBar::SetMinimums(int first, int second) {
     Layout();
 }
 
+void SplitterBar::SetFirstPaneShown(bool shown) {
+    if (!IsCreated() || first_shown_ == shown) return;
+    first_shown_ = shown;
+    for (HWND window : {first_, bar_.Handle()})
+        if (window) ShowWindow(window, shown ? SW_SHOWNA : SW_HIDE);
+    Layout();
+}
+
 int SplitterBar::Scaled(int dips) const { return win32::Scale(dips, win32::DpiOf(Handle())); }
 
 void SplitterBar::ApplyMetrics() {
@@ -90,9 +98,12 @@ void SplitterBar::Layout() {
         int start;
         int size;
     };
+    const int along = orientation_ == Orientation::SideBySide ? client.right : client.bottom;
+    const Piece second_only{second_, 0, along};
     const Piece pieces[] = {{first_, 0, state_.Position()},
                             {bar_.Handle(), state_.Position(), state_.Bar()},
-                            {second_, state_.Position() + state_.Bar(), state_.SecondSize()}};
+                            first_shown_ ? Piece{second_, state_.Position() + state_.Bar(), state_.SecondSize()}
+                                         : second_only};
     // All at once, so that nothing is drawn in between.
     HDWP batch = BeginDeferWindowPos(3);
     for (const Piece& piece : pieces) {

@@ -40,6 +40,9 @@ public:
     /// The least sizes that dragging and resizing leave to the panes.
     void SetMinimums(int first, int second);
 
+    /// Hides the first pane and the bar, and gives the second pane everything; or shows them where they were.
+    void SetFirstPaneShown(bool shown);
+
     /// The bar itself, which takes the keyboard focus and the mouse.
     HWND BarHandle() const { return bar_.Handle(); }
 
@@ -77,6 +80,7 @@ private:
     Bar bar_{*this};
     HWND first_ = nullptr;
     HWND second_ = nullptr;
+    bool first_shown_ = true;
     int id_ = 0;
     int default_position_ = -1;
     int first_minimum_ = 0;

@@ -1,0 +1,65 @@
+#include "common/win32/modal_loop.h"
+
+namespace tessel::win32 {
+
+DisabledPeers::DisabledPeers(HWND except) : active_(GetActiveWindow()), focus_(GetFocus()) {
+    struct Search {
+        HWND except;
+        std::vector<HWND>* found;
+    } search{except, &windows_};
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND hwnd, LPARAM lparam) -> BOOL {
+            auto* s = reinterpret_cast<Search*>(lparam);
+            if (hwnd != s->except && IsWindowVisible(hwnd) && IsWindowEnabled(hwnd)) s->found->push_back(hwnd);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    for (HWND hwnd : windows_) EnableWindow(hwnd, FALSE);
+}
+
+void DisabledPeers::Enable() {
+    for (auto it = windows_.rbegin(); it != windows_.rend(); ++it)
+        if (IsWindow(*it)) EnableWindow(*it, TRUE);
+    windows_.clear();
+}
+
+DisabledPeers::~DisabledPeers() {
+    Enable();
+    if (active_ && IsWindow(active_)) SetActiveWindow(active_);
+    if (focus_ && IsWindow(focus_)) SetFocus(focus_);
+}
+
+void RunModalLoop(HWND hwnd, const std::function<bool()>& is_done,
+                  const std::function<bool(const MSG&)>& pre_translate) {
+    MSG message{};
+    while (!is_done() && IsWindow(hwnd)) {
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+        if (got == 0) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (got < 0) return;
+        if (pre_translate && pre_translate(message)) continue;
+        if (IsDialogMessageW(hwnd, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void ProcessPendingMessages() {
+    // A bound keeps a window that posts to itself from holding us for ever.
+    constexpr int kMost = 1000;
+    constexpr UINT kNoInput = PM_REMOVE | PM_QS_PAINT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
+    MSG message{};
+    for (int i = 0; i < kMost && PeekMessageW(&message, nullptr, 0, 0, kNoInput); ++i) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace tessel::win32
