@@ -1,8 +1,13 @@
-// The designer's behaviour without a window: taking a statement, the two tabs, accept and cancel, grid and diagram
-// gestures. The Win32 window, the command line and the tests drive this same class.
+// The designer's behaviour without a window: taking a statement, the two tabs, accept and cancel, grid and
+// diagram gestures. The Win32 window, the command line and the tests drive this same class.
 //
-// Two states on the design tab: the design is in force (grid shown), or text only (grid hidden, lblNo says why)
-// after a text that cannot be shown as a design. In text only nothing ever composes over the user's text.
+// Two states on the design tab: the design is in force (grid shown), or text only (grid hidden, lblNo says
+// why) after a text that cannot be shown as a design. In text only nothing ever composes over the user's
+// text. On the SQL tab the grid counts as shown in both states; the next switch to the design tab analyses
+// the text anew.
+//
+// The view may deliver pending input while a procedure runs (ProcessEvents): tab clicks are then refused,
+// accepting waits until the procedure is done, and everything else is carried out at once.
 #pragma once
 
 #include <optional>
@@ -32,14 +37,17 @@ public:
 
     Tab CurrentTab() const { return tab_; }
     bool IsGridShown() const { return grid_shown_; }
-    /// The user clicked a tab.
+    /// The user clicked a tab. A click on the current tab does nothing.
     void TabClicked(Tab tab);
 
     /// The current SQL: on the design tab, with the design in force, composed first and put into the editor.
     std::wstring GetSQLText();
     std::wstring BuildSQL() const;
 
+    /// "&Aceptar": composes, or takes the editor's text, and hides the view. An open cell edit is committed
+    /// first; when its text is refused, the view stays.
     void Accept();
+    /// "&Cancelar", the title bar and Esc.
     void Cancel();
     bool Accepted() const { return accepted_; }
     const std::wstring& ResultSQL() const { return result_sql_; }
@@ -47,10 +55,12 @@ public:
 
     // Gestures.
     void GridFocusMoved(model::GridRow row, int column);
+    /// The user finished editing a cell. A text longer than a cell is refused with a message; the old one
+    /// stays.
     void GridCellCommitted(model::GridRow row, int column, std::wstring_view text);
     void DiagramFieldChecked(std::wstring_view table, std::wstring_view field, bool checked);
-    void RelationDrawn(std::wstring_view left_table, std::wstring_view left_field, std::wstring_view right_table,
-                       std::wstring_view right_field);
+    void RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
+                       std::wstring_view right_table, std::wstring_view right_field);
     void TableChosen(std::wstring_view name);
     void DistinctClicked(bool checked);
     /// "Quitar columna": removes the focused query column.
@@ -62,8 +72,12 @@ public:
     const std::optional<Diagnostic>& Reason() const { return reason_; }
 
 private:
+    class Working;
+
     bool Analyse(std::wstring_view text);
     void SetGridShown(bool shown);
+    void SwitchToSql();
+    void SwitchToDesign();
 
     DesignerView& view_;
     EditorView& editor_;
@@ -71,6 +85,9 @@ private:
     model::Design design_;
     Tab tab_ = Tab::Design;
     bool grid_shown_ = true;
+    bool busy_ = false;
+    bool accept_waits_ = false;
+    bool edit_refused_ = false;
     bool accepted_ = false;
     std::wstring result_sql_;
     std::optional<Diagnostic> reason_;

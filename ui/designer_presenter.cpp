@@ -1,0 +1,236 @@
+#include "ui/designer_presenter.h"
+
+#include "common/text.h"
+#include "compose/compose.h"
+#include "model/grid_editing.h"
+#include "model/pick_lists.h"
+
+namespace tessel::ui {
+
+namespace {
+
+constexpr std::wstring_view kAskClear = L"¿Seguro desea eliminar todas las columnas definidas?";
+constexpr std::wstring_view kCellTooLong = L"El texto de una celda no puede tener más de 255 caracteres.";
+
+/// Shows the hourglass while it lives and then the pointer that it was told to leave.
+class Hourglass {
+public:
+    explicit Hourglass(DesignerView& view) : view_(view), after_(view.SetPointer(Pointer::Hourglass)) {}
+    Hourglass(DesignerView& view, Pointer after) : Hourglass(view) { after_ = after; }
+    ~Hourglass() { view_.SetPointer(after_); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+
+private:
+    DesignerView& view_;
+    Pointer after_;
+};
+
+}  // namespace
+
+/// Marks the presenter as busy, so that input delivered meanwhile does not start a second procedure.
+class DesignerPresenter::Working {
+public:
+    explicit Working(DesignerPresenter& presenter) : presenter_(presenter) { presenter_.busy_ = true; }
+    ~Working() { presenter_.busy_ = false; }
+    Working(const Working&) = delete;
+    Working& operator=(const Working&) = delete;
+
+private:
+    DesignerPresenter& presenter_;
+};
+
+DesignerPresenter::DesignerPresenter(DesignerView& view, EditorView& editor, DesignerOwner* owner)
+    : view_(view), editor_(editor), owner_(owner) {}
+
+void DesignerPresenter::Load() {
+    design_.grid.LoadColumns();
+    busy_ = false;
+    tab_ = Tab::Design;
+    view_.ShowTab(tab_);
+    SetGridShown(true);
+    view_.ShowReason(true);
+    view_.ShowDistinct(design_.distinct);
+}
+
+void DesignerPresenter::BindSchema(const schema::Schema* schema) {
+    design_.diagram.Bind(schema);
+}
+
+void DesignerPresenter::SetDsn(std::wstring_view sSQL) {
+    if (busy_ || IsAllWhiteSpace(sSQL)) return;
+    const std::wstring text(sSQL);
+    const Working working(*this);
+    const Hourglass hourglass(view_, Pointer::Default);
+    editor_.SetText(text);
+    if (Analyse(text)) return;
+    // The design is not in force, so that selecting the SQL tab leaves the text as it came.
+    SetGridShown(false);
+    tab_ = Tab::Sql;
+    SwitchToSql();
+}
+
+void DesignerPresenter::TabClicked(Tab tab) {
+    if (busy_ || tab == tab_) {
+        view_.ShowTab(tab_);
+        return;
+    }
+    {
+        const Working working(*this);
+        const Hourglass hourglass(view_, Pointer::Default);
+        tab_ = tab;
+        tab == Tab::Sql ? SwitchToSql() : SwitchToDesign();
+    }
+    if (!accept_waits_) return;
+    accept_waits_ = false;
+    Accept();
+}
+
+// Moving the focus away commits a cell that is being edited, before the statement is composed from the grid.
+void DesignerPresenter::SwitchToSql() {
+    view_.ShowTab(Tab::Sql);
+    view_.ProcessEvents();
+    view_.FocusNeutral();
+    view_.ProcessEvents();
+    editor_.Refresh();
+    if (grid_shown_) {
+        editor_.SetText(L"");
+        view_.ProcessEvents();
+        editor_.SetText(BuildSQL());
+    }
+    SetGridShown(true);
+}
+
+void DesignerPresenter::SwitchToDesign() {
+    view_.ShowTab(Tab::Design);
+    SetGridShown(true);
+    const std::wstring text = editor_.Text();
+    if (IsAllWhiteSpace(text)) {
+        ClearDesign(false);
+        design_.diagram.Clear();
+        design_.distinct = false;
+        reason_.reset();
+        view_.ShowDistinct(false);
+        view_.ShowReason(false);
+        view_.RedrawDiagram();
+        view_.ShowReason(true);
+        return;
+    }
+    view_.ShowReason(false);
+    view_.ProcessEvents();
+    if (!Analyse(text)) {
+        SetGridShown(false);
+        editor_.SetText(text);
+    }
+    view_.ShowReason(true);
+}
+
+bool DesignerPresenter::Analyse(std::wstring_view text) {
+    const analyse::Analysis analysis = analyse::AnalyseSQL(text, design_);
+    reason_ = analysis.accepted ? std::nullopt : analysis.error;
+    view_.ShowDistinct(design_.distinct);
+    for (const std::wstring& message : analysis.messages) view_.ShowMessage(message);
+    return analysis.accepted;
+}
+
+void DesignerPresenter::SetGridShown(bool shown) {
+    grid_shown_ = shown;
+    view_.ShowGrid(shown);
+}
+
+std::wstring DesignerPresenter::GetSQLText() {
+    if (tab_ == Tab::Design && grid_shown_) editor_.SetText(BuildSQL());
+    return editor_.Text();
+}
+
+std::wstring DesignerPresenter::BuildSQL() const {
+    return compose::BuildSQL(design_);
+}
+
+void DesignerPresenter::Accept() {
+    if (busy_) {
+        accept_waits_ = true;
+        return;
+    }
+    const bool from_design = tab_ == Tab::Design && grid_shown_;
+    if (from_design) {
+        edit_refused_ = false;
+        view_.FocusNeutral();
+        if (edit_refused_) return;
+    }
+    result_sql_ = from_design ? BuildSQL() : editor_.Text();
+    accepted_ = true;
+    view_.Hide();
+}
+
+void DesignerPresenter::Cancel() {
+    accept_waits_ = false;
+    accepted_ = false;
+    view_.Hide();
+}
+
+void DesignerPresenter::GridFocusMoved(model::GridRow row, int column) {
+    const bool offers_parameters = row == model::GridRow::Condicion || row == model::GridRow::Or;
+    std::vector<std::wstring> parameter_names;
+    if (offers_parameters && owner_) parameter_names = owner_->ParameterNames();
+    model::FocusMoved(design_, row, column, parameter_names);
+}
+
+void DesignerPresenter::GridCellCommitted(model::GridRow row, int column, std::wstring_view text) {
+    if (Utf16Length(text) > model::kMaxCellLength) {
+        edit_refused_ = true;
+        view_.ShowMessage(kCellTooLong);
+        return;
+    }
+    if (design_.grid.SetCell(row, column, text)) model::CellCommitted(design_, row, column);
+}
+
+void DesignerPresenter::DiagramFieldChecked(std::wstring_view table, std::wstring_view field, bool checked) {
+    model::FieldChecked(design_, table, field, checked);
+}
+
+void DesignerPresenter::RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
+                                      std::wstring_view right_table, std::wstring_view right_field) {
+    model::RelInfo relation;
+    relation.LeftTable = left_table;
+    relation.LeftField = left_field;
+    relation.RightTable = right_table;
+    relation.RightField = right_field;
+    design_.diagram.AddRelation(relation);
+}
+
+void DesignerPresenter::TableChosen(std::wstring_view name) {
+    design_.diagram.AddTable(name, false);
+}
+
+void DesignerPresenter::DistinctClicked(bool checked) {
+    design_.distinct = checked;
+}
+
+// The column is told by its place, not by its field: a field typed twice must lose the column that has the
+// focus.
+void DesignerPresenter::RemoveFocusedColumn() {
+    model::DesignGrid& grid = design_.grid;
+    const int column = grid.FocusedColumn();
+    if (column < 0 || column >= grid.ColumnCount()) return;
+    bool removed = false;
+    for (const model::GridRow row : model::kGridRows) {
+        if (grid.Cell(row, column).empty()) continue;
+        removed = grid.SetCell(row, column, L"");
+    }
+    if (!removed) return;
+    grid.SetCaption(column, L"");
+    grid.SetFocus(model::GridRow::Campo, column);
+    grid.ShowColumn(column, false);
+    model::SyncDiagramChecks(design_);
+}
+
+void DesignerPresenter::ClearDesign(bool bAsk) {
+    if (bAsk && !view_.AskYesNo(kAskClear)) return;
+    design_.grid.Reset();
+    const Hourglass hourglass(view_);
+    view_.ProcessEvents();
+    model::ClearGrid(design_);
+}
+
+}  // namespace tessel::ui
