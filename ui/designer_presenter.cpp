@@ -31,7 +31,10 @@ private:
 /// Marks the presenter as busy, so that input delivered meanwhile does not start a second procedure.
 class DesignerPresenter::Working {
 public:
-    explicit Working(DesignerPresenter& presenter) : presenter_(presenter) { presenter_.busy_ = true; }
+    explicit Working(DesignerPresenter& presenter) : presenter_(presenter) {
+        presenter_.busy_ = true;
+        presenter_.accept_waits_ = false;
+    }
     ~Working() { presenter_.busy_ = false; }
     Working(const Working&) = delete;
     Working& operator=(const Working&) = delete;
