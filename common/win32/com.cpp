@@ -44,6 +44,27 @@ UniqueVariant UniqueVariant::CopyOf(const VARIANT& value) {
     return copy;
 }
 
+UniqueVariant UniqueVariant::ReferenceTo(VARIANT* variable) {
+    UniqueVariant argument;
+    argument.value_.vt = VT_BYREF | VT_VARIANT;
+    argument.value_.pvarVal = variable;
+    return argument;
+}
+
+UniqueVariant UniqueVariant::ReferenceTo(BSTR* text) {
+    UniqueVariant argument;
+    argument.value_.vt = VT_BYREF | VT_BSTR;
+    argument.value_.pbstrVal = text;
+    return argument;
+}
+
+UniqueVariant UniqueVariant::ReferenceTo(IDispatch** object) {
+    UniqueVariant argument;
+    argument.value_.vt = VT_BYREF | VT_DISPATCH;
+    argument.value_.ppdispVal = object;
+    return argument;
+}
+
 HRESULT UniqueVariant::ChangedTo(VARTYPE type, UniqueVariant* target) const {
     return VariantChangeTypeEx(target->Put(), const_cast<VARIANT*>(&value_), LOCALE_USER_DEFAULT, 0, type);
 }

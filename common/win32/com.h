@@ -167,6 +167,10 @@ public:
     static UniqueVariant Date(DATE date);
     /// A deep copy with references followed; Empty when it cannot be made.
     static UniqueVariant CopyOf(const VARIANT& value);
+    /// An argument that refers to the caller's variable, as host languages pass their own.
+    static UniqueVariant ReferenceTo(VARIANT* variable);
+    static UniqueVariant ReferenceTo(BSTR* text);
+    static UniqueVariant ReferenceTo(IDispatch** object);
 
     VARTYPE Type() const { return value_.vt; }
     bool IsNothing() const { return value_.vt == VT_EMPTY || value_.vt == VT_NULL; }

@@ -1,0 +1,169 @@
+#include "common/win32/dispatch.h"
+
+#include <algorithm>
+
+namespace tessel::win32 {
+
+namespace {
+
+const IID kNullIid{};
+
+/// Frees the texts of an EXCEPINFO.
+struct ExceptionInfo : EXCEPINFO {
+    ExceptionInfo() : EXCEPINFO{} {}
+    ~ExceptionInfo() {
+        SysFreeString(bstrSource);
+        SysFreeString(bstrDescription);
+        SysFreeString(bstrHelpFile);
+    }
+    ExceptionInfo(const ExceptionInfo&) = delete;
+    ExceptionInfo& operator=(const ExceptionInfo&) = delete;
+};
+
+/// The HRESULT of an exception: its scode, or the HRESULT that host languages make of a 16-bit error number.
+HRESULT CodeOf(const EXCEPINFO& info) {
+    if (FAILED(info.scode)) return info.scode;
+    if (info.wCode) return MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, info.wCode);
+    return DISP_E_EXCEPTION;
+}
+
+CallResult Failure(HRESULT code, std::wstring_view source, std::wstring_view message) {
+    std::wstring text(message);
+    if (text.empty()) text = SystemMessage(code);
+    return CallResult(code, std::wstring(source), std::move(text));
+}
+
+CallResult FailureOf(HRESULT code, ExceptionInfo& info) {
+    if (code == DISP_E_EXCEPTION) {
+        // An object may postpone the texts until somebody asks for them.
+        if (info.pfnDeferredFillIn) info.pfnDeferredFillIn(&info);
+        return Failure(CodeOf(info), TextOf(info.bstrSource), TextOf(info.bstrDescription));
+    }
+    ComPtr<IErrorInfo> error;
+    if (GetErrorInfo(0, error.Put()) != S_OK) return Failure(code, {}, {});
+    Bstr source, description;
+    error->GetSource(source.Put());
+    error->GetDescription(description.Put());
+    return Failure(code, source.View(), description.View());
+}
+
+/// Elements through IEnumVARIANT. False in `walked` when the collection has no enumerator.
+CallResult WalkEnumerator(const Dispatch& collection, const ElementVisitor& visitor, bool* walked) {
+    *walked = false;
+    CallResult made = collection.InvokeId(DISPID_NEWENUM, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {});
+    if (!made) return made;
+    ComPtr<IUnknown> unknown;
+    const VARIANT& value = made.Value().Get();
+    if (value.vt == VT_UNKNOWN || value.vt == VT_DISPATCH) unknown = ComPtr<IUnknown>(value.punkVal);
+    const ComPtr<IEnumVARIANT> enumerator = unknown.As<IEnumVARIANT>();
+    if (!enumerator) return Failure(E_NOINTERFACE, {}, {});
+    *walked = true;
+    for (;;) {
+        UniqueVariant element;
+        ULONG fetched = 0;
+        SetErrorInfo(0, nullptr);
+        const HRESULT result = enumerator->Next(1, element.Put(), &fetched);
+        if (FAILED(result)) {
+            ExceptionInfo none;
+            return FailureOf(result, none);
+        }
+        if (result != S_OK || fetched == 0) return CallResult(UniqueVariant());
+        if (!visitor(element)) return CallResult(UniqueVariant());
+    }
+}
+
+/// Elements through Count and Item. The last element answers to Count where numbers start at 1; only where it does
+/// not is 0 tried, since asking some collections for an absent key adds it.
+CallResult WalkItems(const Dispatch& collection, const ElementVisitor& visitor) {
+    CallResult counted = collection.Get(L"Count");
+    if (!counted) return counted;
+    const LONG count = counted.Number().value_or(0);
+    if (count <= 0) return CallResult(UniqueVariant());
+    LONG first = 1;
+    if (!collection.Get(L"Item", count) && collection.Get(L"Item", 0)) first = 0;
+    for (LONG i = 0; i < count; ++i) {
+        CallResult element = collection.Get(L"Item", first + i);
+        if (!element) return element;
+        if (!visitor(element.Value())) break;
+    }
+    return CallResult(UniqueVariant());
+}
+
+}  // namespace
+
+std::optional<std::wstring> CallResult::Text() const noexcept {
+    UniqueVariant text;
+    if (FAILED(code_) || FAILED(value_.ChangedTo(VT_BSTR, &text))) return std::nullopt;
+    try {
+        return std::wstring(TextOf(text.Get().bstrVal));
+    } catch (...) {
+        return std::nullopt;
+    }
+}
+
+std::optional<LONG> CallResult::Number() const noexcept {
+    UniqueVariant number;
+    if (FAILED(code_) || value_.IsNothing() || FAILED(value_.ChangedTo(VT_I4, &number))) return std::nullopt;
+    return number.Get().lVal;
+}
+
+std::optional<bool> CallResult::Boolean() const noexcept {
+    UniqueVariant truth;
+    if (FAILED(code_) || value_.IsNothing() || FAILED(value_.ChangedTo(VT_BOOL, &truth))) return std::nullopt;
+    return truth.Get().boolVal != VARIANT_FALSE;
+}
+
+Dispatch CallResult::Object() const noexcept { return Dispatch(value_.Object()); }
+
+CallResult Dispatch::InvokeName(const wchar_t* name, WORD flags, const UniqueVariant* arguments,
+                                std::size_t count) const noexcept {
+    if (!object_) return CallResult(E_POINTER, {}, {});
+    try {
+        DISPID id = DISPID_UNKNOWN;
+        LPOLESTR names = const_cast<LPOLESTR>(name);
+        const HRESULT found = object_->GetIDsOfNames(kNullIid, &names, 1, LOCALE_USER_DEFAULT, &id);
+        if (FAILED(found)) return Failure(found, {}, {});
+        std::vector<VARIANTARG> reversed;
+        reversed.reserve(count);
+        for (std::size_t i = count; i > 0; --i) reversed.push_back(arguments[i - 1].Get());
+        return InvokeId(id, flags, std::move(reversed));
+    } catch (...) {
+        return CallResult(E_OUTOFMEMORY, {}, {});
+    }
+}
+
+CallResult Dispatch::InvokeId(DISPID id, WORD flags, std::vector<VARIANTARG> reversed) const noexcept {
+    if (!object_) return CallResult(E_POINTER, {}, {});
+    try {
+        const ComPtr<IDispatch> alive = object_;
+        const bool sets = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+        DISPID put = DISPID_PROPERTYPUT;
+        DISPPARAMS parameters{reversed.data(), sets ? &put : nullptr, static_cast<UINT>(reversed.size()), sets ? 1u : 0u};
+        UniqueVariant value;
+        ExceptionInfo info;
+        UINT bad_argument = 0;
+        SetErrorInfo(0, nullptr);
+        const HRESULT result = alive->Invoke(id, kNullIid, LOCALE_USER_DEFAULT, flags, &parameters,
+                                             sets ? nullptr : value.Put(), &info, &bad_argument);
+        if (FAILED(result)) return FailureOf(result, info);
+        return CallResult(std::move(value));
+    } catch (...) {
+        return CallResult(E_OUTOFMEMORY, {}, {});
+    }
+}
+
+CallResult WalkCollection(const Dispatch& collection, const ElementVisitor& visitor) noexcept {
+    try {
+        bool walked = false;
+        CallResult by_enumerator = WalkEnumerator(collection, visitor, &walked);
+        if (walked) return by_enumerator;
+        CallResult by_number = WalkItems(collection, visitor);
+        // What has neither an enumerator nor numbered items failed as a collection: the first reason is the better.
+        if (!by_number && by_number.Code() == DISP_E_UNKNOWNNAME) return by_enumerator;
+        return by_number;
+    } catch (...) {
+        return CallResult(E_OUTOFMEMORY, {}, {});
+    }
+}
+
+}  // namespace tessel::win32
