@@ -31,7 +31,8 @@ enum class NodeKind : std::uint8_t {
     Macro,        ///< @name, @{any text}
     Paren,        ///< ( expression ); one child
     Unary,        ///< op = UnaryOp; one child
-    Binary,       ///< op = BinaryOp, arithmetic and concatenation; two children
+    Binary,       ///< op = BinaryOp, arithmetic and concatenation; two or more children: a + b + c is one node,
+                  ///< grouped from the left, while a + b - c is a node in a node
     Compare,      ///< op = CompareOp; two children
     Logical,      ///< op = LogicalOp; two or more children, a flat list for a run of the same operator
     Not,          ///< one child
@@ -43,10 +44,11 @@ enum class NodeKind : std::uint8_t {
     Exists,       ///< one child: Select
     Quantified,   ///< op = Quantifier (ANY, SOME, ALL); one child: Select
     Call,         ///< children: Name, argument…; flags kDistinct for COUNT(DISTINCT x), kStarArgument for count(*)
-    Window,       ///< a call with OVER (…); children: Call, then the expressions inside
+    Window,       ///< a call with OVER (…), FILTER (…) or WITHIN GROUP (…); children: Call, then the expressions inside
     Case,         ///< children: [operand], When…, [Else]; flags kHasOperand, kHasElse
     When,         ///< children: condition, result
-    Cast,         ///< x::type or CAST(x AS type); one child; the type is the text after it
+    Cast,         ///< op = CastForm; one child; the type's (or collation's) text goes from offset `payload` to the
+                  ///< node's end, the closing parenthesis of CAST not included
     Subquery,     ///< ( SELECT … ) as an expression; one child: Select
     Select,       ///< a nested select; `payload` is its index in Statement::nested
     Tuple,        ///< (a, b)
@@ -57,6 +59,7 @@ enum class UnaryOp : std::uint8_t { Minus, Plus, BitNot };
 enum class BinaryOp : std::uint8_t { Add, Subtract, Multiply, Divide, IntDivide, Modulo, Power, Concat, Other };
 enum class CompareOp : std::uint8_t { Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual };
 enum class LogicalOp : std::uint8_t { And, Or, Xor, Eqv, Imp };
+enum class CastForm : std::uint8_t { Colons, Function, Collate };
 enum class Quantifier : std::uint8_t { Any, Some, All };
 
 inline constexpr std::uint8_t kNegated = 1;
@@ -74,7 +77,7 @@ struct Node {
     std::uint32_t length = 0;
     NodeId first_child = kNoNode;
     NodeId next = kNoNode;
-    std::uint32_t payload = 0;  ///< Compare, Like, …: offset of the operator; Select: index in Statement::nested
+    std::uint32_t payload = 0;  ///< Compare, Like, InList, …: offset of the operator; Select: index in Statement::nested
 
     TextRange Range() const { return {begin, length}; }
 };

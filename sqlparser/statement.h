@@ -33,6 +33,7 @@ struct TableRef {
     TextRange name;      ///< as written, brackets included; for a derived table its whole text
     TextRange alias;     ///< empty when absent
     bool derived = false;  ///< ( SELECT … ) or [SELECT …].
+    int nested = -1;       ///< derived: index in Statement::nested
 };
 
 /// A side of a join's single equality; empty ranges when the ON text is not one equality between two columns.
@@ -45,7 +46,7 @@ struct FieldRef {
 enum class JoinKind : int { None = 0, Inner = 1, Left = 2, Right = 3 };
 
 struct Join {
-    JoinKind kind = JoinKind::Inner;
+    JoinKind kind = JoinKind::Inner;  ///< None for FULL, CROSS and NATURAL
     int left_table = -1;   ///< index in Statement::Tables: the table that ON names on the left operand's side
     int right_table = -1;  ///< likewise for the right operand
     TextRange on;          ///< the condition text
@@ -69,7 +70,10 @@ struct FromNode {
     int right = -1;
     JoinKind kind = JoinKind::None;
     NodeId on_node = kNoNode;
-    TextRange range;
+    TextRange range;     ///< without enclosing parentheses
+    TextRange joint;     ///< join: the words between the operands (INNER JOIN, FULL OUTER JOIN…, or a comma)
+    TextRange using_columns;  ///< join: (a, b) of USING
+    bool parenthesised = false;
 };
 
 /// What a design has no place for.
@@ -97,8 +101,12 @@ struct ConditionNode {
     NodeId node = kNoNode;
 };
 
-/// A SELECT nested in an expression or in FROM, or an operand of UNION.
-struct NestedSelect;
+/// An entry of WITH: name (columns) AS (select).
+struct CommonTable {
+    TextRange name;
+    TextRange columns;  ///< with its parentheses; empty when absent
+    int nested = -1;    ///< index in Statement::nested
+};
 
 class Statement {
 public:
@@ -108,10 +116,10 @@ public:
     Statement(Statement&&) noexcept = default;
     Statement& operator=(Statement&&) noexcept = default;
 
-    std::wstring source;  ///< the whole text that was parsed
-    std::wstring_view Slice(TextRange range) const {
-        return std::wstring_view(source).substr(range.offset, range.length);
-    }
+    /// The whole text that was parsed; kept alive by `text`, which nested statements share.
+    std::wstring_view source;
+    std::shared_ptr<const std::wstring> text;
+    std::wstring_view Slice(TextRange range) const { return source.substr(range.offset, range.length); }
     std::wstring Text(TextRange range) const { return std::wstring(Slice(range)); }
 
     std::vector<Item> Columns;
@@ -134,11 +142,19 @@ public:
     std::vector<BeyondItem> beyond;
 
     std::vector<Node> nodes;
-    /// Nested selects hold their own lists and share `source` offsets with this statement, but have nodes of their
-    /// own.
+    /// Selects nested in expressions and in FROM hold their own lists and share `source` offsets with this
+    /// statement, but have nodes of their own.
     std::vector<std::unique_ptr<Statement>> nested;
-    /// The operands after the first of a UNION chain, in order.
+    std::vector<CommonTable> common_tables;
+    /// The operands after the first of a UNION chain, in order; `set_operator` of each is what stands before it.
     std::vector<std::unique_ptr<Statement>> union_operands;
+    TextRange set_operator;  ///< of an operand: UNION ALL, …
+    /// A parenthesis that opens before SELECT and closes after that many union_operands, innermost first.
+    std::vector<std::size_t> group_ends;
+    /// ORDER BY, LIMIT… after such a parenthesis; a statement without columns.
+    std::unique_ptr<Statement> tail;
+    /// Rows of VALUES (…), (…) where a select can stand: Tuple nodes.
+    std::vector<NodeId> value_rows;
 
     const Node& At(NodeId id) const { return nodes[id]; }
 
