@@ -1,0 +1,178 @@
+#include "common/identifiers.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <optional>
+
+#include "common/text.h"
+
+namespace tessel {
+
+namespace {
+
+// Sorted: looked up by binary search. Words that only matter in statements of other kinds stand here when a bare
+// name of that spelling is refused by the engines all the same.
+constexpr std::wstring_view kReservedWords[] = {
+    L"add",        L"alike",     L"all",         L"alter",      L"and",        L"any",       L"as",
+    L"asc",        L"begin",     L"between",     L"by",         L"case",       L"cast",      L"check",
+    L"collate",    L"column",    L"commit",      L"constraint", L"create",     L"cross",     L"database",
+    L"default",    L"delete",    L"desc",        L"distinct",   L"distinctrow", L"drop",     L"else",
+    L"end",        L"eqv",       L"escape",      L"except",     L"exists",     L"false",     L"fetch",
+    L"for",        L"foreign",   L"from",        L"full",       L"grant",      L"group",     L"having",
+    L"imp",        L"in",        L"index",       L"inner",      L"insert",     L"intersect", L"into",
+    L"is",         L"join",      L"key",         L"left",       L"like",       L"limit",     L"mod",
+    L"natural",    L"not",       L"null",        L"offset",     L"on",         L"option",    L"or",
+    L"order",      L"outer",     L"over",        L"owneraccess", L"parameters", L"percent",  L"pivot",
+    L"primary",    L"procedure", L"references",  L"revoke",     L"right",      L"rollback",  L"select",
+    L"set",        L"some",      L"table",       L"then",       L"ties",       L"to",        L"top",
+    L"transaction", L"transform", L"trigger",    L"true",       L"union",      L"unique",    L"update",
+    L"user",       L"using",     L"values",      L"view",       L"when",       L"where",     L"with",
+    L"xor"};
+static_assert(std::is_sorted(std::begin(kReservedWords), std::end(kReservedWords)));
+
+/// The character that closes what `open` opens, or nothing when it opens no quoted name.
+std::optional<wchar_t> ClosingOf(wchar_t open) {
+    if (open == L'[') return L']';
+    if (open == L'"' || open == L'`') return open;
+    return std::nullopt;
+}
+
+/// Where a quoted stretch that starts at `at` ends (behind its closing character, a doubled one inside not
+/// counting), or npos when it is never closed.
+std::size_t EndOfQuoted(std::wstring_view text, std::size_t at, wchar_t close) {
+    for (std::size_t i = at + 1; i < text.size(); ++i) {
+        if (text[i] != close) continue;
+        if (i + 1 < text.size() && text[i + 1] == close) {
+            ++i;
+            continue;
+        }
+        return i + 1;
+    }
+    return std::wstring_view::npos;
+}
+
+/// True when all of the text is one name in brackets or quotes.
+bool IsQuotedName(std::wstring_view text) {
+    if (text.size() < 3) return false;
+    const std::optional<wchar_t> close = ClosingOf(text.front());
+    return close && EndOfQuoted(text, 0, *close) == text.size();
+}
+
+/// Where the bare name that starts at `at` ends; `at` when there is none.
+std::size_t EndOfBareName(std::wstring_view text, std::size_t at) {
+    if (at >= text.size() || !(IsIdentifierStart(text[at]) || text[at] == L'_')) return at;
+    std::size_t end = at + 1;
+    while (end < text.size() && (IsIdentifierPart(text[end]) || text[end] == L'$')) ++end;
+    return end;
+}
+
+std::size_t SkipBlanks(std::wstring_view text, std::size_t at) {
+    while (at < text.size() && text[at] == L' ') ++at;
+    return at;
+}
+
+}  // namespace
+
+bool IsIdentifierStart(wchar_t ch) {
+    if (ch < 0x80) return (ch >= L'a' && ch <= L'z') || (ch >= L'A' && ch <= L'Z');
+    // Beyond ASCII everything is a letter but the signs of Latin-1 (not its ª, µ and º), general punctuation, the
+    // currency signs, arrows and the like, and the punctuation of East Asian scripts.
+    const auto code = static_cast<std::uint32_t>(ch);
+    if (code < 0xC0) return code == 0xAA || code == 0xB5 || code == 0xBA;
+    if (code == 0xD7 || code == 0xF7) return false;
+    const bool punctuation = (code >= 0x2000 && code <= 0x2BFF) || (code >= 0x3000 && code <= 0x303F) ||
+                             (code >= 0xFF00 && code <= 0xFF20) || code == 0x1680 || code == 0xFEFF;
+    return !punctuation;
+}
+
+bool IsIdentifierPart(wchar_t ch) {
+    return IsIdentifierStart(ch) || (ch >= L'0' && ch <= L'9') || ch == L'_';
+}
+
+bool NeedsBrackets(std::wstring_view name) {
+    if (name.empty() || !IsIdentifierStart(name.front())) return true;
+    return !std::ranges::all_of(name, IsIdentifierPart) || IsReservedWord(name);
+}
+
+std::wstring BracketIfNeeded(std::wstring_view name) {
+    if (IsQuotedName(name) || !NeedsBrackets(name)) return std::wstring(name);
+    std::wstring bracketed = L"[";
+    for (const wchar_t ch : name) {
+        bracketed += ch;
+        if (ch == L']') bracketed += ch;
+    }
+    return bracketed + L']';
+}
+
+std::wstring Unbracketed(std::wstring_view name) {
+    const std::wstring_view trimmed = TrimView(name);
+    if (!IsQuotedName(trimmed)) return std::wstring(trimmed);
+    const wchar_t close = trimmed.back();
+    const std::wstring_view inner = trimmed.substr(1, trimmed.size() - 2);
+    std::wstring bare;
+    for (std::size_t i = 0; i < inner.size(); ++i) {
+        bare += inner[i];
+        if (inner[i] == close) ++i;
+    }
+    return Trim(bare);
+}
+
+bool SameIdentifier(std::wstring_view a, std::wstring_view b) {
+    return SameIgnoringCase(Unbracketed(a), Unbracketed(b));
+}
+
+std::wstring IdentifierKey(std::wstring_view name) { return Lower(Unbracketed(name)); }
+
+std::vector<std::wstring> SplitQualified(std::wstring_view text) {
+    std::vector<std::wstring> pieces;
+    std::size_t start = 0;
+    int depth = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const wchar_t ch = text[i];
+        const std::optional<wchar_t> close = ch == L'\'' ? std::optional(ch) : ClosingOf(ch);
+        if (close) {
+            const std::size_t end = EndOfQuoted(text, i, *close);
+            if (end == std::wstring_view::npos) break;
+            i = end - 1;
+        } else if (ch == L'(') {
+            ++depth;
+        } else if (ch == L')') {
+            depth = std::max(0, depth - 1);
+        } else if (ch == L'.' && depth == 0) {
+            pieces.push_back(Trim(text.substr(start, i - start)));
+            start = i + 1;
+        }
+    }
+    pieces.push_back(Trim(text.substr(start)));
+    return pieces;
+}
+
+bool IsQualifiedName(std::wstring_view text) {
+    std::size_t at = SkipBlanks(text, 0);
+    for (int parts = 1; at < text.size(); ++parts) {
+        std::size_t end = at;
+        if (parts > 1 && text[at] == L'*') {
+            return SkipBlanks(text, at + 1) == text.size();
+        }
+        if (const std::optional<wchar_t> close = ClosingOf(text[at])) {
+            end = EndOfQuoted(text, at, *close);
+            if (end == std::wstring_view::npos || end - at < 3) return false;
+        } else {
+            end = EndOfBareName(text, at);
+            if (end == at) return false;
+        }
+        const bool alone = parts == 1 && IsReservedWord(text.substr(at, end - at));
+        at = SkipBlanks(text, end);
+        if (at == text.size()) return !alone;
+        if (text[at] != L'.') return false;
+        at = SkipBlanks(text, at + 1);
+    }
+    return false;
+}
+
+bool IsReservedWord(std::wstring_view word) {
+    return std::ranges::binary_search(kReservedWords, std::wstring_view(Lower(word)));
+}
+
+}  // namespace tessel
