@@ -1,18 +1,27 @@
 // dxG, the design grid, as a window over model::DesignGrid: captions of the attribute rows on the left, a header with
-// the query columns' captions, and the cells, edited in place with a combo box that offers the column's pick list.
+// the query columns' numbers and captions, and the cells, edited in place with a combo box that offers the column's
+// pick list.
 //
 // The view shows the model and reports gestures. It writes no cell: a committed text goes to OnGridCellCommitted, the
 // presenter writes the model and runs the rules, the model tells the view to repaint. Column widths, which mean
 // nothing to a query, are the one thing it sets itself. Geometry and navigation are portable, in grid_layout.h and
-// grid_state.h.
+// grid_state.h; the editor is in cell_editor.h, painting in design_grid_paint.cpp.
+//
+// Keys: arrows, Home, End, Ctrl+Home, Ctrl+End, PageUp, PageDown and Tab move; Tab leaves behind the last cell,
+// Ctrl+Tab at once. F2, a double click or typing edits; Alt+Down or F4 opens the list; Del empties the cell. Enter and
+// Esc belong to the grid only while a cell is edited, so that a dialog's default buttons work otherwise.
 #pragma once
 
 #include <windows.h>
+#include <uxtheme.h>
 
 #include <string_view>
 
 #include "common/change_source.h"
+#include "common/win32/handles.h"
 #include "common/win32/window.h"
+#include "controls/grid/grid_state.h"
+#include "controls/grid/win32/cell_editor.h"
 #include "model/design_grid.h"
 
 namespace tessel::controls {
@@ -22,13 +31,14 @@ public:
     virtual ~GridEvents() = default;
     /// The user moved to a cell. The presenter records the focus in the model and refills the pick lists.
     virtual void OnGridFocusMoved(model::GridRow row, int column) = 0;
-    /// The user committed a text, which may be longer than a cell holds; then the editor stays open with it.
+    /// The user committed a text that differs from the cell's. It may be longer than a cell holds: then nothing may be
+    /// written, and the editor stays open with it.
     virtual void OnGridCellCommitted(model::GridRow row, int column, std::wstring_view text) = 0;
-    /// Right button or menu key on a query column. (-1, -1) never occurs: the point is always on the screen.
+    /// Right button or menu key on a query column; the focus has moved there. The point is on the screen.
     virtual void OnGridContextMenu(int /*column*/, POINT /*screen*/) {}
 };
 
-class DesignGridView final : public win32::Window, private ChangeListener {
+class DesignGridView final : public win32::Window, private ChangeListener, private CellEditorOwner {
 public:
     ~DesignGridView() override;
 
@@ -38,24 +48,87 @@ public:
     /// Bind before they die.
     void Bind(model::DesignGrid* grid, GridEvents* events);
 
-    bool IsEditing() const;
-    /// Opens the editor on a cell with its text, or with `typed` in its place. Scrolls there and moves the focus.
+    bool IsEditing() const { return editor_.IsOpen(); }
+    /// Opens the editor on a cell with its text. Moves the focus there and scrolls to it. Nothing happens on a column
+    /// that is not shown.
     void BeginEdit(model::GridRow row, int column);
-    /// Reports the editor's text and closes it. False when the text is too long for a cell: it was reported, and the
-    /// editor stays open with it. True when nothing was being edited.
+    /// Reports the editor's text, if it differs from the cell's, and closes it. False when the text is too long for a
+    /// cell: it was reported, and the editor stays open with it. True when nothing was being edited.
     bool CommitEdit();
     /// Closes the editor and forgets its text.
     void CancelEdit();
+    /// Opens the list of the cell being edited.
+    void ShowList() { editor_.ShowList(); }
 
-    /// A cell's place in client pixels; empty when it is scrolled out or its column is hidden.
+    /// A cell's place in client pixels, as far as it shows; empty when it is scrolled out or its column is hidden.
     RECT CellRect(model::GridRow row, int column) const;
+    const GridState& State() const { return state_; }
+    const CellEditor& Editor() const { return editor_; }
 
 private:
+    static constexpr UINT kRefusedMessage = WM_APP + 2;      ///< a text too long was left by moving the focus
+    static constexpr UINT kFocusHiddenMessage = WM_APP + 3;  ///< the focused column was hidden
+    static void ReleaseTheme(HTHEME theme) { CloseThemeData(theme); }
+    using UniqueTheme = win32::Unique<HTHEME, ReleaseTheme>;
+
     void OnChanged() override;
+    void OnEditorKey(EditorKey key) override;
+    void OnEditorChosen() override { CommitEdit(); }
+    void OnEditorFocusLost() override;
+    void OnEditorTextChanged() override;
+
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+    bool OnKeyMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
+    bool OnMouseMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
+    LRESULT OnDialogCode(const MSG* message) const;
+    bool OnKeyDown(WPARAM key);
+    void OnChar(wchar_t ch);
+    void OnButtonDown(int x, int y);
+    void OnDoubleClick(int x, int y);
+    void OnMouseMove(int x);
+    bool OnSetCursor();
+    void OnContextMenu(POINT screen);
+    void OnScroll(int bar, int code);
+    bool OnWheel(int delta, bool sideways);
+    void OnFocusHidden();
+
+    void RefreshMetrics();
+    void RefreshClient();
+    void UpdateScrollBars();
+    void ScrollTo(int x, int y);
+    void PlaceEditor();
+    /// Opens the editor on the focused cell; nullptr keeps the cell's text.
+    bool OpenEditor(const wchar_t* text = nullptr);
+    void Go(GridMove move);
+    void GoTo(model::GridRow row, int column);
+    void ReportFocus();
+    void LeaveByTab(bool backwards);
+    void EndResize(bool keep);
+    void FitColumn(int column);
+    void Copy() const;
+    bool IsArrowShown() const;
+    const std::wstring& FocusedText() const;
+
+    void OnPaint();
+    void PaintHeaderItem(HDC dc, const GridRect& rect, int column);
+    void PaintCaptions(HDC dc);
+    void PaintCell(HDC dc, const GridRect& rect, model::GridRow row, int column);
+    void PaintFocusedCell(HDC dc);
+    int Scaled(int dips) const;
 
     model::DesignGrid* grid_ = nullptr;
     GridEvents* events_ = nullptr;
+    GridState state_;
+    CellEditor editor_{*this};
+    model::GridRow edited_row_ = model::GridRow::Campo;
+    int edited_column_ = 0;
+    bool committing_ = false;  ///< the presenter is being told; its message box takes the editor's focus
+    int dpi_ = 96;
+    int wheel_rest_ = 0;
+    win32::UniqueFont font_;
+    win32::UniqueFont bold_font_;
+    UniqueTheme header_theme_;
+    UniqueTheme combo_theme_;
 };
 
 }  // namespace tessel::controls

@@ -107,7 +107,7 @@ void SplitterBar::Layout() {
     // All at once, so that nothing is drawn in between.
     HDWP batch = BeginDeferWindowPos(3);
     for (const Piece& piece : pieces) {
-        if (!batch || !piece.window) continue;
+        if (!batch || !IsWindow(piece.window)) continue;
         const UINT flags = SWP_NOZORDER | SWP_NOACTIVATE;
         batch = orientation_ == Orientation::SideBySide
                     ? DeferWindowPos(batch, piece.window, nullptr, piece.start, 0, piece.size, across, flags)

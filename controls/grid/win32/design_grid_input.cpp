@@ -1,0 +1,297 @@
+// The design grid's window procedure: mouse, keyboard and scrolling decoded into the gestures of design_grid_view.cpp.
+#include <windowsx.h>
+
+#include "controls/grid/win32/design_grid_view.h"
+
+namespace tessel::controls {
+
+namespace {
+
+using model::GridRow;
+
+constexpr UINT kDpiChangedAfterParent = 0x02E3;  ///< WM_DPICHANGED_AFTERPARENT of newer headers
+
+bool IsDown(int key) { return GetKeyState(key) < 0; }
+
+}  // namespace
+
+LRESULT DesignGridView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    LRESULT result = 0;
+    if (OnKeyMessage(message, wparam, lparam, result) || OnMouseMessage(message, wparam, lparam, result)) return result;
+    switch (message) {
+        case WM_SIZE:
+            RefreshClient();
+            return 0;
+        case WM_THEMECHANGED:
+        case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE:
+        case kDpiChangedAfterParent:
+            RefreshMetrics();
+            return 0;
+        case WM_HSCROLL:
+            OnScroll(SB_HORZ, LOWORD(wparam));
+            return 0;
+        case WM_VSCROLL:
+            OnScroll(SB_VERT, LOWORD(wparam));
+            return 0;
+        case WM_COMMAND:
+            if (lparam && reinterpret_cast<HWND>(lparam) == editor_.Combo()) editor_.OnCommand(HIWORD(wparam));
+            return 0;
+        case CellEditor::kChoiceMessage:
+            editor_.OnChoicePosted();
+            return 0;
+        case kRefusedMessage:
+            CommitEdit();
+            return 0;
+        case kFocusHiddenMessage:
+            OnFocusHidden();
+            return 0;
+        case WM_SETFOCUS:
+            if (editor_.IsOpen()) editor_.Focus();
+            InvalidateRect(Handle(), nullptr, FALSE);
+            return 0;
+        case WM_KILLFOCUS:
+        case WM_ENABLE:
+            InvalidateRect(Handle(), nullptr, FALSE);
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_PAINT:
+            OnPaint();
+            return 0;
+        default:
+            return Window::OnMessage(message, wparam, lparam);
+    }
+}
+
+// Keyboard.
+
+bool DesignGridView::OnKeyMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
+    switch (message) {
+        case WM_GETDLGCODE:
+            result = OnDialogCode(reinterpret_cast<const MSG*>(lparam));
+            return true;
+        case WM_KEYDOWN:
+            return OnKeyDown(wparam);
+        case WM_SYSKEYDOWN:
+            if ((wparam != VK_DOWN && wparam != VK_UP) || !OpenEditor()) return false;
+            editor_.ShowList();
+            return true;
+        case WM_CHAR:
+            OnChar(static_cast<wchar_t>(wparam));
+            return true;
+        default:
+            return false;
+    }
+}
+
+LRESULT DesignGridView::OnDialogCode(const MSG* message) const {
+    const LRESULT own = DLGC_WANTARROWS | DLGC_WANTCHARS;
+    if (!message || (message->message != WM_KEYDOWN && message->message != WM_CHAR)) return own;
+    if (message->wParam == VK_TAB && !IsDown(VK_CONTROL) &&
+        state_.CanMove(IsDown(VK_SHIFT) ? GridMove::Previous : GridMove::Next))
+        return own | DLGC_WANTTAB;
+    if (message->wParam == VK_ESCAPE && state_.IsResizing()) return own | DLGC_WANTMESSAGE;
+    return own;
+}
+
+bool DesignGridView::OnKeyDown(WPARAM key) {
+    if (!grid_) return false;
+    const bool control = IsDown(VK_CONTROL);
+    switch (key) {
+        case VK_LEFT: Go(GridMove::Left); return true;
+        case VK_RIGHT: Go(GridMove::Right); return true;
+        case VK_UP: Go(GridMove::Up); return true;
+        case VK_DOWN: Go(GridMove::Down); return true;
+        case VK_HOME: Go(control ? GridMove::First : GridMove::RowStart); return true;
+        case VK_END: Go(control ? GridMove::Last : GridMove::RowEnd); return true;
+        case VK_PRIOR: Go(GridMove::PageUp); return true;
+        case VK_NEXT: Go(GridMove::PageDown); return true;
+        case VK_RETURN: Go(GridMove::Down); return true;
+        case VK_TAB: {
+            const GridMove move = IsDown(VK_SHIFT) ? GridMove::Previous : GridMove::Next;
+            if (state_.CanMove(move)) Go(move);
+            else LeaveByTab(move == GridMove::Previous);
+            return true;
+        }
+        case VK_F2: OpenEditor(); return true;
+        case VK_F4:
+            if (OpenEditor()) editor_.ShowList();
+            return true;
+        case VK_BACK: OpenEditor(L""); return true;
+        case VK_DELETE:
+            if (state_.IsFocusShown() && !FocusedText().empty() && events_)
+                events_->OnGridCellCommitted(state_.FocusedRow(), state_.FocusedColumn(), {});
+            return true;
+        case VK_ESCAPE:
+            if (!state_.IsResizing()) return false;
+            EndResize(false);
+            return true;
+        case 'C':
+            if (control && state_.IsFocusShown()) Copy();
+            return control;
+        case 'V':
+            if (control && OpenEditor(L"")) editor_.Paste();
+            return control;
+        default:
+            return false;
+    }
+}
+
+void DesignGridView::OnChar(wchar_t ch) {
+    constexpr wchar_t kDeleteWord = 0x7F;  // Ctrl+Backspace arrives as this character
+    if (ch < L' ' || ch == kDeleteWord) return;
+    if (OpenEditor(L"")) editor_.Type(ch);
+}
+
+// Mouse.
+
+bool DesignGridView::OnMouseMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result) {
+    const int x = GET_X_LPARAM(lparam);
+    const int y = GET_Y_LPARAM(lparam);
+    switch (message) {
+        case WM_LBUTTONDOWN:
+        case WM_RBUTTONDOWN:
+            OnButtonDown(x, y);
+            // The right button goes on, to become the context menu.
+            return message == WM_LBUTTONDOWN;
+        case WM_LBUTTONDBLCLK:
+            OnDoubleClick(x, y);
+            return true;
+        case WM_MOUSEMOVE:
+            OnMouseMove(x);
+            return true;
+        case WM_LBUTTONUP:
+            EndResize(true);
+            return true;
+        case WM_CAPTURECHANGED:
+            EndResize(true);
+            return true;
+        case WM_SETCURSOR:
+            result = TRUE;
+            return LOWORD(lparam) == HTCLIENT && OnSetCursor();
+        case WM_MOUSEWHEEL:
+            return OnWheel(GET_WHEEL_DELTA_WPARAM(wparam), (GET_KEYSTATE_WPARAM(wparam) & MK_SHIFT) != 0);
+        case WM_MOUSEHWHEEL:
+            return OnWheel(-GET_WHEEL_DELTA_WPARAM(wparam), true);
+        case WM_CONTEXTMENU:
+            OnContextMenu({x, y});
+            return true;
+        default:
+            return false;
+    }
+}
+
+void DesignGridView::OnButtonDown(int x, int y) {
+    // Taking the focus commits an edit in progress. One that is too long keeps it.
+    if (!CommitEdit()) return;
+    SetFocus(Handle());
+    const GridHit hit = state_.Layout().HitTest(x, y);
+    switch (hit.part) {
+        case GridPart::Divider:
+            state_.BeginResize(hit.column, x);
+            SetCapture(Handle());
+            break;
+        case GridPart::Header:
+            GoTo(state_.FocusedRow(), hit.column);
+            break;
+        case GridPart::Caption:
+            if (state_.IsFocusShown()) GoTo(hit.row, state_.FocusedColumn());
+            break;
+        case GridPart::Cell: {
+            const bool on_arrow = IsArrowShown() && hit.row == state_.FocusedRow() &&
+                                  hit.column == state_.FocusedColumn() &&
+                                  state_.Layout().ArrowRect(hit.row, hit.column).Contains(x, y);
+            GoTo(hit.row, hit.column);
+            if (on_arrow && OpenEditor()) editor_.ShowList();
+            break;
+        }
+        case GridPart::None:
+        case GridPart::Corner:
+            break;
+    }
+}
+
+void DesignGridView::OnDoubleClick(int x, int y) {
+    const GridHit hit = state_.Layout().HitTest(x, y);
+    if (hit.part == GridPart::Divider) FitColumn(hit.column);
+    else if (hit.part == GridPart::Cell) BeginEdit(hit.row, hit.column);
+}
+
+void DesignGridView::OnMouseMove(int x) {
+    if (!state_.IsResizing() || !grid_) return;
+    const int width = ColumnDips(state_.WidthAt(x), dpi_);
+    if (width == grid_->ColumnWidth(state_.ResizedColumn())) return;
+    grid_->SetColumnWidth(state_.ResizedColumn(), width);
+    UpdateWindow(Handle());
+}
+
+bool DesignGridView::OnSetCursor() {
+    POINT point;
+    GetCursorPos(&point);
+    ScreenToClient(Handle(), &point);
+    if (!state_.IsResizing() && state_.Layout().HitTest(point.x, point.y).part != GridPart::Divider) return false;
+    SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
+    return true;
+}
+
+void DesignGridView::OnContextMenu(POINT screen) {
+    if (!grid_ || !events_) return;
+    int column = state_.FocusedColumn();
+    if (screen.x == -1 && screen.y == -1) {
+        // The menu key: under the focused cell.
+        if (!state_.IsFocusShown()) return;
+        const RECT cell = CellRect(state_.FocusedRow(), column);
+        screen = {cell.left, cell.bottom};
+        ClientToScreen(Handle(), &screen);
+    } else {
+        POINT point = screen;
+        ScreenToClient(Handle(), &point);
+        column = state_.Layout().HitTest(point.x, point.y).column;
+    }
+    if (column >= 0) events_->OnGridContextMenu(column, screen);
+}
+
+// Scrolling.
+
+void DesignGridView::OnScroll(int bar, int code) {
+    const GridLayout& layout = state_.Layout();
+    const bool sideways = bar == SB_HORZ;
+    int x = layout.ScrollX();
+    int y = layout.ScrollY();
+    int& position = sideways ? x : y;
+    const int row = layout.Metrics().row_height;
+    switch (code) {
+        case SB_LINELEFT: position = sideways ? layout.ColumnStepX(false) : y - row; break;
+        case SB_LINERIGHT: position = sideways ? layout.ColumnStepX(true) : y + row; break;
+        case SB_PAGELEFT: position = sideways ? layout.PageStepX(false) : y - layout.ViewHeight(); break;
+        case SB_PAGERIGHT: position = sideways ? layout.PageStepX(true) : y + layout.ViewHeight(); break;
+        case SB_LEFT: position = 0; break;
+        case SB_RIGHT: position = sideways ? layout.MaximumScrollX() : layout.MaximumScrollY(); break;
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION: {
+            SCROLLINFO info{};
+            info.cbSize = sizeof info;
+            info.fMask = SIF_TRACKPOS;
+            GetScrollInfo(Handle(), bar, &info);
+            position = info.nTrackPos;
+            break;
+        }
+        default: return;
+    }
+    ScrollTo(x, y);
+}
+
+bool DesignGridView::OnWheel(int delta, bool sideways) {
+    const GridLayout& layout = state_.Layout();
+    // A grid that shows all its rows leaves the wheel to its parent.
+    if (!sideways && layout.MaximumScrollY() == 0) return false;
+    const int step = sideways ? Scaled(model::kColumnWidth) : layout.Metrics().row_height;
+    wheel_rest_ += delta * step;
+    const int distance = wheel_rest_ / WHEEL_DELTA;
+    wheel_rest_ %= WHEEL_DELTA;
+    ScrollTo(layout.ScrollX() - (sideways ? distance : 0), layout.ScrollY() - (sideways ? 0 : distance));
+    return true;
+}
+
+}  // namespace tessel::controls
