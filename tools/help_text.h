@@ -1,0 +1,29 @@
+// What tesselsql --help prints.
+#pragma once
+
+#include <string_view>
+
+namespace tessel::tools {
+
+inline constexpr std::wstring_view kHelpText =
+    L"tesselsql: el diseñador de consultas desde la línea de comandos. Lee y escribe UTF-8.\n"
+    L"\n"
+    L"  tesselsql compose [ARCHIVO]      diseño (JSON) a instrucción, exactamente como la compone el diseñador\n"
+    L"  tesselsql design [ARCHIVO]       instrucción a diseño (JSON)\n"
+    L"  tesselsql roundtrip [ARCHIVO]    como design, con el texto compuesto del diseño en \"sql\"\n"
+    L"  tesselsql tree [ARCHIVO]         árbol de sintaxis: una línea por nodo, clave, tabulador y texto\n"
+    L"\n"
+    L"  --schema ARCHIVO                 tablas y campos (JSON), para design, roundtrip y tree\n"
+    L"  --batch                          design y roundtrip: varias instrucciones separadas por una línea que solo\n"
+    L"                                   tiene ---; un objeto JSON por línea\n"
+    L"\n"
+    L"  tesselsql aggregate [TEXTO]      1 si la expresión llama a una función de agregado, si no 0\n"
+    L"  tesselsql strip-parens [TEXTO]   la expresión sin los paréntesis que la encierran\n"
+    L"  tesselsql ado-class [TEXTO]      clase de valor (0 a 5) de un tipo de ADO\n"
+    L"  tesselsql descending [TEXTO]     1 o 0, tabulador y el elemento sin su DESC final\n"
+    L"\n"
+    L"Sin ARCHIVO o TEXTO, o con ARCHIVO \"-\", se lee la entrada estándar. Un texto que empieza por -- va detrás de\n"
+    L"un argumento \"--\".\n"
+    L"Estado de salida: 0 si terminó, 1 si la regla no tiene respuesta, 2 si los argumentos o la entrada no sirven.\n";
+
+}  // namespace tessel::tools
