@@ -1,0 +1,90 @@
+// schemaView: the window of the schema browser, a search box above a tree of tables, views and fields. Owns the two
+// child windows, their layout, the icons and the lazy opening of objects. What the tree holds is browser_model.h's
+// business; what a gesture means is decided by whoever listens.
+//
+// The parent has nothing to forward: the children report to this window.
+#pragma once
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/win32/handles.h"
+#include "common/win32/window.h"
+#include "controls/browser/browser_model.h"
+
+namespace tessel::controls {
+
+class BrowserEvents {
+public:
+    virtual ~BrowserEvents() = default;
+    /// Double click or Enter on a table, view or field.
+    virtual void OnBrowserActivated(const BrowserItem& item) = 0;
+    /// Another item is selected, or nullptr when none is.
+    virtual void OnBrowserSelected(const BrowserItem* item) { (void)item; }
+    /// Right click, Shift+F10 or the menu key on an item, which is selected by then. `screen` is where a menu belongs.
+    virtual void OnBrowserContextMenu(const BrowserItem& item, POINT screen) {
+        (void)item;
+        (void)screen;
+    }
+};
+
+class SchemaBrowser final : public win32::Window {
+public:
+    SchemaBrowser() = default;
+    ~SchemaBrowser() override;
+
+    /// Creates the browser without size. `events` may be nullptr and must outlive it.
+    bool Create(HWND parent, int id, BrowserEvents* events);
+    /// Shows a schema under a root of that caption; nullptr shows the root alone. Not owned, must outlive the window
+    /// or be replaced by another Load.
+    void Load(const schema::Schema* schema, std::wstring_view caption);
+
+    HWND Tree() const { return tree_; }
+    HWND SearchBox() const { return search_; }
+
+    /// Selects an object, or one of its fields, and scrolls to it. False when it is not there or filtered away.
+    bool SelectItem(std::wstring_view object, std::wstring_view field = L"");
+
+    void OnDpiChanged(int dpi);
+
+private:
+    LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+    bool OnCreate();
+    void Layout();
+    LRESULT OnNotify(NMHDR* header);
+    void OnItemExpanding(const NMTREEVIEWW& notify);
+    LRESULT OnActivate(HTREEITEM item);
+    void OnRightClick();
+    void OnContextMenu(POINT screen);
+    void OnSearchChanged();
+    void OnSearchKey(WPARAM key);
+
+    void FillTree();
+    void FillGroup(schema::ObjectKind kind, const std::vector<std::size_t>& objects);
+    void FillFields(HTREEITEM object_item, std::size_t object);
+    HTREEITEM AddItem(HTREEITEM parent, const std::wstring& text, int icon, LPARAM data, bool has_children);
+    HTREEITEM ItemOf(std::size_t object) const;
+    BrowserItem Describe(HTREEITEM item) const;
+    LPARAM DataOf(HTREEITEM item) const;
+
+    static LRESULT CALLBACK SearchProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
+                                            DWORD_PTR data);
+
+    BrowserModel model_;
+    BrowserEvents* events_ = nullptr;
+    HWND tree_ = nullptr;
+    HWND search_ = nullptr;
+    int dpi_ = 96;
+    bool filling_ = false;
+    HTREEITEM root_ = nullptr;
+    win32::UniqueFont font_;
+    HIMAGELIST icons_ = nullptr;
+    std::vector<HTREEITEM> object_items_;
+};
+
+}  // namespace tessel::controls

@@ -1,0 +1,74 @@
+// edtSQL: the window of the SQL editor, a wrapper of the Scintilla component. Owns the component's window, its options,
+// the line-number margin, the Spanish context menu and the traffic between UTF-16 texts and the component's bytes. What
+// is coloured how is decided in sql_colouring.h with the definition that sql_ini.h reads; this file only applies it.
+//
+// The window reports to its parent by WM_NOTIFY, as the component does. Whoever is the parent forwards these messages:
+//
+//   case WM_NOTIFY: if (editor_.HandleNotify(reinterpret_cast<NMHDR*>(lparam))) return 0;
+//
+// Text comes back exactly as it was set: mixed line ends, NUL characters and lone surrogates included. Tab writes a
+// tab; Ctrl+Tab moves the focus on; Esc is the dialog's.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "common/diagnostic.h"
+
+namespace tessel::controls {
+
+class SqlEditorEvents {
+public:
+    virtual ~SqlEditorEvents() = default;
+    /// The user changed the text (typing, pasting, undo). SetText does not report.
+    virtual void OnEditorTextChanged() {}
+};
+
+class SqlEditor {
+public:
+    SqlEditor();
+    ~SqlEditor();
+    SqlEditor(const SqlEditor&) = delete;
+    SqlEditor& operator=(const SqlEditor&) = delete;
+
+    /// Creates the window without size and reads the colouring definition; a missing file means the built-in one.
+    /// `events` may be nullptr and must outlive the editor.
+    bool Create(HWND parent, int id, const std::wstring& ini_path, SqlEditorEvents* events);
+    HWND Handle() const;
+
+    std::wstring Text() const;
+    /// Replaces the whole text as one undoable step, with the caret at the start. The same text again changes nothing.
+    void SetText(std::wstring_view text);
+    /// Colours and paints everything again.
+    void Refresh();
+
+    /// Ranges count the units of Text(). A range beyond the text is cut to it.
+    void SelectRange(TextRange range);
+    TextRange Selection() const;
+
+    void SetReadOnly(bool read_only);
+    bool CanUndo() const;
+    bool CanRedo() const;
+    void Undo();
+    void Redo();
+
+    /// Fonts and margins for another dpi.
+    void OnDpiChanged(int dpi);
+
+    /// Takes a WM_NOTIFY of the parent. True when it was the editor's.
+    bool HandleNotify(NMHDR* header);
+
+private:
+    class Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+/// Registers the component's window classes; SqlEditor::Create does it on first use. False when Windows refuses.
+bool RegisterEditorClasses();
+/// Unregisters them, with what the component holds. Call before the library may be unloaded, with no editor left.
+void ReleaseEditorClasses();
+
+}  // namespace tessel::controls
