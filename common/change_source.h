@@ -13,9 +13,14 @@ public:
     virtual void OnChanged() = 0;
 };
 
-/// Listeners are not owned and must remove themselves before they die.
+/// Listeners are not owned and must remove themselves before they die. They belong to the object, not to its
+/// contents: a copy starts without any, and assignment keeps those of the target (and notifies nobody).
 class ChangeSource {
 public:
+    ChangeSource() = default;
+    ChangeSource(const ChangeSource&) {}
+    ChangeSource& operator=(const ChangeSource&) { return *this; }
+
     void AddListener(ChangeListener* listener) { listeners_.push_back(listener); }
     void RemoveListener(ChangeListener* listener) { std::erase(listeners_, listener); }
 

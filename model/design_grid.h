@@ -47,6 +47,7 @@ public:
     /// Appends C11 to C60, each 80 wide with an empty caption, as the window's load does. Idempotent.
     void LoadColumns();
 
+    /// A cell's text; empty for a column that does not exist, as are all attributes below.
     const std::wstring& Cell(GridRow row, int column) const;
     /// Writes a cell. False, and nothing changes, when the text is longer than kMaxCellLength or there is no such
     /// column.
@@ -62,7 +63,8 @@ public:
     int ColumnWidth(int column) const;
     void SetColumnWidth(int column, int width);
 
-    /// Focus: the record and the query column that the user is on. The captions column is not a query column.
+    /// Focus: the record and the query column that the user is on; -1 on the captions column, which is not a query
+    /// column.
     GridRow FocusedRow() const { return focused_row_; }
     int FocusedColumn() const { return focused_column_; }
     void SetFocus(GridRow row, int column);
@@ -76,6 +78,7 @@ public:
     /// The grid's reset: focus to the first cell, every caption empty, every column shown. Cells stay.
     void Reset();
 
+    /// True when the column's "Campo:" is more than blanks.
     bool IsColumnUsed(int column) const;
 
     /// The whole state, for copies and undo.
@@ -91,6 +94,8 @@ public:
     void SetColumns(std::vector<Column> columns);
 
 private:
+    bool Exists(int column) const;
+
     std::vector<Column> columns_;
     GridRow focused_row_ = GridRow::Campo;
     int focused_column_ = 0;

@@ -55,7 +55,8 @@ enum class DiagramElement : int { None = 0, Table = 1, Relation = 2 };
 
 class Diagram : public ChangeSource {
 public:
-    /// The schema that gives tables their fields. Not owned; may be nullptr; must outlive the binding.
+    /// The schema that gives tables their fields. Not owned; may be nullptr; must outlive the binding. Tables that
+    /// are there already take their fields from it, keeping their marks.
     void Bind(const schema::Schema* schema);
     const schema::Schema* BoundSchema() const { return schema_; }
 
@@ -68,8 +69,10 @@ public:
     void Clear();
 
     /// Adds a table by name; a table that is there already is left alone. With `from_analysis` no relation is taken
-    /// from the schema's foreign keys; otherwise the table is related to the tables already there by every
-    /// single-column foreign key between two different tables. True when the table is new.
+    /// from the schema's foreign keys; otherwise the table is related to the tables already there by the
+    /// single-column foreign keys between two different tables, as inner joins with the referenced table on the
+    /// left. A key that would close a ring of relations is left out: a composed chain has no place for it. True when
+    /// the table is new; false for a blank name.
     bool AddTable(std::wstring_view name, bool from_analysis);
     /// Removes a table with its relations. False when there is none of that name.
     bool RemoveTable(std::wstring_view name);
@@ -77,14 +80,25 @@ public:
 
     /// Adds a relation between fields of two tables of the diagram and returns its key; the same pair of fields in
     /// either direction is not added twice (the existing key is returned). 0 when a table is missing or both are
-    /// the same table.
+    /// the same table. Names are kept as the diagram shows them.
     int AddRelation(const RelInfo& relation);
+    /// Brings the relations of each connected group into an order in which each one but the first touches an
+    /// earlier one; an order that is so already stays. Composition walks the relations once for a chain, so a group
+    /// in another order would name a table twice. For relations that the user draws or that come from keys; those
+    /// of an analysed statement have their order from it.
+    void ArrangeRelations();
     bool RemoveRelation(int key);
     const DiagramRelation* FindRelation(int key) const;
     bool SetRelationKind(int key, JoinKind kind);
 
     /// Sets a field's mark. False when the table or the field is not there.
     bool SetChecked(std::wstring_view table, std::wstring_view field, bool checked);
+    /// Marks exactly these fields; the others lose their mark. One change notice for all.
+    struct CheckedField {
+        std::wstring table;
+        std::wstring field;
+    };
+    void SetChecks(const std::vector<CheckedField>& checked);
     void ClearChecks();
 
     void SetTableRect(std::wstring_view name, const DiagramRect& rect);
@@ -103,10 +117,16 @@ public:
         friend bool operator==(const Contents&, const Contents&) = default;
     };
     Contents Save() const { return {tables_, relations_}; }
+    /// Takes the contents as they are: no name is looked up, no relation dropped.
     void Restore(Contents contents);
 
 private:
-    void AddSchemaRelations(const DiagramTable& table);
+    DiagramTable* Find(std::wstring_view name);
+    void ReadFields(DiagramTable& table) const;
+    void AddSchemaRelations(const std::wstring& name);
+    bool AreConnected(std::wstring_view a, std::wstring_view b) const;
+    int Append(const RelInfo& relation);
+    void DropLostSelection();
 
     const schema::Schema* schema_ = nullptr;
     std::vector<DiagramTable> tables_;

@@ -1,0 +1,207 @@
+#include "model/grid_editing.h"
+
+#include <algorithm>
+#include <cassert>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "common/identifiers.h"
+#include "common/mdl_global.h"
+#include "common/text.h"
+
+namespace tessel::model {
+
+namespace {
+
+constexpr std::wstring_view kShown = L"Si";
+constexpr std::wstring_view kHidden = L"No";
+constexpr std::wstring_view kExpression = L"Expresión";
+
+/// A "Campo:" text of the plain form table.field, in its two parts. Expressions and unqualified names are none.
+struct QualifiedField {
+    std::wstring table;  ///< everything before the last point
+    std::wstring field;
+};
+
+std::optional<QualifiedField> SplitField(std::wstring_view text) {
+    if (!IsQualifiedName(text)) return std::nullopt;
+    std::vector<std::wstring> pieces = SplitQualified(text);
+    if (pieces.size() < 2) return std::nullopt;
+    QualifiedField parts;
+    parts.field = std::move(pieces.back());
+    pieces.pop_back();
+    for (const std::wstring& piece : pieces) parts.table += (parts.table.empty() ? L"" : L".") + piece;
+    return parts;
+}
+
+/// The diagram's table that a qualifier names: the whole of it (owner.table), or its last piece.
+const DiagramTable* FindQualifier(const Diagram& diagram, const std::wstring& qualifier) {
+    if (const DiagramTable* table = diagram.FindTable(qualifier)) return table;
+    return diagram.FindTable(SplitQualified(qualifier).back());
+}
+
+/// Texts written here come from cells or were measured before, so they fit.
+void Write(DesignGrid& grid, GridRow row, int column, std::wstring_view text) {
+    [[maybe_unused]] const bool written = grid.SetCell(row, column, text);
+    assert(written);
+}
+
+bool IsBlank(const std::wstring& text) { return TrimView(text).empty(); }
+
+bool CaptionTaken(const DesignGrid& grid, int column, std::wstring_view caption) {
+    for (int other = 0; other < grid.ColumnCount(); ++other) {
+        if (other != column && SameIgnoringCase(grid.Caption(other), caption)) return true;
+    }
+    return false;
+}
+
+/// A counted name; the number goes inside the brackets, so that the alias stays one name.
+std::wstring Numbered(std::wstring_view name, int number) {
+    const std::wstring digits = std::to_wstring(number);
+    const bool quoted = !name.empty() && (name.front() == L'[' || name.front() == L'"' || name.front() == L'`');
+    if (!quoted) return std::wstring(name) + digits;
+    return std::wstring(name.substr(0, name.size() - 1)) + digits + name.back();
+}
+
+/// The column that holds this field of this table however it is written, or -1.
+int ColumnOfField(const Design& design, std::wstring_view table, std::wstring_view field) {
+    for (int column = 0; column < design.grid.ColumnCount(); ++column) {
+        const auto parts = SplitField(design.grid.Cell(GridRow::Campo, column));
+        if (!parts || !SameIdentifier(parts->field, field)) continue;
+        const DiagramTable* owner = FindQualifier(design.diagram, parts->table);
+        if (owner && SameIdentifier(owner->name, table)) return column;
+    }
+    return -1;
+}
+
+void EmptyColumn(Design& design, int column) {
+    for (const GridRow row : kGridRows) Write(design.grid, row, column, L"");
+    design.grid.SetCaption(column, L"");
+    design.grid.ShowColumn(column, false);
+    SyncDiagramChecks(design);
+}
+
+}  // namespace
+
+int FieldCol(const DesignGrid& grid, std::wstring_view sField) {
+    const std::wstring wanted = Lower(sField);
+    for (int column = 0; column < grid.ColumnCount(); ++column) {
+        if (Folded(grid.Cell(GridRow::Campo, column)) == wanted) return column;
+    }
+    return -1;
+}
+
+int AddField(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible) {
+    // Cells are compared trimmed, so a field with blanks around it is the same field.
+    const std::wstring_view field = TrimView(sField);
+    if (field.empty() || Utf16Length(sField) > kMaxCellLength || Utf16Length(sAlias) > kMaxCellLength) return -1;
+    if (const int there = FieldCol(design.grid, field); there >= 0) return there;
+    const int column = FieldCol(design.grid, L"");
+    if (column < 0) return -1;
+    design.grid.ShowColumn(column, true);
+    Write(design.grid, GridRow::Campo, column, sField);
+    SetColumnField(design, column, sAlias, nVisible);
+    return column;
+}
+
+void DelField(Design& design, std::wstring_view sField) {
+    if (TrimView(sField).empty()) return;
+    const int column = FieldCol(design.grid, sField);
+    if (column >= 0) EmptyColumn(design, column);
+}
+
+void SetColumnField(Design& design, int column, std::wstring_view sAlias, int nVisible) {
+    DesignGrid& grid = design.grid;
+    if (column < 0 || column >= grid.ColumnCount()) return;
+    const std::wstring text = grid.Cell(GridRow::Campo, column);
+    const std::optional<QualifiedField> parts = SplitField(text);
+
+    // An unqualified name keeps the table that the user chose; a field of a table that is not drawn and an
+    // expression belong to none.
+    const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->table) : nullptr;
+    if (owner) {
+        Write(grid, GridRow::Tabla, column, CutToUtf16(owner->name, kMaxCellLength));
+    } else if (parts || !IsQualifiedName(text)) {
+        Write(grid, GridRow::Tabla, column, L"");
+    }
+
+    if (!sAlias.empty()) Write(grid, GridRow::Titulo, column, CutToUtf16(sAlias, kMaxCellLength));
+    // Only table.field is given a title. "Nombre AS Nombre" would be a circular reference to the Jet engine, and
+    // an expression has no name of its own.
+    if (parts && IsBlank(grid.Cell(GridRow::Titulo, column))) {
+        Write(grid, GridRow::Titulo, column, UniqueCaption(grid, column, parts->field));
+    }
+    grid.SetCaption(column, grid.Cell(GridRow::Titulo, column));
+
+    if (IsAggregate(text)) Write(grid, GridRow::Agrupacion, column, kExpression);
+    if (IsBlank(grid.Cell(GridRow::Visible, column))) Write(grid, GridRow::Visible, column, kShown);
+    if (nVisible != kKeepVisibility) {
+        Write(grid, GridRow::Visible, column, nVisible == kShow ? kShown : kHidden);
+    }
+    SyncDiagramChecks(design);
+}
+
+void SetColumnTable(Design& design, int column) {
+    DesignGrid& grid = design.grid;
+    const std::wstring table = grid.Cell(GridRow::Tabla, column);
+    if (IsBlank(table)) return;
+    const std::wstring field = grid.Cell(GridRow::Campo, column);
+    const std::optional<QualifiedField> parts = SplitField(field);
+    const bool belongs = Lower(field).find(Folded(table) + L'.') != std::wstring::npos ||
+                         (parts && SameIdentifier(parts->table, table));
+    if (belongs) return;
+    Write(grid, GridRow::Campo, column, L"");
+    Write(grid, GridRow::Titulo, column, L"");
+    grid.SetCaption(column, L"");
+    SyncDiagramChecks(design);
+}
+
+std::wstring UniqueCaption(const DesignGrid& grid, int column, std::wstring_view sName) {
+    if (TrimView(sName) == L"*") return {};
+    int count = 0;
+    for (int other = 0; other < grid.ColumnCount(); ++other) {
+        if (other != column && SameIgnoringCase(grid.Caption(other), sName)) ++count;
+    }
+    if (count == 0 || sName.empty()) return std::wstring(sName);
+    // The number counts the columns of that caption. A third one would find one such column and take the second
+    // one's number, hence the search.
+    while (CaptionTaken(grid, column, Numbered(sName, count))) ++count;
+    return Numbered(sName, count);
+}
+
+void SyncDiagramChecks(Design& design) {
+    std::vector<Diagram::CheckedField> used;
+    for (int column = 0; column < design.grid.ColumnCount(); ++column) {
+        const auto parts = SplitField(design.grid.Cell(GridRow::Campo, column));
+        const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->table) : nullptr;
+        if (owner) used.push_back({owner->name, parts->field});
+    }
+    design.diagram.SetChecks(used);
+}
+
+void CellCommitted(Design& design, GridRow row, int column) {
+    if (column < 0 || column >= design.grid.ColumnCount()) return;
+    if (row == GridRow::Campo) SetColumnField(design, column, L"", kKeepVisibility);
+    if (row == GridRow::Titulo) design.grid.SetCaption(column, design.grid.Cell(GridRow::Titulo, column));
+    if (row == GridRow::Tabla) SetColumnTable(design, column);
+}
+
+void FieldChecked(Design& design, std::wstring_view table, std::wstring_view field, bool checked) {
+    const int column = ColumnOfField(design, table, field);
+    if (checked && column < 0) {
+        AddField(design, std::wstring(table) + L'.' + std::wstring(field), L"", kKeepVisibility);
+    } else if (!checked && column >= 0) {
+        EmptyColumn(design, column);
+    }
+    // A tick that could not be carried out (no free column) or that another column holds must not stay.
+    SyncDiagramChecks(design);
+}
+
+void ClearGrid(Design& design) {
+    design.grid.Reset();
+    design.grid.ClearCells();
+    SyncDiagramChecks(design);
+}
+
+}  // namespace tessel::model
