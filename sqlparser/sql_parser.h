@@ -28,5 +28,7 @@ private:
 /// Depth of nested parentheses, sub-selects and joins that the parser accepts; beyond it is an error, never a stack
 /// overflow.
 inline constexpr int kMaxDepth = 500;
+/// A sub-select takes this many levels at once, since it needs that much more of the stack.
+inline constexpr int kSelectLevels = 4;
 
 }  // namespace tessel::sql

@@ -23,6 +23,7 @@ struct Item {
     TextRange alias;       ///< as written, brackets and quotes included; empty when there is none
     NodeId node = kNoNode;
     bool descending = false;  ///< ORDER BY only
+    TextRange nulls;          ///< NULLS FIRST or NULLS LAST
 };
 
 /// One table of FROM, in the order in which the names stand in the text.
@@ -34,6 +35,9 @@ struct TableRef {
     TextRange alias;     ///< empty when absent
     bool derived = false;  ///< ( SELECT … ) or [SELECT …].
     int nested = -1;       ///< derived: index in Statement::nested
+    TextRange external;    ///< IN 'file' …
+    TextRange columns;     ///< (a, b) after the alias
+    TextRange hint;        ///< WITH (…)
 };
 
 /// A side of a join's single equality; empty ranges when the ON text is not one equality between two columns.
@@ -70,10 +74,15 @@ struct FromNode {
     int right = -1;
     JoinKind kind = JoinKind::None;
     NodeId on_node = kNoNode;
+    TextRange on;        ///< join: the condition's text
     TextRange range;     ///< without enclosing parentheses
+    TextRange outer;     ///< with them
     TextRange joint;     ///< join: the words between the operands (INNER JOIN, FULL OUTER JOIN…, or a comma)
     TextRange using_columns;  ///< join: (a, b) of USING
     bool parenthesised = false;
+    int first_table = 0;  ///< the tables below are those from first_table up to, not including, stop_table
+    int stop_table = 0;
+    int height = 0;       ///< of the tree below; limited like every nesting
 };
 
 /// What a design has no place for.
@@ -139,6 +148,10 @@ public:
     TextRange where_range;   ///< the condition's text
     TextRange having_range;
     TextRange from_range;
+    TextRange group_suffix;  ///< WITH ROLLUP
+    TextRange into;        ///< after INTO
+    TextRange parameters;  ///< PARAMETERS … ;
+    TextRange trailing;    ///< LIMIT, OFFSET, FETCH, FOR, WITH OWNERACCESS OPTION…, one after the other
     std::vector<BeyondItem> beyond;
 
     std::vector<Node> nodes;

@@ -1,0 +1,256 @@
+// Tokens, errors, recovery and the making of nodes.
+#include "sqlparser/grammar.h"
+
+#include "sqlparser/messages.h"
+#include "sqlparser/sql_parser.h"
+
+namespace tessel::sql {
+namespace {
+
+// A statement in which everything is wrong needs no endless list.
+constexpr std::size_t kMostErrors = 100;
+
+std::wstring_view UnterminatedMessage(TokenKind kind) {
+    switch (kind) {
+        case TokenKind::BracketName: return messages::kUnclosedBracket;
+        case TokenKind::BackQuoteName: return messages::kUnclosedBackQuote;
+        case TokenKind::Comment: return messages::kUnclosedComment;
+        case TokenKind::Date: return messages::kUnclosedDate;
+        case TokenKind::Macro: return messages::kUnclosedMacro;
+        default: return messages::kUnclosedString;
+    }
+}
+
+}  // namespace
+
+Grammar::Grammar(std::shared_ptr<const std::wstring> text, std::vector<Diagnostic>& errors)
+    : source_(std::move(text)), text_(*source_), errors_(errors), lexer_(text_) {
+    Advance();
+}
+
+Grammar::Nesting::Nesting(Grammar& grammar, int levels) : grammar_(grammar), levels_(levels) {
+    grammar_.depth_ += levels_;
+    if (grammar_.depth_ > kMaxDepth) grammar_.FailForGood(messages::kTooDeep);
+}
+
+// Tokens -----------------------------------------------------------------------------------------------------------
+
+void Grammar::Advance() {
+    if (blocked_) return;
+    previous_kind_ = token_.kind;
+    previous_begin_ = token_.begin;
+    previous_end_ = token_.End();
+    if (has_peeked_) {
+        token_ = peeked_;
+        has_peeked_ = false;
+    } else {
+        token_ = lexer_.NextSignificant();
+    }
+    if (token_.kind == TokenKind::LeftParen) ++parens_;
+    if (token_.kind == TokenKind::RightParen) --parens_;
+    if (token_.flags & kUnterminated) {
+        FailAt(token_.Range(), std::wstring(UnterminatedMessage(token_.kind)));
+    } else if (token_.kind == TokenKind::Unknown) {
+        FailAt(token_.Range(), std::wstring(messages::kUnknownCharacter));
+    } else if (token_.kind == TokenKind::Macro && token_.length == 1) {
+        FailAt(token_.Range(), std::wstring(messages::kMacroWithoutName));
+    }
+}
+
+const Token& Grammar::Peek() {
+    if (!has_peeked_) {
+        peeked_ = lexer_.NextSignificant();
+        has_peeked_ = true;
+    }
+    return peeked_;
+}
+
+Token Grammar::PeekSecond() {
+    Peek();
+    Lexer ahead = lexer_;
+    return ahead.NextSignificant();
+}
+
+bool Grammar::Accept(TokenKind kind) {
+    if (token_.kind != kind) return false;
+    Advance();
+    return true;
+}
+
+bool Grammar::Accept(Keyword keyword) {
+    if (!At(keyword)) return false;
+    Advance();
+    return true;
+}
+
+bool Grammar::Expect(TokenKind kind, std::wstring_view message) {
+    if (Accept(kind)) return true;
+    Fail(message);
+    return false;
+}
+
+bool Grammar::Expect(Keyword keyword, std::wstring_view message) {
+    if (Accept(keyword)) return true;
+    Fail(message);
+    return false;
+}
+
+bool Grammar::CloseParen() { return Expect(TokenKind::RightParen, messages::kMissingRightParen); }
+
+// A token that can be a name where only a name can stand.
+bool Grammar::IsNameToken(const Token& token) const {
+    switch (token.kind) {
+        case TokenKind::Word: return !IsReserved(token.keyword);
+        case TokenKind::BracketName:
+        case TokenKind::BackQuoteName:
+        case TokenKind::QuotedText: return true;
+        default: return false;
+    }
+}
+
+// Passes over "( … )" with everything inside; the opening parenthesis is the current token.
+bool Grammar::SkipParens() {
+    const int outside = parens_ - 1;
+    while (!At(TokenKind::End) && !At(TokenKind::Blocked)) {
+        const bool closes = At(TokenKind::RightParen) && parens_ == outside;
+        Advance();
+        if (closes) return true;
+    }
+    Fail(messages::kMissingRightParen);
+    return false;
+}
+
+// Errors -----------------------------------------------------------------------------------------------------------
+
+// At the end of the text the place is right after the last token.
+void Grammar::Fail(std::wstring_view message) {
+    if (blocked_) return;
+    const TextRange range = At(TokenKind::End) ? TextRange{previous_end_, 0} : token_.Range();
+    FailAt(range, std::wstring(message));
+}
+
+void Grammar::FailExpression() {
+    if (blocked_) return;
+    if (At(TokenKind::RightParen) && parens_ < 0) {
+        Fail(messages::kExtraRightParen);
+        return;
+    }
+    std::wstring after;
+    if (previous_end_ > previous_begin_ && previous_end_ - previous_begin_ <= 12) {
+        const std::wstring_view previous = text_.substr(previous_begin_, previous_end_ - previous_begin_);
+        if (previous_kind_ == TokenKind::Word) {
+            const Keyword keyword = FindKeyword(previous.data(), previous.size());
+            after = keyword == Keyword::None ? previous : KeywordText(keyword);
+        } else if (previous == L"," || previous == L"(") {
+            after = previous;
+        } else {
+            after = L"«" + std::wstring(previous) + L"»";
+        }
+    }
+    Fail(messages::ExpectedExpression(after));
+}
+
+void Grammar::FailAt(TextRange range, std::wstring message) {
+    if (blocked_) return;
+    if (errors_.size() < kMostErrors) errors_.push_back(MakeDiagnostic(text_, range, std::move(message)));
+    if (errors_.size() >= kMostErrors) finished_ = true;
+    Block();
+}
+
+void Grammar::Report(TextRange range, std::wstring message) {
+    if (blocked_ || errors_.size() >= kMostErrors) return;
+    errors_.push_back(MakeDiagnostic(text_, range, std::move(message)));
+}
+
+void Grammar::FailForGood(std::wstring_view message) {
+    Fail(message);
+    finished_ = true;
+}
+
+void Grammar::Block() {
+    blocked_ = true;
+    stopped_ = token_;
+    token_.kind = TokenKind::Blocked;
+    token_.keyword = Keyword::None;
+}
+
+bool Grammar::StartsClauseWord(const Token& token) const {
+    if (token.kind != TokenKind::Word) return false;
+    switch (token.keyword) {
+        case Keyword::From:
+        case Keyword::Where:
+        case Keyword::Group:
+        case Keyword::Having:
+        case Keyword::Order:
+        case Keyword::Union:
+        case Keyword::Intersect:
+        case Keyword::Except: return true;
+        default: return false;
+    }
+}
+
+// Goes on at the next clause of the select that began at `base_parens` open parentheses. False when that select ends
+// first: at its closing parenthesis, at ";" or at the end of the text.
+//
+// A clause word in deeper parentheses counts as well, because the missing parenthesis may be the very error; not so
+// the clauses of a whole sub-select that is passed over.
+bool Grammar::Recover(int base_parens) {
+    if (!blocked_) return true;
+    if (finished_) return false;
+    std::vector<int> selects;
+    for (;;) {
+        if (blocked_) {
+            // What is unreadable on the way has its own message; what is not closed has no end to go on from.
+            if (finished_ || (stopped_.flags & kUnterminated)) return false;
+            blocked_ = false;
+            token_ = stopped_;
+        }
+        while (!selects.empty() && parens_ < selects.back()) selects.pop_back();
+        if (At(TokenKind::End) || At(TokenKind::Semicolon)) {
+            Block();
+            return false;
+        }
+        if (At(TokenKind::RightParen) && parens_ < base_parens) {
+            if (base_parens > 0) return false;
+            parens_ = 0;
+        }
+        if (selects.empty() && StartsClauseWord(token_)) {
+            parens_ = base_parens;
+            return true;
+        }
+        if (At(Keyword::Select) && parens_ > base_parens) selects.push_back(parens_);
+        Advance();
+    }
+}
+
+// Nodes ------------------------------------------------------------------------------------------------------------
+
+NodeId Grammar::Make(NodeKind kind, std::uint32_t begin, std::uint8_t op) {
+    Node node;
+    node.kind = kind;
+    node.op = op;
+    node.begin = begin;
+    statement_->nodes.push_back(node);
+    return static_cast<NodeId>(statement_->nodes.size() - 1);
+}
+
+NodeId Grammar::Finish(NodeId id, const Children& children) {
+    Node& node = At(id);
+    node.first_child = children.first;
+    node.length = previous_end_ > node.begin ? previous_end_ - node.begin : 0;
+    height_ = children.height + 1;
+    return id;
+}
+
+void Grammar::Append(Children& children, NodeId id, int height) {
+    if (id == kNoNode) return;
+    if (children.first == kNoNode) {
+        children.first = id;
+    } else {
+        At(children.last).next = id;
+    }
+    children.last = id;
+    if (height > children.height) children.height = height;
+}
+
+}  // namespace tessel::sql

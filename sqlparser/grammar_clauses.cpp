@@ -1,0 +1,235 @@
+// The clauses after the select list, each of them once and in order.
+#include <cmath>
+
+#include "sqlparser/grammar.h"
+#include "sqlparser/messages.h"
+
+namespace tessel::sql {
+namespace {
+
+constexpr std::wstring_view kClauseNames[] = {L"SELECT", L"FROM", L"WHERE", L"GROUP BY", L"HAVING", L"ORDER BY"};
+constexpr int kFromRank = 1;
+constexpr int kWhereRank = 2;
+constexpr int kGroupRank = 3;
+constexpr int kHavingRank = 4;
+constexpr int kOrderRank = 5;
+
+}  // namespace
+
+// Reads clauses until the select ends. After an error it goes on at the next clause.
+void Grammar::Clauses(int base_parens) {
+    int last_rank = 0;
+    for (;;) {
+        if (!Recover(base_parens)) return;
+        if (Clause(last_rank) || TailClause()) continue;
+        if (blocked_) continue;
+        if (At(TokenKind::End) || At(TokenKind::Semicolon)) return;
+        if (At(Keyword::Union) || At(Keyword::Intersect) || At(Keyword::Except)) return;
+        if (At(TokenKind::RightParen)) {
+            if (parens_ < base_parens && base_parens > 0) return;
+            Fail(messages::kExtraRightParen);
+        } else if (last_rank == 0) {
+            Fail(messages::kExpectedFrom);
+        } else if (last_rank == kFromRank) {
+            Fail(messages::kExpectedJoinOrClause);
+        } else {
+            FailAt(token_.Range(), messages::Unexpected(TextOf(token_.Range())));
+        }
+    }
+}
+
+bool Grammar::Clause(int& last_rank) {
+    if (!At(TokenKind::Word)) return false;
+    switch (token_.keyword) {
+        case Keyword::From:
+            CheckOrder(kFromRank, last_rank);
+            FromClause();
+            return true;
+        case Keyword::Where:
+            CheckOrder(kWhereRank, last_rank);
+            ConditionClause(statement_->where, statement_->where_range);
+            return true;
+        case Keyword::Group:
+            CheckOrder(kGroupRank, last_rank);
+            GroupByClause();
+            return true;
+        case Keyword::Having:
+            CheckOrder(kHavingRank, last_rank);
+            ConditionClause(statement_->having, statement_->having_range);
+            return true;
+        case Keyword::Order:
+            CheckOrder(kOrderRank, last_rank);
+            OrderByClause();
+            return true;
+        default: return false;
+    }
+}
+
+void Grammar::CheckOrder(int rank, int& last_rank) {
+    if (rank == last_rank) {
+        Report(token_.Range(), messages::RepeatedClause(kClauseNames[rank]));
+    } else if (rank < last_rank) {
+        Report(token_.Range(), messages::MisplacedClause(kClauseNames[rank], kClauseNames[last_rank]));
+    } else {
+        last_rank = rank;
+    }
+}
+
+void Grammar::FromClause() {
+    Advance();
+    const std::uint32_t begin = token_.begin;
+    do {
+        const std::size_t first = statement_->From.size();
+        const int root = FromItem();
+        if (root < 0) break;
+        JoinGroup group;
+        group.root = root;
+        CollectJoins(first, group);
+        statement_->JoinGroups.push_back(std::move(group));
+    } while (Accept(TokenKind::Comma));
+    statement_->from_range = Since(begin);
+}
+
+void Grammar::ConditionClause(NodeId& node, TextRange& range) {
+    Advance();
+    const std::uint32_t begin = token_.begin;
+    const NodeId condition = Expression();
+    if (condition == kNoNode) return;
+    node = condition;
+    range = Since(begin);
+}
+
+void Grammar::GroupByClause() {
+    Advance();
+    if (!Expect(Keyword::By, messages::kExpectedBy)) return;
+    do {
+        Item item;
+        const std::uint32_t begin = token_.begin;
+        item.node = Expression();
+        if (blocked_) return;
+        item.range = item.expression = Since(begin);
+        statement_->GroupItems.push_back(item);
+    } while (Accept(TokenKind::Comma));
+    if (At(Keyword::With) && IsKeyword(Peek(), Keyword::Rollup)) {
+        const std::uint32_t begin = token_.begin;
+        Advance();
+        Advance();
+        AddBeyond(Beyond::Other, begin);
+        statement_->group_suffix = Since(begin);
+    }
+}
+
+void Grammar::OrderByClause() {
+    Advance();
+    if (!Expect(Keyword::By, messages::kExpectedBy)) return;
+    do {
+        OrderItem();
+    } while (Accept(TokenKind::Comma));
+}
+
+void Grammar::OrderItem() {
+    Item item;
+    const std::uint32_t begin = token_.begin;
+    item.node = Expression();
+    if (blocked_) return;
+    if (At(Keyword::Desc)) item.descending = true;
+    if (At(Keyword::Desc) || At(Keyword::Asc)) Advance();
+    item.expression = Since(begin);
+    if (At(Keyword::Nulls)) {
+        const std::uint32_t nulls = token_.begin;
+        Advance();
+        if (!Accept(Keyword::First) && !Accept(Keyword::Last)) return Fail(messages::kExpectedFirstOrLast);
+        item.nulls = Since(nulls);
+        AddBeyond(Beyond::Other, item.nulls);
+    }
+    item.range = Since(begin);
+    statement_->OrderItems.push_back(item);
+}
+
+// What limits, locks or qualifies the whole statement. Words that are not reserved begin such a clause only together
+// with what follows them.
+bool Grammar::TailClause() {
+    if (!At(TokenKind::Word)) return false;
+    const std::uint32_t begin = token_.begin;
+    switch (token_.keyword) {
+        case Keyword::Limit: LimitClause(Beyond::Limit); break;
+        case Keyword::Offset: LimitClause(Beyond::Offset); break;
+        case Keyword::Fetch: WordsClause(Beyond::Fetch); break;
+        case Keyword::For: WordsClause(Beyond::ForUpdate); break;
+        case Keyword::Window: WordsClause(Beyond::Window); break;
+        case Keyword::With: WithTailClause(); break;
+        default: return false;
+    }
+    if (blocked_) return true;
+    if (statement_->trailing.length == 0) statement_->trailing.offset = begin;
+    statement_->trailing.length = previous_end_ - statement_->trailing.offset;
+    return true;
+}
+
+// LIMIT n [, m], OFFSET n [ROWS].
+void Grammar::LimitClause(Beyond what) {
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    if (!Accept(Keyword::All)) Expression();
+    if (what == Beyond::Limit && Accept(TokenKind::Comma)) Expression();
+    const bool rows = At(TokenKind::Word) && token_.keyword == Keyword::None && token_.length <= 4;
+    if (what == Beyond::Offset && rows) Advance();
+    AddBeyond(what, begin);
+}
+
+// FETCH FIRST n ROWS ONLY, FOR UPDATE OF a, WINDOW w AS (…): words, names and counts up to the next clause.
+void Grammar::WordsClause(Beyond what) {
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    for (;;) {
+        if (At(TokenKind::LeftParen)) {
+            if (!SkipParens()) return;
+        } else if (At(TokenKind::Number) || At(TokenKind::Parameter) || At(TokenKind::Macro) ||
+                   At(TokenKind::Comma) || At(TokenKind::Point) || At(TokenKind::BracketName) || At(Keyword::As) ||
+                   At(Keyword::With)) {
+            Advance();
+        } else if (At(TokenKind::Word) && !IsReserved(token_.keyword) && token_.keyword != Keyword::Limit &&
+                   token_.keyword != Keyword::Offset) {
+            Advance();
+        } else {
+            break;
+        }
+    }
+    AddBeyond(what, begin);
+}
+
+// WITH OWNERACCESS OPTION.
+void Grammar::WithTailClause() {
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    if (!Expect(Keyword::OwnerAccess, messages::kExpectedOwnerAccess)) return;
+    if (!Expect(Keyword::Option, messages::kExpectedOption)) return;
+    AddBeyond(Beyond::WithOwnerAccess, begin);
+}
+
+double Grammar::NumberValue(TextRange range) const {
+    double value = 0;
+    double scale = 0;
+    for (const wchar_t ch : TextOf(range)) {
+        if (ch == L'.') {
+            scale = 1;
+        } else if (ch >= L'0' && ch <= L'9') {
+            value = value * 10 + (ch - L'0');
+            scale *= 10;
+        } else if (ch == L'e' || ch == L'E') {
+            break;
+        }
+    }
+    if (scale > 1) value /= scale;
+    const std::wstring_view text = TextOf(range);
+    const std::size_t exponent = text.find_first_of(L"eE");
+    if (exponent == std::wstring_view::npos) return value;
+    int power = 0;
+    const bool negative = text[exponent + 1] == L'-';
+    for (const wchar_t ch : text.substr(exponent + 1)) {
+        if (ch >= L'0' && ch <= L'9' && power < 1000) power = power * 10 + (ch - L'0');
+    }
+    return value * std::pow(10.0, negative ? -power : power);
+}
+
+}  // namespace tessel::sql

@@ -1,0 +1,132 @@
+// Which tables a join's condition joins, and by which fields.
+#include "common/text.h"
+#include "sqlparser/grammar.h"
+
+namespace tessel::sql {
+namespace {
+
+// The name between brackets or quotes, as it stands.
+std::wstring_view Bare(std::wstring_view name) {
+    if (name.size() < 2) return name;
+    const wchar_t open = name.front();
+    const bool quoted = open == L'[' || open == L'"' || open == L'`';
+    return quoted ? TrimView(name.substr(1, name.size() - 2)) : name;
+}
+
+bool SameBareName(std::wstring_view a, std::wstring_view b) {
+    a = Bare(a);
+    b = Bare(b);
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (a[i] != b[i] && LowerChar(a[i]) != LowerChar(b[i])) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+Join Grammar::ResolveJoin(const FromNode& node) const {
+    const FromNode& left = statement_->From[static_cast<std::size_t>(node.left)];
+    const FromNode& right = statement_->From[static_cast<std::size_t>(node.right)];
+    const TableSpan left_span{left.first_table, left.stop_table};
+    const TableSpan right_span{right.first_table, right.stop_table};
+    Join join;
+    join.kind = node.kind;
+    join.on = node.on;
+    join.on_node = node.on_node;
+    if (const NodeId equality = SingleEquality(node.on_node); equality != kNoNode) {
+        const NodeId first = statement_->nodes[equality].first_child;
+        FieldRef a = FieldOf(first);
+        FieldRef b = FieldOf(statement_->nodes[first].next);
+        const int a_left = TableNamed(a.table, left_span);
+        const int b_left = TableNamed(b.table, left_span);
+        const int a_right = TableNamed(a.table, right_span);
+        const int b_right = TableNamed(b.table, right_span);
+        const bool straight = a_left >= 0 || b_right >= 0;
+        const bool mirrored = b_left >= 0 || a_right >= 0;
+        if (mirrored && !straight) std::swap(a, b);
+        const bool one_sided = (a_left >= 0 && b_left >= 0 && b_right < 0) ||
+                               (a_right >= 0 && b_right >= 0 && a_left < 0);
+        if (!one_sided) {
+            join.left_field = a;
+            join.right_field = b;
+            join.left_table = TableNamed(a.table, left_span);
+            join.right_table = TableNamed(b.table, right_span);
+        }
+    }
+    if (node.on_node != kNoNode && (join.left_table < 0 || join.right_table < 0)) {
+        FindTables(node.on_node, left_span, right_span, join);
+    }
+    if (join.left_table < 0) join.left_table = left_span.stop - 1;
+    if (join.right_table < 0) join.right_table = right_span.first;
+    return join;
+}
+
+// The Compare node of "a = b" between two column names, in parentheses or not; kNoNode for anything else.
+NodeId Grammar::SingleEquality(NodeId on) const {
+    const std::vector<Node>& nodes = statement_->nodes;
+    while (on != kNoNode && nodes[on].kind == NodeKind::Paren) on = nodes[on].first_child;
+    if (on == kNoNode || nodes[on].kind != NodeKind::Compare) return kNoNode;
+    if (nodes[on].op != static_cast<std::uint8_t>(CompareOp::Equal)) return kNoNode;
+    for (NodeId side = nodes[on].first_child; side != kNoNode; side = nodes[side].next) {
+        NodeId name = side;
+        while (nodes[name].kind == NodeKind::Paren) name = nodes[name].first_child;
+        if (nodes[name].kind != NodeKind::Name) return kNoNode;
+    }
+    return on;
+}
+
+FieldRef Grammar::FieldOf(NodeId name) const {
+    const std::vector<Node>& nodes = statement_->nodes;
+    while (nodes[name].kind == NodeKind::Paren) name = nodes[name].first_child;
+    FieldRef field;
+    NodeId part = nodes[name].first_child;
+    for (; nodes[part].next != kNoNode; part = nodes[part].next) {
+        field.table = {nodes[name].begin, nodes[part].begin + nodes[part].length - nodes[name].begin};
+    }
+    field.field = nodes[part].Range();
+    return field;
+}
+
+// The table of the span that the qualifier names, by alias first, then by name; -1 when there is none. Of a qualifier
+// of several parts the last one counts.
+int Grammar::TableNamed(TextRange qualifier, TableSpan span) const {
+    if (qualifier.length == 0) return -1;
+    Lexer parts(text_.substr(0, qualifier.End()), qualifier.offset);
+    Token last;
+    for (Token token = parts.NextSignificant(); token.kind != TokenKind::End; token = parts.NextSignificant()) {
+        if (token.kind != TokenKind::Point && token.kind != TokenKind::Bang) last = token;
+    }
+    const std::wstring_view wanted = TextOf(last.Range());
+    for (const bool by_alias : {true, false}) {
+        for (int i = span.first; i < span.stop; ++i) {
+            const TableRef& table = statement_->Tables[static_cast<std::size_t>(i)];
+            const TextRange own = by_alias ? table.alias : table.name;
+            if (own.length != 0 && SameBareName(TextOf(own), wanted)) return i;
+        }
+    }
+    return -1;
+}
+
+// For conditions of any shape: the first table of each side that a name in the condition mentions. Children come
+// before their parents in Statement::nodes and a name's parts right after it, so the condition's names lie in one
+// stretch of the vector.
+void Grammar::FindTables(NodeId on, TableSpan left, TableSpan right, Join& join) const {
+    const std::vector<Node>& nodes = statement_->nodes;
+    std::vector<NodeId> open{on};
+    while (!open.empty() && (join.left_table < 0 || join.right_table < 0)) {
+        const NodeId id = open.back();
+        open.pop_back();
+        if (nodes[id].kind == NodeKind::Name) {
+            const TextRange qualifier = FieldOf(id).table;
+            if (join.left_table < 0) join.left_table = TableNamed(qualifier, left);
+            if (join.right_table < 0) join.right_table = TableNamed(qualifier, right);
+            continue;
+        }
+        const std::size_t from = open.size();
+        for (NodeId child = nodes[id].first_child; child != kNoNode; child = nodes[child].next) open.push_back(child);
+        for (std::size_t i = from, j = open.size(); i + 1 < j; ++i) std::swap(open[i], open[--j]);
+    }
+}
+
+}  // namespace tessel::sql

@@ -1,0 +1,184 @@
+// Whole statements: PARAMETERS, WITH, set operators, groups in parentheses, and the end of the text.
+#include "sqlparser/grammar.h"
+#include "sqlparser/messages.h"
+#include "sqlparser/sql_parser.h"
+
+namespace tessel::sql {
+
+std::unique_ptr<Statement> Grammar::Run() {
+    if (blocked_) return nullptr;
+    if (At(TokenKind::End)) {
+        FailAt({0, 0}, std::wstring(messages::kEmpty));
+        return nullptr;
+    }
+    auto statement = NewStatement();
+    statement_ = statement.get();
+    // About one node in six characters; a vector that grows a few times more does no harm.
+    statement->nodes.reserve(text_.size() / 6 + 16);
+    if (At(Keyword::Parameters)) ParametersClause();
+    if (!blocked_ && !StartsQuery(token_) && !At(TokenKind::LeftParen)) Fail(messages::kNotASelect);
+    if (blocked_) return nullptr;
+    QueryBody();
+    if (!blocked_) EndOfText();
+    return statement;
+}
+
+std::unique_ptr<Statement> Grammar::NewStatement() const {
+    auto statement = std::make_unique<Statement>();
+    statement->text = source_;
+    statement->source = text_;
+    return statement;
+}
+
+void Grammar::ParametersClause() {
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    do {
+        if (!IsNameToken(token_) && !At(TokenKind::Macro)) return Fail(messages::kExpectedName);
+        Advance();
+        if (!TypeName()) return;
+    } while (Accept(TokenKind::Comma));
+    if (!Expect(TokenKind::Semicolon, messages::kExpectedSemicolon)) return;
+    statement_->parameters = Since(begin);
+    AddBeyond(Beyond::Parameters, begin);
+}
+
+bool Grammar::StartsQuery(const Token& token) {
+    return IsKeyword(token, Keyword::Select) || IsKeyword(token, Keyword::With) || IsKeyword(token, Keyword::Values);
+}
+
+// A nested query with nodes of its own. The stacks of operands are shared; every production leaves them as it found
+// them.
+std::unique_ptr<Statement> Grammar::Query() {
+    auto query = NewStatement();
+    Statement* const outer = statement_;
+    statement_ = query.get();
+    QueryBody();
+    if (At(TokenKind::Semicolon) && Peek().kind == TokenKind::RightParen) Advance();
+    statement_ = outer;
+    return query;
+}
+
+void Grammar::QueryBody() {
+    const Nesting nesting(*this, kSelectLevels);
+    if (At(Keyword::With)) WithClause();
+    QueryOperand();
+    SetOperators();
+}
+
+void Grammar::QueryOperand() {
+    if (At(TokenKind::LeftParen)) {
+        Group();
+    } else if (At(Keyword::Values)) {
+        ValuesRows();
+    } else if (At(Keyword::Select)) {
+        SelectCore();
+    } else {
+        Fail(messages::kExpectedSelect);
+    }
+}
+
+void Grammar::Group() {
+    const Nesting nesting(*this);
+    Advance();
+    QueryOperand();
+    SetOperators();
+    if (!CloseParen()) return;
+    statement_->group_ends.push_back(statement_->union_operands.size());
+    const bool has_tail = At(Keyword::Order) || At(Keyword::Limit) || At(Keyword::Offset) || At(Keyword::Fetch);
+    if (!has_tail || statement_->tail) return;
+    auto tail = NewStatement();
+    Statement* const outer = statement_;
+    statement_ = tail.get();
+    Clauses(parens_);
+    statement_ = outer;
+    statement_->tail = std::move(tail);
+}
+
+void Grammar::WithClause() {
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    Accept(Keyword::Recursive);
+    do {
+        CommonTable table;
+        if (!IsNameToken(token_)) return Fail(messages::kExpectedName);
+        table.name = token_.Range();
+        Advance();
+        if (At(TokenKind::LeftParen)) {
+            const std::uint32_t columns = token_.begin;
+            if (!SkipParens()) return;
+            table.columns = Since(columns);
+        }
+        if (!Expect(Keyword::As, messages::kExpectedAs)) return;
+        if (!Expect(TokenKind::LeftParen, messages::kExpectedLeftParen)) return;
+        table.nested = AddNested(Query());
+        statement_->common_tables.push_back(table);
+        if (!CloseParen()) return;
+    } while (Accept(TokenKind::Comma));
+    AddBeyond(Beyond::With, begin);
+}
+
+// A ";" before UNION is forgiven: the engine's own window writes it.
+void Grammar::SetOperators() {
+    for (;;) {
+        const Token& next = At(TokenKind::Semicolon) ? Peek() : token_;
+        Beyond what = Beyond::Union;
+        if (IsKeyword(next, Keyword::Intersect)) {
+            what = Beyond::Intersect;
+        } else if (IsKeyword(next, Keyword::Except)) {
+            what = Beyond::Except;
+        } else if (!IsKeyword(next, Keyword::Union)) {
+            return;
+        }
+        Accept(TokenKind::Semicolon);
+        const std::uint32_t begin = token_.begin;
+        Advance();
+        if (!Accept(Keyword::All)) Accept(Keyword::Distinct);
+        const TextRange words = Since(begin);
+        AddBeyond(what, words);
+        statement_->union_operands.push_back(SetOperand());
+        statement_->union_operands.back()->set_operator = words;
+    }
+}
+
+std::unique_ptr<Statement> Grammar::SetOperand() {
+    auto operand = NewStatement();
+    Statement* const outer = statement_;
+    statement_ = operand.get();
+    QueryOperand();
+    statement_ = outer;
+    return operand;
+}
+
+void Grammar::ValuesRows() {
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    do {
+        if (!At(TokenKind::LeftParen)) return Fail(messages::kExpectedLeftParen);
+        const NodeId row = Make(NodeKind::Tuple, token_.begin);
+        Advance();
+        Children children;
+        do {
+            const NodeId value = Expression();
+            Append(children, value, height_);
+        } while (Accept(TokenKind::Comma));
+        CloseParen();
+        statement_->value_rows.push_back(Finish(row, children));
+    } while (Accept(TokenKind::Comma));
+    AddBeyond(Beyond::Values, begin);
+}
+
+int Grammar::AddNested(std::unique_ptr<Statement> nested) {
+    statement_->nested.push_back(std::move(nested));
+    return static_cast<int>(statement_->nested.size() - 1);
+}
+
+void Grammar::EndOfText() {
+    while (Accept(TokenKind::Semicolon)) {
+    }
+    if (At(TokenKind::End)) return;
+    if (At(TokenKind::RightParen)) return Fail(messages::kExtraRightParen);
+    Fail(messages::kTextAfterEnd);
+}
+
+}  // namespace tessel::sql
