@@ -50,7 +50,7 @@ public:
         if (iid == __uuidof(IUnknown) || iid == __uuidof(First)) *object = static_cast<First*>(this);
         if constexpr (std::is_base_of_v<IDispatch, First>)
             if (iid == __uuidof(IDispatch)) *object = static_cast<IDispatch*>(static_cast<First*>(this));
-        if (!*object) (OfferAs<Others>(iid, object) || ...);
+        if (!*object) static_cast<void>((OfferAs<Others>(iid, object) || ...));
         if (!*object) return E_NOINTERFACE;
         AddRef();
         return S_OK;

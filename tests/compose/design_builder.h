@@ -13,14 +13,14 @@ namespace tessel::test {
 
 /// The eight cells of a query column, in row order.
 struct Column {
-    std::wstring campo;
-    std::wstring titulo;
-    std::wstring tabla;
-    std::wstring agrupacion;
-    std::wstring visible;
-    std::wstring orden;
-    std::wstring condicion;
-    std::wstring alternative;
+    std::wstring campo = {};
+    std::wstring titulo = {};
+    std::wstring tabla = {};
+    std::wstring agrupacion = {};
+    std::wstring visible = {};
+    std::wstring orden = {};
+    std::wstring condicion = {};
+    std::wstring alternative = {};
 };
 
 inline void PutColumn(model::DesignGrid& grid, int index, const Column& column) {

@@ -1,0 +1,295 @@
+#include "analyse/canonical.h"
+
+#include <algorithm>
+
+#include "analyse/nodes.h"
+#include "common/identifiers.h"
+#include "common/text.h"
+#include "sqlparser/lexer.h"
+
+namespace tessel::analyse {
+
+namespace {
+
+using sql::CompareOp;
+using sql::LogicalOp;
+using sql::Node;
+using sql::NodeId;
+using sql::NodeKind;
+
+CompareOp Opposite(CompareOp op) {
+    switch (op) {
+        case CompareOp::Equal:
+            return CompareOp::NotEqual;
+        case CompareOp::NotEqual:
+            return CompareOp::Equal;
+        case CompareOp::Less:
+            return CompareOp::GreaterEqual;
+        case CompareOp::LessEqual:
+            return CompareOp::Greater;
+        case CompareOp::Greater:
+            return CompareOp::LessEqual;
+        case CompareOp::GreaterEqual:
+            return CompareOp::Less;
+    }
+    return op;
+}
+
+/// The head of a node of which only kind, operator, flags and children count.
+std::wstring Head(const Node& node, std::uint8_t flags) {
+    std::wstring head = L"k";
+    head += std::to_wstring(static_cast<int>(node.kind));
+    head += L'.';
+    head += std::to_wstring(node.op);
+    head += L'.';
+    head += std::to_wstring(flags);
+    return head;
+}
+
+void AppendIdentifier(const std::wstring& key, wchar_t open, wchar_t close, std::wstring& out) {
+    out += open;
+    for (const wchar_t ch : key) {
+        out += ch;
+        if (ch == close) out += ch;
+    }
+    out += close;
+}
+
+}  // namespace
+
+Canonical::Canonical(const StatementScope& scope) : scope_(scope), statement_(scope.Source()) {
+    for (int table = 0; table < scope.TableCount(); ++table) {
+        std::wstring mark;
+        AppendIdentifier(scope.TableKey(table), L'{', L'}', mark);
+        table_marks_.push_back(std::move(mark));
+    }
+}
+
+std::wstring Canonical::Expression(NodeId id) const {
+    std::wstring out;
+    Append(id, out);
+    return out;
+}
+
+std::wstring Canonical::Condition(NodeId id) const {
+    const NodeId inner = WithoutParens(statement_, id);
+    if (IsPredicate(statement_.At(inner))) return Expression(inner);
+    return L"true(" + Expression(inner) + L")";
+}
+
+std::set<std::wstring> Canonical::Conjuncts(NodeId id) const {
+    std::set<std::wstring> conjuncts;
+    if (id == sql::kNoNode) return conjuncts;
+    for (const NodeId operand : OperandsOf(statement_, id, LogicalOp::And))
+        conjuncts.insert(Condition(operand));
+    return conjuncts;
+}
+
+bool Canonical::IsTruthValue(NodeId id) const {
+    const NodeId inner = WithoutParens(statement_, id);
+    const Node& node = statement_.At(inner);
+    if (IsPredicate(node)) return true;
+    if (node.kind != NodeKind::Name) return false;
+    const int table = scope_.TableOfName(inner);
+    const std::vector<std::wstring> keys = NameKeys(statement_, inner);
+    return table != kNoTable && !keys.empty() && scope_.IsBooleanField(table, keys.back());
+}
+
+void Canonical::Append(NodeId id, std::wstring& out) const {
+    const Node& node = statement_.At(id);
+    switch (node.kind) {
+        case NodeKind::Paren:
+            Append(node.first_child, out);
+            return;
+        case NodeKind::Name:
+        case NodeKind::Star:
+            AppendName(id, out);
+            return;
+        case NodeKind::Compare:
+            AppendCompare(id, false, out);
+            return;
+        case NodeKind::Logical:
+            AppendLogical(id, out);
+            return;
+        case NodeKind::Not:
+            AppendNot(id, out);
+            return;
+        case NodeKind::Like:
+        case NodeKind::Between:
+        case NodeKind::InList:
+        case NodeKind::InSelect:
+        case NodeKind::IsNull:
+            AppendTested(id, false, out);
+            return;
+        case NodeKind::Unary:
+        case NodeKind::Exists:
+        case NodeKind::Quantified:
+        case NodeKind::Subquery:
+        case NodeKind::Tuple:
+            AppendChildren(id, Head(node, node.flags), out);
+            return;
+        case NodeKind::Binary:
+            if (node.op == static_cast<std::uint8_t>(sql::BinaryOp::Other)) break;
+            AppendChildren(id, Head(node, node.flags), out);
+            return;
+        case NodeKind::Call: {
+            const NodeId callee = node.first_child;
+            std::wstring head = Head(node, node.flags);
+            AppendTokens(statement_.At(callee).Range(), head);
+            out += head;
+            out += L'(';
+            for (NodeId child = statement_.At(callee).next; child != sql::kNoNode;
+                 child = statement_.At(child).next) {
+                Append(child, out);
+                out += L',';
+            }
+            out += L')';
+            return;
+        }
+        default:
+            break;
+    }
+    // Literals, and everything that no rule levels out, by its tokens.
+    AppendTokens(node.Range(), out);
+}
+
+void Canonical::AppendChildren(NodeId id, std::wstring_view head, std::wstring& out) const {
+    out += head;
+    out += L'(';
+    for (const NodeId child : ChildrenOf(statement_, id)) {
+        Append(child, out);
+        out += L',';
+    }
+    out += L')';
+}
+
+void Canonical::AppendName(NodeId id, std::wstring& out) const {
+    std::vector<std::wstring> keys = NameKeys(statement_, id);
+    const bool star = statement_.At(id).kind == NodeKind::Star;
+    if (star) keys.push_back(L"*");
+    const int table = star && keys.size() == 1 ? kNoTable : scope_.TableOfName(id);
+    std::size_t next = 0;
+    if (table != kNoTable) {
+        out += table_marks_[static_cast<std::size_t>(table)];
+        next = keys.size() > 1 ? 1 : 0;
+    }
+    // "a!b" and "a.b" are the same field of a table; of anything else the sign counts.
+    const bool first_is_table = table != kNoTable;
+    if (!first_is_table && keys.size() > 1) {
+        AppendTokens(statement_.At(id).Range(), out);
+        return;
+    }
+    for (; next < keys.size(); ++next) AppendIdentifier(keys[next], L'[', L']', out);
+}
+
+// b = True is b, and b <> False is the truth of b.
+bool Canonical::IsTruthTest(NodeId id, NodeId& tested) const {
+    const Node& node = statement_.At(id);
+    const auto op = static_cast<CompareOp>(node.op);
+    const NodeId left = WithoutParens(statement_, node.first_child);
+    const NodeId right = WithoutParens(statement_, statement_.At(node.first_child).next);
+    const auto is_tested = [&](NodeId value, NodeId literal) {
+        tested = value;
+        const NodeKind kind = statement_.At(literal).kind;
+        if (op == CompareOp::Equal && kind == NodeKind::True) return IsTruthValue(value);
+        return op == CompareOp::NotEqual && kind == NodeKind::False;
+    };
+    return is_tested(left, right) || is_tested(right, left);
+}
+
+void Canonical::AppendCompare(NodeId id, bool negated, std::wstring& out) const {
+    NodeId tested = sql::kNoNode;
+    if (!negated && IsTruthTest(id, tested)) {
+        out += Condition(tested);
+        return;
+    }
+    const Node& node = statement_.At(id);
+    CompareOp op = static_cast<CompareOp>(node.op);
+    if (negated) op = Opposite(op);
+    std::wstring left = Expression(node.first_child);
+    std::wstring right = Expression(statement_.At(node.first_child).next);
+    const bool symmetric = op == CompareOp::Equal || op == CompareOp::NotEqual;
+    const bool greater = op == CompareOp::Greater || op == CompareOp::GreaterEqual;
+    if (greater) op = op == CompareOp::Greater ? CompareOp::Less : CompareOp::LessEqual;
+    if (greater || (symmetric && right < left)) std::swap(left, right);
+    out += L"cmp";
+    out += std::to_wstring(static_cast<int>(op));
+    out += L'(' + left + L',' + right + L')';
+}
+
+void Canonical::AppendLogical(NodeId id, std::wstring& out) const {
+    const Node& node = statement_.At(id);
+    const auto op = static_cast<LogicalOp>(node.op);
+    std::vector<std::wstring> operands;
+    if (op == LogicalOp::And || op == LogicalOp::Or) {
+        for (const NodeId operand : OperandsOf(statement_, id, op)) operands.push_back(Condition(operand));
+        std::ranges::sort(operands);
+    } else {
+        for (const NodeId operand : ChildrenOf(statement_, id)) operands.push_back(Expression(operand));
+    }
+    out += Head(node, 0);
+    out += L'(';
+    for (const std::wstring& operand : operands) out += operand + L',';
+    out += L')';
+}
+
+void Canonical::AppendNot(NodeId id, std::wstring& out) const {
+    bool negated = true;
+    NodeId inner = WithoutParens(statement_, statement_.At(id).first_child);
+    while (statement_.At(inner).kind == NodeKind::Not) {
+        negated = !negated;
+        inner = WithoutParens(statement_, statement_.At(inner).first_child);
+    }
+    const Node& node = statement_.At(inner);
+    switch (node.kind) {
+        case NodeKind::Compare: {
+            // ANY and ALL change places under NOT; they keep it.
+            const NodeId right = statement_.At(node.first_child).next;
+            const bool quantified =
+                statement_.At(WithoutParens(statement_, right)).kind == NodeKind::Quantified;
+            NodeId tested = sql::kNoNode;
+            if (quantified || IsTruthTest(inner, tested)) break;
+            AppendCompare(inner, negated, out);
+            return;
+        }
+        case NodeKind::Like:
+        case NodeKind::Between:
+        case NodeKind::InList:
+        case NodeKind::InSelect:
+        case NodeKind::IsNull:
+            AppendTested(inner, negated, out);
+            return;
+        default:
+            break;
+    }
+    if (!negated) {
+        out += Condition(inner);
+        return;
+    }
+    out += L"not(";
+    out += Condition(inner);
+    out += L')';
+}
+
+void Canonical::AppendTested(NodeId id, bool negated, std::wstring& out) const {
+    const Node& node = statement_.At(id);
+    std::uint8_t flags = node.flags;
+    if (negated) flags ^= sql::kNegated;
+    AppendChildren(id, Head(node, flags), out);
+}
+
+void Canonical::AppendTokens(TextRange range, std::wstring& out) const {
+    const std::wstring text = scope_.TextWithTables(range, table_marks_);
+    sql::Lexer lexer(text);
+    for (sql::Token token = lexer.NextSignificant(); token.kind != sql::TokenKind::End;
+         token = lexer.NextSignificant()) {
+        const std::wstring_view slice = std::wstring_view(text).substr(token.begin, token.length);
+        const bool is_name = token.kind == sql::TokenKind::Word ||
+                             token.kind == sql::TokenKind::BracketName ||
+                             token.kind == sql::TokenKind::BackQuoteName;
+        out += is_name ? IdentifierKey(slice) : std::wstring(slice);
+        out += L' ';
+    }
+}
+
+}  // namespace tessel::analyse

@@ -1,0 +1,129 @@
+#include "analyse/nodes.h"
+
+#include <algorithm>
+#include <array>
+
+#include "common/identifiers.h"
+
+namespace tessel::analyse {
+
+namespace {
+
+using sql::Node;
+using sql::NodeId;
+using sql::NodeKind;
+using sql::Statement;
+
+// What Jet calls an aggregate, and the names under which other engines know the same.
+constexpr std::array<std::wstring_view, 18> kAggregateNames = {
+    L"sum",      L"count",        L"avg",        L"min",   L"max",       L"first",
+    L"last",     L"stdev",        L"stdevp",     L"var",   L"varp",      L"stddev",
+    L"variance", L"group_concat", L"string_agg", L"total", L"array_agg", L"compute"};
+
+void AppendOperands(const Statement& statement, NodeId id, sql::LogicalOp op, std::vector<NodeId>& operands) {
+    const NodeId inner = WithoutParens(statement, id);
+    if (!IsLogical(statement.At(inner), op)) {
+        operands.push_back(inner);
+        return;
+    }
+    for (NodeId child = statement.At(inner).first_child; child != sql::kNoNode;
+         child = statement.At(child).next) {
+        AppendOperands(statement, child, op, operands);
+    }
+}
+
+bool IsAggregateCall(const Statement& statement, const Node& node) {
+    if (node.kind != NodeKind::Call || node.first_child == sql::kNoNode) return false;
+    const std::wstring name = IdentifierKey(statement.Slice(statement.At(node.first_child).Range()));
+    return std::ranges::find(kAggregateNames, name) != kAggregateNames.end();
+}
+
+}  // namespace
+
+std::vector<NodeId> ChildrenOf(const Statement& statement, NodeId id) {
+    std::vector<NodeId> children;
+    for (NodeId child = statement.At(id).first_child; child != sql::kNoNode;
+         child = statement.At(child).next) {
+        children.push_back(child);
+    }
+    return children;
+}
+
+NodeId WithoutParens(const Statement& statement, NodeId id) {
+    while (statement.At(id).kind == NodeKind::Paren) id = statement.At(id).first_child;
+    return id;
+}
+
+std::vector<NodeId> OperandsOf(const Statement& statement, NodeId id, sql::LogicalOp op) {
+    std::vector<NodeId> operands;
+    AppendOperands(statement, id, op, operands);
+    return operands;
+}
+
+bool IsLogical(const Node& node, sql::LogicalOp op) {
+    return node.kind == NodeKind::Logical && node.op == static_cast<std::uint8_t>(op);
+}
+
+bool IsPredicate(const Node& node) {
+    switch (node.kind) {
+        case NodeKind::Compare:
+        case NodeKind::Logical:
+        case NodeKind::Not:
+        case NodeKind::Like:
+        case NodeKind::Between:
+        case NodeKind::InList:
+        case NodeKind::InSelect:
+        case NodeKind::IsNull:
+        case NodeKind::Exists:
+        case NodeKind::True:
+        case NodeKind::False:
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool IsConstant(const Statement& statement, NodeId id) {
+    const Node& node = statement.At(id);
+    switch (node.kind) {
+        case NodeKind::Number:
+        case NodeKind::String:
+        case NodeKind::Date:
+        case NodeKind::Null:
+        case NodeKind::True:
+        case NodeKind::False:
+        case NodeKind::Parameter:
+        case NodeKind::Macro:
+            return true;
+        case NodeKind::Paren:
+        case NodeKind::Unary:
+        case NodeKind::Binary:
+            break;
+        default:
+            return false;
+    }
+    return std::ranges::all_of(ChildrenOf(statement, id),
+                               [&](NodeId child) { return IsConstant(statement, child); });
+}
+
+NodeId FirstAggregate(const Statement& statement, NodeId id) {
+    const Node& node = statement.At(id);
+    if (IsAggregateCall(statement, node)) return id;
+    if (node.kind == NodeKind::Select) return sql::kNoNode;
+    for (NodeId child = node.first_child; child != sql::kNoNode; child = statement.At(child).next) {
+        const NodeId found = FirstAggregate(statement, child);
+        if (found != sql::kNoNode) return found;
+    }
+    return sql::kNoNode;
+}
+
+std::vector<std::wstring> NameKeys(const Statement& statement, NodeId id) {
+    std::vector<std::wstring> keys;
+    for (const NodeId part : ChildrenOf(statement, id)) {
+        if (statement.At(part).kind != NodeKind::NamePart) continue;
+        keys.push_back(IdentifierKey(statement.Slice(statement.At(part).Range())));
+    }
+    return keys;
+}
+
+}  // namespace tessel::analyse

@@ -1,0 +1,38 @@
+// Small questions about the nodes of a syntax tree, asked by every part of the analysis. None of them looks
+// into nested selects.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "sqlparser/statement.h"
+
+namespace tessel::analyse {
+
+[[nodiscard]] std::vector<sql::NodeId> ChildrenOf(const sql::Statement& statement, sql::NodeId id);
+
+/// The node inside any number of enclosing parentheses.
+[[nodiscard]] sql::NodeId WithoutParens(const sql::Statement& statement, sql::NodeId id);
+
+/// The operands of a run of the same logical operator, parentheses around operands of that operator opened:
+/// a AND (b AND c) gives three. Any other node gives itself, without its parentheses.
+[[nodiscard]] std::vector<sql::NodeId> OperandsOf(const sql::Statement& statement, sql::NodeId id,
+                                                  sql::LogicalOp op);
+
+[[nodiscard]] bool IsLogical(const sql::Node& node, sql::LogicalOp op);
+
+/// True for nodes whose value is a truth value whatever the data: comparisons, Like, Between, In, Is Null,
+/// Exists, logical connectives, True and False.
+[[nodiscard]] bool IsPredicate(const sql::Node& node);
+
+/// True when the expression names no field and calls nothing: literals, parameters, macros and what is
+/// computed from them.
+[[nodiscard]] bool IsConstant(const sql::Statement& statement, sql::NodeId id);
+
+/// The first call of an aggregate function inside the expression, or kNoNode.
+[[nodiscard]] sql::NodeId FirstAggregate(const sql::Statement& statement, sql::NodeId id);
+
+/// Keys of the identifiers of a Name or of the qualifier of a Star, from left to right.
+[[nodiscard]] std::vector<std::wstring> NameKeys(const sql::Statement& statement, sql::NodeId id);
+
+}  // namespace tessel::analyse

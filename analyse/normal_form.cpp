@@ -1,0 +1,184 @@
+#include "analyse/normal_form.h"
+
+#include <algorithm>
+
+#include "analyse/from_form.h"
+#include "analyse/nodes.h"
+#include "common/identifiers.h"
+
+namespace tessel::analyse {
+
+namespace {
+
+using sql::Item;
+using sql::NodeId;
+using sql::NodeKind;
+using sql::Statement;
+using Set = std::set<std::wstring>;
+
+NormalForm::SelectItem NormaliseItem(const Statement& statement, const Canonical& canonical,
+                                     const Item& item) {
+    NormalForm::SelectItem result;
+    result.expression = canonical.Expression(item.node);
+    result.alias = IdentifierKey(statement.Slice(item.alias));
+    const NodeId inner = WithoutParens(statement, item.node);
+    if (statement.At(inner).kind == NodeKind::Name) {
+        const std::vector<std::wstring> keys = NameKeys(statement, inner);
+        if (!keys.empty()) result.implied = keys.back();
+    }
+    return result;
+}
+
+bool IsBareStar(const Statement& statement, const Item& item) {
+    const sql::Node& node = statement.At(item.node);
+    return node.kind == NodeKind::Star && node.first_child == sql::kNoNode;
+}
+
+/// The number that an integer literal in ORDER BY stands for, or 0.
+std::size_t Ordinal(const Statement& statement, NodeId key) {
+    const sql::Node& node = statement.At(key);
+    if (node.kind != NodeKind::Number || node.length > 4) return 0;
+    std::size_t value = 0;
+    for (const wchar_t digit : statement.Slice(node.Range())) {
+        if (digit < L'0' || digit > L'9') return 0;
+        value = value * 10 + static_cast<std::size_t>(digit - L'0');
+    }
+    return value;
+}
+
+bool AnyTableMayHave(const StatementScope& scope, const std::wstring& field) {
+    for (int table = 0; table < scope.TableCount(); ++table) {
+        if (scope.HasField(table, field)) return true;
+    }
+    return false;
+}
+
+// An output name that repeats the field's own name changes nothing, and one that the design adds because
+// every column has a caption changes no row. A name that the user gave must stay.
+bool SameOutputName(const NormalForm::SelectItem& original, const NormalForm::SelectItem& composed) {
+    if (original.alias == composed.alias || original.alias.empty()) return true;
+    return composed.alias.empty() && original.alias == original.implied;
+}
+
+// An added name must not catch an unqualified name of the statement, which means a field.
+bool CatchesAName(const NormalForm::SelectItem& original, const NormalForm::SelectItem& composed,
+                  const NormalForm& form) {
+    if (!original.alias.empty() || composed.alias.empty() || composed.alias == original.implied) return false;
+    return form.unqualified.contains(composed.alias);
+}
+
+bool SameSelect(const NormalForm& original, const NormalForm& composed) {
+    if (original.select.size() != composed.select.size() || original.star_order != composed.star_order)
+        return false;
+    for (std::size_t index = 0; index < original.select.size(); ++index) {
+        const NormalForm::SelectItem& before = original.select[index];
+        const NormalForm::SelectItem& after = composed.select[index];
+        if (before.expression != after.expression || !SameOutputName(before, after)) return false;
+        if (CatchesAName(before, after, original)) return false;
+    }
+    return true;
+}
+
+Set Union(const Set& a, const Set& b) {
+    Set result = a;
+    result.insert(b.begin(), b.end());
+    return result;
+}
+
+/// Every condition a row must pass, with WHERE or without it.
+Set RowConditions(const NormalForm& form, bool with_where) {
+    return with_where ? Union(form.join_conditions, form.where) : form.join_conditions;
+}
+
+// Grouping also by a condition that every row passes leaves the groups what they were, as long as there are
+// groups at all: without GROUP BY an empty result still has one row.
+bool SameGroups(const NormalForm& original, const NormalForm& composed) {
+    if (original.grouped != composed.grouped) return false;
+    if (!std::ranges::includes(composed.group, original.group)) return false;
+    const Set conditions = RowConditions(composed, true);
+    return std::ranges::all_of(composed.group, [&](const std::wstring& key) {
+        return original.group.contains(key) || conditions.contains(key);
+    });
+}
+
+}  // namespace
+
+int SelectItemOfSortKey(const StatementScope& scope, const Canonical& canonical, NodeId key) {
+    const Statement& statement = scope.Source();
+    const NodeId inner = WithoutParens(statement, key);
+    if (const std::size_t ordinal = Ordinal(statement, inner); ordinal > 0) {
+        if (ordinal > statement.Columns.size()) return kAmbiguous;
+        for (std::size_t index = 0; index < ordinal; ++index) {
+            if (statement.At(statement.Columns[index].node).kind == NodeKind::Star) return kAmbiguous;
+        }
+        return static_cast<int>(ordinal) - 1;
+    }
+    if (statement.At(inner).kind != NodeKind::Name) return kOwnExpression;
+    const std::vector<std::wstring> keys = NameKeys(statement, inner);
+    if (keys.size() != 1) return kOwnExpression;
+
+    const std::wstring as_field = canonical.Expression(inner);
+    bool is_field = AnyTableMayHave(scope, keys[0]);
+    int by_alias = kOwnExpression;
+    for (std::size_t index = 0; index < statement.Columns.size(); ++index) {
+        const Item& item = statement.Columns[index];
+        const bool same_expression = canonical.Expression(item.node) == as_field;
+        is_field = is_field || same_expression;
+        if (IdentifierKey(statement.Slice(item.alias)) != keys[0] || same_expression) continue;
+        // The alias of the field of that very name is the field.
+        const NodeId aliased = WithoutParens(statement, item.node);
+        const bool is_name = statement.At(aliased).kind == NodeKind::Name;
+        const std::vector<std::wstring> aliased_keys =
+            is_name ? NameKeys(statement, aliased) : std::vector<std::wstring>();
+        const bool field_itself = aliased_keys.size() == 2 && aliased_keys.back() == keys[0];
+        if (by_alias != kOwnExpression) return kAmbiguous;
+        by_alias = static_cast<int>(index);
+        if (field_itself) return by_alias;
+    }
+    if (by_alias != kOwnExpression && is_field) return kAmbiguous;
+    return by_alias;
+}
+
+NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
+    const Statement& statement = scope.Source();
+    NormalForm form;
+    form.distinct = statement.Distinct;
+    form.unqualified = scope.UnqualifiedNames();
+    for (const Item& item : statement.Columns) {
+        form.select.push_back(NormaliseItem(statement, canonical, item));
+        if (!IsBareStar(statement, item) || !form.star_order.empty()) continue;
+        for (int table = 0; table < scope.TableCount(); ++table)
+            form.star_order.push_back(scope.TableKey(table));
+    }
+    FromForm from = NormaliseFrom(scope, canonical);
+    form.from = std::move(from.units);
+    form.join_conditions = std::move(from.conditions);
+    form.where = canonical.Conjuncts(statement.where);
+    form.having = canonical.Conjuncts(statement.having);
+    form.grouped = !statement.GroupItems.empty();
+    for (const Item& item : statement.GroupItems) form.group.insert(canonical.Expression(item.node));
+    std::set<std::wstring> sorted_by;
+    for (const Item& item : statement.OrderItems) {
+        const int column = SelectItemOfSortKey(scope, canonical, item.node);
+        const NodeId node = column < 0 ? item.node : statement.Columns[static_cast<std::size_t>(column)].node;
+        std::wstring expression = canonical.Expression(node);
+        if (!sorted_by.insert(expression).second) continue;
+        form.order.push_back({std::move(expression), item.descending});
+    }
+    return form;
+}
+
+std::optional<Clause> FirstDifference(const NormalForm& original, const NormalForm& composed,
+                                      LeftOut left_out) {
+    if (original.distinct != composed.distinct) return Clause::Distinct;
+    if (original.from != composed.from) return Clause::From;
+    if (RowConditions(original, !left_out.where) != RowConditions(composed, true)) return Clause::Where;
+    if (!SameGroups(original, composed)) return Clause::GroupBy;
+    if (!left_out.having && original.having != composed.having) return Clause::Having;
+    if (left_out.having && !composed.having.empty()) return Clause::Having;
+    if (original.order != composed.order) return Clause::OrderBy;
+    if (!SameSelect(original, composed)) return Clause::Select;
+    return std::nullopt;
+}
+
+}  // namespace tessel::analyse

@@ -1,0 +1,40 @@
+// The entry points of the in-process server.
+#include <windows.h>
+#include <olectl.h>
+
+#include "common/win32/com_object.h"
+#include "component/c_parameter.h"
+#include "component/quillon.h"
+#include "component/registration.h"
+
+using namespace tessel;
+using component::RegistrationScope;
+
+STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* object) {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (clsid == __uuidof(::Quillon)) return win32::GetFactoryOf<component::Quillon>(iid, object);
+    if (clsid == __uuidof(::cParameter)) return win32::GetFactoryOf<component::cParameter>(iid, object);
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+STDAPI DllCanUnloadNow() { return win32::ServerCount::IsIdle() ? S_OK : S_FALSE; }
+
+STDAPI DllRegisterServer() { return component::Register(RegistrationScope::Machine); }
+
+STDAPI DllUnregisterServer() { return component::Unregister(RegistrationScope::Machine); }
+
+/// regsvr32 /n /i:user tesseldsn.dll registers for the current user alone; /i without a text for the machine.
+STDAPI DllInstall(BOOL install, LPCWSTR command_line) {
+    RegistrationScope scope = RegistrationScope::Machine;
+    if (command_line && *command_line) {
+        if (lstrcmpiW(command_line, L"user") != 0) return E_INVALIDARG;
+        scope = RegistrationScope::User;
+    }
+    return install ? component::Register(scope) : component::Unregister(scope);
+}
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(module);
+    return TRUE;
+}

@@ -1,0 +1,186 @@
+#include "component/quillon.h"
+
+#include <atomic>
+
+#include "common/text.h"
+#include "common/win32/dispatch.h"
+#include "component/errors.h"
+#include "component/pointer.h"
+#include "ui/win32/dlg_dsn.h"
+
+namespace tessel::component {
+
+using win32::CallResult;
+using win32::ComPtr;
+using win32::Dispatch;
+using win32::UniqueVariant;
+
+namespace {
+
+constexpr wchar_t kDefaultCaption[] = L"Esquema de base de datos";
+
+/// One step of DesingQry: what fails is skipped, and the next step runs.
+template <class Body>
+void Step(Body&& body) noexcept {
+    try {
+        body();
+    } catch (...) {
+    }
+}
+
+/// The claim on the only designer window of the component.
+class WindowClaim {
+public:
+    WindowClaim() : held_(!taken_.exchange(true)) {}
+    ~WindowClaim() {
+        if (held_) taken_ = false;
+    }
+    WindowClaim(const WindowClaim&) = delete;
+    WindowClaim& operator=(const WindowClaim&) = delete;
+
+    bool IsHeld() const { return held_; }
+
+private:
+    static inline std::atomic<bool> taken_{false};
+    const bool held_;
+};
+
+/// The schema's caption: what the caller gave, else the connection's default database, else a fixed text. A caption
+/// that was filled in is stored into the caller's variable.
+std::wstring FillCaption(IDispatch* connection, BSTR* caption) {
+    std::wstring name(caption ? win32::TextOf(*caption) : std::wstring_view());
+    if (!TrimView(name).empty()) return name;
+    Step([&] {
+        if (const auto database = Dispatch(connection).Get(L"defaultdatabase").Text()) name = *database;
+    });
+    if (TrimView(name).empty()) name = kDefaultCaption;
+    if (caption) win32::ReplaceText(name, caption);
+    return name;
+}
+
+HRESULT RaiseWalkError(const CallResult& failure) {
+    const std::wstring& source = failure.Source();
+    return win32::RaiseError(failure.Code(), __uuidof(::_Quillon), source.empty() ? kQuillonProgId : source,
+                             failure.Message());
+}
+
+/// The `Name` of a parameter, whatever object a host put into the collection.
+CallResult NameOf(const UniqueVariant& element) {
+    const Dispatch parameter(element.Object());
+    if (!parameter) return CallResult(DISP_E_TYPEMISMATCH, {}, ConversionMessage(DISP_E_TYPEMISMATCH));
+    CallResult name = parameter.Get(L"Name");
+    if (name && !name.Text()) return CallResult(DISP_E_TYPEMISMATCH, {}, ConversionMessage(DISP_E_TYPEMISMATCH));
+    return name;
+}
+
+}  // namespace
+
+STDMETHODIMP Quillon::get_CurrentSchema(IDispatch** CurrentSchema) { return current_schema_.CopyTo(CurrentSchema); }
+
+STDMETHODIMP Quillon::putref_CurrentSchema(IDispatch* CurrentSchema) {
+    current_schema_ = ComPtr<IDispatch>(CurrentSchema);
+    return S_OK;
+}
+
+STDMETHODIMP Quillon::get_ParamCol(IDispatch** ParamCol) { return parameters_.CopyTo(ParamCol); }
+
+STDMETHODIMP Quillon::putref_ParamCol(IDispatch* ParamCol) {
+    parameters_ = ComPtr<IDispatch>(ParamCol);
+    return S_OK;
+}
+
+STDMETHODIMP Quillon::DesingQry(IDispatch** ADOCnn, BSTR* sSql, BSTR* CName, BSTR* Result) {
+    if (!Result) return E_POINTER;
+    *Result = nullptr;
+    // The host runs while the window is open, and may drop its references to us and to the connection.
+    const ComPtr<IUnknown> alive(static_cast<::_Quillon*>(this));
+    const HRESULT kept = win32::ReturnText(sSql ? win32::TextOf(*sSql) : std::wstring_view(), Result);
+    if (FAILED(kept)) return kept;
+    Step([&] {
+        const ComPtr<IDispatch> connection(ADOCnn ? *ADOCnn : nullptr);
+        const std::wstring sql(win32::TextOf(*Result));
+        if (const auto accepted = Design(connection.Get(), sql, CName)) win32::ReplaceText(*accepted, Result);
+    });
+    return S_OK;
+}
+
+std::optional<std::wstring> Quillon::Design(IDispatch* connection, const std::wstring& sql, BSTR* caption) {
+    HourglassPointer pointer;
+    Step([] { ProcessPendingMessages(); });
+    const ComPtr<SchemaReader> reader = win32::MakeObject<SchemaReader>();
+    current_schema_ = ComPtr<IDispatch>(reader.Get());
+    bool loaded = false;
+    Step([&] { loaded = reader && reader->LoadSchema(connection); });
+    if (!loaded) return std::nullopt;
+    std::wstring name;
+    Step([&] { name = FillCaption(connection, caption); });
+    return ShowDesigner(connection, sql, reader->Schema(), name, pointer);
+}
+
+std::optional<std::wstring> Quillon::ShowDesigner(IDispatch* connection, const std::wstring& sql,
+                                                  const schema::Schema& schema, const std::wstring& caption,
+                                                  HourglassPointer& pointer) {
+    const WindowClaim claim;
+    if (!claim.IsHeld()) return std::nullopt;
+    std::optional<std::wstring> accepted;
+    {
+        std::unique_ptr<ui::dlgDsn> window;
+        Step([&] { window = std::make_unique<ui::dlgDsn>(static_cast<ui::DesignerOwner*>(this)); });
+        if (!window || !window->IsCreated()) return std::nullopt;
+        Step([&] { window->LoadSchema(&schema, caption); });
+        Step([&] { window->SetConnection(connection); });
+        Step([&] { window->SetResultSQL(sql); });
+        Step([&] {
+            if (!TrimView(sql).empty()) window->SetDsn(sql);
+        });
+        pointer.Restore();
+        Step([&] { window->ShowModal(); });
+        Step([&] {
+            if (window->Accepted()) accepted = window->ResultSQL();
+        });
+    }
+    // Hosts may unload the library as soon as no object is left, without asking first.
+    Step([] { ui::UnregisterWindowClasses(); });
+    return accepted;
+}
+
+STDMETHODIMP Quillon::GetParameter(BSTR* Name, ::_cParameter** Parameter) {
+    if (!Parameter) return E_POINTER;
+    *Parameter = nullptr;
+    if (!parameters_) return S_OK;
+    return win32::Guarded([&]() -> HRESULT {
+        const std::wstring wanted = Folded(Name ? win32::TextOf(*Name) : std::wstring_view());
+        std::optional<CallResult> failure;
+        ComPtr<IDispatch> match;
+        const CallResult walked = win32::WalkCollection(Dispatch(parameters_), [&](const UniqueVariant& element) {
+            CallResult name = NameOf(element);
+            if (!name) {
+                failure = std::move(name);
+                return false;
+            }
+            if (Folded(*name.Text()) != wanted) return true;
+            match = element.Object();
+            return false;
+        });
+        if (failure) return RaiseWalkError(*failure);
+        if (!walked) return RaiseWalkError(walked);
+        if (!match) return S_OK;
+        const ComPtr<::_cParameter> parameter = match.As<::_cParameter>();
+        if (parameter) return parameter.CopyTo(Parameter);
+        return win32::RaiseError(DISP_E_TYPEMISMATCH, __uuidof(::_Quillon), kQuillonProgId,
+                                 ConversionMessage(DISP_E_TYPEMISMATCH));
+    });
+}
+
+std::vector<std::wstring> Quillon::ParameterNames() {
+    std::vector<std::wstring> names;
+    const CallResult walked = win32::WalkCollection(Dispatch(parameters_), [&](const UniqueVariant& element) {
+        if (const auto name = NameOf(element).Text()) names.push_back(*name);
+        return true;
+    });
+    // A collection that fails half way offers what it gave.
+    static_cast<void>(walked);
+    return names;
+}
+
+}  // namespace tessel::component

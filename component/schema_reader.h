@@ -1,0 +1,38 @@
+// SchemaReader, the object that a host finds in Quillon.CurrentSchema: the schema of a connection, filled by
+// LoadSchema. Not creatable and not in the type library; hosts call it by name:
+//
+//   LoadSchema(connection)   reads the schema; true when that worked
+//   Count                    how many tables and views there are
+//   Name(i), Kind(i)         one of them, from 1 to Count: its name as statements write it, and 1 (table) or 2 (view)
+//
+// Inside the component, Schema() gives the window the same data. Fields and relations are read when they are first
+// asked for, so the connection is kept as long as the schema.
+#pragma once
+
+#include <windows.h>
+#include <oaidl.h>
+
+#include "common/win32/com_object.h"
+#include "schema/schema.h"
+
+namespace tessel::component {
+
+class SchemaReader final : public win32::ComObject<IDispatch> {
+public:
+    /// Replaces the contents. False leaves an empty schema.
+    bool LoadSchema(IDispatch* connection);
+    const schema::Schema& Schema() const { return schema_; }
+
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** type) override;
+    STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
+    STDMETHODIMP Invoke(DISPID member, REFIID iid, LCID locale, WORD flags, DISPPARAMS* call, VARIANT* result,
+                        EXCEPINFO* exception, UINT* bad_argument) override;
+
+private:
+    HRESULT InvokeMember(DISPID member, DISPPARAMS& call, VARIANT* result, UINT* bad_argument);
+
+    schema::Schema schema_;
+};
+
+}  // namespace tessel::component

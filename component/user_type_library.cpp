@@ -1,0 +1,83 @@
+#include "component/user_type_library.h"
+
+#include "tessel_h.h"
+
+namespace tessel::component {
+
+const GUID kLibraryId = LIBID_Tessel;
+
+namespace {
+
+constexpr const wchar_t* kPlatform = sizeof(void*) == 8 ? L"win64" : L"win32";
+constexpr wchar_t kVersion[] = L"1.1";
+constexpr wchar_t kLocale[] = L"409";
+constexpr wchar_t kLibraryName[] = L"Tessel 1.1";
+/// The system's marshaller for automation interfaces, which works from the type library.
+constexpr wchar_t kAutomationMarshaller[] = L"{00020424-0000-0000-C000-000000000046}";
+
+struct InterfaceEntry {
+    const GUID& iid;
+    const wchar_t* name;
+};
+
+const InterfaceEntry kInterfaces[] = {
+    {__uuidof(::_Quillon), L"_Quillon"},
+    {__uuidof(::_cParameter), L"_cParameter"},
+};
+
+std::wstring LibraryKey() { return L"Software\\Classes\\TypeLib\\" + GuidText(kLibraryId); }
+std::wstring InterfaceKey(REFGUID iid) { return L"Software\\Classes\\Interface\\" + GuidText(iid); }
+
+HRESULT Write(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
+    const DWORD bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+    return HRESULT_FROM_WIN32(RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), name, REG_SZ, value.c_str(), bytes));
+}
+
+bool Exists(const std::wstring& key) {
+    HKEY opened = nullptr;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return false;
+    RegCloseKey(opened);
+    return true;
+}
+
+HRESULT Delete(const std::wstring& key) {
+    const LSTATUS deleted = RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str());
+    return deleted == ERROR_FILE_NOT_FOUND ? S_OK : HRESULT_FROM_WIN32(deleted);
+}
+
+}  // namespace
+
+std::wstring GuidText(REFGUID guid) {
+    wchar_t text[40];
+    const int length = StringFromGUID2(guid, text, 40);
+    return length > 0 ? std::wstring(text, static_cast<std::size_t>(length) - 1) : std::wstring();
+}
+
+HRESULT RegisterLibraryForUser(const std::wstring& module_path) {
+    const std::wstring version = LibraryKey() + L"\\" + kVersion;
+    const std::wstring folder = module_path.substr(0, module_path.find_last_of(L"\\/") + 1);
+    HRESULT result = Write(version, nullptr, kLibraryName);
+    if (SUCCEEDED(result)) result = Write(version + L"\\FLAGS", nullptr, L"0");
+    if (SUCCEEDED(result)) result = Write(version + L"\\HELPDIR", nullptr, folder);
+    if (SUCCEEDED(result)) result = Write(version + L"\\" + kLocale + L"\\" + kPlatform, nullptr, module_path);
+    for (const InterfaceEntry& entry : kInterfaces) {
+        const std::wstring key = InterfaceKey(entry.iid);
+        if (SUCCEEDED(result)) result = Write(key, nullptr, entry.name);
+        if (SUCCEEDED(result)) result = Write(key + L"\\ProxyStubClsid32", nullptr, kAutomationMarshaller);
+        if (SUCCEEDED(result)) result = Write(key + L"\\TypeLib", nullptr, GuidText(kLibraryId));
+        if (SUCCEEDED(result)) result = Write(key + L"\\TypeLib", L"Version", kVersion);
+    }
+    return result;
+}
+
+HRESULT UnregisterLibraryForUser() {
+    const std::wstring locale = LibraryKey() + L"\\" + kVersion + L"\\" + kLocale;
+    HRESULT result = Delete(locale + L"\\" + kPlatform);
+    if (Exists(locale + L"\\win32") || Exists(locale + L"\\win64")) return result;
+    for (const InterfaceEntry& entry : kInterfaces)
+        if (const HRESULT deleted = Delete(InterfaceKey(entry.iid)); FAILED(deleted)) result = deleted;
+    if (const HRESULT deleted = Delete(LibraryKey()); FAILED(deleted)) result = deleted;
+    return result;
+}
+
+}  // namespace tessel::component

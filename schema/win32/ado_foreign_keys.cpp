@@ -1,0 +1,124 @@
+// The foreign keys of a connection: rows of one column pair each, gathered into keys.
+#include <algorithm>
+
+#include "common/identifiers.h"
+#include "common/text.h"
+#include "schema/win32/ado_schema_source.h"
+
+namespace tessel::schema {
+
+/// One pair of columns of a foreign key.
+struct AdoSchemaSource::KeyRow {
+    std::wstring name;
+    std::wstring schema;
+    std::wstring table;
+    std::wstring column;
+    std::wstring referenced_schema;
+    std::wstring referenced_table;
+    std::wstring referenced_column;
+    long ordinal = 0;
+
+    bool IsSameKey(const KeyRow& other) const {
+        return name == other.name && schema == other.schema && table == other.table &&
+               referenced_schema == other.referenced_schema && referenced_table == other.referenced_table;
+    }
+};
+
+namespace {
+
+/// Asking table by table costs a round trip each; a schema of more tables goes without relations then.
+constexpr std::size_t kMostTablesAskedSingly = 1000;
+
+}  // namespace
+
+std::vector<AdoSchemaSource::KeyRow> AdoSchemaSource::ReadForeignKeyRows() {
+    std::vector<KeyRow> rows;
+    const auto reader = [&](const AdoRows& row) {
+        KeyRow key;
+        key.name = row.Text(L"FK_NAME").value_or(L"");
+        key.schema = row.Text(L"FK_TABLE_SCHEMA").value_or(L"");
+        key.table = row.Text(L"FK_TABLE_NAME").value_or(L"");
+        key.column = row.Text(L"FK_COLUMN_NAME").value_or(L"");
+        key.referenced_schema = row.Text(L"PK_TABLE_SCHEMA").value_or(L"");
+        key.referenced_table = row.Text(L"PK_TABLE_NAME").value_or(L"");
+        key.referenced_column = row.Text(L"PK_COLUMN_NAME").value_or(L"");
+        key.ordinal = row.Number(L"ORDINAL").value_or(1);
+        if (!key.table.empty() && !key.column.empty() && !key.referenced_table.empty()) rows.push_back(std::move(key));
+    };
+    if (catalogue_.ReadRowset(Rowset::ForeignKeys, {}, reader)) return rows;
+    catalogue_.ReadQuery(
+        {L"SELECT CONSTRAINT_NAME AS FK_NAME, TABLE_NAME AS FK_TABLE_NAME, COLUMN_NAME AS FK_COLUMN_NAME,"
+         L" REFERENCED_TABLE_NAME AS PK_TABLE_NAME, REFERENCED_COLUMN_NAME AS PK_COLUMN_NAME,"
+         L" ORDINAL_POSITION AS ORDINAL FROM information_schema.key_column_usage"
+         L" WHERE REFERENCED_TABLE_NAME IS NOT NULL AND TABLE_SCHEMA = DATABASE()"
+         L" ORDER BY TABLE_NAME, CONSTRAINT_NAME, ORDINAL_POSITION",
+         L"SELECT k.CONSTRAINT_NAME AS FK_NAME, k.TABLE_SCHEMA AS FK_TABLE_SCHEMA, k.TABLE_NAME AS FK_TABLE_NAME,"
+         L" k.COLUMN_NAME AS FK_COLUMN_NAME, p.TABLE_SCHEMA AS PK_TABLE_SCHEMA, p.TABLE_NAME AS PK_TABLE_NAME,"
+         L" p.COLUMN_NAME AS PK_COLUMN_NAME, k.ORDINAL_POSITION AS ORDINAL"
+         L" FROM (information_schema.referential_constraints r INNER JOIN information_schema.key_column_usage k"
+         L" ON k.CONSTRAINT_NAME = r.CONSTRAINT_NAME AND k.CONSTRAINT_SCHEMA = r.CONSTRAINT_SCHEMA)"
+         L" INNER JOIN information_schema.key_column_usage p"
+         L" ON p.CONSTRAINT_NAME = r.UNIQUE_CONSTRAINT_NAME AND p.CONSTRAINT_SCHEMA = r.UNIQUE_CONSTRAINT_SCHEMA"
+         L" AND p.ORDINAL_POSITION = k.ORDINAL_POSITION"
+         L" ORDER BY k.TABLE_SCHEMA, k.TABLE_NAME, k.CONSTRAINT_NAME, k.ORDINAL_POSITION",
+         L"SELECT m.name || '_' || f.id AS FK_NAME, m.name AS FK_TABLE_NAME, f.\"from\" AS FK_COLUMN_NAME,"
+         L" f.\"table\" AS PK_TABLE_NAME, f.\"to\" AS PK_COLUMN_NAME, f.seq + 1 AS ORDINAL"
+         L" FROM sqlite_master m INNER JOIN pragma_foreign_key_list(m.name) f"
+         L" WHERE m.type = 'table' ORDER BY m.name, f.id, f.seq"},
+        {}, reader);
+    if (!rows.empty() || order_.size() > kMostTablesAskedSingly) return rows;
+    for (const std::wstring& key : order_) {
+        const CatalogueEntry& entry = entries_.at(key);
+        if (entry.kind != ObjectKind::Table) continue;
+        // A provider that refuses one table refuses all.
+        const Restrictions of_table = {{}, {}, {}, entry.catalogue, entry.schema, entry.name};
+        if (!catalogue_.ReadRowset(Rowset::ForeignKeys, of_table, reader)) break;
+    }
+    return rows;
+}
+
+std::wstring AdoSchemaSource::NameOf(const std::wstring& schema, const std::wstring& name) const {
+    const std::wstring qualified = BracketIfNeeded(schema) + L'.' + BracketIfNeeded(name);
+    if (!schema.empty() && entries_.contains(IdentifierKey(qualified))) return qualified;
+    return BracketIfNeeded(name);
+}
+
+void AdoSchemaSource::CompleteReferences(std::vector<ForeignKey>& keys) {
+    for (ForeignKey& key : keys) {
+        const auto is_empty = [](const std::wstring& field) { return field.empty(); };
+        if (std::none_of(key.referenced_fields.begin(), key.referenced_fields.end(), is_empty)) continue;
+        // A reference that names no column means the primary key.
+        const auto entry = entries_.find(IdentifierKey(key.referenced_table));
+        if (entry == entries_.end()) continue;
+        const std::vector<std::wstring> primary = ReadPrimaryKey(entry->second);
+        if (primary.size() != key.fields.size()) continue;
+        for (std::size_t i = 0; i < primary.size(); ++i) key.referenced_fields[i] = BracketIfNeeded(primary[i]);
+    }
+    std::erase_if(keys, [](const ForeignKey& key) {
+        return std::any_of(key.referenced_fields.begin(), key.referenced_fields.end(),
+                           [](const std::wstring& field) { return field.empty(); });
+    });
+}
+
+Result<std::vector<ForeignKey>> AdoSchemaSource::LoadForeignKeys() {
+    const std::vector<KeyRow> rows = ReadForeignKeyRows();
+    std::vector<ForeignKey> keys;
+    const KeyRow* last = nullptr;
+    for (const KeyRow& row : rows) {
+        // Keys without a name are told apart by their column numbers, which start again.
+        if (!last || !row.IsSameKey(*last) || row.ordinal <= last->ordinal) {
+            ForeignKey& key = keys.emplace_back();
+            key.name = row.name;
+            key.table = NameOf(row.schema, row.table);
+            key.referenced_table = NameOf(row.referenced_schema, row.referenced_table);
+        }
+        keys.back().fields.push_back(BracketIfNeeded(row.column));
+        keys.back().referenced_fields.push_back(row.referenced_column.empty() ? std::wstring()
+                                                                               : BracketIfNeeded(row.referenced_column));
+        last = &row;
+    }
+    CompleteReferences(keys);
+    return keys;
+}
+
+}  // namespace tessel::schema

@@ -1,0 +1,109 @@
+#include "schema/win32/ado_objects.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+#include "common/identifiers.h"
+#include "common/text.h"
+
+namespace tessel::schema {
+
+namespace {
+
+/// The kind of an object by its type word, or nothing for what belongs to the system or is no object.
+std::optional<ObjectKind> KindOf(std::wstring_view type_word) {
+    static constexpr std::array kTables = {L"TABLE",   L"BASE TABLE", L"SYNONYM",      L"ALIAS",
+                                           L"LINK",    L"LINKED",     L"PASS-THROUGH", L"FOREIGN TABLE",
+                                           L"FOREIGN", L"PARTITIONED TABLE"};
+    static constexpr std::array kViews = {L"VIEW", L"MATERIALIZED VIEW"};
+    for (const wchar_t* word : kTables)
+        if (SameName(type_word, word)) return ObjectKind::Table;
+    for (const wchar_t* word : kViews)
+        if (SameName(type_word, word)) return ObjectKind::View;
+    return std::nullopt;
+}
+
+bool IsSystemSchema(const std::wstring& schema) {
+    static constexpr std::array kSystem = {L"information_schema", L"pg_catalog", L"pg_toast",
+                                           L"performance_schema", L"mysql",      L"sys"};
+    return std::any_of(kSystem.begin(), kSystem.end(),
+                       [&](const wchar_t* name) { return SameName(schema, name); });
+}
+
+/// Tables that engines keep among the user's: the Jet engine's own and its temporary ones, and SQLite's.
+bool IsSystemName(const std::wstring& name) {
+    const std::wstring folded = Folded(name);
+    return folded.starts_with(L"msys") || folded.starts_with(L"~") || folded.starts_with(L"sqlite_");
+}
+
+std::optional<CatalogueEntry> EntryOfRow(const AdoRows& row) {
+    CatalogueEntry entry;
+    entry.name = row.Text(L"TABLE_NAME").value_or(L"");
+    entry.schema = row.Text(L"TABLE_SCHEMA").value_or(L"");
+    entry.catalogue = row.Text(L"TABLE_CATALOG").value_or(L"");
+    const auto kind = KindOf(row.Text(L"TABLE_TYPE").value_or(L""));
+    if (!kind || entry.name.empty() || IsSystemName(entry.name) || IsSystemSchema(entry.schema)) return std::nullopt;
+    entry.kind = *kind;
+    // An engine without catalogues fills the column with this word and calls its databases schemas.
+    if (entry.catalogue == L"def") entry.catalogue = std::exchange(entry.schema, std::wstring());
+    return entry;
+}
+
+/// Leaves out other databases of the same server, when the connection tells which one is its own.
+void KeepOwnCatalogue(const win32::Dispatch& connection, std::vector<CatalogueEntry>& entries) {
+    const auto own = connection.Get(L"DefaultDatabase").Text();
+    if (!own || TrimView(*own).empty()) return;
+    const auto is_own = [&](const CatalogueEntry& entry) { return SameName(entry.catalogue, *own); };
+    if (std::none_of(entries.begin(), entries.end(), is_own)) return;
+    std::erase_if(entries,
+                  [&](const CatalogueEntry& entry) { return !entry.catalogue.empty() && !is_own(entry); });
+}
+
+/// True for schemas whose tables need no qualification.
+bool IsDefaultSchema(const std::wstring& schema) {
+    return schema.empty() || SameName(schema, L"dbo") || SameName(schema, L"public") || SameName(schema, L"main");
+}
+
+bool StandsBefore(const NamedEntry& a, const NamedEntry& b) {
+    if (a.entry.kind != b.entry.kind) return a.entry.kind < b.entry.kind;
+    const int order = CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, a.written_name.data(),
+                                     static_cast<int>(a.written_name.size()), b.written_name.data(),
+                                     static_cast<int>(b.written_name.size()));
+    return order == CSTR_LESS_THAN;
+}
+
+}  // namespace
+
+std::optional<std::vector<NamedEntry>> ReadObjects(AdoCatalogue& catalogue) {
+    std::vector<CatalogueEntry> entries;
+    const auto reader = [&](const AdoRows& row) {
+        if (auto entry = EntryOfRow(row)) entries.push_back(std::move(*entry));
+    };
+    bool read = catalogue.ReadRowset(Rowset::Tables, {}, reader);
+    if (entries.empty()) {
+        read |= catalogue.ReadQuery({L"SELECT TABLE_CATALOG, TABLE_SCHEMA, TABLE_NAME, TABLE_TYPE"
+                                     L" FROM information_schema.tables",
+                                     L"SELECT name AS TABLE_NAME, type AS TABLE_TYPE FROM sqlite_master"
+                                     L" WHERE type IN ('table', 'view')"},
+                                    {}, reader);
+    }
+    if (!read) return std::nullopt;
+
+    KeepOwnCatalogue(catalogue.Connection(), entries);
+    std::set<std::wstring> schemas;
+    for (const CatalogueEntry& entry : entries) schemas.insert(Folded(entry.schema));
+    std::set<std::wstring> seen;
+    std::vector<NamedEntry> named;
+    for (CatalogueEntry& entry : entries) {
+        std::wstring name = BracketIfNeeded(entry.name);
+        if (schemas.size() > 1 && !IsDefaultSchema(entry.schema)) name = BracketIfNeeded(entry.schema) + L'.' + name;
+        if (seen.insert(Folded(name)).second) named.push_back({std::move(entry), std::move(name)});
+    }
+    std::stable_sort(named.begin(), named.end(), StandsBefore);
+    return named;
+}
+
+}  // namespace tessel::schema

@@ -1,0 +1,51 @@
+// The rows of a recordset that a provider opened for us, read with distrust: a column may be missing, any call may
+// fail at any row, and the end may never come. Every such thing ends the walk; what was read before stays valid.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "common/win32/dispatch.h"
+
+namespace tessel::schema {
+
+class AdoRows {
+public:
+    /// More rows than any schema has; a provider that never reports its end stops here.
+    static constexpr std::size_t kDefaultLimit = 1'000'000;
+
+    /// Takes the answer of the call that opened the recordset.
+    explicit AdoRows(const win32::CallResult& opened, std::size_t limit = kDefaultLimit);
+    /// Closes the recordset.
+    ~AdoRows();
+    AdoRows(const AdoRows&) = delete;
+    AdoRows& operator=(const AdoRows&) = delete;
+
+    /// The provider gave a recordset. It may still fail at its first row.
+    bool IsOpen() const { return static_cast<bool>(fields_); }
+    /// Moves to the next row, at first to the first one. False at the end.
+    bool Next();
+    /// The walk ended by a failure instead of at the end.
+    bool Failed() const { return failed_; }
+    std::size_t RowsRead() const { return rows_; }
+
+    /// The current row's value of a column; nothing when it is Null, missing or unreadable.
+    std::optional<std::wstring> Text(const wchar_t* column) const;
+    std::optional<long> Number(const wchar_t* column) const;
+    /// "YES" and "NO" count as truth values too.
+    std::optional<bool> Boolean(const wchar_t* column) const;
+
+    const win32::Dispatch& Fields() const { return fields_; }
+
+private:
+    win32::CallResult Value(const wchar_t* column) const;
+
+    win32::Dispatch recordset_;
+    win32::Dispatch fields_;
+    std::size_t limit_;
+    std::size_t rows_ = 0;
+    bool failed_ = false;
+};
+
+}  // namespace tessel::schema

@@ -1,0 +1,180 @@
+// The window behind dlgDsn: creates the controls, lays them out, turns their notifications into the presenter's
+// gestures and shows what the presenter says. It decides nothing about queries.
+//
+//   form
+//     picTop      "Agregar tabla al diagrama", "Ejecutar consulta …", "Ver árbol de sintaxis"
+//     VSplit1     schemaView | strip (sTab, and over it the pages HSR and picSQL)
+//       HSR       dgmTables above picDsn (picCtrs, dxG, lblNo)
+//       picSQL    edtSQL
+//     picBottom   picBtns: "&Aceptar", "&Cancelar", "Ay&uda"
+#pragma once
+
+#include <windows.h>
+#include <oaidl.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/win32/com.h"
+#include "common/win32/handles.h"
+#include "common/win32/modal_loop.h"
+#include "common/win32/window.h"
+#include "controls/browser/win32/schema_browser.h"
+#include "controls/diagram/win32/diagram_view.h"
+#include "controls/editor/win32/sql_editor.h"
+#include "controls/grid/win32/design_grid_view.h"
+#include "controls/splitter/win32/splitter_bar.h"
+#include "ui/designer_presenter.h"
+#include "ui/views.h"
+#include "ui/win32/panel.h"
+#include "ui/win32/reason_label.h"
+
+namespace tessel::ui {
+
+/// The identifiers of the form's controls, fixed so that tests and assistive programs find them.
+enum ControlId : int {
+    kIdAccept = IDOK,
+    kIdCancel = IDCANCEL,
+    kIdSyntaxTree = 101,   // KewlButtons1
+    kIdAddTable = 102,     // KewlButtons2
+    kIdRunQuery = 103,     // KewlButtons3
+    kIdRemoveColumn = 104, // KewlButtons4
+    kIdClearAll = 105,     // KewlButtons5
+    kIdHelp = 108,         // KewlButtons8
+    kIdDistinct = 110,     // ChkDistinct
+    kIdTabs = 120,         // sTab
+    kIdGrid = 121,         // dxG
+    kIdDiagram = 122,      // dgmTables
+    kIdEditor = 123,       // edtSQL
+    kIdBrowser = 124,      // schemaView
+    kIdReason = 125,       // lblNo
+    kIdFocus = 126,        // txtFocus
+    kIdPageSplitter = 130, // HSR
+    kIdMainSplitter = 131, // VSplit1
+    kIdPanel = 140,
+};
+
+class DesignerWindow final : public win32::Window,
+                             private DesignerView,
+                             private EditorView,
+                             private controls::GridEvents,
+                             private controls::DiagramEvents,
+                             private controls::BrowserEvents,
+                             private controls::SqlEditorEvents,
+                             private controls::SplitterEvents,
+                             private ChangeListener {
+public:
+    explicit DesignerWindow(DesignerOwner* owner);
+    ~DesignerWindow() override;
+
+    bool Create();
+    void LoadSchema(const schema::Schema* schema, std::wstring_view caption);
+    void SetConnection(IDispatch* connection) { connection_ = win32::ComPtr<IDispatch>(connection); }
+    bool ShowModal();
+
+    DesignerPresenter& Presenter() { return presenter_; }
+    /// The editor's text as it stands, nothing composed.
+    std::wstring EditorText() const { return editor_.Text(); }
+
+private:
+    // Creation and layout (designer_window_layout.cpp).
+    bool CreateControls();
+    bool CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style, const wchar_t* tip);
+    void AddTip(HWND control, const wchar_t* tip);
+    void ApplyFonts();
+    void CentreOnScreen();
+    void LayoutForm();
+    void LayoutTopButtons();
+    void LayoutBottomButtons();
+    void LayoutStrip();
+    void LayoutDesignPane();
+    void LayoutGridButtons();
+    void LayoutSqlPage();
+    int ButtonWidth(HWND button) const;
+    int Px(int dips) const;
+    int FromTwips(int twips) const;
+    int ToTwips(int pixels) const;
+
+    // Messages (designer_window.cpp).
+    LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+    LRESULT OnCommand(int id, int notification);
+    LRESULT OnNotify(NMHDR* header);
+    bool OnKey(const MSG& message);
+    void OnTabSelected();
+    void MoveToNextPane(bool backwards);
+    void UpdateCommands();
+    void ShowPages();
+    void FocusPage();
+
+    // DesignerView
+    Pointer SetPointer(Pointer pointer) override;
+    void ProcessEvents() override;
+    void FocusNeutral() override;
+    void ShowTab(Tab tab) override;
+    void ShowGrid(bool shown) override;
+    void ShowReason(bool shown) override;
+    void ShowDistinct(bool checked) override;
+    void RedrawDiagram() override;
+    void ShowMessage(std::wstring_view text) override;
+    bool AskYesNo(std::wstring_view text) override;
+    void Hide() override;
+
+    // EditorView
+    std::wstring Text() const override;
+    void SetText(std::wstring_view text) override;
+    void Refresh() override;
+
+    // The controls' gestures
+    void OnGridFocusMoved(model::GridRow row, int column) override;
+    void OnGridCellCommitted(model::GridRow row, int column, std::wstring_view text) override;
+    void OnDiagramFieldChecked(std::wstring_view table, std::wstring_view field, bool checked) override;
+    void OnDiagramRelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
+                                std::wstring_view right_table, std::wstring_view right_field) override;
+    void OnBrowserActivated(const controls::BrowserItem& item) override;
+    void OnSplitterResized(int id) override;
+
+    // ChangeListener: the design grid changed.
+    void OnChanged() override;
+
+    // First, so that it outlives the controls, which show its model.
+    DesignerPresenter presenter_;
+    win32::ComPtr<IDispatch> connection_;
+
+    Panel top_;
+    Panel bottom_;
+    Panel buttons_;  // picBtns
+    Panel strip_;
+    Panel design_pane_;   // picDsn
+    Panel grid_buttons_;  // picCtrs
+    Panel sql_page_;      // picSQL
+    controls::SplitterBar main_splitter_;  // VSplit1
+    controls::SplitterBar page_splitter_;  // HSR
+    controls::SchemaBrowser browser_;      // schemaView
+    controls::DiagramView diagram_;        // dgmTables
+    controls::DesignGridView grid_;        // dxG
+    controls::SqlEditor editor_;           // edtSQL
+    ReasonLabel reason_;                   // lblNo
+    HWND tabs_ = nullptr;
+    HWND tips_ = nullptr;
+    HWND focus_ = nullptr;
+    HWND accept_ = nullptr;
+    HWND cancel_ = nullptr;
+    HWND help_ = nullptr;
+    HWND syntax_tree_ = nullptr;
+    HWND add_table_ = nullptr;
+    HWND run_query_ = nullptr;
+    HWND remove_column_ = nullptr;
+    HWND clear_all_ = nullptr;
+    HWND distinct_ = nullptr;
+
+    win32::UniqueFont font_;
+    int dpi_ = 96;
+    Pointer pointer_ = Pointer::Default;
+    bool done_ = false;
+    bool grid_visible_ = true;
+    win32::DisabledPeers* peers_ = nullptr;
+};
+
+}  // namespace tessel::ui

@@ -1,0 +1,259 @@
+// Creation and layout of the designer window's controls.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "common/win32/dpi.h"
+#include "common/win32/gdi.h"
+#include "common/win32/module.h"
+#include "ui/designer_layout.h"
+#include "ui/dlg_dsn_texts.h"
+#include "ui/win32/designer_window.h"
+
+namespace tessel::ui {
+
+namespace {
+
+// All in dips.
+constexpr int kWindowWidth = 1000;
+constexpr int kWindowHeight = 680;
+constexpr int kTopHeight = 40;
+constexpr int kBottomHeight = 46;
+constexpr int kButtonHeight = 26;
+constexpr int kSmallButtonHeight = 20;
+constexpr int kButtonPadding = 12;  // left and right of a caption
+constexpr int kButtonMinimum = 86;
+constexpr int kMargin = 8;
+constexpr int kGap = 6;
+constexpr int kBrowserWidth = 220;
+constexpr int kDiagramHeight = 250;
+constexpr int kSplitterMinimum = 80;
+constexpr int kCheckMark = 20;  // the box of a check button with its gap
+constexpr int kTwipsPerInch = 1440;
+
+SIZE ClientSize(HWND hwnd) {
+    RECT client{};
+    GetClientRect(hwnd, &client);
+    return {client.right, client.bottom};
+}
+
+void Place(HWND hwnd, int left, int top, int width, int height) {
+    SetWindowPos(hwnd, nullptr, left, top, std::max(width, 0), std::max(height, 0), SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
+int DesignerWindow::Px(int dips) const { return win32::Scale(dips, dpi_); }
+int DesignerWindow::FromTwips(int twips) const { return win32::TwipsToPixels(twips, dpi_); }
+int DesignerWindow::ToTwips(int pixels) const { return MulDiv(pixels, kTwipsPerInch, dpi_); }
+
+bool DesignerWindow::CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style,
+                                  const wchar_t* tip) {
+    button = CreateWindowExW(0, L"BUTTON", caption, WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, 0, 0, 0, 0, parent,
+                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), win32::ThisModule(), nullptr);
+    if (!button) return false;
+    AddTip(button, tip);
+    return true;
+}
+
+void DesignerWindow::AddTip(HWND control, const wchar_t* tip) {
+    TTTOOLINFOW info{};
+    info.cbSize = sizeof info;
+    info.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    info.hwnd = Handle();
+    info.uId = reinterpret_cast<UINT_PTR>(control);
+    info.lpszText = const_cast<wchar_t*>(tip);
+    SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&info));
+}
+
+bool DesignerWindow::CreateControls() {
+    const HINSTANCE module = win32::ThisModule();
+    const HWND form = Handle();
+    INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&classes);
+    tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, CW_USEDEFAULT, 0, 0, 0,
+                            form, nullptr, module, nullptr);
+
+    // In tab order: the commands, the browser, the strip with its page, the dialog buttons.
+    if (!top_.Create(form, form, kIdPanel) ||
+        !CreateButton(add_table_, top_.Handle(), texts::kAddTable, kIdAddTable, 0, texts::kTipAddTable) ||
+        !CreateButton(run_query_, top_.Handle(), texts::kRunQuery, kIdRunQuery, 0, texts::kTipRunQuery) ||
+        !CreateButton(syntax_tree_, top_.Handle(), texts::kSyntaxTree, kIdSyntaxTree, 0, texts::kTipSyntaxTree))
+        return false;
+
+    if (!main_splitter_.Create(form, kIdMainSplitter, controls::Orientation::SideBySide, this) ||
+        !browser_.Create(main_splitter_.Handle(), kIdBrowser, this) ||
+        !strip_.Create(main_splitter_.Handle(), form, kIdPanel))
+        return false;
+    main_splitter_.SetPanes(browser_.Handle(), strip_.Handle());
+    main_splitter_.SetMinimums(kSplitterMinimum, 4 * kSplitterMinimum);
+    main_splitter_.SetPosition(kBrowserWidth);
+
+    tabs_ = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP, 0, 0, 0, 0,
+                            strip_.Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdTabs)), module, nullptr);
+    if (!tabs_) return false;
+    const wchar_t* const captions[] = {texts::kDesignTab, texts::kSqlTab};
+    for (int i = 0; i < 2; ++i) {
+        TCITEMW item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = const_cast<wchar_t*>(captions[i]);
+        SendMessageW(tabs_, TCM_INSERTITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+    }
+
+    if (!page_splitter_.Create(strip_.Handle(), kIdPageSplitter, controls::Orientation::Stacked, this) ||
+        !diagram_.Create(page_splitter_.Handle(), kIdDiagram) ||
+        !design_pane_.Create(page_splitter_.Handle(), form, kIdPanel) ||
+        !grid_buttons_.Create(design_pane_.Handle(), form, kIdPanel) ||
+        !CreateButton(remove_column_, grid_buttons_.Handle(), texts::kRemoveColumn, kIdRemoveColumn, 0,
+                      texts::kTipRemoveColumn) ||
+        !CreateButton(clear_all_, grid_buttons_.Handle(), texts::kClearAll, kIdClearAll, 0, texts::kTipClearAll) ||
+        !CreateButton(distinct_, grid_buttons_.Handle(), texts::kDistinct, kIdDistinct, BS_AUTOCHECKBOX,
+                      texts::kTipDistinct) ||
+        !grid_.Create(design_pane_.Handle(), kIdGrid) ||
+        !reason_.Create(design_pane_.Handle(), kIdReason, texts::kReason) ||
+        !sql_page_.Create(strip_.Handle(), form, kIdPanel, false) ||
+        !editor_.Create(sql_page_.Handle(), kIdEditor, win32::ModuleFolder() + L"SQL.ini", this))
+        return false;
+    page_splitter_.SetPanes(diagram_.Handle(), design_pane_.Handle());
+    page_splitter_.SetMinimums(kSplitterMinimum, kSplitterMinimum);
+    page_splitter_.SetPosition(kDiagramHeight);
+    // lblNo lies under the grid and its buttons.
+    SetWindowPos(reason_.Handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    // The pages lie over the tab strip's body.
+    SetWindowPos(tabs_, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+
+    focus_ = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, -10, -10, 1, 1, form,
+                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdFocus)), module, nullptr);
+
+    if (!bottom_.Create(form, form, kIdPanel) || !buttons_.Create(bottom_.Handle(), form, kIdPanel) ||
+        !CreateButton(accept_, buttons_.Handle(), texts::kAccept, kIdAccept, BS_DEFPUSHBUTTON, texts::kTipAccept) ||
+        !CreateButton(cancel_, buttons_.Handle(), texts::kCancel, kIdCancel, 0, texts::kTipCancel) ||
+        !CreateButton(help_, buttons_.Handle(), texts::kHelp, kIdHelp, 0, texts::kTipHelp))
+        return false;
+
+    for (HWND unavailable : {add_table_, run_query_, syntax_tree_, help_}) EnableWindow(unavailable, FALSE);
+
+    strip_.OnSize([this] { LayoutStrip(); });
+    design_pane_.OnSize([this] { LayoutDesignPane(); });
+    sql_page_.OnSize([this] { LayoutSqlPage(); });
+    ApplyFonts();
+    return true;
+}
+
+void DesignerWindow::ApplyFonts() {
+    win32::UniqueFont font = win32::MessageFont(dpi_);
+    for (HWND control : {add_table_, run_query_, syntax_tree_, tabs_, remove_column_, clear_all_, distinct_, accept_,
+                         cancel_, help_, focus_})
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    reason_.SetFont(font.get());
+    font_ = std::move(font);
+    editor_.OnDpiChanged(dpi_);
+    browser_.OnDpiChanged(dpi_);
+}
+
+void DesignerWindow::CentreOnScreen() {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    RECT work{0, 0, 800, 600};
+    if (GetMonitorInfoW(MonitorFromWindow(GetForegroundWindow(), MONITOR_DEFAULTTOPRIMARY), &monitor))
+        work = monitor.rcWork;
+    const int width = std::min(Px(kWindowWidth), static_cast<int>(work.right - work.left));
+    const int height = std::min(Px(kWindowHeight), static_cast<int>(work.bottom - work.top));
+    SetWindowPos(Handle(), nullptr, work.left + (work.right - work.left - width) / 2,
+                 work.top + (work.bottom - work.top - height) / 2, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void DesignerWindow::LayoutForm() {
+    if (!cancel_) return;
+    const SIZE inner = ClientSize(Handle());
+    const int top = Px(kTopHeight);
+    const int bottom = Px(kBottomHeight);
+    Place(top_.Handle(), 0, 0, inner.cx, top);
+    Place(bottom_.Handle(), 0, inner.cy - bottom, inner.cx, bottom);
+    if (const auto box = SplitterBox(ToTwips(inner.cx), ToTwips(inner.cy), ToTwips(top), ToTwips(bottom)))
+        Place(main_splitter_.Handle(), 0, top, inner.cx, inner.cy - top - bottom);
+    LayoutTopButtons();
+    LayoutBottomButtons();
+    LayoutStrip();
+}
+
+int DesignerWindow::ButtonWidth(HWND button) const {
+    wchar_t caption[128] = L"";
+    GetWindowTextW(button, caption, 128);
+    const HDC dc = GetDC(button);
+    const win32::Selected font(dc, font_.get());
+    RECT text{};
+    DrawTextW(dc, caption, -1, &text, DT_SINGLELINE | DT_CALCRECT);
+    ReleaseDC(button, dc);
+    return text.right - text.left + 2 * Px(kButtonPadding);
+}
+
+void DesignerWindow::LayoutTopButtons() {
+    const int height = Px(kButtonHeight);
+    const int top = (Px(kTopHeight) - height) / 2;
+    int left = Px(kMargin);
+    for (HWND button : {add_table_, run_query_, syntax_tree_}) {
+        const int width = ButtonWidth(button);
+        Place(button, left, top, width, height);
+        left += width + Px(kGap);
+    }
+}
+
+void DesignerWindow::LayoutBottomButtons() {
+    const int height = Px(kButtonHeight);
+    const int top = (Px(kBottomHeight) - height) / 2;
+    int left = 0;
+    for (HWND button : {accept_, cancel_, help_}) {
+        const int width = std::max(ButtonWidth(button), Px(kButtonMinimum));
+        Place(button, left, top, width, height);
+        left += width + Px(kGap);
+    }
+    const int panel_width = left - Px(kGap) + Px(kMargin);
+    const SIZE inner = ClientSize(bottom_.Handle());
+    Place(buttons_.Handle(), FromTwips(ButtonsLeft(ToTwips(inner.cx), ToTwips(panel_width))), 0, panel_width,
+          inner.cy);
+}
+
+void DesignerWindow::LayoutStrip() {
+    if (!cancel_) return;
+    const SIZE strip = ClientSize(strip_.Handle());
+    Place(tabs_, 0, 0, strip.cx, strip.cy);
+    const TwipsSize page = PageSize(ToTwips(strip.cx), ToTwips(strip.cy));
+    for (HWND hwnd : {page_splitter_.Handle(), sql_page_.Handle()}) {
+        const SIZE now = ClientSize(hwnd);
+        Place(hwnd, FromTwips(kPageLeft), FromTwips(kPageTop), page.width ? FromTwips(*page.width) : now.cx,
+              page.height ? FromTwips(*page.height) : now.cy);
+    }
+}
+
+void DesignerWindow::LayoutDesignPane() {
+    if (!cancel_) return;
+    const SIZE pane = ClientSize(design_pane_.Handle());
+    Place(grid_buttons_.Handle(), 0, 0, pane.cx, FromTwips(kGridTop));
+    Place(reason_.Handle(), 0, 0, pane.cx, pane.cy);
+    const TwipsSize size = GridSize(ToTwips(pane.cx), ToTwips(pane.cy));
+    const SIZE now = ClientSize(grid_.Handle());
+    Place(grid_.Handle(), 0, FromTwips(kGridTop), size.width ? FromTwips(*size.width) : now.cx,
+          size.height ? FromTwips(*size.height) : now.cy);
+    LayoutGridButtons();
+}
+
+void DesignerWindow::LayoutGridButtons() {
+    const int height = Px(kSmallButtonHeight);
+    int left = 0;
+    for (HWND button : {remove_column_, clear_all_}) {
+        const int width = ButtonWidth(button);
+        Place(button, left, 0, width, height);
+        left += width + Px(kGap);
+    }
+    Place(distinct_, left + Px(kGap), 0, ButtonWidth(distinct_) + Px(kCheckMark), height);
+}
+
+void DesignerWindow::LayoutSqlPage() {
+    const SIZE page = ClientSize(sql_page_.Handle());
+    Place(editor_.Handle(), 0, 0, page.cx, page.cy);
+}
+
+}  // namespace tessel::ui

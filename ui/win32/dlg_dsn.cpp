@@ -1,0 +1,46 @@
+#include "ui/win32/dlg_dsn.h"
+
+#include "common/win32/activation_context.h"
+#include "common/win32/window.h"
+#include "ui/win32/designer_window.h"
+
+namespace tessel::ui {
+
+// The activation context spans the window's whole life, so that every control of it is a themed one.
+class dlgDsn::Impl {
+public:
+    explicit Impl(DesignerOwner* owner) : window(owner) { window.Create(); }
+
+    win32::ActivationContext context;
+    DesignerWindow window;
+};
+
+dlgDsn::dlgDsn(DesignerOwner* owner) : impl_(std::make_unique<Impl>(owner)) {}
+dlgDsn::~dlgDsn() = default;
+
+bool dlgDsn::IsCreated() const { return impl_->window.IsCreated(); }
+HWND dlgDsn::Handle() const { return impl_->window.Handle(); }
+
+void dlgDsn::LoadSchema(const schema::Schema* schema, std::wstring_view caption) {
+    if (IsCreated()) impl_->window.LoadSchema(schema, caption);
+}
+
+void dlgDsn::SetConnection(IDispatch* connection) { impl_->window.SetConnection(connection); }
+
+void dlgDsn::SetDsn(std::wstring_view sSql) {
+    if (IsCreated()) impl_->window.Presenter().SetDsn(sSql);
+}
+
+bool dlgDsn::ShowModal() { return impl_->window.ShowModal(); }
+
+bool dlgDsn::Accepted() const { return impl_->window.Presenter().Accepted(); }
+std::wstring dlgDsn::ResultSQL() const { return impl_->window.Presenter().ResultSQL(); }
+void dlgDsn::SetResultSQL(std::wstring_view text) { impl_->window.Presenter().SetResultSQL(text); }
+
+void UnregisterWindowClasses() {
+    controls::ReleaseEditorClasses();
+    win32::UnregisterClasses();
+    win32::ActivationContext::ReleaseShared();
+}
+
+}  // namespace tessel::ui
