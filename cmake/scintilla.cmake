@@ -16,9 +16,10 @@ target_include_directories(scintilla PRIVATE ${TESSEL_SCINTILLA_DIR}/src ${TESSE
 # One translation unit a core: apart, the files read the same headers forty times, which is most of the work. The
 # library's own regular expressions are left out, since nothing here searches by them.
 set_target_properties(scintilla PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 24)
-target_compile_definitions(scintilla PRIVATE UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0601 NO_CXX11_REGEX)
+target_compile_definitions(scintilla PRIVATE UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00 NO_CXX11_REGEX)
 # Somebody else's code: its warnings are not ours to mend.
-target_compile_options(scintilla PRIVATE -Os -w -ffunction-sections -fdata-sections)
+target_compile_options(scintilla PRIVATE -Os -w -ffunction-sections -fdata-sections
+  -include ${PROJECT_SOURCE_DIR}/controls/editor/win32/scintilla_prefix.h)
 target_link_libraries(scintilla PUBLIC gdi32 imm32 ole32 oleaut32 uuid user32 advapi32 msimg32)
 
 # The product carries the component's licence; packaging takes it from here.

@@ -1,0 +1,279 @@
+#include "controls/editor/win32/sql_editor.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "common/win32/dpi.h"
+#include "common/win32/module.h"
+#include "controls/editor/editor_text.h"
+#include "controls/editor/win32/editor_looks.h"
+#include "controls/editor/win32/editor_menu.h"
+#include "controls/editor/win32/scintilla_calls.h"
+
+extern "C" int Scintilla_RegisterClasses(void* instance);
+extern "C" int Scintilla_ReleaseResources();
+
+namespace tessel::controls {
+
+namespace {
+
+constexpr UINT_PTR kSubclassId = 1;
+constexpr int kTabWidth = 4;
+constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT of newer headers
+
+bool g_classes_registered = false;
+
+bool IsDown(int key) { return GetKeyState(key) < 0; }
+
+// The component gives these keys editing commands that nobody expects of a text box; Ctrl+L would delete the line.
+constexpr int kKeysWithoutCommand[] = {'D', 'L', 'T', 'U'};
+
+/// A character that a key with Ctrl produces and that is no text.
+bool IsControlCharacter(WPARAM ch) { return ch < 32 || ch == 127; }
+
+}  // namespace
+
+bool RegisterEditorClasses() {
+    if (!g_classes_registered) g_classes_registered = Scintilla_RegisterClasses(win32::ThisModule()) != 0;
+    return g_classes_registered;
+}
+
+void ReleaseEditorClasses() {
+    if (!g_classes_registered) return;
+    Scintilla_ReleaseResources();
+    g_classes_registered = false;
+}
+
+class SqlEditor::Impl {
+public:
+    ~Impl() {
+        if (hwnd_) DestroyWindow(hwnd_);
+    }
+
+    bool Create(HWND parent, int id, const std::wstring& ini_path, SqlEditorEvents* events);
+    void SetOptions();
+    void ApplyDpi(int dpi);
+    void SetText(std::wstring_view text);
+    bool HandleNotify(const SCNotification& notification);
+    static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR, DWORD_PTR data);
+    LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT DialogCode(const MSG* key) const;
+    void MoveFocus(bool back) const;
+    void OnDestroyed();
+
+    HWND hwnd_ = nullptr;
+    ScintillaCalls editor_;
+    ColouringDefinition definition_;
+    SqlEditorEvents* events_ = nullptr;
+    int dpi_ = 96;
+    bool setting_text_ = false;
+};
+
+bool SqlEditor::Impl::Create(HWND parent, int id, const std::wstring& ini_path, SqlEditorEvents* events) {
+    if (hwnd_ || !RegisterEditorClasses()) return false;
+    events_ = events;
+    definition_ = LoadColouring(ini_path);
+    hwnd_ = CreateWindowExW(0, L"Scintilla", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN, 0, 0, 0, 0,
+                            parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), win32::ThisModule(), nullptr);
+    if (!hwnd_) return false;
+    editor_ = ScintillaCalls(hwnd_);
+    if (!editor_ || !SetWindowSubclass(hwnd_, Procedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this))) {
+        DestroyWindow(hwnd_);
+        hwnd_ = nullptr;
+        editor_ = {};
+        return false;
+    }
+    SetOptions();
+    ApplyDpi(win32::DpiOf(hwnd_));
+    return true;
+}
+
+void SqlEditor::Impl::SetOptions() {
+    editor_.Send(SCI_SETCODEPAGE, SC_CP_UTF8);
+    editor_.Send(SCI_SETMODEVENTMASK, SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT);
+    editor_.Send(SCI_SETCOMMANDEVENTS, FALSE);
+    // Enter writes CR LF; line ends that are there, or come by pasting, stay what they are.
+    editor_.Send(SCI_SETEOLMODE, SC_EOL_CRLF);
+    editor_.Send(SCI_SETPASTECONVERTENDINGS, FALSE);
+    editor_.Send(SCI_SETTABWIDTH, kTabWidth);
+    editor_.Send(SCI_SETUSETABS, TRUE);
+    editor_.Send(SCI_SETWRAPMODE, SC_WRAP_NONE);
+    editor_.Send(SCI_SETSCROLLWIDTH, 1);
+    editor_.Send(SCI_SETSCROLLWIDTHTRACKING, TRUE);
+    editor_.Send(SCI_SETMARGINTYPEN, 0, SC_MARGIN_NUMBER);
+    editor_.Send(SCI_SETFONTQUALITY, SC_EFF_QUALITY_LCD_OPTIMIZED);
+    editor_.Send(SCI_USEPOPUP, SC_POPUP_NEVER);
+    for (int key : kKeysWithoutCommand) {
+        editor_.Send(SCI_CLEARCMDKEY, static_cast<uptr_t>(key | (SCMOD_CTRL << 16)));
+        editor_.Send(SCI_CLEARCMDKEY, static_cast<uptr_t>(key | ((SCMOD_CTRL | SCMOD_SHIFT) << 16)));
+    }
+}
+
+// The component sizes its fonts for the dpi of its window by itself; the rest of the way is ours.
+void SqlEditor::Impl::ApplyDpi(int dpi) {
+    dpi_ = dpi;
+    ApplyLooks(editor_, definition_, MulDiv(100, dpi, win32::DpiOf(hwnd_)));
+    DWORD caret_width = 1;
+    SystemParametersInfoW(SPI_GETCARETWIDTH, 0, &caret_width, 0);
+    editor_.Send(SCI_SETCARETWIDTH, static_cast<uptr_t>(std::max(1, win32::Scale(static_cast<int>(caret_width), dpi))));
+    FitNumberMargin(editor_, dpi);
+}
+
+void SqlEditor::Impl::SetText(std::wstring_view text) {
+    const std::string bytes = ToEditorBytes(text);
+    if (editor_.Bytes() == bytes) return;
+    const bool read_only = editor_.Send(SCI_GETREADONLY) != 0;
+    setting_text_ = true;
+    editor_.Send(SCI_SETREADONLY, FALSE);
+    editor_.Send(SCI_BEGINUNDOACTION);
+    editor_.Send(SCI_TARGETWHOLEDOCUMENT);
+    editor_.Send(SCI_REPLACETARGET, bytes.size(), bytes.data());
+    editor_.Send(SCI_ENDUNDOACTION);
+    editor_.Send(SCI_SETREADONLY, read_only);
+    setting_text_ = false;
+    editor_.Send(SCI_SETSCROLLWIDTH, 1);
+    editor_.Send(SCI_SETEMPTYSELECTION, 0);
+    editor_.Send(SCI_SETXOFFSET, 0);
+    editor_.Send(SCI_SETFIRSTVISIBLELINE, 0);
+    editor_.Send(SCI_CHOOSECARETX);
+}
+
+bool SqlEditor::Impl::HandleNotify(const SCNotification& notification) {
+    switch (notification.nmhdr.code) {
+        case SCN_STYLENEEDED: ColourUpTo(editor_, definition_.words, notification.position); break;
+        case SCN_ZOOM: FitNumberMargin(editor_, dpi_); break;
+        case SCN_MODIFIED:
+            if (notification.linesAdded != 0) FitNumberMargin(editor_, dpi_);
+            if (events_ && !setting_text_) events_->OnEditorTextChanged();
+            break;
+        default: break;
+    }
+    return true;
+}
+
+LRESULT CALLBACK SqlEditor::Impl::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
+                                            DWORD_PTR data) {
+    auto* self = reinterpret_cast<Impl*>(data);
+    if (message == WM_NCDESTROY) {
+        self->OnDestroyed();
+        return DefSubclassProc(hwnd, message, wparam, lparam);
+    }
+    try {
+        return self->OnMessage(message, wparam, lparam);
+    } catch (...) {
+        // Exhausted memory: the gesture is lost, the host lives on.
+        return 0;
+    }
+}
+
+LRESULT SqlEditor::Impl::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    switch (message) {
+        case WM_GETDLGCODE: return DialogCode(reinterpret_cast<const MSG*>(lparam));
+        case WM_KEYDOWN:
+            if (wparam == VK_TAB && IsDown(VK_CONTROL)) {
+                MoveFocus(IsDown(VK_SHIFT));
+                return 0;
+            }
+            break;
+        case WM_CHAR:
+            // Ctrl with a key that has no command would write a control character into the statement. Tab and Enter
+            // do their work on the key itself.
+            if (IsControlCharacter(wparam)) return 0;
+            break;
+        case WM_CONTEXTMENU:
+            ShowEditorMenu(hwnd_, editor_, {static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))});
+            return 0;
+        case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE: {
+            const LRESULT result = DefSubclassProc(hwnd_, message, wparam, lparam);
+            ApplyDpi(dpi_);
+            return result;
+        }
+        case kDpiChangedAfterParent: {
+            const LRESULT result = DefSubclassProc(hwnd_, message, wparam, lparam);
+            ApplyDpi(win32::DpiOf(hwnd_));
+            return result;
+        }
+        default: break;
+    }
+    return DefSubclassProc(hwnd_, message, wparam, lparam);
+}
+
+// Every key is the editor's except Esc, which closes the dialog, and those that work with Alt.
+LRESULT SqlEditor::Impl::DialogCode(const MSG* key) const {
+    constexpr LRESULT kText = DLGC_WANTCHARS | DLGC_WANTARROWS;
+    if (!key || (key->message != WM_KEYDOWN && key->message != WM_CHAR)) return kText;
+    return key->wParam == VK_ESCAPE ? kText : kText | DLGC_WANTALLKEYS;
+}
+
+void SqlEditor::Impl::MoveFocus(bool back) const {
+    const HWND next = GetNextDlgTabItem(GetAncestor(hwnd_, GA_ROOT), hwnd_, back);
+    if (next) SetFocus(next);
+}
+
+void SqlEditor::Impl::OnDestroyed() {
+    RemoveWindowSubclass(hwnd_, Procedure, kSubclassId);
+    hwnd_ = nullptr;
+    editor_ = {};
+}
+
+SqlEditor::SqlEditor() : impl_(std::make_unique<Impl>()) {}
+SqlEditor::~SqlEditor() = default;
+
+bool SqlEditor::Create(HWND parent, int id, const std::wstring& ini_path, SqlEditorEvents* events) {
+    return impl_->Create(parent, id, ini_path, events);
+}
+
+HWND SqlEditor::Handle() const { return impl_->hwnd_; }
+
+std::wstring SqlEditor::Text() const { return FromEditorBytes(impl_->editor_.Bytes()); }
+
+void SqlEditor::SetText(std::wstring_view text) {
+    if (impl_->hwnd_) impl_->SetText(text);
+}
+
+void SqlEditor::Refresh() {
+    if (!impl_->hwnd_) return;
+    impl_->editor_.Send(SCI_STARTSTYLING, 0);
+    InvalidateRect(impl_->hwnd_, nullptr, FALSE);
+}
+
+void SqlEditor::SelectRange(TextRange range) {
+    const ScintillaCalls& editor = impl_->editor_;
+    const std::string_view bytes = editor.Bytes();
+    const std::size_t begin = BytesOfUnits(bytes, range.offset);
+    const std::size_t end = begin + BytesOfUnits(bytes.substr(begin), range.length);
+    editor.Send(SCI_SETSEL, begin, static_cast<sptr_t>(end));
+    editor.Send(SCI_SCROLLRANGE, static_cast<uptr_t>(begin), static_cast<sptr_t>(end));
+}
+
+TextRange SqlEditor::Selection() const {
+    const ScintillaCalls& editor = impl_->editor_;
+    const auto begin = static_cast<std::size_t>(editor.Send(SCI_GETSELECTIONSTART));
+    const auto end = static_cast<std::size_t>(editor.Send(SCI_GETSELECTIONEND));
+    const std::string_view bytes = editor.Bytes();
+    return {UnitsInBytes(bytes.substr(0, begin)), UnitsInBytes(bytes.substr(begin, end - begin))};
+}
+
+void SqlEditor::SetReadOnly(bool read_only) { impl_->editor_.Send(SCI_SETREADONLY, read_only); }
+bool SqlEditor::CanUndo() const { return impl_->editor_.Send(SCI_CANUNDO) != 0; }
+bool SqlEditor::CanRedo() const { return impl_->editor_.Send(SCI_CANREDO) != 0; }
+void SqlEditor::Undo() { impl_->editor_.Send(SCI_UNDO); }
+void SqlEditor::Redo() { impl_->editor_.Send(SCI_REDO); }
+
+void SqlEditor::OnDpiChanged(int dpi) {
+    if (impl_->hwnd_ && dpi > 0) impl_->ApplyDpi(dpi);
+}
+
+bool SqlEditor::HandleNotify(NMHDR* header) {
+    if (!header || !impl_->hwnd_ || header->hwndFrom != impl_->hwnd_) return false;
+    try {
+        return impl_->HandleNotify(*reinterpret_cast<const SCNotification*>(header));
+    } catch (...) {
+        // The component's frames lie between here and the next guard, and they are no place for our exceptions.
+        return true;
+    }
+}
+
+}  // namespace tessel::controls
