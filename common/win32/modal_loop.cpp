@@ -2,19 +2,25 @@
 
 namespace tessel::win32 {
 
+namespace {
+
+struct PeerSearch {
+    HWND except;
+    std::vector<HWND>* found;
+};
+
+// A plain function, because a lambda has no stdcall form for 32-bit Windows in every compiler.
+BOOL CALLBACK AddPeer(HWND hwnd, LPARAM lparam) {
+    auto* search = reinterpret_cast<PeerSearch*>(lparam);
+    if (hwnd != search->except && IsWindowVisible(hwnd) && IsWindowEnabled(hwnd)) search->found->push_back(hwnd);
+    return TRUE;
+}
+
+}  // namespace
+
 DisabledPeers::DisabledPeers(HWND except) : active_(GetActiveWindow()), focus_(GetFocus()) {
-    struct Search {
-        HWND except;
-        std::vector<HWND>* found;
-    } search{except, &windows_};
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND hwnd, LPARAM lparam) -> BOOL {
-            auto* s = reinterpret_cast<Search*>(lparam);
-            if (hwnd != s->except && IsWindowVisible(hwnd) && IsWindowEnabled(hwnd)) s->found->push_back(hwnd);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    PeerSearch search{except, &windows_};
+    EnumThreadWindows(GetCurrentThreadId(), AddPeer, reinterpret_cast<LPARAM>(&search));
     for (HWND hwnd : windows_) EnableWindow(hwnd, FALSE);
 }
 
