@@ -1,6 +1,6 @@
 #include "common/win32/dispatch.h"
 
-#include <algorithm>
+#include <dispex.h>
 
 namespace tessel::win32 {
 
@@ -89,6 +89,15 @@ CallResult WalkItems(const Dispatch& collection, const ElementVisitor& visitor) 
     return CallResult(UniqueVariant());
 }
 
+/// The number of a member. Objects of script engines may answer by name only through IDispatchEx (Wine's do).
+HRESULT FindMember(IDispatch* object, const wchar_t* name, DISPID* id) {
+    LPOLESTR names = const_cast<LPOLESTR>(name);
+    const HRESULT found = object->GetIDsOfNames(kNullIid, &names, 1, LOCALE_USER_DEFAULT, id);
+    if (found != E_NOTIMPL) return found;
+    const ComPtr<IDispatchEx> extended = ComPtr<IDispatch>(object).As<IDispatchEx>();
+    return extended ? extended->GetDispID(Bstr(name).Get(), fdexNameCaseInsensitive, id) : found;
+}
+
 }  // namespace
 
 std::optional<std::wstring> CallResult::Text() const noexcept {
@@ -120,8 +129,7 @@ CallResult Dispatch::InvokeName(const wchar_t* name, WORD flags, const UniqueVar
     if (!object_) return CallResult(E_POINTER, {}, {});
     try {
         DISPID id = DISPID_UNKNOWN;
-        LPOLESTR names = const_cast<LPOLESTR>(name);
-        const HRESULT found = object_->GetIDsOfNames(kNullIid, &names, 1, LOCALE_USER_DEFAULT, &id);
+        const HRESULT found = FindMember(object_.Get(), name, &id);
         if (FAILED(found)) return Failure(found, {}, {});
         std::vector<VARIANTARG> reversed;
         reversed.reserve(count);

@@ -67,12 +67,17 @@ bool IsDefaultSchema(const std::wstring& schema) {
     return schema.empty() || SameName(schema, L"dbo") || SameName(schema, L"public") || SameName(schema, L"main");
 }
 
+/// The order of two names for the user's eyes.
+int OrderOf(const std::wstring& a, const std::wstring& b) {
+    return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, a.data(), static_cast<int>(a.size()), b.data(),
+                          static_cast<int>(b.size()));
+}
+
 bool StandsBefore(const NamedEntry& a, const NamedEntry& b) {
     if (a.entry.kind != b.entry.kind) return a.entry.kind < b.entry.kind;
-    const int order = CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, a.written_name.data(),
-                                     static_cast<int>(a.written_name.size()), b.written_name.data(),
-                                     static_cast<int>(b.written_name.size()));
-    return order == CSTR_LESS_THAN;
+    const int by_name = OrderOf(a.entry.name, b.entry.name);
+    return by_name == CSTR_EQUAL ? OrderOf(a.entry.schema, b.entry.schema) == CSTR_LESS_THAN
+                                 : by_name == CSTR_LESS_THAN;
 }
 
 }  // namespace
