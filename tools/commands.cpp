@@ -1,6 +1,7 @@
 #include "tools/commands.h"
 
-#include <fstream>
+#include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <istream>
 #include <iterator>
@@ -37,24 +38,33 @@ struct Streams {
     std::ostream& err;
 };
 
+/// Says why there is no answer, on one line whatever the reason quotes.
 int Refuse(const Streams& streams, int status, std::wstring_view reason) {
-    streams.err << "tesselsql: " << ToUtf8(reason) << '\n';
+    std::string line = ToUtf8(reason);
+    std::ranges::replace_if(line, [](char ch) { return ch == '\r' || ch == '\n'; }, ' ');
+    streams.err << "tesselsql: " << line << '\n';
     return status;
 }
 
 /// The text of the file named by the operand, or of the input.
 Result<std::string> ReadInput(const Options& options, std::istream& in) {
     if (options.operand && *options.operand != "-") return ReadUtf8File(*options.operand);
-    return std::string(std::istreambuf_iterator<char>(in), {});
+    return WithoutByteOrderMark(std::string(std::istreambuf_iterator<char>(in), {}));
 }
 
-/// The text of a helper verb: the operand itself, or the input without its last line break.
+/// The text without the line break that ends its last line.
+std::wstring WithoutLastBreak(std::string text) {
+    if (text.ends_with('\n')) {
+        text.pop_back();
+        if (text.ends_with('\r')) text.pop_back();
+    }
+    return FromUtf8(text);
+}
+
+/// The text of a helper verb: the operand itself, or the input.
 std::wstring HelperText(const Options& options, std::istream& in) {
     if (options.operand) return FromUtf8(*options.operand);
-    std::string text(std::istreambuf_iterator<char>(in), {});
-    if (text.ends_with('\n')) text.pop_back();
-    if (text.ends_with('\r')) text.pop_back();
-    return FromUtf8(text);
+    return WithoutLastBreak(std::string(std::istreambuf_iterator<char>(in), {}));
 }
 
 Result<Json> ParseJson(const std::string& text) {
@@ -81,16 +91,9 @@ std::vector<std::string> SplitBatch(const std::string& text) {
         if (last) break;
         start = end + 1;
     }
-    // A separator at the very end closes the last statement; it does not begin an empty one.
-    if (!current.empty() || statements.empty()) statements.push_back(std::move(current));
+    // A separator at the end closes the last statement; it does not begin an empty one.
+    if (statements.empty() || !IsAllWhiteSpace(FromUtf8(current))) statements.push_back(std::move(current));
     return statements;
-}
-
-/// The statement without the line break that ends its last line.
-std::wstring StatementText(std::string text) {
-    if (text.ends_with('\n')) text.pop_back();
-    if (text.ends_with('\r')) text.pop_back();
-    return FromUtf8(text);
 }
 
 Json AnswerOf(const std::wstring& statement, const Options& options, bool with_sql) {
@@ -118,11 +121,11 @@ int Analyse(const Options& options, const Streams& streams, bool with_sql) {
     const Result<std::string> input = ReadInput(options, streams.in);
     if (!input) return Refuse(streams, kUnusable, input.Reason().message);
     if (!options.batch) {
-        streams.out << AnswerOf(StatementText(*input), options, with_sql).dump() << '\n';
+        streams.out << AnswerOf(WithoutLastBreak(*input), options, with_sql).dump() << '\n';
         return kDone;
     }
     for (std::string& statement : SplitBatch(*input))
-        streams.out << AnswerOf(StatementText(std::move(statement)), options, with_sql).dump() << '\n';
+        streams.out << AnswerOf(WithoutLastBreak(std::move(statement)), options, with_sql).dump() << '\n';
     return kDone;
 }
 
@@ -131,9 +134,11 @@ int Compose(const Options& options, const Streams& streams) {
     if (!input) return Refuse(streams, kUnusable, input.Reason().message);
     const Result<Json> json = ParseJson(*input);
     if (!json) return Refuse(streams, kUnusable, json.Reason().message);
+    // What design and roundtrip print can be given back as it is.
     const Json* design_json = &*json;
     if (design_json->is_object() && design_json->contains("design")) design_json = &(*design_json)["design"];
     model::Design design;
+    design.diagram.Bind(options.schema.get());
     if (const auto error = ReadDesign(*design_json, design)) return Refuse(streams, kUnusable, error->message);
     streams.out << ToUtf8(compose::BuildSQL(design));
     return kDone;
@@ -151,7 +156,7 @@ int Tree(const Options& options, const Streams& streams) {
     const Result<std::string> input = ReadInput(options, streams.in);
     if (!input) return Refuse(streams, kUnusable, input.Reason().message);
     sql::SqlParser parser;
-    if (parser.Parse(StatementText(*input)) || !parser.GetStatement()) {
+    if (parser.Parse(WithoutLastBreak(*input)) || !parser.GetStatement()) {
         const auto& errors = parser.Errors();
         return Refuse(streams, kNoAnswer,
                       errors.empty() ? L"no se pudo analizar la instrucción"
@@ -170,7 +175,10 @@ int Aggregate(const Options& options, const Streams& streams) {
 int StripParens(const Options& options, const Streams& streams) {
     std::wstring text = HelperText(options, streams.in);
     const Result<std::wstring> stripped = StripOuterParens(text);
-    if (!stripped) return Refuse(streams, kNoAnswer, stripped.Reason().message);
+    if (!stripped) {
+        streams.err << ToUtf8(stripped.Reason().message) << '\n';
+        return kNoAnswer;
+    }
     streams.out << ToUtf8(*stripped) << '\n';
     return kDone;
 }
@@ -187,18 +195,22 @@ int Descending(const Options& options, const Streams& streams) {
     return kDone;
 }
 
+/// What a verb takes besides its name.
+enum class Takes { Text, Statement, Design };
+
 struct Verb {
     std::function<int(const Options&, const Streams&)> run;
-    bool takes_batch = false;
-    bool takes_schema = false;
+    Takes takes = Takes::Text;
+    bool batch = false;
 };
 
 const std::map<std::string, Verb>& Verbs() {
     static const std::map<std::string, Verb> kVerbs = {
-        {"compose", {Compose}},
-        {"design", {[](const Options& o, const Streams& s) { return Analyse(o, s, false); }, true, true}},
-        {"roundtrip", {[](const Options& o, const Streams& s) { return Analyse(o, s, true); }, true, true}},
-        {"tree", {Tree, false, true}},
+        {"compose", {Compose, Takes::Design}},
+        {"design", {[](const Options& o, const Streams& s) { return Analyse(o, s, false); }, Takes::Statement, true}},
+        {"roundtrip",
+         {[](const Options& o, const Streams& s) { return Analyse(o, s, true); }, Takes::Statement, true}},
+        {"tree", {Tree, Takes::Statement}},
         {"aggregate", {Aggregate}},
         {"strip-parens", {StripParens}},
         {"ado-class", {AdoClass}},
@@ -207,31 +219,44 @@ const std::map<std::string, Verb>& Verbs() {
     return kVerbs;
 }
 
-/// Reads the arguments into options. Answers why they cannot be used, or nothing.
-std::optional<Error> ReadArguments(const std::vector<std::string>& arguments, Options& options) {
-    options.verb = arguments[0];
-    const auto verb = Verbs().find(options.verb);
-    if (verb == Verbs().end()) return Error{L"verbo desconocido: " + FromUtf8(options.verb)};
+using Arguments = std::vector<std::string>;
+
+std::optional<Error> ReadSchemaFile(const std::string& path, Options& options) {
+    const Result<std::string> text = ReadUtf8File(path);
+    if (!text) return text.Reason();
+    const Result<Json> json = ParseJson(*text);
+    if (!json) return Error{L"el archivo de --schema no es JSON válido"};
+    Result<std::shared_ptr<schema::Schema>> schema = ReadSchema(*json);
+    if (!schema) return schema.Reason();
+    options.schema = *schema;
+    return std::nullopt;
+}
+
+Error Surplus(const std::string& argument) { return {L"sobra un argumento: " + FromUtf8(argument)}; }
+
+/// A helper verb has no options, so that any text can be given to it; "--" may stand before the text.
+std::optional<Error> ReadText(Arguments arguments, Options& options) {
+    if (arguments.size() > 1 && arguments.front() == "--") arguments.erase(arguments.begin());
+    if (arguments.size() > 1) return Surplus(arguments[1]);
+    if (!arguments.empty()) options.operand = arguments.front();
+    return std::nullopt;
+}
+
+std::optional<Error> ReadOptions(const Arguments& arguments, const Verb& verb, Options& options) {
     bool only_operands = false;
-    for (std::size_t i = 1; i < arguments.size(); ++i) {
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
         if (!only_operands && argument == "--") {
             only_operands = true;
-        } else if (!only_operands && argument == "--batch" && verb->second.takes_batch) {
+        } else if (!only_operands && argument == "--batch" && verb.batch) {
             options.batch = true;
-        } else if (!only_operands && argument == "--schema" && verb->second.takes_schema) {
+        } else if (!only_operands && argument == "--schema") {
             if (++i == arguments.size()) return Error{L"falta el archivo de --schema"};
-            const Result<std::string> text = ReadUtf8File(arguments[i]);
-            if (!text) return text.Reason();
-            const Result<Json> json = ParseJson(*text);
-            if (!json) return Error{L"el archivo de --schema no es JSON válido"};
-            Result<std::shared_ptr<schema::Schema>> schema = ReadSchema(*json);
-            if (!schema) return schema.Reason();
-            options.schema = *schema;
+            if (auto error = ReadSchemaFile(arguments[i], options)) return error;
         } else if (!only_operands && argument.starts_with("--")) {
             return Error{L"opción desconocida para " + FromUtf8(options.verb) + L": " + FromUtf8(argument)};
         } else if (options.operand) {
-            return Error{L"sobra un argumento: " + FromUtf8(argument)};
+            return Surplus(argument);
         } else {
             options.operand = argument;
         }
@@ -239,18 +264,39 @@ std::optional<Error> ReadArguments(const std::vector<std::string>& arguments, Op
     return std::nullopt;
 }
 
+/// Options may stand before the verb as well; this moves them behind it.
+Arguments VerbFirst(Arguments arguments) {
+    std::size_t verb = 0;
+    while (verb < arguments.size() && (arguments[verb] == "--batch" || arguments[verb] == "--schema")) {
+        verb += arguments[verb] == "--schema" ? 2 : 1;
+    }
+    if (verb >= arguments.size()) return arguments;
+    std::rotate(arguments.begin(), arguments.begin() + static_cast<std::ptrdiff_t>(verb),
+                arguments.begin() + static_cast<std::ptrdiff_t>(verb) + 1);
+    return arguments;
+}
+
 }  // namespace
 
 int RunCommand(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err) {
     const Streams streams{in, out, err};
-    if (arguments.empty()) return Refuse(streams, kUnusable, L"falta el verbo; vea tesselsql --help");
-    if (arguments[0] == "--help" || arguments[0] == "-h") {
+    Arguments rest = VerbFirst(arguments);
+    if (rest.empty()) return Refuse(streams, kUnusable, L"falta el verbo; vea tesselsql --help");
+    Options options;
+    options.verb = rest.front();
+    rest.erase(rest.begin());
+    if (options.verb == "--help" || options.verb == "-h") {
         out << ToUtf8(kHelpText);
         return kDone;
     }
-    Options options;
-    if (const auto error = ReadArguments(arguments, options)) return Refuse(streams, kUnusable, error->message);
-    return Verbs().at(options.verb).run(options, streams);
+    const auto verb = Verbs().find(options.verb);
+    if (verb == Verbs().end()) {
+        return Refuse(streams, kUnusable, L"verbo desconocido: " + FromUtf8(options.verb) + L"; vea tesselsql --help");
+    }
+    const auto error =
+        verb->second.takes == Takes::Text ? ReadText(rest, options) : ReadOptions(rest, verb->second, options);
+    if (error) return Refuse(streams, kUnusable, error->message);
+    return verb->second.run(options, streams);
 }
 
 }  // namespace tessel::tools

@@ -1,6 +1,7 @@
 #include "tools/design_json.h"
 
 #include <array>
+#include <cstdint>
 #include <utility>
 
 #include "common/identifiers.h"
@@ -82,7 +83,9 @@ std::optional<Error> ReadDiagram(const Json& json, model::Design& design) {
         const auto kind = item.find("JType");
         if (kind != item.end() && !kind->is_null()) {
             if (!kind->is_number_integer()) return Unusable("\"JType\" de una relación no es un entero");
-            relation.info.JType = kind->get<std::int32_t>();
+            const auto value = kind->get<std::int64_t>();
+            if (!std::in_range<std::int32_t>(value)) return Unusable("\"JType\" de una relación no es un entero");
+            relation.info.JType = static_cast<std::int32_t>(value);
         }
         contents.relations.push_back(std::move(relation));
     }

@@ -60,6 +60,16 @@ std::optional<schema::Field> ReadField(const Json& json) {
     return field;
 }
 
+std::wstring Written(const std::wstring& name) { return BracketIfNeeded(Unbracketed(name)); }
+
+/// A table's list of fields: under "fields" or "columns", or none.
+Json FieldList(const Json& table) {
+    for (const char* name : {"fields", "columns"}) {
+        if (const auto list = table.find(name); list != table.end()) return *list;
+    }
+    return Json::array();
+}
+
 std::optional<Error> AddTable(JsonSource& source, const std::wstring& name, int kind, const Json& fields) {
     if (name.empty()) return Error{L"una tabla del esquema no tiene nombre"};
     if (!fields.is_array()) return Error{L"los campos de " + name + L" no son una lista"};
@@ -81,18 +91,25 @@ std::optional<Error> AddTable(JsonSource& source, const std::wstring& name, int 
 std::optional<Error> ReadTables(const Json& json, JsonSource& source) {
     if (json.is_array()) {
         for (const Json& table : json) {
+            if (table.is_string()) {
+                if (auto error = AddTable(source, FromUtf8(table.get_ref<const std::string&>()), 1, Json::array()))
+                    return error;
+                continue;
+            }
             if (!table.is_object()) return Error{L"una tabla del esquema no es un objeto"};
             const auto kind = table.find("kind");
-            const auto fields = table.find("fields");
             if (auto error = AddTable(source, TextOr(table, "name"),
                                       kind != table.end() && kind->is_number_integer() ? kind->get<int>() : 1,
-                                      fields == table.end() ? Json::array() : *fields))
+                                      FieldList(table)))
                 return error;
         }
         return std::nullopt;
     }
-    for (const auto& [name, fields] : json.items())
-        if (auto error = AddTable(source, FromUtf8(name), 1, fields)) return error;
+    for (const auto& [name, table] : json.items()) {
+        if (auto error = AddTable(source, FromUtf8(name), 1, table.is_object() ? FieldList(table) : table)) {
+            return error;
+        }
+    }
     return std::nullopt;
 }
 
@@ -109,10 +126,10 @@ Result<std::shared_ptr<schema::Schema>> ReadSchema(const Json& json) {
             if (!item.is_object()) return Error{L"una relación del esquema no es un objeto"};
             // The left side is the one that is referred to.
             source->foreign_keys.push_back({L"",
-                                            TextOr(item, "RightTable"),
-                                            {TextOr(item, "RightField")},
-                                            TextOr(item, "LeftTable"),
-                                            {TextOr(item, "LeftField")}});
+                                            Written(TextOr(item, "RightTable")),
+                                            {Written(TextOr(item, "RightField"))},
+                                            Written(TextOr(item, "LeftTable")),
+                                            {Written(TextOr(item, "LeftField"))}});
         }
     }
     return std::make_shared<schema::Schema>(std::move(source));

@@ -7,6 +7,8 @@
 
 namespace tessel::tools {
 
+[[nodiscard]] std::string WithoutByteOrderMark(std::string bytes);
+
 /// The file's bytes without a byte-order mark, or why it cannot be read.
 [[nodiscard]] Result<std::string> ReadUtf8File(const std::string& path);
 
