@@ -5,6 +5,8 @@
 #include <array>
 #include <cstdint>
 
+#include "common/identifiers.h"
+
 namespace tessel::sql {
 
 inline constexpr std::uint8_t kWordStart = 1;
@@ -39,25 +41,23 @@ consteval std::array<std::uint8_t, 128> MakeAsciiClasses() {
 
 inline constexpr std::array<std::uint8_t, 128> kAsciiClasses = MakeAsciiClasses();
 
-/// Beyond ASCII everything is a letter except the Unicode spaces, the C1 controls and the typographic quotes, which
-/// word processors put where ' and " were meant.
-constexpr std::uint8_t WideClass(std::uint32_t c) {
+/// Beyond ASCII: the Unicode spaces, and what a bare name may hold.
+inline std::uint8_t WideClass(std::uint32_t c) {
     if (c == 0xA0 || c == 0x1680 || (c >= 0x2000 && c <= 0x200B) || c == 0x2028 || c == 0x2029 || c == 0x202F ||
         c == 0x205F || c == 0x3000 || c == 0xFEFF) {
         return kBlank | kMacroEnd;
     }
-    if (c < 0xA0 || (c >= 0x2018 && c <= 0x201F) || c == 0xFFFD) return 0;
-    return kWordStart | kWordPart;
+    return IsIdentifierStart(static_cast<wchar_t>(c)) ? kWordStart | kWordPart : 0;
 }
 
 }  // namespace detail
 
 /// The class bits of a character.
-constexpr std::uint8_t ClassOf(wchar_t ch) {
+inline std::uint8_t ClassOf(wchar_t ch) {
     const auto c = static_cast<std::uint32_t>(ch);
     return c < 128 ? detail::kAsciiClasses[c] : detail::WideClass(c);
 }
 
-constexpr bool Is(wchar_t ch, std::uint8_t bits) { return (ClassOf(ch) & bits) != 0; }
+inline bool Is(wchar_t ch, std::uint8_t bits) { return (ClassOf(ch) & bits) != 0; }
 
 }  // namespace tessel::sql

@@ -174,7 +174,9 @@ NodeId Grammar::Name() {
             Advance();
             break;
         }
-        if (!IsNamePart(point)) {
+        // "a. FROM t" lacks a name; "a.From" has one.
+        const bool apart = token_.begin != previous_end_ && IsReserved(token_.keyword);
+        if (apart || !IsNamePart(point)) {
             Fail(messages::kExpectedName);
             return kNoNode;
         }

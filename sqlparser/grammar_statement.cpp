@@ -115,6 +115,7 @@ void Grammar::WithClause() {
         statement_->common_tables.push_back(table);
         if (!CloseParen()) return;
     } while (Accept(TokenKind::Comma));
+    statement_->with_range = Since(begin);
     AddBeyond(Beyond::With, begin);
 }
 

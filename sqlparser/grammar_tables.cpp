@@ -59,7 +59,7 @@ int Grammar::TableName() {
 void Grammar::TableNameParts(TableRef& table) {
     const auto is_part = [this](bool first) {
         if (At(TokenKind::Macro) || At(TokenKind::Parameter) || At(TokenKind::Number)) return true;
-        return IsNameToken(token_) || (!first && At(TokenKind::Word));
+        return IsNameToken(token_) || (!first && At(TokenKind::Word) && token_.begin == previous_end_);
     };
     if (!is_part(true)) return Fail(messages::kExpectedTable);
     if (token_.length <= 2 && !At(TokenKind::Word) && IsNameToken(token_)) return Fail(messages::kEmptyName);

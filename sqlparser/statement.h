@@ -159,6 +159,7 @@ public:
     /// statement, but have nodes of their own.
     std::vector<std::unique_ptr<Statement>> nested;
     std::vector<CommonTable> common_tables;
+    TextRange with_range;  ///< WITH … before the select
     /// The operands after the first of a UNION chain, in order; `set_operator` of each is what stands before it.
     std::vector<std::unique_ptr<Statement>> union_operands;
     TextRange set_operator;  ///< of an operand: UNION ALL, …
