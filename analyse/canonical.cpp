@@ -46,6 +46,15 @@ std::wstring Head(const Node& node, std::uint8_t flags) {
     return head;
 }
 
+/// The tests of one argument that answer True or False.
+bool IsTruthFunction(const sql::Statement& statement, const Node& call) {
+    constexpr std::wstring_view kTests[] = {L"isnull", L"isnumeric", L"isdate", L"isempty", L"iserror"};
+    const Node& callee = statement.At(call.first_child);
+    const bool one_argument = callee.next != sql::kNoNode && statement.At(callee.next).next == sql::kNoNode;
+    const std::wstring name = IdentifierKey(statement.Slice(callee.Range()));
+    return one_argument && std::ranges::find(kTests, name) != std::end(kTests);
+}
+
 void AppendIdentifier(const std::wstring& key, wchar_t open, wchar_t close, std::wstring& out) {
     out += open;
     for (const wchar_t ch : key) {
@@ -73,22 +82,34 @@ std::wstring Canonical::Expression(NodeId id) const {
 
 std::wstring Canonical::Condition(NodeId id) const {
     const NodeId inner = WithoutParens(statement_, id);
-    if (IsPredicate(statement_.At(inner))) return Expression(inner);
+    if (IsTruthValue(inner)) return Expression(inner);
     return L"true(" + Expression(inner) + L")";
+}
+
+std::vector<NodeId> Canonical::ConjunctNodes(NodeId id) const {
+    std::vector<NodeId> operands = OperandsOf(statement_, id, LogicalOp::And);
+    const auto others =
+        std::ranges::count_if(operands, [&](NodeId operand) { return !IsTruthValue(operand); });
+    if (operands.size() > 1 && others > 1) operands = {WithoutParens(statement_, id)};
+    return operands;
 }
 
 std::set<std::wstring> Canonical::Conjuncts(NodeId id) const {
     std::set<std::wstring> conjuncts;
     if (id == sql::kNoNode) return conjuncts;
-    for (const NodeId operand : OperandsOf(statement_, id, LogicalOp::And))
-        conjuncts.insert(Condition(operand));
+    for (const NodeId operand : ConjunctNodes(id)) conjuncts.insert(Condition(operand));
     return conjuncts;
 }
 
 bool Canonical::IsTruthValue(NodeId id) const {
     const NodeId inner = WithoutParens(statement_, id);
     const Node& node = statement_.At(inner);
+    if (node.kind == NodeKind::Not || node.kind == NodeKind::Logical) {
+        return std::ranges::all_of(ChildrenOf(statement_, inner),
+                                   [&](NodeId child) { return IsTruthValue(child); });
+    }
     if (IsPredicate(node)) return true;
+    if (node.kind == NodeKind::Call) return IsTruthFunction(statement_, node);
     if (node.kind != NodeKind::Name) return false;
     const int table = scope_.TableOfName(inner);
     const std::vector<std::wstring> keys = NameKeys(statement_, inner);
@@ -221,7 +242,8 @@ void Canonical::AppendLogical(NodeId id, std::wstring& out) const {
     const Node& node = statement_.At(id);
     const auto op = static_cast<LogicalOp>(node.op);
     std::vector<std::wstring> operands;
-    if (op == LogicalOp::And || op == LogicalOp::Or) {
+    const bool any_order = op == LogicalOp::Or || (op == LogicalOp::And && ConjunctNodes(id).size() > 1);
+    if (any_order) {
         for (const NodeId operand : OperandsOf(statement_, id, op)) operands.push_back(Condition(operand));
         std::ranges::sort(operands);
     } else {
@@ -263,11 +285,11 @@ void Canonical::AppendNot(NodeId id, std::wstring& out) const {
             break;
     }
     if (!negated) {
-        out += Condition(inner);
+        Append(inner, out);
         return;
     }
     out += L"not(";
-    out += Condition(inner);
+    Append(inner, out);
     out += L')';
 }
 

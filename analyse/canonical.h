@@ -8,6 +8,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 #include "analyse/statement_scope.h"
 
@@ -22,9 +23,12 @@ public:
     [[nodiscard]] std::wstring Condition(sql::NodeId id) const;
     /// The conditions that must all hold, nothing for kNoNode.
     [[nodiscard]] std::set<std::wstring> Conjuncts(sql::NodeId id) const;
+    /// The same as nodes without their parentheses. Jet's AND works on the bits of numbers, so that it is
+    /// taken apart only when all operands but one are truth values.
+    [[nodiscard]] std::vector<sql::NodeId> ConjunctNodes(sql::NodeId id) const;
 
-    /// True when the value can only be a truth value: a predicate, or a field that the schema says is
-    /// boolean.
+    /// True when the value can only be a truth value: a predicate, connectives of such values, or a field
+    /// that the schema says is boolean.
     [[nodiscard]] bool IsTruthValue(sql::NodeId id) const;
 
 private:

@@ -1,0 +1,141 @@
+#include "analyse/analyse_sql.h"
+
+#include "analyse/canonical.h"
+#include "analyse/columns.h"
+#include "analyse/criteria.h"
+#include "analyse/faithfulness.h"
+#include "analyse/refusal.h"
+#include "analyse/statement_scope.h"
+#include "analyse/tables_and_joins.h"
+#include "model/grid_editing.h"
+#include "sqlparser/sql_parser.h"
+
+namespace tessel::analyse {
+
+namespace {
+
+using sql::Statement;
+
+/// The grid's and the diagram's contents, without the views that listen to the original.
+model::Design CopyOf(const model::Design& design) {
+    model::Design copy;
+    copy.diagram.Bind(design.diagram.BoundSchema());
+    copy.diagram.Restore(design.diagram.Save());
+    copy.grid.SetColumns(design.grid.Columns());
+    copy.grid.LoadColumns();
+    copy.distinct = design.distinct;
+    return copy;
+}
+
+/// Builds the design of one statement, step by step.
+class Rebuild {
+public:
+    Rebuild(const Statement& statement, model::Design& design)
+        : statement_(statement),
+          design_(design),
+          scope_(statement, design.diagram.BoundSchema()),
+          canonical_(scope_) {}
+
+    /// Tables, relations, select list and distinct option: all that a statement with TOP gets.
+    Outcome BuildOutput() {
+        for (const sql::BeyondItem& item : statement_.beyond)
+            return Refusal{item.range, BeyondMessage(item.what)};
+        if (Outcome refusal = CheckTables(scope_)) return refusal;
+        model::ClearGrid(design_);
+        design_.diagram.Reset();
+        const std::vector<std::wstring> table_names = PlaceTables(scope_, design_.diagram);
+        if (Outcome refusal = PlanJoins(scope_, canonical_, table_names, plan_)) return refusal;
+        for (const model::RelInfo& relation : plan_.relations) design_.diagram.AddRelation(relation);
+        columns_.emplace(scope_, canonical_, table_names, design_);
+        design_.distinct = statement_.Distinct;
+        return columns_->AddSelectList();
+    }
+
+    Outcome BuildRest(std::vector<std::wstring>& shown_messages) {
+        if (Outcome refusal = columns_->AddGrouping()) return refusal;
+        if (Outcome refusal = columns_->AddOrdering()) return refusal;
+        if (Outcome refusal = BuildCriteria(shown_messages)) return refusal;
+        if (Outcome refusal = columns_->KeepGroupBy()) return refusal;
+        return CheckFaithful(scope_, canonical_, design_, left_out_);
+    }
+
+private:
+    Outcome BuildCriteria(std::vector<std::wstring>& shown_messages) {
+        CriteriaBuilder where(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Where);
+        const bool has_where = statement_.where != sql::kNoNode;
+        const bool where_fits = has_where && where.CriteriaFit(statement_.where);
+        left_out_.where = has_where && !where_fits;
+        if ((where_fits || !plan_.criteria.empty()) && columns_->IsTotals() && !columns_->HasGroupBy()) {
+            const TextRange place = where_fits ? statement_.where_range : statement_.from_range;
+            return Refusal{place, std::wstring(messages::kTotalsFilter)};
+        }
+        for (const sql::NodeId condition : plan_.criteria) {
+            if (Outcome refusal = where.FillJoinCondition(condition)) return refusal;
+        }
+        if (where_fits) {
+            if (Outcome refusal = where.FillCriteria(statement_.where)) return refusal;
+        }
+        CriteriaBuilder having(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Having);
+        const bool has_having = statement_.having != sql::kNoNode;
+        left_out_.having = has_having && !having.CriteriaFit(statement_.having);
+        if (has_having && !left_out_.having) {
+            if (Outcome refusal = having.FillCriteria(statement_.having)) return refusal;
+        }
+        // One box for both clauses: the text of the later one replaces that of the earlier.
+        if (left_out_.having) {
+            shown_messages.emplace_back(kHavingTooComplex);
+        } else if (left_out_.where) {
+            shown_messages.emplace_back(kWhereTooComplex);
+        }
+        return std::nullopt;
+    }
+
+    const Statement& statement_;
+    model::Design& design_;
+    StatementScope scope_;
+    Canonical canonical_;
+    JoinPlan plan_;
+    std::optional<ColumnBuilder> columns_;
+    LeftOut left_out_;
+};
+
+void Commit(const model::Design& copy, model::Design& design) {
+    design.grid.SetColumns(copy.grid.Columns());
+    design.grid.SetFocus(model::GridRow::Campo, 0);
+    design.diagram.Restore(copy.diagram.Save());
+    design.distinct = copy.distinct;
+}
+
+}  // namespace
+
+Analysis AnalyseSQL(std::wstring_view text, model::Design& design) {
+    Analysis analysis;
+    sql::SqlParser parser;
+    const bool failed = parser.Parse(text);
+    const Statement* statement = parser.GetStatement();
+    if (failed || !statement) {
+        if (!parser.Errors().empty()) analysis.error = parser.Errors().front();
+        return analysis;
+    }
+    analysis.parsed = true;
+
+    model::Design copy = CopyOf(design);
+    Rebuild rebuild(*statement, copy);
+    const auto refuse = [&](const Refusal& refusal) {
+        analysis.messages.clear();
+        analysis.error = MakeDiagnostic(text, refusal.range, refusal.message);
+        return analysis;
+    };
+    if (const Outcome refusal = rebuild.BuildOutput()) return refuse(*refusal);
+    if (statement->top_range.length > 0) {
+        // The design keeps what was read so far, except of a count that means nothing to it.
+        if (statement->Top > 0) Commit(copy, design);
+        return refuse({statement->top_range, std::wstring(messages::kTop)});
+    }
+    if (const Outcome refusal = rebuild.BuildRest(analysis.messages)) return refuse(*refusal);
+    Commit(copy, design);
+    analysis.accepted = true;
+    return analysis;
+}
+
+}  // namespace tessel::analyse

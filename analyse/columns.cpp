@@ -1,0 +1,192 @@
+#include "analyse/columns.h"
+
+#include <algorithm>
+
+#include "analyse/nodes.h"
+#include "common/mdl_global.h"
+#include "common/text.h"
+#include "compose/compose.h"
+#include "model/grid_editing.h"
+
+namespace tessel::analyse {
+
+namespace {
+
+using model::GridRow;
+using sql::Item;
+using sql::NodeId;
+using sql::NodeKind;
+
+constexpr std::wstring_view kGrouped = L"Agrupado por";
+constexpr std::wstring_view kExpression = L"Expresión";
+constexpr std::wstring_view kAscending = L"Ascendente";
+constexpr std::wstring_view kDescending = L"Descendente";
+constexpr std::int16_t kAscendingCode = 1;
+constexpr std::int16_t kDescendingCode = 2;
+
+bool FitsCell(const std::wstring& text) {
+    return Utf16Length(text) <= model::kMaxCellLength;
+}
+
+/// The place of a sort key or of a grouping without what follows the expression.
+TextRange PlaceOf(const sql::Statement& statement, const Item& item) {
+    return statement.At(item.node).Range();
+}
+
+}  // namespace
+
+ColumnBuilder::ColumnBuilder(const StatementScope& scope, const Canonical& canonical,
+                             const std::vector<std::wstring>& table_names, model::Design& design)
+    : scope_(scope),
+      canonical_(canonical),
+      statement_(scope.Source()),
+      design_(design),
+      alias_replacements_(table_names) {
+    for (std::size_t table = 0; table < alias_replacements_.size(); ++table) {
+        if (statement_.Tables[table].alias.length == 0) alias_replacements_[table].clear();
+    }
+    is_totals_ = ComputesTotals();
+}
+
+bool ColumnBuilder::ComputesTotals() const {
+    const auto has_aggregate = [&](const Item& item) {
+        return FirstAggregate(statement_, item.node) != sql::kNoNode;
+    };
+    if (HasGroupBy()) return true;
+    if (std::ranges::any_of(statement_.Columns, has_aggregate)) return true;
+    if (std::ranges::any_of(statement_.OrderItems, has_aggregate)) return true;
+    return statement_.having != sql::kNoNode;
+}
+
+std::wstring ColumnBuilder::CellText(TextRange range) const {
+    return scope_.TextWithTables(range, alias_replacements_);
+}
+
+Outcome ColumnBuilder::Write(GridRow row, int column, const std::wstring& text, TextRange place) {
+    if (design_.grid.SetCell(row, column, text)) return std::nullopt;
+    return Refusal{place, std::wstring(messages::kCellTooLong)};
+}
+
+int ColumnBuilder::FindColumn(const std::wstring& canonical_form) const {
+    const auto found = columns_.find(canonical_form);
+    return found == columns_.end() ? kNoColumn : found->second;
+}
+
+bool ColumnBuilder::HasText(std::wstring_view text) const {
+    return model::FieldCol(design_.grid, TrimView(text)) >= 0;
+}
+
+bool ColumnBuilder::IsGrouped(int column) const {
+    return Cell(GridRow::Agrupacion, column) == kGrouped;
+}
+
+Outcome ColumnBuilder::AddSelectList() {
+    for (const Item& item : statement_.Columns) {
+        if (Outcome refusal = AddSelectItem(item)) return refusal;
+    }
+    return std::nullopt;
+}
+
+Outcome ColumnBuilder::AddSelectItem(const Item& item) {
+    if (select_columns_.size() == static_cast<std::size_t>(model::kGridColumnCount)) {
+        return Refusal{item.range, std::wstring(messages::kTooManyColumns)};
+    }
+    const std::wstring text = CellText(item.expression);
+    const std::wstring alias = statement_.Text(item.alias);
+    if (!FitsCell(text) || !FitsCell(alias)) return Refusal{item.range, std::wstring(messages::kCellTooLong)};
+    if (HasText(text)) {
+        return Refusal{item.range, std::wstring(messages::kExpressionTwice)};
+    }
+    const int column = model::AddField(design_, text, alias, model::kShow);
+    if (column < 0) return Refusal{item.range, std::wstring(messages::kTooManyColumns)};
+    select_columns_.push_back(column);
+    columns_.emplace(canonical_.Expression(item.node), column);
+    return std::nullopt;
+}
+
+Outcome ColumnBuilder::SetColumn(const model::ColInfo& record, const std::wstring& canonical_form,
+                                 TextRange place, int& column) {
+    if (!FitsCell(record.Expresion)) return Refusal{place, std::wstring(messages::kCellTooLong)};
+    if (HasText(record.Expresion)) {
+        return Refusal{place, std::wstring(messages::kExpressionTwice)};
+    }
+    column = model::AddField(design_, record.Expresion, L"", model::kHide);
+    if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
+    columns_.emplace(canonical_form, column);
+    if (!record.GroupBy.empty()) {
+        if (Outcome refusal = Write(GridRow::Agrupacion, column, record.GroupBy, place)) return refusal;
+    }
+    if (record.OrderBy == 0) return std::nullopt;
+    const std::wstring_view direction = record.OrderBy == kDescendingCode ? kDescending : kAscending;
+    return Write(GridRow::Orden, column, std::wstring(direction), place);
+}
+
+Outcome ColumnBuilder::AddGrouping() {
+    for (const Item& item : statement_.GroupItems) {
+        const TextRange place = PlaceOf(statement_, item);
+        if (IsConstant(statement_, item.node)) return Refusal{place, std::wstring(messages::kGroupOrdinal)};
+        const std::wstring form = canonical_.Expression(item.node);
+        int column = FindColumn(form);
+        if (column != kNoColumn) {
+            if (Outcome refusal = Write(GridRow::Agrupacion, column, std::wstring(kGrouped), place))
+                return refusal;
+            continue;
+        }
+        model::ColInfo record;
+        record.Expresion = CellText(item.node);
+        record.GroupBy = kGrouped;
+        if (Outcome refusal = SetColumn(record, form, place, column)) return refusal;
+    }
+    if (!is_totals_) return std::nullopt;
+    for (const int column : select_columns_) {
+        if (IsGrouped(column)) continue;
+        if (Outcome refusal = Write(GridRow::Agrupacion, column, std::wstring(kExpression), {}))
+            return refusal;
+    }
+    return std::nullopt;
+}
+
+Outcome ColumnBuilder::AddOrdering() {
+    int last_column = kNoColumn;
+    for (const Item& item : statement_.OrderItems) {
+        if (Outcome refusal = AddSortKey(item, last_column)) return refusal;
+    }
+    return std::nullopt;
+}
+
+Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
+    const TextRange place = PlaceOf(statement_, item);
+    const int selected = SelectItemOfSortKey(scope_, canonical_, item.node);
+    if (selected == kAmbiguous) return Refusal{place, std::wstring(messages::kAmbiguousOrder)};
+    const NodeId node =
+        selected == kOwnExpression ? item.node : statement_.Columns[static_cast<std::size_t>(selected)].node;
+    const std::wstring form = canonical_.Expression(node);
+    int column =
+        selected == kOwnExpression ? FindColumn(form) : select_columns_[static_cast<std::size_t>(selected)];
+    // Sorting again by the same key changes nothing.
+    if (!sorted_.insert(form).second) return std::nullopt;
+    if (column > last_column) {
+        last_column = column;
+        const std::wstring_view direction = item.descending ? kDescending : kAscending;
+        return Write(GridRow::Orden, column, std::wstring(direction), place);
+    }
+    model::ColInfo record;
+    record.Expresion = CellText(node);
+    if (column != kNoColumn) record.Expresion = L"(" + record.Expresion + L")";
+    record.OrderBy = item.descending ? kDescendingCode : kAscendingCode;
+    if (is_totals_) record.GroupBy = kExpression;
+    if (Outcome refusal = SetColumn(record, form, place, column)) return refusal;
+    last_column = column;
+    return std::nullopt;
+}
+
+Outcome ColumnBuilder::KeepGroupBy() {
+    if (!HasGroupBy() || compose::IsTotalsQuery(compose::ReadDesignColumns(design_.grid)))
+        return std::nullopt;
+    model::ColInfo record;
+    record.Expresion = L"Count(*)";
+    int column = kNoColumn;
+    return SetColumn(record, record.Expresion, PlaceOf(statement_, statement_.GroupItems.front()), column);
+}
+
+}  // namespace tessel::analyse

@@ -1,0 +1,69 @@
+// Select list, GROUP BY and ORDER BY into the grid, and the look-up of columns by what they show.
+//
+// Composition groups by every column that is neither aggregated nor "Expresión", and sorts in the order of
+// the columns. So in a totals query every column that GROUP BY does not name is marked "Expresión", and a
+// sort key whose column stands before that of the key before it gets a hidden column of its own at the end.
+#pragma once
+
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "analyse/canonical.h"
+#include "analyse/refusal.h"
+#include "model/design.h"
+#include "model/records.h"
+
+namespace tessel::analyse {
+
+inline constexpr int kNoColumn = -1;
+
+class ColumnBuilder {
+public:
+    /// Nothing is owned. `table_names` are the diagram's names by index in Statement::Tables.
+    ColumnBuilder(const StatementScope& scope, const Canonical& canonical,
+                  const std::vector<std::wstring>& table_names, model::Design& design);
+
+    [[nodiscard]] Outcome AddSelectList();
+    [[nodiscard]] Outcome AddGrouping();
+    [[nodiscard]] Outcome AddOrdering();
+    /// A query that groups without any aggregate: a hidden count makes composition write GROUP BY.
+    [[nodiscard]] Outcome KeepGroupBy();
+
+    /// True when a column holds that text, so that no other can be added for it.
+    bool HasText(std::wstring_view text) const;
+    /// The column that shows the expression of that canonical form, or kNoColumn.
+    int FindColumn(const std::wstring& canonical_form) const;
+    /// Adds a hidden column from the record; the position is where to point when it cannot be done.
+    [[nodiscard]] Outcome SetColumn(const model::ColInfo& record, const std::wstring& canonical_form,
+                                    TextRange place, int& column);
+
+    /// The statement computes totals: it has GROUP BY, or aggregates outside WHERE.
+    bool IsTotals() const { return is_totals_; }
+    bool HasGroupBy() const { return !statement_.GroupItems.empty(); }
+    bool IsGrouped(int column) const;
+
+    /// The text of a node for a cell, table aliases replaced.
+    std::wstring CellText(sql::NodeId node) const { return CellText(statement_.At(node).Range()); }
+    std::wstring CellText(TextRange range) const;
+    [[nodiscard]] Outcome Write(model::GridRow row, int column, const std::wstring& text, TextRange place);
+    const std::wstring& Cell(model::GridRow row, int column) const { return design_.grid.Cell(row, column); }
+
+private:
+    bool ComputesTotals() const;
+    Outcome AddSelectItem(const sql::Item& item);
+    Outcome AddSortKey(const sql::Item& item, int& last_column);
+
+    const StatementScope& scope_;
+    const Canonical& canonical_;
+    const sql::Statement& statement_;
+    model::Design& design_;
+    std::vector<std::wstring> alias_replacements_;  ///< table names for the tables that have an alias
+    std::unordered_map<std::wstring, int> columns_;
+    std::set<std::wstring> sorted_;    ///< canonical forms of the sort keys so far
+    std::vector<int> select_columns_;  ///< by index in Statement::Columns
+    bool is_totals_ = false;
+};
+
+}  // namespace tessel::analyse

@@ -1,0 +1,323 @@
+#include "analyse/criteria.h"
+
+#include <algorithm>
+
+#include "analyse/nodes.h"
+#include "common/mdl_global.h"
+#include "common/text.h"
+
+namespace tessel::analyse {
+
+namespace {
+
+using model::GridRow;
+using sql::CompareOp;
+using sql::LogicalOp;
+using sql::Node;
+using sql::NodeId;
+using sql::NodeKind;
+
+constexpr std::wstring_view kIsTrue = L"=True";
+constexpr std::wstring_view kIsNotFalse = L"<> False";
+
+std::wstring_view Sign(CompareOp op) {
+    switch (op) {
+        case CompareOp::Equal:
+            return L"=";
+        case CompareOp::NotEqual:
+            return L"<>";
+        case CompareOp::Less:
+            return L"<";
+        case CompareOp::LessEqual:
+            return L"<=";
+        case CompareOp::Greater:
+            return L">";
+        case CompareOp::GreaterEqual:
+            return L">=";
+    }
+    return L"=";
+}
+
+CompareOp Opposite(CompareOp op) {
+    switch (op) {
+        case CompareOp::Equal:
+            return CompareOp::NotEqual;
+        case CompareOp::NotEqual:
+            return CompareOp::Equal;
+        case CompareOp::Less:
+            return CompareOp::GreaterEqual;
+        case CompareOp::LessEqual:
+            return CompareOp::Greater;
+        case CompareOp::Greater:
+            return CompareOp::LessEqual;
+        case CompareOp::GreaterEqual:
+            return CompareOp::Less;
+    }
+    return op;
+}
+
+CompareOp Mirrored(CompareOp op) {
+    switch (op) {
+        case CompareOp::Less:
+            return CompareOp::Greater;
+        case CompareOp::LessEqual:
+            return CompareOp::GreaterEqual;
+        case CompareOp::Greater:
+            return CompareOp::Less;
+        case CompareOp::GreaterEqual:
+            return CompareOp::LessEqual;
+        default:
+            return op;
+    }
+}
+
+/// True when an OR stands among the connectives of the condition, parentheses and NOT passed through.
+bool HasAlternatives(const sql::Statement& statement, NodeId id) {
+    const NodeId inner = WithoutParens(statement, id);
+    const Node& node = statement.At(inner);
+    if (IsLogical(node, LogicalOp::Or)) return true;
+    if (node.kind != NodeKind::Logical && node.kind != NodeKind::Not) return false;
+    return std::ranges::any_of(ChildrenOf(statement, inner),
+                               [&](NodeId child) { return HasAlternatives(statement, child); });
+}
+
+/// The node under any number of NOT and parentheses; `negated` tells whether their number is odd.
+NodeId WithoutNot(const sql::Statement& statement, NodeId id, bool& negated) {
+    NodeId inner = WithoutParens(statement, id);
+    negated = false;
+    while (statement.At(inner).kind == NodeKind::Not) {
+        negated = !negated;
+        inner = WithoutParens(statement, statement.At(inner).first_child);
+    }
+    return inner;
+}
+
+/// True when the text of the expression can stand before a comparison sign without parentheses.
+bool BindsTighterThanComparison(const Node& node) {
+    return !IsPredicate(node) || node.kind == NodeKind::True || node.kind == NodeKind::False;
+}
+
+}  // namespace
+
+bool CriteriaBuilder::CriteriaFit(NodeId root) const {
+    const NodeId inner = WithoutParens(statement_, root);
+    const Node& node = statement_.At(inner);
+    if (IsLogical(node, LogicalOp::Or)) return AlternativesFit(inner);
+    if (node.kind == NodeKind::Logical && !IsLogical(node, LogicalOp::And)) return false;
+    std::set<std::wstring> compared;
+    return GroupFits(inner, compared);
+}
+
+// `compared` holds the expressions of the comparisons that must hold together so far.
+bool CriteriaBuilder::GroupFits(NodeId id, std::set<std::wstring>& compared) const {
+    if (HasAlternatives(statement_, id)) return false;
+    for (const NodeId operand : OperandsOf(statement_, id, LogicalOp::And)) {
+        if (const auto comparison = ReadComparison(operand)) {
+            if (!compared.insert(comparison->form).second) return false;
+            continue;
+        }
+        bool negated = false;
+        const NodeId group = WithoutNot(statement_, operand, negated);
+        if (!IsLogical(statement_.At(group), LogicalOp::And)) continue;
+        std::set<std::wstring> compared_inside;
+        if (!GroupFits(group, compared_inside)) return false;
+    }
+    return true;
+}
+
+bool CriteriaBuilder::AlternativesFit(NodeId id) const {
+    const std::vector<NodeId> alternatives = OperandsOf(statement_, id, LogicalOp::Or);
+    if (alternatives.size() != 2) return false;
+    const std::wstring subject = Subject(alternatives[0]);
+    return !subject.empty() && subject == Subject(alternatives[1]);
+}
+
+// What a predicate is about: the compared expression, or the one that is tested.
+std::wstring CriteriaBuilder::Subject(NodeId predicate) const {
+    if (const auto comparison = ReadComparison(predicate)) return comparison->form;
+    bool negated = false;
+    const NodeId inner = WithoutNot(statement_, predicate, negated);
+    switch (statement_.At(inner).kind) {
+        case NodeKind::Like:
+        case NodeKind::Between:
+        case NodeKind::InList:
+        case NodeKind::InSelect:
+        case NodeKind::IsNull:
+            return canonical_.Expression(statement_.At(inner).first_child);
+        default:
+            return {};
+    }
+}
+
+bool CriteriaBuilder::ColumnStandsRight(NodeId left, NodeId right) const {
+    if (statement_.At(WithoutParens(statement_, right)).kind == NodeKind::Quantified) return false;
+    if (clause_ == Clause::Having) {
+        const bool left_aggregate = FirstAggregate(statement_, left) != sql::kNoNode;
+        return !left_aggregate && FirstAggregate(statement_, right) != sql::kNoNode;
+    }
+    return IsConstant(statement_, left) && !IsConstant(statement_, right);
+}
+
+std::optional<CriteriaBuilder::Comparison> CriteriaBuilder::ReadComparison(NodeId id) const {
+    bool negated = false;
+    const NodeId inner = WithoutNot(statement_, id, negated);
+    const Node& node = statement_.At(inner);
+    if (node.kind != NodeKind::Compare || TestedPredicate(inner) != sql::kNoNode) return std::nullopt;
+    NodeId left = node.first_child;
+    NodeId right = statement_.At(left).next;
+    const bool quantified = statement_.At(WithoutParens(statement_, right)).kind == NodeKind::Quantified;
+    if (negated && quantified) return std::nullopt;
+
+    CompareOp op = static_cast<CompareOp>(node.op);
+    if (ColumnStandsRight(left, right)) {
+        std::swap(left, right);
+        op = Mirrored(op);
+    }
+    if (negated) op = Opposite(op);
+    Comparison comparison;
+    comparison.expression = WithoutParens(statement_, left);
+    comparison.form = canonical_.Expression(left);
+    comparison.sign = Sign(op);
+    comparison.value = right;
+    return comparison;
+}
+
+// "(predicate) = True", which is how composition writes a predicate that is shown whole; kNoNode for anything
+// else.
+NodeId CriteriaBuilder::TestedPredicate(NodeId id) const {
+    const Node& node = statement_.At(id);
+    if (node.kind != NodeKind::Compare || static_cast<CompareOp>(node.op) != CompareOp::Equal)
+        return sql::kNoNode;
+    const NodeId left = WithoutParens(statement_, node.first_child);
+    const NodeId right = WithoutParens(statement_, statement_.At(node.first_child).next);
+    if (statement_.At(right).kind != NodeKind::True) return sql::kNoNode;
+    return IsPredicate(statement_.At(left)) && canonical_.IsTruthValue(left) ? left : sql::kNoNode;
+}
+
+Outcome CriteriaBuilder::FillJoinCondition(NodeId id) {
+    return IsLogical(statement_.At(id), LogicalOp::Or) ? FillWhole(id) : FillPredicate(id);
+}
+
+Outcome CriteriaBuilder::FillCriteria(NodeId root) {
+    const NodeId inner = WithoutParens(statement_, root);
+    if (IsLogical(statement_.At(inner), LogicalOp::Or)) return FillAlternatives(inner);
+    for (const NodeId operand : canonical_.ConjunctNodes(inner)) {
+        if (Outcome refusal = FillPredicate(operand)) return refusal;
+    }
+    return std::nullopt;
+}
+
+Outcome CriteriaBuilder::FillAlternatives(NodeId id) {
+    std::vector<std::wstring> cells;
+    NodeId expression = sql::kNoNode;
+    std::wstring form;
+    const std::vector<NodeId> alternatives = OperandsOf(statement_, id, LogicalOp::Or);
+    for (const NodeId alternative : alternatives) {
+        const auto comparison = ReadComparison(alternative);
+        if (!comparison) return FillWhole(id);
+        if (expression == sql::kNoNode) expression = comparison->expression;
+        form = comparison->form;
+        cells.push_back(CellTextOf(*comparison));
+    }
+    return MayFilter(form) ? AddCells(expression, form, cells, PlaceOf(id)) : FillWhole(id);
+}
+
+Outcome CriteriaBuilder::FillPredicate(NodeId id) {
+    if (const auto comparison = ReadComparison(id)) {
+        if (!MayFilter(comparison->form)) return FillWhole(id);
+        return AddCells(comparison->expression, comparison->form, {CellTextOf(*comparison)}, PlaceOf(id));
+    }
+    bool negated = false;
+    const NodeId compared = WithoutNot(statement_, id, negated);
+    const bool is_comparison = statement_.At(compared).kind == NodeKind::Compare && !negated;
+    const NodeId tested = is_comparison ? TestedPredicate(compared) : sql::kNoNode;
+    if (tested != sql::kNoNode) return FillWhole(tested);
+    return IsPredicate(statement_.At(id)) ? FillWhole(id) : FillBareCondition(id);
+}
+
+// A condition that is only a value. A number that is not zero holds too, although it does not equal True.
+Outcome CriteriaBuilder::FillBareCondition(NodeId id) {
+    const std::wstring form = canonical_.Expression(id);
+    if (!MayFilter(form)) return FillWhole(id);
+    const std::wstring_view cell = canonical_.IsTruthValue(id) ? kIsTrue : kIsNotFalse;
+    return AddCells(id, form, {std::wstring(cell)}, PlaceOf(id));
+}
+
+Outcome CriteriaBuilder::FillWhole(NodeId id) {
+    const NodeId inner = WithoutParens(statement_, id);
+    const bool is_truth = canonical_.IsTruthValue(inner);
+    std::wstring text = ExpressionText(inner);
+    if (!is_truth) {
+        const bool is_predicate = IsPredicate(statement_.At(inner));
+        text = is_predicate ? L"(" + text + L") " : text + L" ";
+        text += kIsNotFalse;
+    }
+    const std::wstring form = canonical_.Condition(inner);
+    int column = UsableColumn(form);
+    if (column == kNoColumn) {
+        if (Outcome refusal = AddColumn(L"(" + text + L")", form, PlaceOf(id), column)) return refusal;
+    }
+    return columns_.Write(GridRow::Condicion, column, std::wstring(kIsTrue), PlaceOf(id));
+}
+
+Outcome CriteriaBuilder::AddCells(NodeId expression, const std::wstring& form,
+                                  const std::vector<std::wstring>& cells, TextRange place) {
+    int column = UsableColumn(form);
+    if (column == kNoColumn) {
+        std::wstring text = ExpressionText(expression);
+        if (!BindsTighterThanComparison(statement_.At(expression))) text = L"(" + text + L")";
+        if (Outcome refusal = AddColumn(std::move(text), form, place, column)) return refusal;
+    }
+    if (Outcome refusal = columns_.Write(GridRow::Condicion, column, cells[0], place)) return refusal;
+    return cells.size() > 1 ? columns_.Write(GridRow::Or, column, cells[1], place) : std::nullopt;
+}
+
+// Whether criteria may stand in a column of that expression: composition groups by it in a totals query, so
+// it must be grouped anyway; and criteria of another condition, which are alternatives there, must not be in
+// it.
+bool CriteriaBuilder::MayFilter(const std::wstring& form) const {
+    const int column = columns_.FindColumn(form);
+    if (column != kNoColumn && !TrimView(columns_.Cell(GridRow::Condicion, column)).empty()) return false;
+    if (clause_ == Clause::Having || !columns_.IsTotals()) return true;
+    return column != kNoColumn && columns_.IsGrouped(column);
+}
+
+/// The column that shows the expression and from which composition writes criteria of this clause, or
+/// kNoColumn.
+int CriteriaBuilder::UsableColumn(const std::wstring& form) const {
+    const int column = columns_.FindColumn(form);
+    if (column == kNoColumn) return kNoColumn;
+    if (clause_ == Clause::Having)
+        return IsAggregate(columns_.Cell(GridRow::Campo, column)) ? column : kNoColumn;
+    return !columns_.IsTotals() || columns_.IsGrouped(column) ? column : kNoColumn;
+}
+
+Outcome CriteriaBuilder::AddColumn(std::wstring text, const std::wstring& form, TextRange place,
+                                   int& column) {
+    if (clause_ == Clause::Having && !IsAggregate(text)) {
+        return Refusal{place, std::wstring(messages::kHavingWithoutAggregate)};
+    }
+    while (columns_.HasText(text)) text = L"(" + text + L")";
+    model::ColInfo record;
+    record.Expresion = std::move(text);
+    return columns_.SetColumn(record, form, place, column);
+}
+
+// The aggregate test of the composition knows an aggregate's name by the sign before it, which may be a blank
+// but not a parenthesis. Where it would overlook the name, a blank in front makes it visible.
+std::wstring CriteriaBuilder::ExpressionText(NodeId id) const {
+    const TextRange range = PlaceOf(id);
+    std::wstring text = columns_.CellText(range);
+    if (clause_ != Clause::Having || IsAggregate(text)) return text;
+    const NodeId aggregate = FirstAggregate(statement_, id);
+    if (aggregate == sql::kNoNode) return text;
+    const std::size_t at = PlaceOf(aggregate).offset;
+    return columns_.CellText({range.offset, at - range.offset}) + L" " +
+           columns_.CellText({at, range.End() - at});
+}
+
+std::wstring CriteriaBuilder::CellTextOf(const Comparison& comparison) const {
+    return std::wstring(comparison.sign) + L" " + columns_.CellText(comparison.value);
+}
+
+}  // namespace tessel::analyse

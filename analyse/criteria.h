@@ -1,0 +1,75 @@
+// WHERE and HAVING into the criteria cells.
+//
+// Composition joins the criteria of one column with OR and the columns with AND, and puts " = " before every
+// cell that does not begin with an operator sign. So a comparison is a cell of its expression's column (">
+// 1000"), and a predicate without a comparison sign is shown whole: as the expression of a hidden column with
+// the criterion
+// "=True". The same is done in a totals query with a filter on an expression that is not grouped, because a
+// column of that expression would be grouped, while the truth of the predicate is the same for all rows that
+// pass.
+#pragma once
+
+#include <optional>
+#include <set>
+#include <string>
+
+#include "analyse/columns.h"
+
+namespace tessel::analyse {
+
+class CriteriaBuilder {
+public:
+    enum class Clause { Where, Having };
+
+    /// Nothing is owned.
+    CriteriaBuilder(const StatementScope& scope, const Canonical& canonical, ColumnBuilder& columns,
+                    Clause clause)
+        : canonical_(canonical), statement_(scope.Source()), columns_(columns), clause_(clause) {}
+
+    /// Whether the condition can be laid out in criteria cells. What does not fit is shown by a message and
+    /// left out: alternatives inside a group or on different columns, more than two of them, two comparisons
+    /// of one column that must both hold, and connectives other than AND and OR.
+    bool CriteriaFit(sql::NodeId root) const;
+
+    /// Lays out a condition of a join, whatever its shape.
+    [[nodiscard]] Outcome FillJoinCondition(sql::NodeId id);
+
+    /// Lays out a condition that fits. A refusal means that it fits by its shape and still cannot be shown.
+    [[nodiscard]] Outcome FillCriteria(sql::NodeId root);
+
+private:
+    /// A comparison as a cell shows it.
+    struct Comparison {
+        sql::NodeId expression = sql::kNoNode;
+        std::wstring form;  ///< canonical form of the expression
+        std::wstring_view sign;
+        sql::NodeId value = sql::kNoNode;
+    };
+
+    bool GroupFits(sql::NodeId id, std::set<std::wstring>& compared) const;
+    bool AlternativesFit(sql::NodeId id) const;
+    std::wstring Subject(sql::NodeId predicate) const;
+    std::optional<Comparison> ReadComparison(sql::NodeId id) const;
+    bool ColumnStandsRight(sql::NodeId left, sql::NodeId right) const;
+    sql::NodeId TestedPredicate(sql::NodeId id) const;
+
+    Outcome FillAlternatives(sql::NodeId id);
+    Outcome FillPredicate(sql::NodeId id);
+    Outcome FillBareCondition(sql::NodeId id);
+    Outcome FillWhole(sql::NodeId id);
+    Outcome AddCells(sql::NodeId expression, const std::wstring& form, const std::vector<std::wstring>& cells,
+                     TextRange place);
+    bool MayFilter(const std::wstring& form) const;
+    int UsableColumn(const std::wstring& form) const;
+    Outcome AddColumn(std::wstring text, const std::wstring& form, TextRange place, int& column);
+    std::wstring ExpressionText(sql::NodeId id) const;
+    std::wstring CellTextOf(const Comparison& comparison) const;
+    TextRange PlaceOf(sql::NodeId id) const { return statement_.At(id).Range(); }
+
+    const Canonical& canonical_;
+    const sql::Statement& statement_;
+    ColumnBuilder& columns_;
+    Clause clause_;
+};
+
+}  // namespace tessel::analyse

@@ -1,0 +1,56 @@
+#include "analyse/faithfulness.h"
+
+#include "analyse/statement_scope.h"
+#include "compose/compose.h"
+#include "sqlparser/sql_parser.h"
+
+namespace tessel::analyse {
+
+namespace {
+
+TextRange RangeOf(const std::vector<sql::Item>& items) {
+    if (items.empty()) return {};
+    const std::size_t begin = items.front().range.offset;
+    return {begin, items.back().range.End() - begin};
+}
+
+TextRange RangeOf(const sql::Statement& statement, Clause clause) {
+    switch (clause) {
+        case Clause::Select:
+            return RangeOf(statement.Columns);
+        case Clause::Distinct:
+            return statement.distinct_range;
+        case Clause::From:
+            return statement.from_range;
+        case Clause::Where:
+            return statement.where != sql::kNoNode ? statement.where_range : statement.from_range;
+        case Clause::GroupBy:
+            return statement.GroupItems.empty() ? RangeOf(statement.Columns) : RangeOf(statement.GroupItems);
+        case Clause::Having:
+            return statement.having_range;
+        case Clause::OrderBy:
+            return RangeOf(statement.OrderItems);
+    }
+    return {};
+}
+
+}  // namespace
+
+Outcome CheckFaithful(const StatementScope& scope, const Canonical& canonical, const model::Design& design,
+                      LeftOut left_out) {
+    const sql::Statement& original = scope.Source();
+    sql::SqlParser parser;
+    const bool failed = parser.Parse(compose::BuildSQL(design));
+    const sql::Statement* composed = parser.GetStatement();
+    if (failed || !composed || !composed->beyond.empty() || composed->Top > 0) {
+        return Refusal{{0, original.source.size()}, std::wstring(messages::kNotReadBack)};
+    }
+    const StatementScope composed_scope(*composed, design.diagram.BoundSchema());
+    const Canonical composed_canonical(composed_scope);
+    const auto difference =
+        FirstDifference(Normalise(scope, canonical), Normalise(composed_scope, composed_canonical), left_out);
+    if (!difference) return std::nullopt;
+    return Refusal{RangeOf(original, *difference), ChangedClauseMessage(*difference)};
+}
+
+}  // namespace tessel::analyse

@@ -1,0 +1,15 @@
+// The last step of every analysis: does the design that was built say what the statement says? It is
+// composed, the text is parsed, and both statements are compared in their normal form (normal_form.h).
+#pragma once
+
+#include "analyse/normal_form.h"
+#include "analyse/refusal.h"
+#include "model/design.h"
+
+namespace tessel::analyse {
+
+/// Refuses a design whose statement differs, pointing at the clause of the original in which it does.
+[[nodiscard]] Outcome CheckFaithful(const StatementScope& scope, const Canonical& canonical,
+                                    const model::Design& design, LeftOut left_out);
+
+}  // namespace tessel::analyse

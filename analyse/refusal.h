@@ -1,0 +1,58 @@
+// Why a statement cannot be shown as a design: the sentences, and what the steps of the analysis hand to each
+// other.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "analyse/normal_form.h"
+#include "common/diagnostic.h"
+#include "sqlparser/statement.h"
+
+namespace tessel::analyse {
+
+struct Refusal {
+    TextRange range;  ///< the construct in the statement's text
+    std::wstring message;
+};
+
+/// What a step answers: nothing when it went well.
+using Outcome = std::optional<Refusal>;
+
+[[nodiscard]] std::wstring BeyondMessage(sql::Beyond what);
+[[nodiscard]] std::wstring ChangedClauseMessage(Clause clause);
+
+namespace messages {
+
+inline constexpr std::wstring_view kTop = L"El diseño no puede mostrar la cláusula TOP.";
+inline constexpr std::wstring_view kNoTables = L"El diseño necesita al menos una tabla en FROM.";
+inline constexpr std::wstring_view kTooManyTables = L"El diseño no puede mostrar más de 256 tablas.";
+inline constexpr std::wstring_view kQualifiedTable =
+    L"El diseño no puede mostrar una tabla con el nombre de su base de datos o de su propietario.";
+inline constexpr std::wstring_view kTableTwice =
+    L"El diseño no puede mostrar dos veces la misma tabla (combinación de una tabla consigo misma).";
+inline constexpr std::wstring_view kJoinCondition =
+    L"El diseño solo puede mostrar combinaciones sobre la igualdad entre un campo de cada tabla.";
+inline constexpr std::wstring_view kJoinCriteria =
+    L"El diseño no puede mostrar condiciones adicionales en esta combinación, porque depende de una externa.";
+inline constexpr std::wstring_view kJoinNesting =
+    L"El diseño no puede mostrar este anidamiento de combinaciones externas.";
+inline constexpr std::wstring_view kTooManyColumns = L"El diseño no puede mostrar más de 60 columnas.";
+inline constexpr std::wstring_view kCellTooLong =
+    L"El texto no cabe en una celda del diseño, que admite hasta 255 caracteres.";
+inline constexpr std::wstring_view kExpressionTwice =
+    L"El diseño no puede mostrar dos veces la misma expresión en la lista de selección.";
+inline constexpr std::wstring_view kGroupOrdinal =
+    L"El diseño no puede mostrar una agrupación por número de columna o por una constante.";
+inline constexpr std::wstring_view kAmbiguousOrder =
+    L"No está claro a qué columna se refiere esta ordenación; el diseño no puede mostrarla.";
+inline constexpr std::wstring_view kTotalsFilter =
+    L"El diseño no puede filtrar filas en una consulta de totales sin GROUP BY, porque agruparía por el "
+    L"filtro.";
+inline constexpr std::wstring_view kHavingWithoutAggregate =
+    L"El diseño solo puede mostrar en HAVING condiciones sobre Sum, Count, Avg, Min o Max.";
+inline constexpr std::wstring_view kNotReadBack =
+    L"El diseño no puede mostrar la instrucción: el texto compuesto a partir de él no se puede analizar.";
+
+}  // namespace messages
+}  // namespace tessel::analyse

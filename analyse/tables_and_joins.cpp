@@ -1,0 +1,75 @@
+#include "analyse/tables_and_joins.h"
+
+#include <algorithm>
+#include <set>
+
+#include "analyse/join_planner.h"
+#include "common/identifiers.h"
+
+namespace tessel::analyse {
+
+namespace {
+
+using sql::Statement;
+using sql::TableRef;
+
+constexpr std::size_t kMostTables = 256;
+
+}  // namespace
+
+Outcome CheckTables(const StatementScope& scope) {
+    const Statement& statement = scope.Source();
+    if (statement.Tables.empty()) return Refusal{{0, 0}, std::wstring(messages::kNoTables)};
+    if (statement.Tables.size() > kMostTables) {
+        return Refusal{statement.Tables[kMostTables].range, std::wstring(messages::kTooManyTables)};
+    }
+    std::set<std::wstring> keys;
+    for (const TableRef& table : statement.Tables) {
+        if (table.database.length > 0 || table.owner.length > 0) {
+            return Refusal{table.range, std::wstring(messages::kQualifiedTable)};
+        }
+        if (!keys.insert(IdentifierKey(statement.Slice(table.name))).second) {
+            return Refusal{table.range, std::wstring(messages::kTableTwice)};
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<std::wstring> PlaceTables(const StatementScope& scope, model::Diagram& diagram) {
+    const Statement& statement = scope.Source();
+    std::vector<std::wstring> gone;
+    for (const model::DiagramTable& table : diagram.Tables()) {
+        const bool named = std::ranges::any_of(statement.Tables, [&](const TableRef& reference) {
+            return SameIdentifier(statement.Slice(reference.name), table.name);
+        });
+        if (!named) gone.push_back(table.name);
+    }
+    for (const std::wstring& name : gone) diagram.RemoveTable(name);
+    for (const TableRef& table : statement.Tables) diagram.AddTable(statement.Slice(table.name), true);
+
+    // The order of FROM, whatever was on the diagram before: "*" takes its columns from it.
+    model::Diagram::Contents contents = diagram.Save();
+    std::vector<model::DiagramTable> ordered;
+    std::vector<std::wstring> names;
+    for (const TableRef& table : statement.Tables) {
+        const model::DiagramTable* shown = diagram.FindTable(statement.Slice(table.name));
+        if (!shown) continue;
+        ordered.push_back(*shown);
+        names.push_back(shown->name);
+    }
+    contents.tables = std::move(ordered);
+    diagram.Restore(std::move(contents));
+    return names;
+}
+
+Outcome PlanJoins(StatementScope& scope, const Canonical& canonical,
+                  const std::vector<std::wstring>& table_names, JoinPlan& plan) {
+    JoinPlanner planner(scope, canonical, table_names);
+    for (const sql::JoinGroup& group : scope.Source().JoinGroups) {
+        if (group.root < 0) continue;
+        if (Outcome refusal = planner.Plan(group.root, plan)) return refusal;
+    }
+    return std::nullopt;
+}
+
+}  // namespace tessel::analyse
