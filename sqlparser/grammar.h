@@ -171,10 +171,18 @@ private:
         int first = 0;
         int stop = 0;
     };
+    /// The tables that a qualifier names among the left and among the right operand's; -1 for none.
+    struct Sides {
+        int left = -1;
+        int right = -1;
+        bool OnlyLeft() const { return left >= 0 && right < 0; }
+        bool OnlyRight() const { return right >= 0 && left < 0; }
+    };
     Join ResolveJoin(const FromNode& node) const;
     NodeId SingleEquality(NodeId on) const;
     FieldRef FieldOf(NodeId name) const;
-    int TableNamed(TextRange qualifier, TableSpan span) const;
+    Sides SidesOf(TextRange qualifier, TableSpan left, TableSpan right) const;
+    int TableNamed(std::wstring_view wanted, TableSpan span, bool hidden) const;
     void FindTables(NodeId on, TableSpan left, TableSpan right, Join& join) const;
 
     // grammar_expression.cpp

@@ -1,4 +1,7 @@
 // Which tables a join's condition joins, and by which fields.
+#include <algorithm>
+#include <utility>
+
 #include "common/text.h"
 #include "sqlparser/grammar.h"
 
@@ -38,20 +41,21 @@ Join Grammar::ResolveJoin(const FromNode& node) const {
         const NodeId first = statement_->nodes[equality].first_child;
         FieldRef a = FieldOf(first);
         FieldRef b = FieldOf(statement_->nodes[first].next);
-        const int a_left = TableNamed(a.table, left_span);
-        const int b_left = TableNamed(b.table, left_span);
-        const int a_right = TableNamed(a.table, right_span);
-        const int b_right = TableNamed(b.table, right_span);
-        const bool straight = a_left >= 0 || b_right >= 0;
-        const bool mirrored = b_left >= 0 || a_right >= 0;
-        if (mirrored && !straight) std::swap(a, b);
-        const bool one_sided = (a_left >= 0 && b_left >= 0 && b_right < 0) ||
-                               (a_right >= 0 && b_right >= 0 && a_left < 0);
-        if (!one_sided) {
+        Sides a_sides = SidesOf(a.table, left_span, right_span);
+        Sides b_sides = SidesOf(b.table, left_span, right_span);
+        const bool straight = a_sides.left >= 0 || b_sides.right >= 0;
+        const bool mirrored = b_sides.left >= 0 || a_sides.right >= 0;
+        if (mirrored && !straight) {
+            std::swap(a, b);
+            std::swap(a_sides, b_sides);
+        }
+        // Two fields of the same side join nothing.
+        const bool same_side = (a_sides.OnlyLeft() && b_sides.OnlyLeft()) || (a_sides.OnlyRight() && b_sides.OnlyRight());
+        if (!same_side) {
             join.left_field = a;
             join.right_field = b;
-            join.left_table = TableNamed(a.table, left_span);
-            join.right_table = TableNamed(b.table, right_span);
+            join.left_table = a_sides.left;
+            join.right_table = b_sides.right;
         }
     }
     if (node.on_node != kNoNode && (join.left_table < 0 || join.right_table < 0)) {
@@ -88,29 +92,36 @@ FieldRef Grammar::FieldOf(NodeId name) const {
     return field;
 }
 
-// The table of the span that the qualifier names, by alias first, then by name; -1 when there is none. Of a qualifier
-// of several parts the last one counts.
-int Grammar::TableNamed(TextRange qualifier, TableSpan span) const {
-    if (qualifier.length == 0) return -1;
+// The tables of either side that the qualifier names. Of a qualifier of several parts the last one counts. The name of
+// a table that has an alias counts only when nothing else is called so: in X INNER JOIN X AS X_1, X is the first.
+Grammar::Sides Grammar::SidesOf(TextRange qualifier, TableSpan left, TableSpan right) const {
+    Sides sides;
+    if (qualifier.length == 0) return sides;
     Lexer parts(text_.substr(0, qualifier.End()), qualifier.offset);
     Token last;
     for (Token token = parts.NextSignificant(); token.kind != TokenKind::End; token = parts.NextSignificant()) {
         if (token.kind != TokenKind::Point && token.kind != TokenKind::Bang) last = token;
     }
     const std::wstring_view wanted = TextOf(last.Range());
-    for (const bool by_alias : {true, false}) {
-        for (int i = span.first; i < span.stop; ++i) {
-            const TableRef& table = statement_->Tables[static_cast<std::size_t>(i)];
-            const TextRange own = by_alias ? table.alias : table.name;
-            if (own.length != 0 && SameBareName(TextOf(own), wanted)) return i;
-        }
+    for (const bool hidden : {false, true}) {
+        sides = {TableNamed(wanted, left, hidden), TableNamed(wanted, right, hidden)};
+        if (sides.left >= 0 || sides.right >= 0) break;
+    }
+    return sides;
+}
+
+int Grammar::TableNamed(std::wstring_view wanted, TableSpan span, bool hidden) const {
+    for (int i = span.first; i < span.stop; ++i) {
+        const TableRef& table = statement_->Tables[static_cast<std::size_t>(i)];
+        const bool has_alias = table.alias.length != 0;
+        if (hidden && !has_alias) continue;
+        const TextRange own = has_alias && !hidden ? table.alias : table.name;
+        if (SameBareName(TextOf(own), wanted)) return i;
     }
     return -1;
 }
 
-// For conditions of any shape: the first table of each side that a name in the condition mentions. Children come
-// before their parents in Statement::nodes and a name's parts right after it, so the condition's names lie in one
-// stretch of the vector.
+// For conditions of any shape: the first table of each side that a name in the condition mentions.
 void Grammar::FindTables(NodeId on, TableSpan left, TableSpan right, Join& join) const {
     const std::vector<Node>& nodes = statement_->nodes;
     std::vector<NodeId> open{on};
@@ -118,14 +129,14 @@ void Grammar::FindTables(NodeId on, TableSpan left, TableSpan right, Join& join)
         const NodeId id = open.back();
         open.pop_back();
         if (nodes[id].kind == NodeKind::Name) {
-            const TextRange qualifier = FieldOf(id).table;
-            if (join.left_table < 0) join.left_table = TableNamed(qualifier, left);
-            if (join.right_table < 0) join.right_table = TableNamed(qualifier, right);
+            const Sides sides = SidesOf(FieldOf(id).table, left, right);
+            if (join.left_table < 0) join.left_table = sides.left;
+            if (join.right_table < 0) join.right_table = sides.right;
             continue;
         }
-        const std::size_t from = open.size();
+        const auto from = static_cast<std::ptrdiff_t>(open.size());
         for (NodeId child = nodes[id].first_child; child != kNoNode; child = nodes[child].next) open.push_back(child);
-        for (std::size_t i = from, j = open.size(); i + 1 < j; ++i) std::swap(open[i], open[--j]);
+        std::reverse(open.begin() + from, open.end());
     }
 }
 
