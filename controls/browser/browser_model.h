@@ -54,10 +54,14 @@ public:
 
     /// The fields of an object, read from the schema on first use.
     std::vector<BrowserField> FieldsOf(std::size_t object) const;
+    /// The item of an object's field; the object's own when it has no such field.
+    BrowserItem ItemOfField(std::size_t object, std::size_t field) const;
 
     /// The index of the object of that name, if the filter lets it pass. Letter case, blanks and brackets do not count.
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
     std::size_t FindObject(std::wstring_view name) const;
+    /// The position of a field in its object, or kNone.
+    std::size_t FindField(std::size_t object, std::wstring_view name) const;
 
     BrowserItem ItemOfObject(std::size_t object) const;
 

@@ -8,7 +8,6 @@
 #include <windows.h>
 #include <commctrl.h>
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +15,7 @@
 #include "common/win32/handles.h"
 #include "common/win32/window.h"
 #include "controls/browser/browser_model.h"
+#include "controls/browser/win32/browser_icons.h"
 
 namespace tessel::controls {
 
@@ -35,7 +35,6 @@ public:
 
 class SchemaBrowser final : public win32::Window {
 public:
-    SchemaBrowser() = default;
     ~SchemaBrowser() override;
 
     /// Creates the browser without size. `events` may be nullptr and must outlive it.
@@ -47,6 +46,8 @@ public:
     HWND Tree() const { return tree_; }
     HWND SearchBox() const { return search_; }
 
+    /// Fills `item` with what is selected; false when nothing is.
+    bool SelectedItem(BrowserItem& item) const;
     /// Selects an object, or one of its fields, and scrolls to it. False when it is not there or filtered away.
     bool SelectItem(std::wstring_view object, std::wstring_view field = L"");
 
@@ -57,34 +58,36 @@ private:
     bool OnCreate();
     void Layout();
     LRESULT OnNotify(NMHDR* header);
-    void OnItemExpanding(const NMTREEVIEWW& notify);
-    LRESULT OnActivate(HTREEITEM item);
-    void OnRightClick();
+    bool Activate(HTREEITEM item);
     void OnContextMenu(POINT screen);
     void OnSearchChanged();
-    void OnSearchKey(WPARAM key);
+    bool OnSearchKey(WPARAM key);
+    LRESULT OnTreeMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT OnSearchMessage(UINT message, WPARAM wparam, LPARAM lparam);
 
     void FillTree();
-    void FillGroup(schema::ObjectKind kind, const std::vector<std::size_t>& objects);
-    void FillFields(HTREEITEM object_item, std::size_t object);
-    HTREEITEM AddItem(HTREEITEM parent, const std::wstring& text, int icon, LPARAM data, bool has_children);
-    HTREEITEM ItemOf(std::size_t object) const;
+    HTREEITEM FillGroup(schema::ObjectKind kind, HTREEITEM after);
+    /// Adds the fields below an object that has none yet; other items stay as they are.
+    void FillFields(HTREEITEM object_item);
+    HTREEITEM AddItem(HTREEITEM parent, HTREEITEM after, const std::wstring& text, BrowserIcon icon, LPARAM data,
+                      bool has_children) const;
     BrowserItem Describe(HTREEITEM item) const;
     LPARAM DataOf(HTREEITEM item) const;
+    HTREEITEM ItemUnderPointer() const;
+    std::vector<std::size_t> ExpandedObjects() const;
 
-    static LRESULT CALLBACK SearchProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
-                                            DWORD_PTR data);
+    static LRESULT CALLBACK ChildProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
+                                           DWORD_PTR data);
 
     BrowserModel model_;
     BrowserEvents* events_ = nullptr;
-    HWND tree_ = nullptr;
     HWND search_ = nullptr;
-    int dpi_ = 96;
-    bool filling_ = false;
-    HTREEITEM root_ = nullptr;
-    win32::UniqueFont font_;
+    HWND tree_ = nullptr;
     HIMAGELIST icons_ = nullptr;
-    std::vector<HTREEITEM> object_items_;
+    win32::UniqueFont font_;
+    int dpi_ = 96;
+    bool filling_ = false;                 ///< the tree is being filled, its notices mean nothing
+    std::vector<HTREEITEM> object_items_;  ///< by index of the object; nullptr when the filter hides it
 };
 
 }  // namespace tessel::controls

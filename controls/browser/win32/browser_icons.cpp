@@ -1,0 +1,201 @@
+#include "controls/browser/win32/browser_icons.h"
+
+#include <cstdint>
+#include <vector>
+
+#include "common/win32/dpi.h"
+#include "common/win32/gdi.h"
+
+namespace tessel::controls {
+
+namespace {
+
+// Icons are drawn four times too large and averaged, which gives smooth edges without a drawing library. A pixel that
+// nobody painted keeps this colour and counts as transparent; no icon uses it.
+constexpr int kOversampling = 4;
+constexpr COLORREF kUnpainted = RGB(1, 2, 3);
+
+// Drawings are laid out on a field of 32 by 32.
+constexpr int kField = 32;
+
+constexpr COLORREF kBlue = RGB(0x2F, 0x6F, 0xBF);
+constexpr COLORREF kPaleBlue = RGB(0xDC, 0xE9, 0xF7);
+constexpr COLORREF kGreen = RGB(0x2E, 0x8B, 0x76);
+constexpr COLORREF kPaleGreen = RGB(0xDD, 0xF1, 0xEC);
+constexpr COLORREF kGrey = RGB(0x7A, 0x82, 0x8C);
+constexpr COLORREF kPaleGrey = RGB(0xE9, 0xEC, 0xEF);
+constexpr COLORREF kGold = RGB(0xC9, 0x8B, 0x0B);
+constexpr COLORREF kFolder = RGB(0xD9, 0xA4, 0x41);
+constexpr COLORREF kPaleFolder = RGB(0xF6, 0xDC, 0xA2);
+constexpr COLORREF kWhite = RGB(0xFF, 0xFF, 0xFF);
+
+class Canvas {
+public:
+    Canvas(HDC dc, int edge) : dc_(dc), edge_(edge) {}
+
+    void Box(int left, int top, int right, int bottom, COLORREF fill, COLORREF line) const {
+        const Pens pens(dc_, fill, line, Thickness());
+        Rectangle(dc_, At(left), At(top), At(right), At(bottom));
+    }
+    void Round(int left, int top, int right, int bottom, COLORREF fill, COLORREF line) const {
+        const Pens pens(dc_, fill, line, Thickness());
+        RoundRect(dc_, At(left), At(top), At(right), At(bottom), At(4), At(4));
+    }
+    void Oval(int left, int top, int right, int bottom, COLORREF fill, COLORREF line) const {
+        const Pens pens(dc_, fill, line, Thickness());
+        Ellipse(dc_, At(left), At(top), At(right), At(bottom));
+    }
+    void Fill(int left, int top, int right, int bottom, COLORREF colour) const {
+        const RECT rect{At(left), At(top), At(right), At(bottom)};
+        win32::FillSolid(dc_, rect, colour);
+    }
+
+private:
+    struct Pens {
+        Pens(HDC dc, COLORREF fill, COLORREF line, int thickness)
+            : brush(CreateSolidBrush(fill)), pen(CreatePen(PS_SOLID, thickness, line)), brush_in(dc, brush.get()),
+              pen_in(dc, pen.get()) {}
+        win32::UniqueBrush brush;
+        win32::UniquePen pen;
+        win32::Selected brush_in;
+        win32::Selected pen_in;
+    };
+
+    int At(int position) const { return MulDiv(position, edge_, kField); }
+    int Thickness() const { return MulDiv(2, edge_, kField); }
+
+    HDC dc_;
+    int edge_;
+};
+
+void DrawDatabase(const Canvas& canvas) {
+    canvas.Oval(5, 20, 27, 30, kPaleBlue, kBlue);
+    canvas.Fill(5, 8, 27, 25, kPaleBlue);
+    canvas.Fill(5, 8, 7, 25, kBlue);
+    canvas.Fill(25, 8, 27, 25, kBlue);
+    canvas.Oval(5, 2, 27, 12, kBlue, kBlue);
+}
+
+void DrawGroup(const Canvas& canvas) {
+    canvas.Round(3, 6, 16, 16, kFolder, kFolder);
+    canvas.Round(3, 10, 29, 27, kPaleFolder, kFolder);
+}
+
+void DrawGrid(const Canvas& canvas, COLORREF strong, COLORREF pale) {
+    canvas.Box(3, 5, 30, 28, kWhite, strong);
+    canvas.Fill(3, 5, 29, 12, strong);
+    canvas.Fill(5, 12, 11, 26, pale);
+    canvas.Fill(11, 12, 12, 27, strong);
+    canvas.Fill(20, 12, 21, 27, strong);
+    canvas.Fill(4, 19, 29, 20, strong);
+}
+
+void DrawTable(const Canvas& canvas) { DrawGrid(canvas, kBlue, kPaleBlue); }
+
+void DrawView(const Canvas& canvas) {
+    DrawGrid(canvas, kGreen, kPaleGreen);
+    canvas.Oval(14, 15, 32, 29, kWhite, kGreen);
+    canvas.Oval(20, 19, 27, 26, kGreen, kGreen);
+}
+
+void DrawField(const Canvas& canvas) {
+    canvas.Round(6, 10, 27, 23, kPaleGrey, kGrey);
+    canvas.Fill(10, 15, 22, 18, kGrey);
+}
+
+void DrawKey(const Canvas& canvas, COLORREF colour) {
+    canvas.Fill(15, 14, 30, 18, colour);
+    canvas.Fill(26, 17, 30, 23, colour);
+    canvas.Fill(20, 17, 23, 22, colour);
+    canvas.Oval(2, 8, 18, 24, colour, colour);
+    canvas.Oval(7, 13, 12, 18, kWhite, kWhite);
+}
+
+void Draw(BrowserIcon icon, const Canvas& canvas) {
+    switch (icon) {
+        case BrowserIcon::Database: return DrawDatabase(canvas);
+        case BrowserIcon::Group: return DrawGroup(canvas);
+        case BrowserIcon::Table: return DrawTable(canvas);
+        case BrowserIcon::View: return DrawView(canvas);
+        case BrowserIcon::Field: return DrawField(canvas);
+        case BrowserIcon::PrimaryKey: return DrawKey(canvas, kGold);
+        case BrowserIcon::ForeignKey: return DrawKey(canvas, kGrey);
+    }
+}
+
+/// A bitmap whose pixels can be read and written as 0xAARRGGBB, top row first.
+struct PixelBitmap {
+    explicit PixelBitmap(int edge) {
+        BITMAPINFO info{};
+        info.bmiHeader.biSize = sizeof info.bmiHeader;
+        info.bmiHeader.biWidth = edge;
+        info.bmiHeader.biHeight = -edge;
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        void* bits = nullptr;
+        bitmap.reset(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+        pixels = static_cast<std::uint32_t*>(bits);
+    }
+    win32::UniqueBitmap bitmap;
+    std::uint32_t* pixels = nullptr;
+};
+
+std::uint32_t Average(const std::uint32_t* pixels, int stride) {
+    constexpr std::uint32_t kEmpty = (GetRValue(kUnpainted) << 16) | (GetGValue(kUnpainted) << 8) | GetBValue(kUnpainted);
+    std::uint32_t red = 0, green = 0, blue = 0, painted = 0;
+    for (int y = 0; y < kOversampling; ++y) {
+        for (int x = 0; x < kOversampling; ++x) {
+            const std::uint32_t pixel = pixels[y * stride + x] & 0xFFFFFF;
+            if (pixel == kEmpty) continue;
+            red += pixel >> 16;
+            green += (pixel >> 8) & 0xFF;
+            blue += pixel & 0xFF;
+            ++painted;
+        }
+    }
+    if (painted == 0) return 0;
+    const std::uint32_t alpha = painted * 255 / (kOversampling * kOversampling);
+    return (alpha << 24) | (red / painted << 16) | (green / painted << 8) | (blue / painted);
+}
+
+win32::UniqueIcon MakeIcon(BrowserIcon icon, int size) {
+    const int edge = size * kOversampling;
+    const PixelBitmap large(edge);
+    const PixelBitmap small(size);
+    const win32::UniqueMemoryDc dc(CreateCompatibleDC(nullptr));
+    if (!large.pixels || !small.pixels || !dc) return {};
+    {
+        const win32::Selected selected(dc.get(), large.bitmap.get());
+        win32::FillSolid(dc.get(), RECT{0, 0, edge, edge}, kUnpainted);
+        Draw(icon, Canvas(dc.get(), edge));
+        GdiFlush();
+    }
+    for (int y = 0; y < size; ++y)
+        for (int x = 0; x < size; ++x)
+            small.pixels[y * size + x] = Average(large.pixels + (y * edge + x) * kOversampling, edge);
+    // With an alpha channel the mask is not looked at, but an icon must have one.
+    const std::vector<std::uint8_t> mask_bits(static_cast<std::size_t>((size + 15) / 16 * 2 * size), 0);
+    const win32::UniqueBitmap mask(CreateBitmap(size, size, 1, 1, mask_bits.data()));
+    ICONINFO info{};
+    info.fIcon = TRUE;
+    info.hbmColor = small.bitmap.get();
+    info.hbmMask = mask.get();
+    return win32::UniqueIcon(CreateIconIndirect(&info));
+}
+
+}  // namespace
+
+int BrowserIconSize(int dpi) { return win32::Scale(16, dpi); }
+
+HIMAGELIST MakeBrowserIcons(int dpi) {
+    const int size = BrowserIconSize(dpi);
+    const HIMAGELIST list = ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, kBrowserIconCount, 0);
+    if (!list) return nullptr;
+    for (int i = 0; i < kBrowserIconCount; ++i) {
+        const win32::UniqueIcon icon = MakeIcon(static_cast<BrowserIcon>(i), size);
+        if (icon) ImageList_ReplaceIcon(list, -1, icon.get());
+    }
+    return list;
+}
+
+}  // namespace tessel::controls

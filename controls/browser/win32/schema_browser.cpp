@@ -1,0 +1,270 @@
+#include "controls/browser/win32/schema_browser.h"
+
+#include <uxtheme.h>
+#include <windowsx.h>
+
+#include <algorithm>
+
+#include "common/win32/dpi.h"
+#include "common/win32/gdi.h"
+#include "common/win32/module.h"
+
+namespace tessel::controls {
+
+namespace {
+
+constexpr int kIdSearch = 1;
+constexpr int kIdTree = 2;
+constexpr int kMargin = 4;         // at 96 dpi
+constexpr int kSearchPadding = 8;  // around the text of the search box, at 96 dpi
+constexpr int kItemPadding = 4;    // above and below the icon together, at 96 dpi
+constexpr int kIndent = 19;        // at 96 dpi
+
+constexpr const wchar_t* kSearchCue = L"Buscar…";
+
+// What an item carries: its kind below, above it the index of the object or, for a field, of the field in its object.
+constexpr int kKindBits = 3;
+LPARAM ItemData(BrowserItem::Kind kind, std::size_t index) {
+    return static_cast<LPARAM>((index << kKindBits) | static_cast<std::size_t>(kind));
+}
+BrowserItem::Kind KindOf(LPARAM data) { return static_cast<BrowserItem::Kind>(data & ((1 << kKindBits) - 1)); }
+std::size_t IndexOf(LPARAM data) { return static_cast<std::size_t>(data) >> kKindBits; }
+
+bool IsObject(BrowserItem::Kind kind) {
+    return kind == BrowserItem::Kind::Table || kind == BrowserItem::Kind::View;
+}
+
+std::wstring FieldText(const BrowserField& field) {
+    return field.type_text.empty() ? field.name : field.name + L" – " + field.type_text;
+}
+
+BrowserIcon FieldIcon(const BrowserField& field) {
+    if (field.primary_key) return BrowserIcon::PrimaryKey;
+    return field.foreign_key ? BrowserIcon::ForeignKey : BrowserIcon::Field;
+}
+
+int LineHeight(HWND hwnd, HFONT font) {
+    const HDC dc = GetDC(hwnd);
+    int height = 0;
+    {
+        const win32::Selected selected(dc, font);
+        height = static_cast<int>(win32::TextSize(dc, L"Áy").cy);
+    }
+    ReleaseDC(hwnd, dc);
+    return height;
+}
+
+}  // namespace
+
+SchemaBrowser::~SchemaBrowser() {
+    filling_ = true;
+    Destroy();
+    if (icons_) ImageList_Destroy(icons_);
+}
+
+bool SchemaBrowser::Create(HWND parent, int id, BrowserEvents* events) {
+    events_ = events;
+    const win32::WindowClass window_class{L"TesselSchemaBrowser", 0, GetSysColorBrush(COLOR_WINDOW), IDC_ARROW};
+    if (!CreateWindowOf(window_class, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, parent, id))
+        return false;
+    if (!OnCreate()) {
+        Destroy();
+        return false;
+    }
+    return true;
+}
+
+bool SchemaBrowser::OnCreate() {
+    const HINSTANCE module = win32::ThisModule();
+    search_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_EDITW, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, 0,
+                              0, 0, 0, Handle(), reinterpret_cast<HMENU>(INT_PTR{kIdSearch}), module, nullptr);
+    constexpr DWORD kTreeStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | TVS_HASBUTTONS | TVS_LINESATROOT |
+                                 TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP;
+    tree_ = CreateWindowExW(0, WC_TREEVIEWW, L"", kTreeStyle, 0, 0, 0, 0, Handle(),
+                            reinterpret_cast<HMENU>(INT_PTR{kIdTree}), module, nullptr);
+    if (!search_ || !tree_) return false;
+    for (HWND child : {search_, tree_})
+        if (!SetWindowSubclass(child, ChildProcedure, 1, reinterpret_cast<DWORD_PTR>(this))) return false;
+    SendMessageW(search_, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(kSearchCue));
+    SetWindowTheme(tree_, L"Explorer", nullptr);
+    TreeView_SetExtendedStyle(tree_, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
+    OnDpiChanged(win32::DpiOf(Handle()));
+    FillTree();
+    return true;
+}
+
+void SchemaBrowser::Load(const schema::Schema* schema, std::wstring_view caption) {
+    // The items of the old schema go before it does: they would be asked what they are.
+    object_items_.clear();
+    filling_ = true;
+    if (tree_) TreeView_DeleteAllItems(tree_);
+    model_.Load(schema, caption);
+    if (tree_) FillTree();
+    filling_ = false;
+}
+
+void SchemaBrowser::OnDpiChanged(int dpi) {
+    if (!IsCreated() || dpi <= 0) return;
+    dpi_ = dpi;
+    win32::UniqueFont font = win32::MessageFont(dpi);
+    SetWindowFont(search_, font.get(), TRUE);
+    SetWindowFont(tree_, font.get(), TRUE);
+    font_ = std::move(font);
+    const HIMAGELIST old = icons_;
+    icons_ = MakeBrowserIcons(dpi);
+    TreeView_SetImageList(tree_, icons_, TVSIL_NORMAL);
+    if (old) ImageList_Destroy(old);
+    TreeView_SetIndent(tree_, win32::Scale(kIndent, dpi));
+
+    const int content = std::max(LineHeight(tree_, font_.get()), BrowserIconSize(dpi));
+    TreeView_SetItemHeight(tree_, content + win32::Scale(kItemPadding, dpi));
+    Layout();
+}
+
+void SchemaBrowser::Layout() {
+    if (!search_ || !tree_) return;
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    const int margin = win32::Scale(kMargin, dpi_);
+    const int search_height = LineHeight(search_, font_.get()) + win32::Scale(kSearchPadding, dpi_);
+    const int width = client.right > 2 * margin ? client.right - 2 * margin : 0;
+    const int top = search_height + 2 * margin;
+    MoveWindow(search_, margin, margin, width, search_height, TRUE);
+    MoveWindow(tree_, 0, top, client.right, client.bottom > top ? client.bottom - top : 0, TRUE);
+}
+
+HTREEITEM SchemaBrowser::AddItem(HTREEITEM parent, HTREEITEM after, const std::wstring& text, BrowserIcon icon,
+                                 LPARAM data, bool has_children) const {
+    std::wstring buffer = text;
+    TVINSERTSTRUCTW insert{};
+    insert.hParent = parent;
+    insert.hInsertAfter = after ? after : TVI_FIRST;
+    insert.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM | TVIF_CHILDREN;
+    insert.item.pszText = buffer.data();
+    insert.item.iImage = static_cast<int>(icon);
+    insert.item.iSelectedImage = static_cast<int>(icon);
+    insert.item.lParam = data;
+    insert.item.cChildren = has_children ? 1 : 0;
+    return TreeView_InsertItem(tree_, &insert);
+}
+
+void SchemaBrowser::FillTree() {
+    BrowserItem selected;
+    const bool had_selection = SelectedItem(selected);
+    const std::vector<std::size_t> expanded = ExpandedObjects();
+    filling_ = true;
+    SetWindowRedraw(tree_, FALSE);
+    TreeView_DeleteAllItems(tree_);
+    object_items_.assign(model_.ObjectCount(), nullptr);
+    const bool any = !model_.Tables().empty() || !model_.Views().empty();
+    const HTREEITEM root = AddItem(TVI_ROOT, nullptr, model_.Caption(), BrowserIcon::Database,
+                                   ItemData(BrowserItem::Kind::Root, 0), any);
+    FillGroup(schema::ObjectKind::View, FillGroup(schema::ObjectKind::Table, nullptr));
+    TreeView_Expand(tree_, root, TVE_EXPAND);
+    for (std::size_t object : expanded)
+        if (object < object_items_.size() && object_items_[object])
+            TreeView_Expand(tree_, object_items_[object], TVE_EXPAND);
+    bool found = false;
+    if (had_selection && IsObject(selected.kind)) found = SelectItem(selected.name);
+    if (had_selection && selected.kind == BrowserItem::Kind::Field) found = SelectItem(selected.table, selected.name);
+    if (!found) {
+        TreeView_SelectItem(tree_, root);
+        TreeView_EnsureVisible(tree_, root);
+    }
+    SetWindowRedraw(tree_, TRUE);
+    InvalidateRect(tree_, nullptr, TRUE);
+    filling_ = false;
+    if (had_selection && !found && events_) {
+        const BrowserItem now = Describe(root);
+        events_->OnBrowserSelected(&now);
+    }
+}
+
+/// Adds a group with its objects behind a sibling; a group without objects is left out. Answers the last group there.
+HTREEITEM SchemaBrowser::FillGroup(schema::ObjectKind kind, HTREEITEM after) {
+    const bool views = kind == schema::ObjectKind::View;
+    const std::vector<std::size_t>& objects = views ? model_.Views() : model_.Tables();
+    if (objects.empty()) return after;
+    const BrowserIcon icon = views ? BrowserIcon::View : BrowserIcon::Table;
+    const HTREEITEM group = AddItem(TreeView_GetRoot(tree_), after, model_.GroupCaption(kind), BrowserIcon::Group,
+                                    ItemData(BrowserItem::Kind::Group, static_cast<std::size_t>(kind)), true);
+    HTREEITEM last = nullptr;
+    for (std::size_t object : objects) {
+        const BrowserItem item = model_.ItemOfObject(object);
+        last = AddItem(group, last, item.name, icon, ItemData(item.kind, object), true);
+        object_items_[object] = last;
+    }
+    TreeView_Expand(tree_, group, TVE_EXPAND);
+    return group;
+}
+
+void SchemaBrowser::FillFields(HTREEITEM object_item) {
+    const LPARAM data = DataOf(object_item);
+    if (!IsObject(KindOf(data)) || TreeView_GetChild(tree_, object_item)) return;
+    const std::vector<BrowserField> fields = model_.FieldsOf(IndexOf(data));
+    HTREEITEM last = nullptr;
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        last = AddItem(object_item, last, FieldText(fields[i]), FieldIcon(fields[i]),
+                       ItemData(BrowserItem::Kind::Field, i), false);
+    if (last) return;
+    // Nothing to open: the button goes away.
+    TVITEMW item{};
+    item.hItem = object_item;
+    item.mask = TVIF_CHILDREN;
+    TreeView_SetItem(tree_, &item);
+}
+
+LPARAM SchemaBrowser::DataOf(HTREEITEM item) const {
+    TVITEMW query{};
+    query.hItem = item;
+    query.mask = TVIF_PARAM;
+    return TreeView_GetItem(tree_, &query) ? query.lParam : 0;
+}
+
+BrowserItem SchemaBrowser::Describe(HTREEITEM item) const {
+    const LPARAM data = DataOf(item);
+    switch (KindOf(data)) {
+        case BrowserItem::Kind::Table:
+        case BrowserItem::Kind::View: return model_.ItemOfObject(IndexOf(data));
+        case BrowserItem::Kind::Field:
+            return model_.ItemOfField(IndexOf(DataOf(TreeView_GetParent(tree_, item))), IndexOf(data));
+        case BrowserItem::Kind::Group:
+            return {BrowserItem::Kind::Group, model_.GroupCaption(static_cast<schema::ObjectKind>(IndexOf(data))), L""};
+        default: return {BrowserItem::Kind::Root, model_.Caption(), L""};
+    }
+}
+
+std::vector<std::size_t> SchemaBrowser::ExpandedObjects() const {
+    std::vector<std::size_t> expanded;
+    for (std::size_t i = 0; i < object_items_.size(); ++i)
+        if (object_items_[i] && (TreeView_GetItemState(tree_, object_items_[i], TVIS_EXPANDED) & TVIS_EXPANDED))
+            expanded.push_back(i);
+    return expanded;
+}
+
+bool SchemaBrowser::SelectedItem(BrowserItem& item) const {
+    const HTREEITEM selected = IsCreated() ? TreeView_GetSelection(tree_) : nullptr;
+    if (!selected || object_items_.size() != model_.ObjectCount()) return false;
+    item = Describe(selected);
+    return true;
+}
+
+bool SchemaBrowser::SelectItem(std::wstring_view object, std::wstring_view field) {
+    if (!IsCreated()) return false;
+    const std::size_t index = model_.FindObject(object);
+    if (index >= object_items_.size() || !object_items_[index]) return false;
+    HTREEITEM item = object_items_[index];
+    if (!field.empty()) {
+        const std::size_t wanted = model_.FindField(index, field);
+        if (wanted == BrowserModel::kNone) return false;
+        FillFields(item);
+        item = TreeView_GetChild(tree_, item);
+        for (std::size_t i = 0; i < wanted && item; ++i) item = TreeView_GetNextSibling(tree_, item);
+        if (!item) return false;
+    }
+    TreeView_SelectItem(tree_, item);
+    TreeView_EnsureVisible(tree_, item);
+    return true;
+}
+
+}  // namespace tessel::controls
