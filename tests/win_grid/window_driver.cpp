@@ -61,10 +61,7 @@ LRESULT CALLBACK TestFrame::Procedure(HWND hwnd, UINT message, WPARAM wparam, LP
                           reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lparam)->lpCreateParams));
     auto* frame = reinterpret_cast<TestFrame*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
     if (frame) {
-        if (message == WM_COMMAND) {
-            ++frame->commands;
-            frame->last_command = LOWORD(wparam);
-        }
+        if (message == WM_COMMAND) frame->last_command = LOWORD(wparam);
         if (message == WM_NOTIFY) ++frame->notifications;
         if (message == WM_CONTEXTMENU) {
             // The default procedure would open the system menu and wait in it.

@@ -28,7 +28,6 @@ public:
 
     /// Commands and notifications that reached the frame: (id, code).
     int last_command = 0;
-    int commands = 0;
     int notifications = 0;
     int context_menus = 0;
 

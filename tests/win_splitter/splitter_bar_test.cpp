@@ -55,10 +55,14 @@ protected:
     }
     /// Drags the bar by a distance in pixels and leaves the button down.
     void DragBar(int dx, int dy) {
-        MoveMouse(splitter_.BarHandle(), 2, 20);
+        RECT bar;
+        GetClientRect(splitter_.BarHandle(), &bar);
+        const int x = bar.right / 2;
+        const int y = bar.bottom / 2;
+        MoveMouse(splitter_.BarHandle(), x, y);
         PressMouse();
         frame_.Pump();
-        MoveMouse(splitter_.BarHandle(), 2 + dx, 20 + dy);
+        MoveMouse(splitter_.BarHandle(), x + dx, y + dy);
         frame_.Pump();
     }
 
@@ -129,12 +133,10 @@ TEST_F(SplitterBarTest, EscapeTakesADragBackAndTheFocusReturns) {
     SetFocus(first_);
     DragBar(Px(60), 0);
     ASSERT_TRUE(frame_.WaitFor([&] { return splitter_.Position() == 260; }));
-    const int commands = frame_.commands;
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(frame_.WaitFor([&] { return splitter_.Position() == 200; })) << splitter_.Position();
     EXPECT_EQ(GetFocus(), first_);
-    EXPECT_EQ(frame_.last_command == IDCANCEL, false);
-    EXPECT_GE(frame_.commands, commands);
+    EXPECT_NE(frame_.last_command, IDCANCEL);
     ReleaseMouse();
     frame_.Pump();
     EXPECT_EQ(splitter_.Position(), 200);

@@ -77,12 +77,14 @@ void CellEditor::Close() {
     open_ = false;
     chosen_ = false;
     if (IsListShown()) SendMessageW(combo_, CB_SHOWDROPDOWN, FALSE, 0);
-    const HWND focus = GetFocus();
-    if (focus && (focus == combo_ || IsChild(combo_, focus))) SetFocus(parent_);
+    if (HasFocus()) SetFocus(parent_);
     ShowWindow(combo_, SW_HIDE);
 }
 
 void CellEditor::Place(const RECT& place) {
+    // Moving a combo box closes its list.
+    if (open_ && (IsListShown() || EqualRect(&place, &place_))) return;
+    place_ = place;
     const int width = place.right - place.left;
     const int height = place.bottom - place.top;
     // The height of a combo box is that of its list too; the field's own height follows from its item height.
@@ -149,8 +151,14 @@ void CellEditor::ShowList() {
 
 bool CellEditor::IsListShown() const { return combo_ && SendMessageW(combo_, CB_GETDROPPEDSTATE, 0, 0) != 0; }
 
+bool CellEditor::HasFocus() const {
+    const HWND focus = GetFocus();
+    return focus && combo_ && (focus == combo_ || IsChild(combo_, focus));
+}
+
 void CellEditor::Focus() {
-    SetFocus(combo_);
+    // Through the combo the focus would leave the edit field first, which counts as leaving the editor.
+    if (!HasFocus()) SetFocus(edit_);
     SendMessageW(combo_, CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
 }
 
@@ -193,9 +201,9 @@ void CellEditor::OnChoicePosted() {
 
 void CellEditor::OnTyped() {
     typed_ = Text();
+    owner_.OnEditorTextChanged();
     if (open_list_on_typing_ && !typed_.empty() && !IsListShown()) ShowList();
     else HighlightMatch();
-    owner_.OnEditorTextChanged();
 }
 
 void CellEditor::HighlightMatch() {

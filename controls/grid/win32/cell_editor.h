@@ -44,6 +44,7 @@ public:
     /// Hides it. The focus, if it is inside, goes to the parent first.
     void Close();
     bool IsOpen() const { return open_; }
+    /// Moves it to a place in the parent. Not while its list is shown.
     void Place(const RECT& place);
 
     std::wstring Text() const;
@@ -51,6 +52,7 @@ public:
     int WantedWidth() const;
     void ShowList();
     bool IsListShown() const;
+    bool HasFocus() const;
     void Focus();
     /// Types a character, as if the user had pressed its key with the editor open.
     void Type(wchar_t ch);
@@ -85,6 +87,7 @@ private:
     HWND edit_ = nullptr;
     HWND list_ = nullptr;
     HFONT font_ = nullptr;  ///< the parent's
+    RECT place_{};
     int dpi_ = 96;
     bool open_ = false;
     bool chosen_ = false;

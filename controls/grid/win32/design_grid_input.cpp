@@ -41,7 +41,7 @@ LRESULT DesignGridView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             editor_.OnChoicePosted();
             return 0;
         case kRefusedMessage:
-            CommitEdit();
+            if (!editor_.HasFocus()) CommitEdit();
             return 0;
         case kFocusHiddenMessage:
             OnFocusHidden();
