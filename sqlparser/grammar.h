@@ -192,6 +192,7 @@ private:
     void ReduceTo(std::size_t base, Level level);
     void ReducePrefix(const Operator& op);
     void ReduceBinary(const Operator& op);
+    bool IsStar(NodeId node);
     void CheckHeight(int height);
 
     // grammar_predicates.cpp
@@ -215,6 +216,7 @@ private:
     NodeId Name();
     NodeId NamePart(NameJoin join);
     NodeId CaseExpression();
+    NodeId MacroPrimary();
     NodeId BracedLiteral();
     NodeId PostfixCasts(NodeId node);
     bool TypeName();

@@ -94,7 +94,7 @@ void Grammar::ConditionClause(NodeId& node, TextRange& range) {
     Advance();
     const std::uint32_t begin = token_.begin;
     const NodeId condition = Expression();
-    if (condition == kNoNode) return;
+    if (condition == kNoNode || IsStar(condition)) return;
     node = condition;
     range = Since(begin);
 }
@@ -186,10 +186,10 @@ void Grammar::WordsClause(Beyond what) {
             if (!SkipParens()) return;
         } else if (At(TokenKind::Number) || At(TokenKind::Parameter) || At(TokenKind::Macro) ||
                    At(TokenKind::Comma) || At(TokenKind::Point) || At(TokenKind::BracketName) || At(Keyword::As) ||
-                   At(Keyword::With)) {
+                   (At(Keyword::With) && IsKeyword(Peek(), Keyword::Ties))) {
             Advance();
-        } else if (At(TokenKind::Word) && !IsReserved(token_.keyword) && token_.keyword != Keyword::Limit &&
-                   token_.keyword != Keyword::Offset) {
+        } else if (At(TokenKind::Word) && !IsReserved(token_.keyword) && !At(Keyword::Limit) &&
+                   !At(Keyword::Offset) && !At(Keyword::For) && !At(Keyword::Fetch)) {
             Advance();
         } else {
             break;

@@ -107,6 +107,7 @@ void Grammar::ReduceTo(std::size_t base, Level level) {
 
 void Grammar::ReducePrefix(const Operator& op) {
     Operand& operand = operands_.back();
+    if (IsStar(operand.node)) return;
     const NodeId node = Make(op.kind, op.begin, op.op);
     At(node).first_child = operand.node;
     At(node).length = At(operand.node).begin + At(operand.node).length - op.begin;
@@ -120,6 +121,7 @@ void Grammar::ReduceBinary(const Operator& op) {
     const Operand right = operands_.back();
     operands_.pop_back();
     Operand& left = operands_.back();
+    if (IsStar(left.node) || IsStar(right.node)) return;
     const std::uint32_t stop = At(right.node).begin + At(right.node).length;
     const bool run = op.kind != NodeKind::Compare && left.last_child != kNoNode && At(left.node).kind == op.kind &&
                      At(left.node).op == op.op;
@@ -137,6 +139,13 @@ void Grammar::ReduceBinary(const Operator& op) {
         left = {node, right.node, std::max(left.height, right.height) + 1};
     }
     CheckHeight(left.height);
+}
+
+// "t.*" is a list of columns and no value.
+bool Grammar::IsStar(NodeId node) {
+    if (At(node).kind != NodeKind::Star) return false;
+    FailAt(At(node).Range(), std::wstring(messages::kStarInExpression));
+    return true;
 }
 
 // Whoever walks the tree recurses as deep as it is high.

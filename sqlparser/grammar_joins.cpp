@@ -8,6 +8,9 @@
 namespace tessel::sql {
 namespace {
 
+// Names of one condition that are looked up; a condition that has more does not get clearer.
+constexpr int kMostNames = 1000;
+
 // The name between brackets or quotes, as it stands.
 std::wstring_view Bare(std::wstring_view name) {
     if (name.size() < 2) return name;
@@ -125,10 +128,12 @@ int Grammar::TableNamed(std::wstring_view wanted, TableSpan span, bool hidden) c
 void Grammar::FindTables(NodeId on, TableSpan left, TableSpan right, Join& join) const {
     const std::vector<Node>& nodes = statement_->nodes;
     std::vector<NodeId> open{on};
-    while (!open.empty() && (join.left_table < 0 || join.right_table < 0)) {
+    int names = 0;
+    while (!open.empty() && names < kMostNames && (join.left_table < 0 || join.right_table < 0)) {
         const NodeId id = open.back();
         open.pop_back();
         if (nodes[id].kind == NodeKind::Name) {
+            ++names;
             const Sides sides = SidesOf(FieldOf(id).table, left, right);
             if (join.left_table < 0) join.left_table = sides.left;
             if (join.right_table < 0) join.right_table = sides.right;

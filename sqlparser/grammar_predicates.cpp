@@ -10,7 +10,7 @@ bool Grammar::PredicateTail(std::size_t base) {
     Keyword keyword = token_.keyword;
     if (keyword == Keyword::Not) {
         const Token next = Peek();
-        keyword = next.keyword;
+        keyword = next.keyword == Keyword::Is ? Keyword::None : next.keyword;
         flags = kNegated;
     }
     switch (keyword) {

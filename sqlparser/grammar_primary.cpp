@@ -22,7 +22,7 @@ NodeId Grammar::Primary() {
             break;
         case TokenKind::String: node = Literal(NodeKind::String); break;
         case TokenKind::Date: node = Literal(NodeKind::Date); break;
-        case TokenKind::Macro: node = Literal(NodeKind::Macro); break;
+        case TokenKind::Macro: node = MacroPrimary(); break;
         case TokenKind::Parameter: node = Literal(NodeKind::Parameter); break;
         case TokenKind::LeftParen: node = ParenPrimary(); break;
         case TokenKind::LeftBrace: node = BracedLiteral(); break;
@@ -233,6 +233,24 @@ NodeId Grammar::CaseExpression() {
     const NodeId node = Finish(Make(NodeKind::Case, begin), children);
     At(node).flags = flags;
     return node;
+}
+
+// A macro may also stand for a name: @{tabla}.campo, @f(x), @tabla.*. A point belongs to the macro's own name, so that
+// it can be its last character.
+NodeId Grammar::MacroPrimary() {
+    const Token next = Peek();
+    const bool ends_in_point = text_[token_.End() - 1] == L'.';
+    if (next.begin != token_.End()) return Literal(NodeKind::Macro);
+    if (ends_in_point && next.kind == TokenKind::Star) {
+        const NodeId star = Make(NodeKind::Star, token_.begin);
+        const NodeId part = Make(NodeKind::NamePart, token_.begin);
+        At(part).length = token_.length - 1;
+        Advance();
+        Advance();
+        return Finish(star, {part, part, 0});
+    }
+    const bool name = next.kind == TokenKind::Point || next.kind == TokenKind::Bang || next.kind == TokenKind::LeftParen;
+    return name ? NameOrCall() : Literal(NodeKind::Macro);
 }
 
 // {d '2020-01-31'}, {ts '…'}, {t '…'}, {guid {…}}: the escapes of ODBC, kept as they stand.

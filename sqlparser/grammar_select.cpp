@@ -124,6 +124,7 @@ bool Grammar::IsBareAlias() {
         }
         case Keyword::Fetch: return Peek().keyword != Keyword::First && Peek().keyword != Keyword::Next;
         case Keyword::For: return Peek().kind != TokenKind::Word;
+        case Keyword::Window: return !IsKeyword(PeekSecond(), Keyword::As);
         case Keyword::Using: return Peek().kind != TokenKind::LeftParen;
         case Keyword::Collate:
         case Keyword::Escape:

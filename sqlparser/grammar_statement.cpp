@@ -34,8 +34,11 @@ void Grammar::ParametersClause() {
     const std::uint32_t begin = token_.begin;
     Advance();
     do {
-        if (!IsNameToken(token_) && !At(TokenKind::Macro)) return Fail(messages::kExpectedName);
-        Advance();
+        // A form's control may be declared too: [Forms]![f]![c] DateTime.
+        do {
+            if (!IsNameToken(token_) && !At(TokenKind::Macro)) return Fail(messages::kExpectedName);
+            Advance();
+        } while (Accept(TokenKind::Bang) || Accept(TokenKind::Point));
         if (!TypeName()) return;
     } while (Accept(TokenKind::Comma));
     if (!Expect(TokenKind::Semicolon, messages::kExpectedSemicolon)) return;

@@ -48,6 +48,7 @@ inline constexpr std::wstring_view kExpectedSemicolon = L"Falta el punto y coma 
 inline constexpr std::wstring_view kExpectedJoinOrClause =
     L"Se esperaba una coma, una combinación, otra cláusula o el final de la instrucción.";
 inline constexpr std::wstring_view kTextAfterEnd = L"Hay texto después del final de la instrucción.";
+inline constexpr std::wstring_view kStarInExpression = L"El asterisco no puede formar parte de una expresión.";
 inline constexpr std::wstring_view kUnknownCharacter = L"El carácter no es válido en este lugar.";
 
 /// What comes next should have been an expression; `after` is the text before the place, empty when there is none.

@@ -50,6 +50,8 @@ inline const std::vector<std::wstring>& Corpus() {
         L"SELECT a FROM t WITH (NOLOCK), generate_series(1, 10) AS g (n), (VALUES (1, 'a'), (2, 'b')) AS v (x, y)",
         L"SELECT a FROM t WHERE a IN (SELECT b FROM (SELECT c FROM u WHERE EXISTS (SELECT 1 FROM v)) AS w) AND NOT (b OR c)",
         L"SELECT Año, [Número de pedido], Σύνολο FROM [Pedidos/2020 #1 %-\"x\"]",
+        L"PARAMETERS [Forms]![f]![c] DateTime; SELECT @{t}.campo, @t!c, @t.*, @f(1) FROM [Select uno].[t] WINDOW w AS (ORDER BY a)",
+        L"SELECT a FROM t FETCH FIRST 5 ROWS WITH TIES FOR UPDATE OF a WITH OWNERACCESS OPTION",
         L"SELECT a AS Year, b Year, c AS Left, d AS Order, e AS 90DaysAvg, f AS 'x' FROM t",
     };
     return statements;

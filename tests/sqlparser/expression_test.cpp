@@ -171,6 +171,12 @@ TEST(Expressions, MacrosAndParametersStandForValues) {
         {L"[Escriba un número:]", L"[Escriba un número:]"},
         {L"a::int", L"(cast a int)"},
         {L"@@identity", L"@@identity"},
+        {L"@{tabla}.campo", L"@{tabla}.campo"},
+        {L"@tabla!campo", L"@tabla!campo"},
+        {L"t.@campo", L"t.@campo"},
+        {L"@tabla.*", L"@tabla.*"},
+        {L"@f(1) * @x", L"(* (call @f 1) @x)"},
+        {L"@n*2", L"(* @n 2)"},
     });
 }
 
