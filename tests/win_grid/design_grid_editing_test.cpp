@@ -280,6 +280,13 @@ TEST_F(GridEditing, EditorCoversItsCellAndGrowsWithItsText) {
     ASSERT_TRUE(WaitForEditor());
     frame_.Pump();
     SavePicture(frame_.Handle(), "grid_editing");
+    // All of it is selected and shown from its first letter.
+    EXPECT_EQ(SendMessageW(view_.Editor().Edit(), EM_POSFROMCHAR, 0, 0) & 0x8000, 0);
+    DWORD start = 1;
+    DWORD end = 0;
+    SendMessageW(view_.Editor().Edit(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    EXPECT_EQ(start, 0u);
+    EXPECT_EQ(end, Cell(GridRow::Campo, 2).size());
     RECT place;
     GetWindowRect(view_.Editor().Combo(), &place);
     MapWindowPoints(nullptr, view_.Handle(), reinterpret_cast<POINT*>(&place), 2);

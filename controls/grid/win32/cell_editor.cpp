@@ -92,12 +92,24 @@ void CellEditor::Place(const RECT& place) {
     const int items = std::clamp(static_cast<int>(SendMessageW(combo_, CB_GETCOUNT, 0, 0)), 1, kShownItems);
     SetWindowPos(combo_, HWND_TOP, place.left, place.top, width, height + items * item_height + win32::Scale(4, dpi_),
                  SWP_NOACTIVATE);
-    RECT closed;
-    GetWindowRect(combo_, &closed);
-    const int field = static_cast<int>(SendMessageW(combo_, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
-    const int excess = static_cast<int>(closed.bottom - closed.top) - height;
-    if (excess != 0 && field - excess > 0)
-        SendMessageW(combo_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), field - excess);
+    // Twice, because some systems take the height given as that of the text alone and add an edge to it.
+    int field = static_cast<int>(SendMessageW(combo_, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        RECT closed;
+        GetWindowRect(combo_, &closed);
+        const int excess = static_cast<int>(closed.bottom - closed.top) - height;
+        if (excess == 0 || field - excess <= 0) break;
+        field -= excess;
+        SendMessageW(combo_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), field);
+    }
+    if (open_) ShowTextFromItsStart();
+}
+
+void CellEditor::ShowTextFromItsStart() {
+    if (SendMessageW(edit_, EM_GETSEL, 0, 0) != MAKELONG(0, GetWindowTextLengthW(edit_))) return;
+    // All selected, with the caret at the start: the other way round a long text would show its end.
+    SendMessageW(edit_, EM_SETSEL, static_cast<WPARAM>(GetWindowTextLengthW(edit_)), 0);
+    SendMessageW(edit_, EM_SCROLLCARET, 0, 0);
 }
 
 void CellEditor::FitList() {
@@ -160,6 +172,7 @@ void CellEditor::Focus() {
     // Through the combo the focus would leave the edit field first, which counts as leaving the editor.
     if (!HasFocus()) SetFocus(edit_);
     SendMessageW(combo_, CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
+    ShowTextFromItsStart();
 }
 
 void CellEditor::Type(wchar_t ch) { SendMessageW(edit_, WM_CHAR, ch, 1); }

@@ -80,6 +80,7 @@ private:
     void SetText(const std::wstring& text);
     std::wstring ItemText(int index) const;
     void FitList();
+    void ShowTextFromItsStart();
 
     CellEditorOwner& owner_;
     HWND parent_ = nullptr;

@@ -124,9 +124,9 @@ void DesignGridView::PaintHeaderItem(HDC dc, const GridRect& place, int column) 
         }
         win32::FillSolid(dc, rect, back);
         FillRight(dc, rect, line, colours.face_line);
-        FillBottom(dc, rect, line, colours.face_line);
     }
     if (focused) FillBottom(dc, rect, std::max(2, Scaled(2)), colours.accent);
+    else FillBottom(dc, rect, line, colours.line);
     if (column < 0) return;
 
     // The column's number, faint, then its caption.
