@@ -1,5 +1,5 @@
-// What a character can be in a statement: part of a word, digit, white space. The lexer asks this for every character,
-// so it is one table look-up for ASCII and a short test for the rest.
+// What a character can be in a statement: part of a word, digit, white space. The lexer asks this for every
+// character, so it is one table look-up for ASCII and a short test for the rest.
 #pragma once
 
 #include <array>
@@ -30,10 +30,10 @@ consteval std::array<std::uint8_t, 128> MakeAsciiClasses() {
     table['$'] = kWordPart;
     table['#'] = kWordPart;
     for (char c : {' ', '\t', '\r', '\n', '\v', '\f'}) table[static_cast<int>(c)] = kBlank | kMacroEnd;
-    // The macros' own list of terminators; the line break and ";" end a name here too, so that a macro can stand at
-    // the end of a line or of the statement.
-    for (char c : {'{', '}', '[', ']', '+', '-', '*', '/', '<', '>', '=', '!', '(', ')', ',', ':', '?', '\'', '&',
-                   '"', ';'}) {
+    // The macros' own list of terminators; the line break and ";" end a name here too, so that a macro can
+    // stand at the end of a line or of the statement.
+    for (char c : {'{', '}', '[', ']', '+', '-', '*',  '/', '<', '>', '=',
+                   '!', '(', ')', ',', ':', '?', '\'', '&', '"', ';'}) {
         table[static_cast<int>(c)] |= kMacroEnd;
     }
     return table;
@@ -43,8 +43,8 @@ inline constexpr std::array<std::uint8_t, 128> kAsciiClasses = MakeAsciiClasses(
 
 /// Beyond ASCII: the Unicode spaces, and what a bare name may hold.
 inline std::uint8_t WideClass(std::uint32_t c) {
-    if (c == 0xA0 || c == 0x1680 || (c >= 0x2000 && c <= 0x200B) || c == 0x2028 || c == 0x2029 || c == 0x202F ||
-        c == 0x205F || c == 0x3000 || c == 0xFEFF) {
+    if (c == 0xA0 || c == 0x1680 || (c >= 0x2000 && c <= 0x200B) || c == 0x2028 || c == 0x2029 ||
+        c == 0x202F || c == 0x205F || c == 0x3000 || c == 0xFEFF) {
         return kBlank | kMacroEnd;
     }
     return IsIdentifierStart(static_cast<wchar_t>(c)) ? kWordStart | kWordPart : 0;
@@ -58,6 +58,8 @@ inline std::uint8_t ClassOf(wchar_t ch) {
     return c < 128 ? detail::kAsciiClasses[c] : detail::WideClass(c);
 }
 
-inline bool Is(wchar_t ch, std::uint8_t bits) { return (ClassOf(ch) & bits) != 0; }
+inline bool Is(wchar_t ch, std::uint8_t bits) {
+    return (ClassOf(ch) & bits) != 0;
+}
 
 }  // namespace tessel::sql

@@ -25,7 +25,8 @@ private:
     // A tighter run without parentheses (a AND b under OR) stands in the same list.
     void AddRun(NodeId id, std::vector<ConditionNode>& list) const {
         std::size_t stop = 0;
-        for (NodeId child = statement_.At(id).first_child; child != kNoNode; child = statement_.At(child).next) {
+        for (NodeId child = statement_.At(id).first_child; child != kNoNode;
+             child = statement_.At(child).next) {
             if (child != statement_.At(id).first_child) AddConnective(stop, statement_.At(child).begin, list);
             Add(child, list);
             stop = statement_.At(child).Range().End();
@@ -65,7 +66,8 @@ private:
         for (;;) {
             node = &statement_.At(inner);
             if (node->kind == NodeKind::Logical) return contents;
-            if (node->kind == NodeKind::Not && statement_.At(node->first_child).kind != NodeKind::Paren) return kNoNode;
+            if (node->kind == NodeKind::Not && statement_.At(node->first_child).kind != NodeKind::Paren)
+                return kNoNode;
             if (node->kind != NodeKind::Paren && node->kind != NodeKind::Not) return kNoNode;
             inner = node->first_child;
         }
@@ -82,7 +84,11 @@ std::vector<ConditionNode> Build(const Statement& statement, NodeId root) {
 
 }  // namespace
 
-std::vector<ConditionNode> Statement::Where() const { return Build(*this, where); }
-std::vector<ConditionNode> Statement::Having() const { return Build(*this, having); }
+std::vector<ConditionNode> Statement::Where() const {
+    return Build(*this, where);
+}
+std::vector<ConditionNode> Statement::Having() const {
+    return Build(*this, having);
+}
 
 }  // namespace tessel::sql

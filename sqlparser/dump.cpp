@@ -14,9 +14,10 @@ constexpr std::wstring_view kCompareNames[] = {L"=", L"<>", L"<", L"<=", L">", L
 constexpr std::wstring_view kLogicalNames[] = {L"and", L"or", L"xor", L"eqv", L"imp"};
 constexpr std::wstring_view kQuantifierNames[] = {L"any", L"some", L"all"};
 constexpr std::wstring_view kBeyondNames[] = {
-    L"Union", L"Intersect", L"Except", L"With", L"DerivedTable", L"Into", L"Limit", L"Offset", L"Fetch",
-    L"Parameters", L"InDatabase", L"FullJoin", L"CrossJoin", L"NaturalJoin", L"JoinUsing", L"OnMissing", L"Window",
-    L"ForUpdate", L"Values", L"Hint", L"WithOwnerAccess", L"TableFunction", L"Other"};
+    L"Union",     L"Intersect",   L"Except",          L"With",          L"DerivedTable", L"Into",
+    L"Limit",     L"Offset",      L"Fetch",           L"Parameters",    L"InDatabase",   L"FullJoin",
+    L"CrossJoin", L"NaturalJoin", L"JoinUsing",       L"OnMissing",     L"Window",       L"ForUpdate",
+    L"Values",    L"Hint",        L"WithOwnerAccess", L"TableFunction", L"Other"};
 
 class Dumper {
 public:
@@ -25,39 +26,95 @@ public:
     void Expression(NodeId id) {
         const Node& node = s_.At(id);
         switch (node.kind) {
-            case NodeKind::Error: out_ += L"error"; break;
+            case NodeKind::Error:
+                out_ += L"error";
+                break;
             case NodeKind::Number:
             case NodeKind::String:
             case NodeKind::Date:
             case NodeKind::Macro:
-            case NodeKind::Parameter: out_ += s_.Slice(node.Range()); break;
-            case NodeKind::Null: out_ += L"null"; break;
-            case NodeKind::True: out_ += L"true"; break;
-            case NodeKind::False: out_ += L"false"; break;
+            case NodeKind::Parameter:
+                out_ += s_.Slice(node.Range());
+                break;
+            case NodeKind::Null:
+                out_ += L"null";
+                break;
+            case NodeKind::True:
+                out_ += L"true";
+                break;
+            case NodeKind::False:
+                out_ += L"false";
+                break;
             case NodeKind::Name:
-            case NodeKind::Star: Name(node); break;
-            case NodeKind::NamePart: out_ += s_.Slice(node.Range()); break;
-            case NodeKind::Paren: List(L"paren", node); break;
-            case NodeKind::Unary: List(kUnaryNames[node.op], node); break;
-            case NodeKind::Binary: List(kBinaryNames[node.op], node); break;
-            case NodeKind::Compare: Compare(node); break;
-            case NodeKind::Logical: List(kLogicalNames[node.op], node); break;
-            case NodeKind::Not: List(L"not", node); break;
-            case NodeKind::Like: Negatable(node.flags & kALike ? L"alike" : L"like", node); break;
-            case NodeKind::Between: Negatable(L"between", node); break;
-            case NodeKind::InList: Negatable(L"in", node); break;
-            case NodeKind::InSelect: Negatable(L"in-select", node); break;
-            case NodeKind::IsNull: List(node.flags & kNegated ? L"is-not-null" : L"is-null", node); break;
-            case NodeKind::Exists: List(L"exists", node); break;
-            case NodeKind::Quantified: List(kQuantifierNames[node.op], node); break;
-            case NodeKind::Call: Call(node); break;
-            case NodeKind::Window: List(L"window", node); break;
-            case NodeKind::Case: Case(node); break;
-            case NodeKind::When: List(L"when", node); break;
-            case NodeKind::Cast: Cast(node); break;
-            case NodeKind::Subquery: List(L"subquery", node); break;
-            case NodeKind::Select: Select(*s_.nested[node.payload]); break;
-            case NodeKind::Tuple: List(L"tuple", node); break;
+            case NodeKind::Star:
+                Name(node);
+                break;
+            case NodeKind::NamePart:
+                out_ += s_.Slice(node.Range());
+                break;
+            case NodeKind::Paren:
+                List(L"paren", node);
+                break;
+            case NodeKind::Unary:
+                List(kUnaryNames[node.op], node);
+                break;
+            case NodeKind::Binary:
+                List(kBinaryNames[node.op], node);
+                break;
+            case NodeKind::Compare:
+                Compare(node);
+                break;
+            case NodeKind::Logical:
+                List(kLogicalNames[node.op], node);
+                break;
+            case NodeKind::Not:
+                List(L"not", node);
+                break;
+            case NodeKind::Like:
+                Negatable(node.flags & kALike ? L"alike" : L"like", node);
+                break;
+            case NodeKind::Between:
+                Negatable(L"between", node);
+                break;
+            case NodeKind::InList:
+                Negatable(L"in", node);
+                break;
+            case NodeKind::InSelect:
+                Negatable(L"in-select", node);
+                break;
+            case NodeKind::IsNull:
+                List(node.flags & kNegated ? L"is-not-null" : L"is-null", node);
+                break;
+            case NodeKind::Exists:
+                List(L"exists", node);
+                break;
+            case NodeKind::Quantified:
+                List(kQuantifierNames[node.op], node);
+                break;
+            case NodeKind::Call:
+                Call(node);
+                break;
+            case NodeKind::Window:
+                List(L"window", node);
+                break;
+            case NodeKind::Case:
+                Case(node);
+                break;
+            case NodeKind::When:
+                List(L"when", node);
+                break;
+            case NodeKind::Cast:
+                Cast(node);
+                break;
+            case NodeKind::Subquery:
+                List(L"subquery", node);
+                break;
+            case NodeKind::Select:
+                Select(*s_.nested[node.payload]);
+                break;
+            case NodeKind::Tuple:
+                List(L"tuple", node);
+                break;
         }
     }
 
@@ -197,10 +254,17 @@ private:
 
     void JoinName(const FromNode& node) {
         switch (node.kind) {
-            case JoinKind::Inner: out_ += L"inner"; return;
-            case JoinKind::Left: out_ += L"left"; return;
-            case JoinKind::Right: out_ += L"right"; return;
-            case JoinKind::None: break;
+            case JoinKind::Inner:
+                out_ += L"inner";
+                return;
+            case JoinKind::Left:
+                out_ += L"left";
+                return;
+            case JoinKind::Right:
+                out_ += L"right";
+                return;
+            case JoinKind::None:
+                break;
         }
         std::wstring words = Lower(CanonicalTokens(s_.source, node.joint));
         for (wchar_t& ch : words) {
@@ -268,7 +332,6 @@ private:
     const Statement& s_;
     std::wstring out_;
 };
-
 
 }  // namespace
 

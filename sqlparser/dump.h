@@ -1,5 +1,5 @@
-// A statement as an s-expression, so that tests and traces read well. Names and literals appear as written, words of
-// the language by what they mean: two statements with the same dump mean the same.
+// A statement as an s-expression, so that tests and traces read well. Names and literals appear as written,
+// words of the language by what they mean: two statements with the same dump mean the same.
 //
 //     SELECT a FROM t WHERE x=1 AND y  ->  (select (columns a) (from t) (where (and (= x 1) y)))
 #pragma once

@@ -6,7 +6,8 @@
 namespace tessel::sql {
 namespace {
 
-constexpr std::wstring_view kBinaryTexts[] = {L" + ", L" - ", L" * ", L" / ", L" \\ ", L" Mod ", L" ^ ", L" & ", L" | "};
+constexpr std::wstring_view kBinaryTexts[] = {L" + ",   L" - ", L" * ", L" / ", L" \\ ",
+                                              L" Mod ", L" ^ ", L" & ", L" | "};
 constexpr std::wstring_view kCompareTexts[] = {L" = ", L" <> ", L" < ", L" <= ", L" > ", L" >= "};
 constexpr std::wstring_view kLogicalTexts[] = {L" AND ", L" OR ", L" XOR ", L" EQV ", L" IMP "};
 constexpr std::wstring_view kQuantifierTexts[] = {L"ANY (", L"SOME (", L"ALL ("};
@@ -23,12 +24,22 @@ void ExpressionPrinter::Expression(NodeId id) {
         case NodeKind::Date:
         case NodeKind::Macro:
         case NodeKind::Parameter:
-        case NodeKind::NamePart: out_ += s_.Slice(node.Range()); break;
-        case NodeKind::Null: out_ += L"NULL"; break;
-        case NodeKind::True: out_ += L"TRUE"; break;
-        case NodeKind::False: out_ += L"FALSE"; break;
+        case NodeKind::NamePart:
+            out_ += s_.Slice(node.Range());
+            break;
+        case NodeKind::Null:
+            out_ += L"NULL";
+            break;
+        case NodeKind::True:
+            out_ += L"TRUE";
+            break;
+        case NodeKind::False:
+            out_ += L"FALSE";
+            break;
         case NodeKind::Name:
-        case NodeKind::Star: Name(node); break;
+        case NodeKind::Star:
+            Name(node);
+            break;
         case NodeKind::Paren:
         case NodeKind::Tuple:
             out_ += L'(';
@@ -36,14 +47,28 @@ void ExpressionPrinter::Expression(NodeId id) {
             out_ += L')';
             break;
         case NodeKind::Unary:
-        case NodeKind::Not: Prefix(node); break;
-        case NodeKind::Binary: Run(node); break;
-        case NodeKind::Compare: Compare(node); break;
-        case NodeKind::Logical: Joined(node, kLogicalTexts[node.op]); break;
-        case NodeKind::Like: Like(node); break;
-        case NodeKind::Between: Between(node); break;
+        case NodeKind::Not:
+            Prefix(node);
+            break;
+        case NodeKind::Binary:
+            Run(node);
+            break;
+        case NodeKind::Compare:
+            Compare(node);
+            break;
+        case NodeKind::Logical:
+            Joined(node, kLogicalTexts[node.op]);
+            break;
+        case NodeKind::Like:
+            Like(node);
+            break;
+        case NodeKind::Between:
+            Between(node);
+            break;
         case NodeKind::InList:
-        case NodeKind::InSelect: In(node); break;
+        case NodeKind::InSelect:
+            In(node);
+            break;
         case NodeKind::IsNull:
             Expression(Child(node));
             out_ += node.flags & kNegated ? L" IS NOT NULL" : L" IS NULL";
@@ -58,20 +83,30 @@ void ExpressionPrinter::Expression(NodeId id) {
             Joined(node, {});
             out_ += L')';
             break;
-        case NodeKind::Call: Call(node); break;
-        case NodeKind::Window: Window(node); break;
-        case NodeKind::Case: Case(node); break;
+        case NodeKind::Call:
+            Call(node);
+            break;
+        case NodeKind::Window:
+            Window(node);
+            break;
+        case NodeKind::Case:
+            Case(node);
+            break;
         case NodeKind::When:
             out_ += L"WHEN ";
             Joined(node, L" THEN ");
             break;
-        case NodeKind::Cast: Cast(node); break;
+        case NodeKind::Cast:
+            Cast(node);
+            break;
         case NodeKind::Subquery:
             out_ += L'(';
             Joined(node, {});
             out_ += L')';
             break;
-        case NodeKind::Select: PrintInline(*s_.nested[node.payload], out_); break;
+        case NodeKind::Select:
+            PrintInline(*s_.nested[node.payload], out_);
+            break;
     }
 }
 
@@ -148,7 +183,8 @@ void ExpressionPrinter::In(const Node& node) {
     const NodeId first = Next(value);
     Expression(value);
     out_ += node.flags & kNegated ? L" NOT IN " : L" IN ";
-    const bool bare = s_.source[node.Range().End() - 1] != L')' || s_.At(first).Range().End() == node.Range().End();
+    const bool bare =
+        s_.source[node.Range().End() - 1] != L')' || s_.At(first).Range().End() == node.Range().End();
     if (!bare) out_ += L'(';
     for (NodeId item = first; item != kNoNode; item = Next(item)) {
         if (item != first) out_ += L", ";

@@ -12,12 +12,18 @@ constexpr std::size_t kMostErrors = 100;
 
 std::wstring_view UnterminatedMessage(TokenKind kind) {
     switch (kind) {
-        case TokenKind::BracketName: return messages::kUnclosedBracket;
-        case TokenKind::BackQuoteName: return messages::kUnclosedBackQuote;
-        case TokenKind::Comment: return messages::kUnclosedComment;
-        case TokenKind::Date: return messages::kUnclosedDate;
-        case TokenKind::Macro: return messages::kUnclosedMacro;
-        default: return messages::kUnclosedString;
+        case TokenKind::BracketName:
+            return messages::kUnclosedBracket;
+        case TokenKind::BackQuoteName:
+            return messages::kUnclosedBackQuote;
+        case TokenKind::Comment:
+            return messages::kUnclosedComment;
+        case TokenKind::Date:
+            return messages::kUnclosedDate;
+        case TokenKind::Macro:
+            return messages::kUnclosedMacro;
+        default:
+            return messages::kUnclosedString;
     }
 }
 
@@ -33,7 +39,8 @@ Grammar::Nesting::Nesting(Grammar& grammar, int levels) : grammar_(grammar), lev
     if (grammar_.depth_ > kMaxDepth) grammar_.FailForGood(messages::kTooDeep);
 }
 
-// Tokens -----------------------------------------------------------------------------------------------------------
+// Tokens
+// -----------------------------------------------------------------------------------------------------------
 
 void Grammar::Advance() {
     if (blocked_) return;
@@ -95,16 +102,21 @@ bool Grammar::Expect(Keyword keyword, std::wstring_view message) {
     return false;
 }
 
-bool Grammar::CloseParen() { return Expect(TokenKind::RightParen, messages::kMissingRightParen); }
+bool Grammar::CloseParen() {
+    return Expect(TokenKind::RightParen, messages::kMissingRightParen);
+}
 
 // A token that can be a name where only a name can stand.
 bool Grammar::IsNameToken(const Token& token) const {
     switch (token.kind) {
-        case TokenKind::Word: return !IsReserved(token.keyword);
+        case TokenKind::Word:
+            return !IsReserved(token.keyword);
         case TokenKind::BracketName:
         case TokenKind::BackQuoteName:
-        case TokenKind::QuotedText: return true;
-        default: return false;
+        case TokenKind::QuotedText:
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -120,7 +132,8 @@ bool Grammar::SkipParens() {
     return false;
 }
 
-// Errors -----------------------------------------------------------------------------------------------------------
+// Errors
+// -----------------------------------------------------------------------------------------------------------
 
 // At the end of the text the place is right after the last token.
 void Grammar::Fail(std::wstring_view message) {
@@ -184,16 +197,18 @@ bool Grammar::StartsClauseWord(const Token& token) const {
         case Keyword::Order:
         case Keyword::Union:
         case Keyword::Intersect:
-        case Keyword::Except: return true;
-        default: return false;
+        case Keyword::Except:
+            return true;
+        default:
+            return false;
     }
 }
 
-// Goes on at the next clause of the select that began at `base_parens` open parentheses. False when that select ends
-// first: at its closing parenthesis, at ";" or at the end of the text.
+// Goes on at the next clause of the select that began at `base_parens` open parentheses. False when that
+// select ends first: at its closing parenthesis, at ";" or at the end of the text.
 //
-// A clause word in deeper parentheses counts as well, because the missing parenthesis may be the very error; not so
-// the clauses of a whole sub-select that is passed over.
+// A clause word in deeper parentheses counts as well, because the missing parenthesis may be the very error;
+// not so the clauses of a whole sub-select that is passed over.
 bool Grammar::Recover(int base_parens) {
     if (!blocked_) return true;
     if (finished_) return false;
@@ -223,7 +238,8 @@ bool Grammar::Recover(int base_parens) {
     }
 }
 
-// Nodes ------------------------------------------------------------------------------------------------------------
+// Nodes
+// ------------------------------------------------------------------------------------------------------------
 
 NodeId Grammar::Make(NodeKind kind, std::uint32_t begin, std::uint8_t op) {
     Node node;

@@ -1,17 +1,18 @@
 // Grammar: the recursive descent over the tokens, one function for each production; sql_parser.h is its face.
 //
-// Files: grammar.cpp holds the tokens, errors and recovery; grammar_statement.cpp whole statements and set operators;
-// grammar_select.cpp the select list; grammar_clauses.cpp the clauses; grammar_from.cpp joins; grammar_tables.cpp
-// tables; grammar_joins.cpp which tables a condition joins; grammar_expression.cpp operators; grammar_predicates.cpp
-// LIKE, IN and the like; grammar_primary.cpp operands; grammar_calls.cpp calls and what may follow them.
+// Files: grammar.cpp holds the tokens, errors and recovery; grammar_statement.cpp whole statements and set
+// operators; grammar_select.cpp the select list; grammar_clauses.cpp the clauses; grammar_from.cpp joins;
+// grammar_tables.cpp tables; grammar_joins.cpp which tables a condition joins; grammar_expression.cpp
+// operators; grammar_predicates.cpp LIKE, IN and the like; grammar_primary.cpp operands; grammar_calls.cpp
+// calls and what may follow them.
 //
-// Errors. A production that meets a wrong token calls Fail. The message is kept, and from then on the current token
-// is `Blocked`, which no production accepts, so that all of them return without checks of their own. The clause loop
-// then calls Recover, which goes on at the next clause.
+// Errors. A production that meets a wrong token calls Fail. The message is kept, and from then on the current
+// token is `Blocked`, which no production accepts, so that all of them return without checks of their own.
+// The clause loop then calls Recover, which goes on at the next clause.
 //
-// Depth. Operators need no recursion: operands and operators wait on two stacks shared by all levels. Only what
-// brackets something (parentheses, calls, CASE, sub-selects, joins) recurses, and Enter counts it. The height of the
-// tree is limited as well, because those who walk it do recurse.
+// Depth. Operators need no recursion: operands and operators wait on two stacks shared by all levels. Only
+// what brackets something (parentheses, calls, CASE, sub-selects, joins) recurses, and Enter counts it. The
+// height of the tree is limited as well, because those who walk it do recurse.
 #pragma once
 
 #include <memory>
@@ -34,7 +35,21 @@ public:
 private:
     /// Binding of the operators, loosest first.
     enum class Level : std::uint8_t {
-        None, Imp, Eqv, Xor, Or, And, Not, Compare, Concat, Add, Modulo, IntDivide, Multiply, Sign, Power
+        None,
+        Imp,
+        Eqv,
+        Xor,
+        Or,
+        And,
+        Not,
+        Compare,
+        Concat,
+        Add,
+        Modulo,
+        IntDivide,
+        Multiply,
+        Sign,
+        Power
     };
     struct Operator {
         NodeKind kind = NodeKind::Error;
@@ -202,7 +217,8 @@ private:
     void BetweenTail(std::uint8_t flags, std::uint32_t op_begin);
     void InTail(std::uint8_t flags, std::uint32_t op_begin);
     Children TakeLeft();
-    void PutPredicate(NodeKind kind, std::uint8_t op, std::uint8_t flags, std::uint32_t op_begin, const Children& children);
+    void PutPredicate(NodeKind kind, std::uint8_t op, std::uint8_t flags, std::uint32_t op_begin,
+                      const Children& children);
 
     // grammar_primary.cpp
     NodeId Primary();

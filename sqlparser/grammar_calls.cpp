@@ -19,7 +19,8 @@ NodeId Grammar::Call(NodeId name, Keyword callee) {
     return At(TokenKind::Word) ? CallTail(call) : call;
 }
 
-// A few standard functions separate their arguments by words: EXTRACT(YEAR FROM d), SUBSTRING(a FROM 1 FOR 2).
+// A few standard functions separate their arguments by words: EXTRACT(YEAR FROM d), SUBSTRING(a FROM 1 FOR
+// 2).
 void Grammar::CallArguments(Children& children, std::uint8_t& flags, Keyword callee) {
     if (At(TokenKind::Star)) {
         flags |= kStarArgument;
@@ -32,8 +33,9 @@ void Grammar::CallArguments(Children& children, std::uint8_t& flags, Keyword cal
     } else if (At(Keyword::All) && Peek().kind != TokenKind::LeftParen) {
         Advance();
     }
-    const bool by_words = callee == Keyword::Extract || callee == Keyword::Trim || callee == Keyword::Substring ||
-                          callee == Keyword::Overlay || callee == Keyword::Convert;
+    const bool by_words = callee == Keyword::Extract || callee == Keyword::Trim ||
+                          callee == Keyword::Substring || callee == Keyword::Overlay ||
+                          callee == Keyword::Convert;
     for (;;) {
         const NodeId argument = Expression();
         if (blocked_) return;
@@ -86,7 +88,8 @@ NodeId Grammar::CallTail(NodeId call) {
     return Finish(Make(NodeKind::Window, At(call).begin), children);
 }
 
-// ( [WHERE condition] [PARTITION BY …] [ORDER BY …] [ROWS …] ): the expressions become nodes, the words stay text.
+// ( [WHERE condition] [PARTITION BY …] [ORDER BY …] [ROWS …] ): the expressions become nodes, the words stay
+// text.
 void Grammar::WindowParens(Children& children) {
     const Nesting nesting(*this);
     Advance();

@@ -7,7 +7,8 @@
 namespace tessel::sql {
 namespace {
 
-constexpr std::wstring_view kClauseNames[] = {L"SELECT", L"FROM", L"WHERE", L"GROUP BY", L"HAVING", L"ORDER BY"};
+constexpr std::wstring_view kClauseNames[] = {L"SELECT",   L"FROM",   L"WHERE",
+                                              L"GROUP BY", L"HAVING", L"ORDER BY"};
 constexpr int kFromRank = 1;
 constexpr int kWhereRank = 2;
 constexpr int kGroupRank = 3;
@@ -61,7 +62,8 @@ bool Grammar::Clause(int& last_rank) {
             CheckOrder(kOrderRank, last_rank);
             OrderByClause();
             return true;
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -146,19 +148,32 @@ void Grammar::OrderItem() {
     statement_->OrderItems.push_back(item);
 }
 
-// What limits, locks or qualifies the whole statement. Words that are not reserved begin such a clause only together
-// with what follows them.
+// What limits, locks or qualifies the whole statement. Words that are not reserved begin such a clause only
+// together with what follows them.
 bool Grammar::TailClause() {
     if (!At(TokenKind::Word)) return false;
     const std::uint32_t begin = token_.begin;
     switch (token_.keyword) {
-        case Keyword::Limit: LimitClause(Beyond::Limit); break;
-        case Keyword::Offset: LimitClause(Beyond::Offset); break;
-        case Keyword::Fetch: WordsClause(Beyond::Fetch); break;
-        case Keyword::For: WordsClause(Beyond::ForUpdate); break;
-        case Keyword::Window: WordsClause(Beyond::Window); break;
-        case Keyword::With: WithTailClause(); break;
-        default: return false;
+        case Keyword::Limit:
+            LimitClause(Beyond::Limit);
+            break;
+        case Keyword::Offset:
+            LimitClause(Beyond::Offset);
+            break;
+        case Keyword::Fetch:
+            WordsClause(Beyond::Fetch);
+            break;
+        case Keyword::For:
+            WordsClause(Beyond::ForUpdate);
+            break;
+        case Keyword::Window:
+            WordsClause(Beyond::Window);
+            break;
+        case Keyword::With:
+            WithTailClause();
+            break;
+        default:
+            return false;
     }
     if (blocked_) return true;
     if (statement_->trailing.length == 0) statement_->trailing.offset = begin;
@@ -185,8 +200,8 @@ void Grammar::WordsClause(Beyond what) {
         if (At(TokenKind::LeftParen)) {
             if (!SkipParens()) return;
         } else if (At(TokenKind::Number) || At(TokenKind::Parameter) || At(TokenKind::Macro) ||
-                   At(TokenKind::Comma) || At(TokenKind::Point) || At(TokenKind::BracketName) || At(Keyword::As) ||
-                   (At(Keyword::With) && IsKeyword(Peek(), Keyword::Ties))) {
+                   At(TokenKind::Comma) || At(TokenKind::Point) || At(TokenKind::BracketName) ||
+                   At(Keyword::As) || (At(Keyword::With) && IsKeyword(Peek(), Keyword::Ties))) {
             Advance();
         } else if (At(TokenKind::Word) && !IsReserved(token_.keyword) && !At(Keyword::Limit) &&
                    !At(Keyword::Offset) && !At(Keyword::For) && !At(Keyword::Fetch)) {

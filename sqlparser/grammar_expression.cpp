@@ -1,5 +1,5 @@
-// Operators by precedence, without recursion: operands and operators wait on two stacks until a looser operator or
-// the end of the expression reduces them.
+// Operators by precedence, without recursion: operands and operators wait on two stacks until a looser
+// operator or the end of the expression reduces them.
 #include <algorithm>
 
 #include "sqlparser/grammar.h"
@@ -46,31 +46,54 @@ bool Grammar::ReadOperator(Operator& op) const {
     switch (token_.kind) {
         case TokenKind::Word:
             switch (token_.keyword) {
-                case Keyword::And: return set(NodeKind::Logical, LogicalOp::And, Level::And);
-                case Keyword::Or: return set(NodeKind::Logical, LogicalOp::Or, Level::Or);
-                case Keyword::Xor: return set(NodeKind::Logical, LogicalOp::Xor, Level::Xor);
-                case Keyword::Eqv: return set(NodeKind::Logical, LogicalOp::Eqv, Level::Eqv);
-                case Keyword::Imp: return set(NodeKind::Logical, LogicalOp::Imp, Level::Imp);
-                case Keyword::Mod: return set(NodeKind::Binary, BinaryOp::Modulo, Level::Modulo);
-                default: return false;
+                case Keyword::And:
+                    return set(NodeKind::Logical, LogicalOp::And, Level::And);
+                case Keyword::Or:
+                    return set(NodeKind::Logical, LogicalOp::Or, Level::Or);
+                case Keyword::Xor:
+                    return set(NodeKind::Logical, LogicalOp::Xor, Level::Xor);
+                case Keyword::Eqv:
+                    return set(NodeKind::Logical, LogicalOp::Eqv, Level::Eqv);
+                case Keyword::Imp:
+                    return set(NodeKind::Logical, LogicalOp::Imp, Level::Imp);
+                case Keyword::Mod:
+                    return set(NodeKind::Binary, BinaryOp::Modulo, Level::Modulo);
+                default:
+                    return false;
             }
-        case TokenKind::Equal: return set(NodeKind::Compare, CompareOp::Equal, Level::Compare);
-        case TokenKind::NotEqual: return set(NodeKind::Compare, CompareOp::NotEqual, Level::Compare);
-        case TokenKind::Less: return set(NodeKind::Compare, CompareOp::Less, Level::Compare);
-        case TokenKind::LessEqual: return set(NodeKind::Compare, CompareOp::LessEqual, Level::Compare);
-        case TokenKind::Greater: return set(NodeKind::Compare, CompareOp::Greater, Level::Compare);
-        case TokenKind::GreaterEqual: return set(NodeKind::Compare, CompareOp::GreaterEqual, Level::Compare);
+        case TokenKind::Equal:
+            return set(NodeKind::Compare, CompareOp::Equal, Level::Compare);
+        case TokenKind::NotEqual:
+            return set(NodeKind::Compare, CompareOp::NotEqual, Level::Compare);
+        case TokenKind::Less:
+            return set(NodeKind::Compare, CompareOp::Less, Level::Compare);
+        case TokenKind::LessEqual:
+            return set(NodeKind::Compare, CompareOp::LessEqual, Level::Compare);
+        case TokenKind::Greater:
+            return set(NodeKind::Compare, CompareOp::Greater, Level::Compare);
+        case TokenKind::GreaterEqual:
+            return set(NodeKind::Compare, CompareOp::GreaterEqual, Level::Compare);
         case TokenKind::Ampersand:
-        case TokenKind::Concat: return set(NodeKind::Binary, BinaryOp::Concat, Level::Concat);
-        case TokenKind::Pipe: return set(NodeKind::Binary, BinaryOp::Other, Level::Concat);
-        case TokenKind::Plus: return set(NodeKind::Binary, BinaryOp::Add, Level::Add);
-        case TokenKind::Minus: return set(NodeKind::Binary, BinaryOp::Subtract, Level::Add);
-        case TokenKind::Percent: return set(NodeKind::Binary, BinaryOp::Modulo, Level::Modulo);
-        case TokenKind::Backslash: return set(NodeKind::Binary, BinaryOp::IntDivide, Level::IntDivide);
-        case TokenKind::Star: return set(NodeKind::Binary, BinaryOp::Multiply, Level::Multiply);
-        case TokenKind::Slash: return set(NodeKind::Binary, BinaryOp::Divide, Level::Multiply);
-        case TokenKind::Caret: return set(NodeKind::Binary, BinaryOp::Power, Level::Power);
-        default: return false;
+        case TokenKind::Concat:
+            return set(NodeKind::Binary, BinaryOp::Concat, Level::Concat);
+        case TokenKind::Pipe:
+            return set(NodeKind::Binary, BinaryOp::Other, Level::Concat);
+        case TokenKind::Plus:
+            return set(NodeKind::Binary, BinaryOp::Add, Level::Add);
+        case TokenKind::Minus:
+            return set(NodeKind::Binary, BinaryOp::Subtract, Level::Add);
+        case TokenKind::Percent:
+            return set(NodeKind::Binary, BinaryOp::Modulo, Level::Modulo);
+        case TokenKind::Backslash:
+            return set(NodeKind::Binary, BinaryOp::IntDivide, Level::IntDivide);
+        case TokenKind::Star:
+            return set(NodeKind::Binary, BinaryOp::Multiply, Level::Multiply);
+        case TokenKind::Slash:
+            return set(NodeKind::Binary, BinaryOp::Divide, Level::Multiply);
+        case TokenKind::Caret:
+            return set(NodeKind::Binary, BinaryOp::Power, Level::Power);
+        default:
+            return false;
     }
 }
 
@@ -80,19 +103,22 @@ void Grammar::PushPrefixes() {
         if (At(Keyword::Not)) {
             operators_.push_back({NodeKind::Not, 0, Level::Not, begin});
         } else if (At(TokenKind::Minus)) {
-            operators_.push_back({NodeKind::Unary, static_cast<std::uint8_t>(UnaryOp::Minus), Level::Sign, begin});
+            operators_.push_back(
+                {NodeKind::Unary, static_cast<std::uint8_t>(UnaryOp::Minus), Level::Sign, begin});
         } else if (At(TokenKind::Plus)) {
-            operators_.push_back({NodeKind::Unary, static_cast<std::uint8_t>(UnaryOp::Plus), Level::Sign, begin});
+            operators_.push_back(
+                {NodeKind::Unary, static_cast<std::uint8_t>(UnaryOp::Plus), Level::Sign, begin});
         } else if (At(TokenKind::Tilde)) {
-            operators_.push_back({NodeKind::Unary, static_cast<std::uint8_t>(UnaryOp::BitNot), Level::Sign, begin});
+            operators_.push_back(
+                {NodeKind::Unary, static_cast<std::uint8_t>(UnaryOp::BitNot), Level::Sign, begin});
         } else {
             return;
         }
     }
 }
 
-// Builds the nodes of the waiting operators that bind at least as tightly as `level`: all operators group from the
-// left. A prefix operator that binds more loosely shields those before it, as in a = NOT b = c.
+// Builds the nodes of the waiting operators that bind at least as tightly as `level`: all operators group
+// from the left. A prefix operator that binds more loosely shields those before it, as in a = NOT b = c.
 void Grammar::ReduceTo(std::size_t base, Level level) {
     while (!blocked_ && operators_.size() > base && operators_.back().level >= level) {
         const Operator op = operators_.back();
@@ -123,8 +149,8 @@ void Grammar::ReduceBinary(const Operator& op) {
     Operand& left = operands_.back();
     if (IsStar(left.node) || IsStar(right.node)) return;
     const std::uint32_t stop = At(right.node).begin + At(right.node).length;
-    const bool run = op.kind != NodeKind::Compare && left.last_child != kNoNode && At(left.node).kind == op.kind &&
-                     At(left.node).op == op.op;
+    const bool run = op.kind != NodeKind::Compare && left.last_child != kNoNode &&
+                     At(left.node).kind == op.kind && At(left.node).op == op.op;
     if (run) {
         At(left.last_child).next = right.node;
         At(left.node).length = stop - At(left.node).begin;

@@ -8,7 +8,9 @@
 namespace tessel::sql {
 
 /// One comma-separated item; the index of its tree in Statement::From, or -1.
-int Grammar::FromItem() { return JoinChain(TablePrimary()); }
+int Grammar::FromItem() {
+    return JoinChain(TablePrimary());
+}
 
 int Grammar::JoinChain(int left) {
     while (left >= 0 && StartsJoin()) left = JoinStep(left);
@@ -21,12 +23,15 @@ bool Grammar::StartsJoin() {
         case Keyword::Inner:
         case Keyword::Join:
         case Keyword::Left:
-        case Keyword::Right: return true;
+        case Keyword::Right:
+            return true;
         case Keyword::Full:
         case Keyword::Cross:
         case Keyword::Natural:
-        case Keyword::Outer: return !IsBareAlias();
-        default: return false;
+        case Keyword::Outer:
+            return !IsBareAlias();
+        default:
+            return false;
     }
 }
 
@@ -121,8 +126,8 @@ int Grammar::AddJoin(FromNode join, int left, int right) {
     return static_cast<int>(from.size() - 1);
 }
 
-// Inner operands first: the order in which the joins would be carried out. A node stands behind its operands in
-// Statement::From, so the nodes of one tree, from `first` on, are already in that order.
+// Inner operands first: the order in which the joins would be carried out. A node stands behind its operands
+// in Statement::From, so the nodes of one tree, from `first` on, are already in that order.
 void Grammar::CollectJoins(std::size_t first, JoinGroup& group) {
     for (std::size_t i = first; i < statement_->From.size(); ++i) {
         const FromNode& node = statement_->From[i];

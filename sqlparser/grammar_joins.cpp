@@ -53,7 +53,8 @@ Join Grammar::ResolveJoin(const FromNode& node) const {
             std::swap(a_sides, b_sides);
         }
         // Two fields of the same side join nothing.
-        const bool same_side = (a_sides.OnlyLeft() && b_sides.OnlyLeft()) || (a_sides.OnlyRight() && b_sides.OnlyRight());
+        const bool same_side =
+            (a_sides.OnlyLeft() && b_sides.OnlyLeft()) || (a_sides.OnlyRight() && b_sides.OnlyRight());
         if (!same_side) {
             join.left_field = a;
             join.right_field = b;
@@ -95,14 +96,16 @@ FieldRef Grammar::FieldOf(NodeId name) const {
     return field;
 }
 
-// The tables of either side that the qualifier names. Of a qualifier of several parts the last one counts. The name of
-// a table that has an alias counts only when nothing else is called so: in X INNER JOIN X AS X_1, X is the first.
+// The tables of either side that the qualifier names. Of a qualifier of several parts the last one counts.
+// The name of a table that has an alias counts only when nothing else is called so: in X INNER JOIN X AS X_1,
+// X is the first.
 Grammar::Sides Grammar::SidesOf(TextRange qualifier, TableSpan left, TableSpan right) const {
     Sides sides;
     if (qualifier.length == 0) return sides;
     Lexer parts(text_.substr(0, qualifier.End()), qualifier.offset);
     Token last;
-    for (Token token = parts.NextSignificant(); token.kind != TokenKind::End; token = parts.NextSignificant()) {
+    for (Token token = parts.NextSignificant(); token.kind != TokenKind::End;
+         token = parts.NextSignificant()) {
         if (token.kind != TokenKind::Point && token.kind != TokenKind::Bang) last = token;
     }
     const std::wstring_view wanted = TextOf(last.Range());
@@ -140,7 +143,8 @@ void Grammar::FindTables(NodeId on, TableSpan left, TableSpan right, Join& join)
             continue;
         }
         const auto from = static_cast<std::ptrdiff_t>(open.size());
-        for (NodeId child = nodes[id].first_child; child != kNoNode; child = nodes[child].next) open.push_back(child);
+        for (NodeId child = nodes[id].first_child; child != kNoNode; child = nodes[child].next)
+            open.push_back(child);
         std::reverse(open.begin() + from, open.end());
     }
 }

@@ -18,7 +18,8 @@ bool Grammar::PredicateTail(std::size_t base) {
         case Keyword::Like:
         case Keyword::ALike:
         case Keyword::Between:
-        case Keyword::In: break;
+        case Keyword::In:
+            break;
         default:
             if (flags & kNegated) {
                 Advance();
@@ -32,11 +33,21 @@ bool Grammar::PredicateTail(std::size_t base) {
     if (flags & kNegated) Advance();
     Advance();
     switch (keyword) {
-        case Keyword::Is: IsTail(begin); break;
-        case Keyword::ALike: LikeTail(flags | kALike, begin); break;
-        case Keyword::Like: LikeTail(flags, begin); break;
-        case Keyword::Between: BetweenTail(flags, begin); break;
-        default: InTail(flags, begin); break;
+        case Keyword::Is:
+            IsTail(begin);
+            break;
+        case Keyword::ALike:
+            LikeTail(flags | kALike, begin);
+            break;
+        case Keyword::Like:
+            LikeTail(flags, begin);
+            break;
+        case Keyword::Between:
+            BetweenTail(flags, begin);
+            break;
+        default:
+            InTail(flags, begin);
+            break;
     }
     return !blocked_;
 }

@@ -9,24 +9,43 @@ namespace tessel::sql {
 NodeId Grammar::Primary() {
     NodeId node = kNoNode;
     switch (token_.kind) {
-        case TokenKind::Word: node = WordPrimary(); break;
+        case TokenKind::Word:
+            node = WordPrimary();
+            break;
         case TokenKind::BracketName:
-        case TokenKind::BackQuoteName: node = NameOrCall(); break;
+        case TokenKind::BackQuoteName:
+            node = NameOrCall();
+            break;
         case TokenKind::QuotedText: {
             const TokenKind next = Peek().kind;
-            node = next == TokenKind::Point || next == TokenKind::Bang ? NameOrCall() : Literal(NodeKind::String);
+            node = next == TokenKind::Point || next == TokenKind::Bang ? NameOrCall()
+                                                                       : Literal(NodeKind::String);
             break;
         }
         case TokenKind::Number:
             node = Peek().kind == TokenKind::Point ? NameOrCall() : Literal(NodeKind::Number);
             break;
-        case TokenKind::String: node = Literal(NodeKind::String); break;
-        case TokenKind::Date: node = Literal(NodeKind::Date); break;
-        case TokenKind::Macro: node = MacroPrimary(); break;
-        case TokenKind::Parameter: node = Literal(NodeKind::Parameter); break;
-        case TokenKind::LeftParen: node = ParenPrimary(); break;
-        case TokenKind::LeftBrace: node = BracedLiteral(); break;
-        default: FailExpression(); return kNoNode;
+        case TokenKind::String:
+            node = Literal(NodeKind::String);
+            break;
+        case TokenKind::Date:
+            node = Literal(NodeKind::Date);
+            break;
+        case TokenKind::Macro:
+            node = MacroPrimary();
+            break;
+        case TokenKind::Parameter:
+            node = Literal(NodeKind::Parameter);
+            break;
+        case TokenKind::LeftParen:
+            node = ParenPrimary();
+            break;
+        case TokenKind::LeftBrace:
+            node = BracedLiteral();
+            break;
+        default:
+            FailExpression();
+            return kNoNode;
     }
     if (blocked_) return kNoNode;
     return At(TokenKind::DoubleColon) || At(Keyword::Collate) ? PostfixCasts(node) : node;
@@ -43,7 +62,8 @@ NodeId Grammar::WordPrimary() {
     const bool called = next.kind == TokenKind::LeftParen;
     const bool qualifies = next.kind == TokenKind::Point || next.kind == TokenKind::Bang;
     switch (token_.keyword) {
-        case Keyword::None: return NameOrCall();
+        case Keyword::None:
+            return NameOrCall();
         case Keyword::Null:
             if (!called && !qualifies) return Literal(NodeKind::Null);
             break;
@@ -94,7 +114,8 @@ NodeId Grammar::WordPrimary() {
                 return Finish(node, {});
             }
             break;
-        default: break;
+        default:
+            break;
     }
     // Left(…), Right(…) and Asc(…) are functions; a reserved word before a point is a table's name.
     const bool function = called && (At(Keyword::Left) || At(Keyword::Right) || At(Keyword::Asc));
@@ -235,8 +256,8 @@ NodeId Grammar::CaseExpression() {
     return node;
 }
 
-// A macro may also stand for a name: @{tabla}.campo, @f(x), @tabla.*. A point belongs to the macro's own name, so that
-// it can be its last character.
+// A macro may also stand for a name: @{tabla}.campo, @f(x), @tabla.*. A point belongs to the macro's own
+// name, so that it can be its last character.
 NodeId Grammar::MacroPrimary() {
     const Token next = Peek();
     const bool ends_in_point = text_[token_.End() - 1] == L'.';
@@ -249,7 +270,8 @@ NodeId Grammar::MacroPrimary() {
         Advance();
         return Finish(star, {part, part, 0});
     }
-    const bool name = next.kind == TokenKind::Point || next.kind == TokenKind::Bang || next.kind == TokenKind::LeftParen;
+    const bool name =
+        next.kind == TokenKind::Point || next.kind == TokenKind::Bang || next.kind == TokenKind::LeftParen;
     return name ? NameOrCall() : Literal(NodeKind::Macro);
 }
 

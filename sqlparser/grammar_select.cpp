@@ -86,11 +86,13 @@ void Grammar::SelectItem() {
 
 // After AS any word is a name, except that "AS FROM t" more likely lacks the alias.
 bool Grammar::AliasAfterAs(TextRange& alias) {
-    bool accepted = IsNameToken(token_) || At(TokenKind::String) || At(TokenKind::Macro) || At(TokenKind::Number);
+    bool accepted =
+        IsNameToken(token_) || At(TokenKind::String) || At(TokenKind::Macro) || At(TokenKind::Number);
     if (At(TokenKind::Word) && !accepted) {
         const Token next = Peek();
         const bool ends = next.kind == TokenKind::Comma || IsKeyword(next, Keyword::From);
-        accepted = ends || (!StartsClauseWord(token_) && !At(Keyword::Into) && !At(Keyword::Select) && !At(Keyword::On));
+        accepted = ends || (!StartsClauseWord(token_) && !At(Keyword::Into) && !At(Keyword::Select) &&
+                            !At(Keyword::On));
     }
     if (!accepted) {
         Fail(messages::kExpectedAlias);
@@ -101,20 +103,22 @@ bool Grammar::AliasAfterAs(TextRange& alias) {
     return true;
 }
 
-// A name right after an expression or a table. Words that begin a clause or a join only together with what follows
-// them are names otherwise.
+// A name right after an expression or a table. Words that begin a clause or a join only together with what
+// follows them are names otherwise.
 bool Grammar::IsBareAlias() {
     if (At(TokenKind::BracketName) || At(TokenKind::BackQuoteName) || At(TokenKind::QuotedText)) return true;
     if (!At(TokenKind::Word) || IsReserved(token_.keyword)) return false;
     switch (token_.keyword) {
-        case Keyword::None: return true;
+        case Keyword::None:
+            return true;
         case Keyword::Full:
         case Keyword::Cross:
         case Keyword::Natural:
         case Keyword::Outer: {
             const Keyword next = Peek().keyword;
             return next != Keyword::Join && next != Keyword::Outer && next != Keyword::Apply &&
-                   next != Keyword::Inner && next != Keyword::Left && next != Keyword::Right && next != Keyword::Full;
+                   next != Keyword::Inner && next != Keyword::Left && next != Keyword::Right &&
+                   next != Keyword::Full;
         }
         case Keyword::Limit:
         case Keyword::Offset: {
@@ -122,14 +126,20 @@ bool Grammar::IsBareAlias() {
             return next != TokenKind::Number && next != TokenKind::Parameter && next != TokenKind::Macro &&
                    next != TokenKind::LeftParen && !IsKeyword(Peek(), Keyword::All);
         }
-        case Keyword::Fetch: return Peek().keyword != Keyword::First && Peek().keyword != Keyword::Next;
-        case Keyword::For: return Peek().kind != TokenKind::Word;
-        case Keyword::Window: return !IsKeyword(PeekSecond(), Keyword::As);
-        case Keyword::Using: return Peek().kind != TokenKind::LeftParen;
+        case Keyword::Fetch:
+            return Peek().keyword != Keyword::First && Peek().keyword != Keyword::Next;
+        case Keyword::For:
+            return Peek().kind != TokenKind::Word;
+        case Keyword::Window:
+            return !IsKeyword(PeekSecond(), Keyword::As);
+        case Keyword::Using:
+            return Peek().kind != TokenKind::LeftParen;
         case Keyword::Collate:
         case Keyword::Escape:
-        case Keyword::Over: return false;
-        default: return true;
+        case Keyword::Over:
+            return false;
+        default:
+            return true;
     }
 }
 

@@ -1,9 +1,18 @@
 // Whole statements: PARAMETERS, WITH, set operators, groups in parentheses, and the end of the text.
+#include <algorithm>
+
 #include "sqlparser/grammar.h"
 #include "sqlparser/messages.h"
 #include "sqlparser/sql_parser.h"
 
 namespace tessel::sql {
+namespace {
+
+// Dense text has a node in five characters; room that stays unused is not touched.
+constexpr std::size_t kCharactersPerNode = 4;
+constexpr std::size_t kMostReservedNodes = 1u << 21;
+
+}  // namespace
 
 std::unique_ptr<Statement> Grammar::Run() {
     if (blocked_) return nullptr;
@@ -13,8 +22,7 @@ std::unique_ptr<Statement> Grammar::Run() {
     }
     auto statement = NewStatement();
     statement_ = statement.get();
-    // About one node in six characters; a vector that grows a few times more does no harm.
-    statement->nodes.reserve(text_.size() / 6 + 16);
+    statement->nodes.reserve(std::min(text_.size() / kCharactersPerNode + 16, kMostReservedNodes));
     if (At(Keyword::Parameters)) ParametersClause();
     if (!blocked_ && !StartsQuery(token_) && !At(TokenKind::LeftParen)) Fail(messages::kNotASelect);
     if (blocked_) return nullptr;
@@ -47,11 +55,12 @@ void Grammar::ParametersClause() {
 }
 
 bool Grammar::StartsQuery(const Token& token) {
-    return IsKeyword(token, Keyword::Select) || IsKeyword(token, Keyword::With) || IsKeyword(token, Keyword::Values);
+    return IsKeyword(token, Keyword::Select) || IsKeyword(token, Keyword::With) ||
+           IsKeyword(token, Keyword::Values);
 }
 
-// A nested query with nodes of its own. The stacks of operands are shared; every production leaves them as it found
-// them.
+// A nested query with nodes of its own. The stacks of operands are shared; every production leaves them as it
+// found them.
 std::unique_ptr<Statement> Grammar::Query() {
     auto query = NewStatement();
     Statement* const outer = statement_;
@@ -88,7 +97,8 @@ void Grammar::Group() {
     SetOperators();
     if (!CloseParen()) return;
     statement_->group_ends.push_back(statement_->union_operands.size());
-    const bool has_tail = At(Keyword::Order) || At(Keyword::Limit) || At(Keyword::Offset) || At(Keyword::Fetch);
+    const bool has_tail =
+        At(Keyword::Order) || At(Keyword::Limit) || At(Keyword::Offset) || At(Keyword::Fetch);
     if (!has_tail || statement_->tail) return;
     auto tail = NewStatement();
     Statement* const outer = statement_;

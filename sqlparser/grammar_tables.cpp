@@ -96,7 +96,8 @@ int Grammar::DerivedTable(std::uint32_t begin) {
 bool Grammar::IsBracketedSelect() {
     if (!At(TokenKind::BracketName) || token_.length < 9) return false;
     Lexer inside(text_.substr(0, token_.End() - 1), token_.begin + 1);
-    if (!IsKeyword(inside.NextSignificant(), Keyword::Select) || Peek().kind != TokenKind::Point) return false;
+    if (!IsKeyword(inside.NextSignificant(), Keyword::Select) || Peek().kind != TokenKind::Point)
+        return false;
     // [Select one].[t] is a qualified name.
     const Token after = PeekSecond();
     return after.begin != Peek().End() || !IsNameToken(after);

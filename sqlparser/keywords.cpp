@@ -113,12 +113,15 @@ constexpr Entry kEntries[] = {
 constexpr std::size_t kTableSize = 512;
 constexpr std::size_t kLongest = 11;
 
-constexpr wchar_t Upper(wchar_t ch) { return ch >= L'a' && ch <= L'z' ? static_cast<wchar_t>(ch - 32) : ch; }
+constexpr wchar_t Upper(wchar_t ch) {
+    return ch >= L'a' && ch <= L'z' ? static_cast<wchar_t>(ch - 32) : ch;
+}
 
 // Length, first, second and last letter tell most of the words apart; collisions go to the next slot.
 constexpr std::size_t Slot(const wchar_t* text, std::size_t length) {
     const auto letter = [](wchar_t ch) { return static_cast<std::uint32_t>(ch) & 31u; };
-    return (letter(text[0]) * 7 + letter(text[1 % length]) * 37 + letter(text[length - 1]) * 101 + length * 61) %
+    return (letter(text[0]) * 7 + letter(text[1 % length]) * 37 + letter(text[length - 1]) * 101 +
+            length * 61) %
            kTableSize;
 }
 

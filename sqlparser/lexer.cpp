@@ -6,7 +6,9 @@ namespace {
 // A date is short; a "#" whose partner is further away belongs to something else.
 constexpr std::uint32_t kLongestDate = 40;
 
-bool IsLineBreak(wchar_t ch) { return ch == L'\n' || ch == L'\r'; }
+bool IsLineBreak(wchar_t ch) {
+    return ch == L'\n' || ch == L'\r';
+}
 
 }  // namespace
 
@@ -39,25 +41,41 @@ Token Lexer::Next() {
     if (bits & kBlank) return Space();
     if (bits & kDigit) return NumberOrName();
     switch (ch) {
-        case L'\'': return Quoted(TokenKind::String, at_ + 1, L'\'', LexerState::Inside::String);
-        case L'"': return Quoted(TokenKind::QuotedText, at_ + 1, L'"', LexerState::Inside::QuotedText);
-        case L'[': return Quoted(TokenKind::BracketName, at_ + 1, L']', LexerState::Inside::BracketName);
-        case L'`': return Quoted(TokenKind::BackQuoteName, at_ + 1, L'`', LexerState::Inside::BackQuoteName);
-        case L'#': return Hash();
-        case L'@': return AtSign();
-        case L':': return ColonMark();
-        case L'&': return AmpersandMark();
-        case L'.': return PointMark();
-        case L'?': state_.after_operand = true; return Make(TokenKind::Parameter, at_ + 1);
-        case L')': state_.after_operand = true; return Make(TokenKind::RightParen, at_ + 1);
-        case L'}': state_.after_operand = true; return Make(TokenKind::RightBrace, at_ + 1);
+        case L'\'':
+            return Quoted(TokenKind::String, at_ + 1, L'\'', LexerState::Inside::String);
+        case L'"':
+            return Quoted(TokenKind::QuotedText, at_ + 1, L'"', LexerState::Inside::QuotedText);
+        case L'[':
+            return Quoted(TokenKind::BracketName, at_ + 1, L']', LexerState::Inside::BracketName);
+        case L'`':
+            return Quoted(TokenKind::BackQuoteName, at_ + 1, L'`', LexerState::Inside::BackQuoteName);
+        case L'#':
+            return Hash();
+        case L'@':
+            return AtSign();
+        case L':':
+            return ColonMark();
+        case L'&':
+            return AmpersandMark();
+        case L'.':
+            return PointMark();
+        case L'?':
+            state_.after_operand = true;
+            return Make(TokenKind::Parameter, at_ + 1);
+        case L')':
+            state_.after_operand = true;
+            return Make(TokenKind::RightParen, at_ + 1);
+        case L'}':
+            state_.after_operand = true;
+            return Make(TokenKind::RightBrace, at_ + 1);
         case L'-':
             if (At(at_ + 1) == L'-') return LineComment();
             break;
         case L'/':
             if (At(at_ + 1) == L'*') return BlockComment(at_ + 2);
             break;
-        default: break;
+        default:
+            break;
     }
     state_.after_operand = false;
     return Operator(ch);
@@ -68,12 +86,18 @@ Token Lexer::Continue() {
     const LexerState::Inside inside = state_.inside;
     state_.inside = LexerState::Inside::Nothing;
     switch (inside) {
-        case LexerState::Inside::Comment: return BlockComment(at_);
-        case LexerState::Inside::String: return Quoted(TokenKind::String, at_, L'\'', inside);
-        case LexerState::Inside::QuotedText: return Quoted(TokenKind::QuotedText, at_, L'"', inside);
-        case LexerState::Inside::BracketName: return Quoted(TokenKind::BracketName, at_, L']', inside);
-        case LexerState::Inside::BackQuoteName: return Quoted(TokenKind::BackQuoteName, at_, L'`', inside);
-        default: return BraceMacro(at_);
+        case LexerState::Inside::Comment:
+            return BlockComment(at_);
+        case LexerState::Inside::String:
+            return Quoted(TokenKind::String, at_, L'\'', inside);
+        case LexerState::Inside::QuotedText:
+            return Quoted(TokenKind::QuotedText, at_, L'"', inside);
+        case LexerState::Inside::BracketName:
+            return Quoted(TokenKind::BracketName, at_, L']', inside);
+        case LexerState::Inside::BackQuoteName:
+            return Quoted(TokenKind::BackQuoteName, at_, L'`', inside);
+        default:
+            return BraceMacro(at_);
     }
 }
 
@@ -148,8 +172,8 @@ Token Lexer::NumberOrName() {
     return Make(TokenKind::Word, i, kDigitFirst);
 }
 
-// The end of the date that starts here, or 0 when this is no date: digits, or a month's name and then digits, up to
-// the closing "#" on the same line.
+// The end of the date that starts here, or 0 when this is no date: digits, or a month's name and then digits,
+// up to the closing "#" on the same line.
 std::uint32_t Lexer::DateEnd() const {
     std::uint32_t i = at_ + 1;
     while (At(i) == L' ') ++i;
@@ -174,7 +198,8 @@ Token Lexer::Hash() {
     if (Is(At(at_ + 1), kWordStart)) return Word(at_ + 1);
     // No partner: the mark with the digits after it, so that the message points at something.
     std::uint32_t i = at_ + 1;
-    while (i < end_ && (Is(text_[i], kDigit) || text_[i] == L'/' || text_[i] == L'-' || text_[i] == L':')) ++i;
+    while (i < end_ && (Is(text_[i], kDigit) || text_[i] == L'/' || text_[i] == L'-' || text_[i] == L':'))
+        ++i;
     return Make(TokenKind::Date, i, kUnterminated);
 }
 
@@ -250,10 +275,14 @@ Token Lexer::PointMark() {
 Token Lexer::Operator(wchar_t ch) {
     const wchar_t next = At(at_ + 1);
     switch (ch) {
-        case L'(': return Make(TokenKind::LeftParen, at_ + 1);
-        case L',': return Make(TokenKind::Comma, at_ + 1);
-        case L';': return Make(TokenKind::Semicolon, at_ + 1);
-        case L'{': return Make(TokenKind::LeftBrace, at_ + 1);
+        case L'(':
+            return Make(TokenKind::LeftParen, at_ + 1);
+        case L',':
+            return Make(TokenKind::Comma, at_ + 1);
+        case L';':
+            return Make(TokenKind::Semicolon, at_ + 1);
+        case L'{':
+            return Make(TokenKind::LeftBrace, at_ + 1);
         case L'=':
             if (next == L'<') return Make(TokenKind::LessEqual, at_ + 2);
             if (next == L'>') return Make(TokenKind::GreaterEqual, at_ + 2);
@@ -272,15 +301,24 @@ Token Lexer::Operator(wchar_t ch) {
         case L'|':
             if (next == L'|') return Make(TokenKind::Concat, at_ + 2);
             return Make(TokenKind::Pipe, at_ + 1);
-        case L'+': return Make(TokenKind::Plus, at_ + 1);
-        case L'-': return Make(TokenKind::Minus, at_ + 1);
-        case L'*': return Make(TokenKind::Star, at_ + 1);
-        case L'/': return Make(TokenKind::Slash, at_ + 1);
-        case L'\\': return Make(TokenKind::Backslash, at_ + 1);
-        case L'^': return Make(TokenKind::Caret, at_ + 1);
-        case L'%': return Make(TokenKind::Percent, at_ + 1);
-        case L'~': return Make(TokenKind::Tilde, at_ + 1);
-        default: return Make(TokenKind::Unknown, at_ + 1);
+        case L'+':
+            return Make(TokenKind::Plus, at_ + 1);
+        case L'-':
+            return Make(TokenKind::Minus, at_ + 1);
+        case L'*':
+            return Make(TokenKind::Star, at_ + 1);
+        case L'/':
+            return Make(TokenKind::Slash, at_ + 1);
+        case L'\\':
+            return Make(TokenKind::Backslash, at_ + 1);
+        case L'^':
+            return Make(TokenKind::Caret, at_ + 1);
+        case L'%':
+            return Make(TokenKind::Percent, at_ + 1);
+        case L'~':
+            return Make(TokenKind::Tilde, at_ + 1);
+        default:
+            return Make(TokenKind::Unknown, at_ + 1);
     }
 }
 

@@ -1,8 +1,9 @@
-// Lexer: a statement's text as a row of tokens that covers every character. It never fails: what it cannot understand
-// is a token of kind Unknown, what is not closed carries a flag, and the parser or the editor decide what to say.
+// Lexer: a statement's text as a row of tokens that covers every character. It never fails: what it cannot
+// understand is a token of kind Unknown, what is not closed carries a flag, and the parser or the editor
+// decide what to say.
 //
-// A token is a kind and a range; no text is copied. The lexer can start at the beginning of any line when it is given
-// the state in which the line before ended, so an editor colours again only the lines that changed.
+// A token is a kind and a range; no text is copied. The lexer can start at the beginning of any line when it
+// is given the state in which the line before ended, so an editor colours again only the lines that changed.
 #pragma once
 
 #include <cstdint>
@@ -15,23 +16,47 @@
 namespace tessel::sql {
 
 enum class TokenKind : std::uint8_t {
-    End,           ///< after the last character; empty
-    Space,         ///< blanks and line breaks
-    Comment,       ///< -- to the end of the line, or /* … */
-    Word,          ///< bare name or keyword; may begin with a digit or "#"
-    BracketName,   ///< [name], "]" inside doubled
-    BackQuoteName, ///< `name`
-    String,        ///< 'text'
-    QuotedText,    ///< "text": a string, or a name where only a name can stand
-    Number,        ///< 1, .5, 1e3, &HFF, 0xFF
-    Date,          ///< #…#
-    Macro,         ///< @name, @{any text}
-    Parameter,     ///< :name, ?
-    LeftParen, RightParen, Comma, Semicolon, Point, Bang, LeftBrace, RightBrace,
-    Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual,
-    Plus, Minus, Star, Slash, Backslash, Caret, Percent, Ampersand, Concat, Pipe, Tilde, DoubleColon, Colon,
-    Unknown,       ///< a character that starts nothing
-    Blocked,       ///< used by the parser while it looks for a place to go on after an error; never lexed
+    End,            ///< after the last character; empty
+    Space,          ///< blanks and line breaks
+    Comment,        ///< -- to the end of the line, or /* … */
+    Word,           ///< bare name or keyword; may begin with a digit or "#"
+    BracketName,    ///< [name], "]" inside doubled
+    BackQuoteName,  ///< `name`
+    String,         ///< 'text'
+    QuotedText,     ///< "text": a string, or a name where only a name can stand
+    Number,         ///< 1, .5, 1e3, &HFF, 0xFF
+    Date,           ///< #…#
+    Macro,          ///< @name, @{any text}
+    Parameter,      ///< :name, ?
+    LeftParen,
+    RightParen,
+    Comma,
+    Semicolon,
+    Point,
+    Bang,
+    LeftBrace,
+    RightBrace,
+    Equal,
+    NotEqual,
+    Less,
+    LessEqual,
+    Greater,
+    GreaterEqual,
+    Plus,
+    Minus,
+    Star,
+    Slash,
+    Backslash,
+    Caret,
+    Percent,
+    Ampersand,
+    Concat,
+    Pipe,
+    Tilde,
+    DoubleColon,
+    Colon,
+    Unknown,  ///< a character that starts nothing
+    Blocked,  ///< used by the parser while it looks for a place to go on after an error; never lexed
 };
 
 inline constexpr std::uint8_t kUnterminated = 1;  ///< the closing mark is missing
@@ -50,9 +75,18 @@ struct Token {
 
 /// What has to be known at the start of a line.
 struct LexerState {
-    enum class Inside : std::uint8_t { Nothing, Comment, String, QuotedText, BracketName, BackQuoteName, BraceMacro };
+    enum class Inside : std::uint8_t {
+        Nothing,
+        Comment,
+        String,
+        QuotedText,
+        BracketName,
+        BackQuoteName,
+        BraceMacro
+    };
     Inside inside = Inside::Nothing;
-    bool after_operand = false;  ///< the last token was a value, so that & is an operator and not the start of &HFF
+    bool after_operand =
+        false;  ///< the last token was a value, so that & is an operator and not the start of &HFF
 
     friend bool operator==(const LexerState&, const LexerState&) = default;
 };
@@ -61,7 +95,9 @@ class Lexer {
 public:
     /// Reads `text` from `begin` up to its end; the text must outlive the lexer.
     explicit Lexer(std::wstring_view text, std::size_t begin = 0, LexerState state = {})
-        : text_(text.data()), at_(static_cast<std::uint32_t>(begin)), end_(static_cast<std::uint32_t>(text.size())),
+        : text_(text.data()),
+          at_(static_cast<std::uint32_t>(begin)),
+          end_(static_cast<std::uint32_t>(text.size())),
           state_(state) {}
 
     /// The next token of any kind, End when there is none.

@@ -1,4 +1,5 @@
-// Every sentence the parser says. Texts are Spanish, end with a full stop, and name what was written between « and ».
+// Every sentence the parser says. Texts are Spanish, end with a full stop, and name what was written between
+// « and ».
 #pragma once
 
 #include <string>
@@ -21,7 +22,8 @@ inline constexpr std::wstring_view kEmptyName = L"El nombre entre corchetes o co
 inline constexpr std::wstring_view kMissingRightParen = L"Falta el paréntesis de cierre.";
 inline constexpr std::wstring_view kExtraRightParen = L"Sobra un paréntesis de cierre.";
 inline constexpr std::wstring_view kMissingRightBrace = L"Falta la llave de cierre.";
-inline constexpr std::wstring_view kExpectedFrom = L"Se esperaba una coma, FROM o el final de la instrucción.";
+inline constexpr std::wstring_view kExpectedFrom =
+    L"Se esperaba una coma, FROM o el final de la instrucción.";
 inline constexpr std::wstring_view kExpectedTable = L"Se esperaba el nombre de una tabla.";
 inline constexpr std::wstring_view kExpectedJoin = L"Se esperaba JOIN.";
 inline constexpr std::wstring_view kExpectedBy = L"Se esperaba BY.";
@@ -43,15 +45,18 @@ inline constexpr std::wstring_view kExpectedOwnerAccess = L"Se esperaba OWNERACC
 inline constexpr std::wstring_view kExpectedOption = L"Se esperaba OPTION.";
 inline constexpr std::wstring_view kExpectedFirstOrLast = L"Se esperaba FIRST o LAST después de NULLS.";
 inline constexpr std::wstring_view kExpectedLeftParen = L"Se esperaba un paréntesis de apertura.";
-inline constexpr std::wstring_view kExpectedFile = L"Se esperaba el nombre de un archivo entre comillas después de IN.";
+inline constexpr std::wstring_view kExpectedFile =
+    L"Se esperaba el nombre de un archivo entre comillas después de IN.";
 inline constexpr std::wstring_view kExpectedSemicolon = L"Falta el punto y coma después de PARAMETERS.";
 inline constexpr std::wstring_view kExpectedJoinOrClause =
     L"Se esperaba una coma, una combinación, otra cláusula o el final de la instrucción.";
 inline constexpr std::wstring_view kTextAfterEnd = L"Hay texto después del final de la instrucción.";
-inline constexpr std::wstring_view kStarInExpression = L"El asterisco no puede formar parte de una expresión.";
+inline constexpr std::wstring_view kStarInExpression =
+    L"El asterisco no puede formar parte de una expresión.";
 inline constexpr std::wstring_view kUnknownCharacter = L"El carácter no es válido en este lugar.";
 
-/// What comes next should have been an expression; `after` is the text before the place, empty when there is none.
+/// What comes next should have been an expression; `after` is the text before the place, empty when there is
+/// none.
 [[nodiscard]] inline std::wstring ExpectedExpression(std::wstring_view after) {
     std::wstring text = L"Se esperaba una expresión";
     if (after == L",") {

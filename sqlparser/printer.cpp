@@ -132,10 +132,17 @@ private:
 
     void JoinWords(const FromNode& node) {
         switch (node.kind) {
-            case JoinKind::Inner: out_ += L" INNER JOIN "; return;
-            case JoinKind::Left: out_ += L" LEFT JOIN "; return;
-            case JoinKind::Right: out_ += L" RIGHT JOIN "; return;
-            case JoinKind::None: break;
+            case JoinKind::Inner:
+                out_ += L" INNER JOIN ";
+                return;
+            case JoinKind::Left:
+                out_ += L" LEFT JOIN ";
+                return;
+            case JoinKind::Right:
+                out_ += L" RIGHT JOIN ";
+                return;
+            case JoinKind::None:
+                break;
         }
         const bool comma = s_.source[node.joint.offset] == L',';
         if (!comma) out_ += L' ';
@@ -180,7 +187,9 @@ private:
 
 }  // namespace
 
-void PrintInline(const Statement& statement, std::wstring& out) { StatementPrinter(statement, L" ", out).Whole(); }
+void PrintInline(const Statement& statement, std::wstring& out) {
+    StatementPrinter(statement, L" ", out).Whole();
+}
 
 std::wstring Print(const Statement& statement) {
     std::wstring out;

@@ -12,8 +12,8 @@ namespace tessel::sql {
 
 class SqlParser {
 public:
-    /// Analyses the text. True when it could not be analysed: `Errors()` then holds at least one diagnostic and
-    /// Statement() is what could be recovered, or nothing. An empty text fails.
+    /// Analyses the text. True when it could not be analysed: `Errors()` then holds at least one diagnostic
+    /// and Statement() is what could be recovered, or nothing. An empty text fails.
     [[nodiscard]] bool Parse(std::wstring_view text);
 
     /// The analysed statement of the last Parse, or nullptr.
@@ -25,8 +25,8 @@ private:
     std::vector<Diagnostic> errors_;
 };
 
-/// Depth of nested parentheses, sub-selects and joins that the parser accepts; beyond it is an error, never a stack
-/// overflow.
+/// Depth of nested parentheses, sub-selects and joins that the parser accepts; beyond it is an error, never a
+/// stack overflow.
 inline constexpr int kMaxDepth = 500;
 /// A sub-select takes this many levels at once, since it needs that much more of the stack.
 inline constexpr int kSelectLevels = 4;

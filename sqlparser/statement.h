@@ -1,9 +1,9 @@
-// The analysed statement, as the parser hands it to the designer: the select list, the tables and joins of FROM, the
-// condition trees, grouping, ordering and the flags. Texts are slices of the source, so that what the user wrote is
-// what a cell shows.
+// The analysed statement, as the parser hands it to the designer: the select list, the tables and joins of
+// FROM, the condition trees, grouping, ordering and the flags. Texts are slices of the source, so that what
+// the user wrote is what a cell shows.
 //
-// Constructs that a single SELECT's design has no place for (UNION, WITH, derived tables, INTO, LIMIT, …) are parsed
-// too and listed in `beyond`, each with its range; the analysis refuses them by that list.
+// Constructs that a single SELECT's design has no place for (UNION, WITH, derived tables, INTO, LIMIT, …) are
+// parsed too and listed in `beyond`, each with its range; the analysis refuses them by that list.
 #pragma once
 
 #include <memory>
@@ -18,9 +18,10 @@ namespace tessel::sql {
 
 /// An entry of the select list, of GROUP BY or of ORDER BY.
 struct Item {
-    TextRange range;       ///< the whole item
-    TextRange expression;  ///< without alias (select list) ; for ORDER BY the text with its trailing DESC or ASC
-    TextRange alias;       ///< as written, brackets and quotes included; empty when there is none
+    TextRange range;  ///< the whole item
+    TextRange
+        expression;   ///< without alias (select list) ; for ORDER BY the text with its trailing DESC or ASC
+    TextRange alias;  ///< as written, brackets and quotes included; empty when there is none
     NodeId node = kNoNode;
     bool descending = false;  ///< ORDER BY only
     TextRange nulls;          ///< NULLS FIRST or NULLS LAST
@@ -28,11 +29,11 @@ struct Item {
 
 /// One table of FROM, in the order in which the names stand in the text.
 struct TableRef {
-    TextRange range;     ///< the whole reference with its alias
-    TextRange database;  ///< empty when absent
-    TextRange owner;     ///< empty when absent
-    TextRange name;      ///< as written, brackets included; for a derived table its whole text
-    TextRange alias;     ///< empty when absent
+    TextRange range;       ///< the whole reference with its alias
+    TextRange database;    ///< empty when absent
+    TextRange owner;       ///< empty when absent
+    TextRange name;        ///< as written, brackets included; for a derived table its whole text
+    TextRange alias;       ///< empty when absent
     bool derived = false;  ///< ( SELECT … ) or [SELECT …].
     int nested = -1;       ///< derived: index in Statement::nested
     TextRange external;    ///< IN 'file' …
@@ -55,12 +56,12 @@ struct Join {
     int right_table = -1;  ///< likewise for the right operand
     TextRange on;          ///< the condition text
     NodeId on_node = kNoNode;
-    FieldRef left_field;   ///< the side of the equality that belongs to left_table
+    FieldRef left_field;  ///< the side of the equality that belongs to left_table
     FieldRef right_field;
 };
 
-/// One comma-separated item of FROM; a plain table has no joins. Joins are listed inner operands first, in the
-/// order in which they would be carried out.
+/// One comma-separated item of FROM; a plain table has no joins. Joins are listed inner operands first, in
+/// the order in which they would be carried out.
 struct JoinGroup {
     std::vector<Join> joins;
     int root = -1;  ///< index in Statement::From of the item's tree
@@ -74,21 +75,42 @@ struct FromNode {
     int right = -1;
     JoinKind kind = JoinKind::None;
     NodeId on_node = kNoNode;
-    TextRange on;        ///< join: the condition's text
-    TextRange range;     ///< without enclosing parentheses
-    TextRange outer;     ///< with them
-    TextRange joint;     ///< join: the words between the operands (INNER JOIN, FULL OUTER JOIN…, or a comma)
+    TextRange on;     ///< join: the condition's text
+    TextRange range;  ///< without enclosing parentheses
+    TextRange outer;  ///< with them
+    TextRange joint;  ///< join: the words between the operands (INNER JOIN, FULL OUTER JOIN…, or a comma)
     TextRange using_columns;  ///< join: (a, b) of USING
     bool parenthesised = false;
     int first_table = 0;  ///< the tables below are those from first_table up to, not including, stop_table
     int stop_table = 0;
-    int height = 0;       ///< of the tree below; limited like every nesting
+    int height = 0;  ///< of the tree below; limited like every nesting
 };
 
 /// What a design has no place for.
 enum class Beyond {
-    Union, Intersect, Except, With, DerivedTable, Into, Limit, Offset, Fetch, Parameters, InDatabase, FullJoin,
-    CrossJoin, NaturalJoin, JoinUsing, OnMissing, Window, ForUpdate, Values, Hint, WithOwnerAccess, TableFunction, Other
+    Union,
+    Intersect,
+    Except,
+    With,
+    DerivedTable,
+    Into,
+    Limit,
+    Offset,
+    Fetch,
+    Parameters,
+    InDatabase,
+    FullJoin,
+    CrossJoin,
+    NaturalJoin,
+    JoinUsing,
+    OnMissing,
+    Window,
+    ForUpdate,
+    Values,
+    Hint,
+    WithOwnerAccess,
+    TableFunction,
+    Other
 };
 
 struct BeyondItem {
@@ -96,10 +118,10 @@ struct BeyondItem {
     TextRange range;
 };
 
-/// A node of a condition tree, for the syntax tree and the criteria. A predicate is one node; a connective ("AND",
-/// "OR", …, as written) stands between its operands as a node of its own; a parenthesised group of more than one
-/// predicate is a node with text "(" (or "NOT (") , its contents as sub-nodes and the second text ")". Parentheses
-/// around a single predicate belong to the predicate's text.
+/// A node of a condition tree, for the syntax tree and the criteria. A predicate is one node; a connective
+/// ("AND", "OR", …, as written) stands between its operands as a node of its own; a parenthesised group of
+/// more than one predicate is a node with text "(" (or "NOT (") , its contents as sub-nodes and the second
+/// text ")". Parentheses around a single predicate belong to the predicate's text.
 struct ConditionNode {
     enum class Kind { Predicate, Connective, Group };
     Kind kind = Kind::Predicate;
@@ -145,13 +167,13 @@ public:
     bool Distinct = false;
     TextRange distinct_range;
     TextRange top_range;
-    TextRange where_range;   ///< the condition's text
+    TextRange where_range;  ///< the condition's text
     TextRange having_range;
     TextRange from_range;
     TextRange group_suffix;  ///< WITH ROLLUP
-    TextRange into;        ///< after INTO
-    TextRange parameters;  ///< PARAMETERS … ;
-    TextRange trailing;    ///< LIMIT, OFFSET, FETCH, FOR, WITH OWNERACCESS OPTION…, one after the other
+    TextRange into;          ///< after INTO
+    TextRange parameters;    ///< PARAMETERS … ;
+    TextRange trailing;      ///< LIMIT, OFFSET, FETCH, FOR, WITH OWNERACCESS OPTION…, one after the other
     std::vector<BeyondItem> beyond;
 
     std::vector<Node> nodes;
@@ -160,7 +182,8 @@ public:
     std::vector<std::unique_ptr<Statement>> nested;
     std::vector<CommonTable> common_tables;
     TextRange with_range;  ///< WITH … before the select
-    /// The operands after the first of a UNION chain, in order; `set_operator` of each is what stands before it.
+    /// The operands after the first of a UNION chain, in order; `set_operator` of each is what stands before
+    /// it.
     std::vector<std::unique_ptr<Statement>> union_operands;
     TextRange set_operator;  ///< of an operand: UNION ALL, …
     /// A parenthesis that opens before SELECT and closes after that many union_operands, innermost first.

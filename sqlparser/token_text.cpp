@@ -9,8 +9,10 @@ bool NeedsBlank(TokenKind before, TokenKind after) {
         case TokenKind::Comma:
         case TokenKind::Semicolon:
         case TokenKind::Point:
-        case TokenKind::Bang: return false;
-        default: break;
+        case TokenKind::Bang:
+            return false;
+        default:
+            break;
     }
     return before != TokenKind::LeftParen && before != TokenKind::Point && before != TokenKind::Bang;
 }
@@ -21,7 +23,8 @@ std::wstring CanonicalTokens(std::wstring_view source, TextRange range) {
     std::wstring text;
     Lexer lexer(source.substr(0, range.End()), range.offset);
     TokenKind before = TokenKind::LeftParen;
-    for (Token token = lexer.NextSignificant(); token.kind != TokenKind::End; token = lexer.NextSignificant()) {
+    for (Token token = lexer.NextSignificant(); token.kind != TokenKind::End;
+         token = lexer.NextSignificant()) {
         if (!text.empty() && NeedsBlank(before, token.kind)) text += L' ';
         text += source.substr(token.begin, token.length);
         before = token.kind;

@@ -1,5 +1,6 @@
-// A stretch of a statement written again token by token: one blank between tokens, none where none belongs, comments
-// left out. For the parts of a statement whose inner shape the tree does not keep (types, windows, LIMIT…).
+// A stretch of a statement written again token by token: one blank between tokens, none where none belongs,
+// comments left out. For the parts of a statement whose inner shape the tree does not keep (types, windows,
+// LIMIT…).
 #pragma once
 
 #include <string>

@@ -12,9 +12,15 @@ std::wstring Shown(const std::vector<ConditionNode>& nodes) {
     for (const ConditionNode& node : nodes) {
         if (!text.empty()) text += L' ';
         switch (node.kind) {
-            case ConditionNode::Kind::Predicate: text += L"«" + node.text + L"»"; break;
-            case ConditionNode::Kind::Connective: text += node.text; break;
-            case ConditionNode::Kind::Group: text += node.text + L"{ " + Shown(node.sub) + L" }" + node.second; break;
+            case ConditionNode::Kind::Predicate:
+                text += L"«" + node.text + L"»";
+                break;
+            case ConditionNode::Kind::Connective:
+                text += node.text;
+                break;
+            case ConditionNode::Kind::Group:
+                text += node.text + L"{ " + Shown(node.sub) + L" }" + node.second;
+                break;
         }
     }
     return text;

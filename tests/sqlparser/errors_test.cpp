@@ -15,8 +15,8 @@ struct Case {
 };
 
 std::string Describe(const Diagnostic& d) {
-    return std::to_string(d.line) + ":" + std::to_string(d.column) + "+" + std::to_string(d.range.length) + " " +
-           ToUtf8(d.message);
+    return std::to_string(d.line) + ":" + std::to_string(d.column) + "+" + std::to_string(d.range.length) +
+           " " + ToUtf8(d.message);
 }
 
 void Check(std::initializer_list<Case> cases) {
@@ -44,7 +44,8 @@ TEST(Errors, TextsThatAreNoSelect) {
         {L"INSERT INTO t VALUES (1)", 1, 1, 6, L"Se esperaba una instrucción SELECT."},
         {L"\nUPDATE t SET a=1", 2, 1, 6, L"Se esperaba una instrucción SELECT."},
         {L"DELETE FROM t", 1, 1, 6, L"Se esperaba una instrucción SELECT."},
-        {L"TRANSFORM Sum(a) SELECT b FROM t GROUP BY b PIVOT c", 1, 1, 9, L"Se esperaba una instrucción SELECT."},
+        {L"TRANSFORM Sum(a) SELECT b FROM t GROUP BY b PIVOT c", 1, 1, 9,
+         L"Se esperaba una instrucción SELECT."},
         {L"(", 1, 2, 0, L"Se esperaba SELECT."},
         {L"(a)", 1, 2, 1, L"Se esperaba SELECT."},
         {L")", 1, 1, 1, L"Se esperaba una instrucción SELECT."},
@@ -112,7 +113,8 @@ TEST(Errors, FromAndJoins) {
          L"Se esperaba una coma, una combinación, otra cláusula o el final de la instrucción."},
         {L"SELECT a FROM t ON a=b", 1, 17, 2,
          L"Se esperaba una coma, una combinación, otra cláusula o el final de la instrucción."},
-        {L"SELECT a FROM t IN 5", 1, 20, 1, L"Se esperaba el nombre de un archivo entre comillas después de IN."},
+        {L"SELECT a FROM t IN 5", 1, 20, 1,
+         L"Se esperaba el nombre de un archivo entre comillas después de IN."},
         {L"SELECT a FROM (SELECT b FROM t", 1, 31, 0, L"Falta el paréntesis de cierre."},
         {L"SELECT a FROM t.", 1, 17, 0, L"Se esperaba el nombre de una tabla."},
         {L"SELECT a FROM 'x'", 1, 15, 3, L"Se esperaba el nombre de una tabla."},
@@ -134,7 +136,8 @@ TEST(Errors, ConditionsAndClauses) {
         {L"SELECT a FROM t WHERE b BETWEEN 1 OR 2", 1, 35, 2, L"Falta AND en la condición BETWEEN."},
         {L"SELECT a FROM t WHERE b IS 5", 1, 28, 1, L"Se esperaba NULL o NOT NULL después de IS."},
         {L"SELECT a FROM t WHERE b IN 5", 1, 28, 1, L"Se esperaba una lista entre paréntesis después de IN."},
-        {L"SELECT a FROM t WHERE b IN ()", 1, 29, 1, L"Se esperaba una expresión después del paréntesis de apertura."},
+        {L"SELECT a FROM t WHERE b IN ()", 1, 29, 1,
+         L"Se esperaba una expresión después del paréntesis de apertura."},
         {L"SELECT a FROM t WHERE b NOT 5", 1, 29, 1, L"Se esperaba LIKE, IN o BETWEEN después de NOT."},
         {L"SELECT a FROM t WHERE b NOT IS NULL", 1, 29, 2, L"Se esperaba LIKE, IN o BETWEEN después de NOT."},
         {L"SELECT a FROM t WHERE t.*", 1, 23, 3, L"El asterisco no puede formar parte de una expresión."},

@@ -15,7 +15,8 @@ struct Case {
 // The dump of the only item of a select list, or the first message.
 std::string DumpOf(const std::wstring& expression) {
     SqlParser parser;
-    if (parser.Parse(L"SELECT " + expression + L" FROM t")) return ToUtf8(L"error: " + parser.Errors()[0].message);
+    if (parser.Parse(L"SELECT " + expression + L" FROM t"))
+        return ToUtf8(L"error: " + parser.Errors()[0].message);
     return ToUtf8(DumpExpression(*parser.GetStatement(), parser.GetStatement()->Columns[0].node));
 }
 

@@ -27,8 +27,8 @@ std::string JoinsOf(const std::wstring& from) {
         for (const Join& join : group.joins) {
             const wchar_t* kinds[] = {L"?", L"INNER", L"LEFT", L"RIGHT"};
             text += TableText(s, join.left_table) + L" " + kinds[static_cast<int>(join.kind)] + L" " +
-                    TableText(s, join.right_table) + L" [" + s.Text(join.on) + L"] " + FieldText(s, join.left_field) +
-                    L" " + FieldText(s, join.right_field) + L"\n";
+                    TableText(s, join.right_table) + L" [" + s.Text(join.on) + L"] " +
+                    FieldText(s, join.left_field) + L" " + FieldText(s, join.right_field) + L"\n";
         }
     }
     return ToUtf8(text);
@@ -47,8 +47,9 @@ TEST(Joins, AMirroredEqualityIsTurnedRound) {
 }
 
 TEST(Joins, ParenthesesBracketsAndLetterCaseDoNotMatter) {
-    EXPECT_EQ(JoinsOf(L"[Detalle de pedidos] AS D INNER JOIN [Pedidos] ON ((([d].[Id pedido]) = PEDIDOS.Id))"),
-              "D INNER [Pedidos] [((([d].[Id pedido]) = PEDIDOS.Id))] [d]|[Id pedido] PEDIDOS|Id\n");
+    EXPECT_EQ(
+        JoinsOf(L"[Detalle de pedidos] AS D INNER JOIN [Pedidos] ON ((([d].[Id pedido]) = PEDIDOS.Id))"),
+        "D INNER [Pedidos] [((([d].[Id pedido]) = PEDIDOS.Id))] [d]|[Id pedido] PEDIDOS|Id\n");
     EXPECT_EQ(JoinsOf(L"dbo.A RIGHT JOIN dbo.B ON dbo.B.y = dbo.A.x"),
               "A RIGHT B [dbo.B.y = dbo.A.x] dbo.A|x dbo.B|y\n");
     EXPECT_EQ(JoinsOf(L"Peña INNER JOIN Ñu ON PEÑA.a = ñu.b"), "Peña INNER Ñu [PEÑA.a = ñu.b] PEÑA|a ñu|b\n");

@@ -19,18 +19,24 @@ void CheckTokens(const std::wstring& text, std::initializer_list<Piece> pieces) 
     Lexer lexer(text);
     for (const Piece& piece : pieces) {
         const Token token = lexer.NextSignificant();
-        EXPECT_EQ(static_cast<int>(token.kind), static_cast<int>(piece.kind)) << ToUtf8(text) << " " << ToUtf8(piece.text);
+        EXPECT_EQ(static_cast<int>(token.kind), static_cast<int>(piece.kind))
+            << ToUtf8(text) << " " << ToUtf8(piece.text);
         EXPECT_EQ(ToUtf8(text.substr(token.begin, token.length)), ToUtf8(piece.text));
     }
     EXPECT_EQ(lexer.NextSignificant().kind, TokenKind::End) << ToUtf8(text);
 }
 
 TEST(Lexer, TellsDatesFromNamesWithTheSign) {
-    CheckTokens(L"Item#>5", {{TokenKind::Word, L"Item#"}, {TokenKind::Greater, L">"}, {TokenKind::Number, L"5"}});
-    CheckTokens(L"d<#1/1/2020#", {{TokenKind::Word, L"d"}, {TokenKind::Less, L"<"}, {TokenKind::Date, L"#1/1/2020#"}});
+    CheckTokens(L"Item#>5",
+                {{TokenKind::Word, L"Item#"}, {TokenKind::Greater, L">"}, {TokenKind::Number, L"5"}});
+    CheckTokens(L"d<#1/1/2020#",
+                {{TokenKind::Word, L"d"}, {TokenKind::Less, L"<"}, {TokenKind::Date, L"#1/1/2020#"}});
     CheckTokens(L"#1/1/2020#And", {{TokenKind::Date, L"#1/1/2020#"}, {TokenKind::Word, L"And"}});
-    CheckTokens(L"#t1.a, #t1", {{TokenKind::Word, L"#t1"}, {TokenKind::Point, L"."}, {TokenKind::Word, L"a"},
-                                {TokenKind::Comma, L","}, {TokenKind::Word, L"#t1"}});
+    CheckTokens(L"#t1.a, #t1", {{TokenKind::Word, L"#t1"},
+                                {TokenKind::Point, L"."},
+                                {TokenKind::Word, L"a"},
+                                {TokenKind::Comma, L","},
+                                {TokenKind::Word, L"#t1"}});
     CheckTokens(L"#15-ene-2020#", {{TokenKind::Date, L"#15-ene-2020#"}});
     CheckTokens(L"#enero 15, 2020 10:00 PM#", {{TokenKind::Date, L"#enero 15, 2020 10:00 PM#"}});
     CheckTokens(L"#1/1/2020\n#", {{TokenKind::Date, L"#1/1/2020"}, {TokenKind::Date, L"#"}});
@@ -38,16 +44,33 @@ TEST(Lexer, TellsDatesFromNamesWithTheSign) {
 
 TEST(Lexer, NumbersAndNamesThatBeginWithDigits) {
     CheckTokens(L"1 .5 1. 1.5e+3 1e3 2009 90Days 1e3x 87089_Items 0x1F &HFF &O17",
-                {{TokenKind::Number, L"1"}, {TokenKind::Number, L".5"}, {TokenKind::Number, L"1."},
-                 {TokenKind::Number, L"1.5e+3"}, {TokenKind::Number, L"1e3"}, {TokenKind::Number, L"2009"},
-                 {TokenKind::Word, L"90Days"}, {TokenKind::Word, L"1e3x"}, {TokenKind::Word, L"87089_Items"},
-                 {TokenKind::Number, L"0x1F"}, {TokenKind::Ampersand, L"&"}, {TokenKind::Word, L"HFF"},
-                 {TokenKind::Ampersand, L"&"}, {TokenKind::Word, L"O17"}});
-    CheckTokens(L"=&HFF+&HFFFF&", {{TokenKind::Equal, L"="}, {TokenKind::Number, L"&HFF"}, {TokenKind::Plus, L"+"},
+                {{TokenKind::Number, L"1"},
+                 {TokenKind::Number, L".5"},
+                 {TokenKind::Number, L"1."},
+                 {TokenKind::Number, L"1.5e+3"},
+                 {TokenKind::Number, L"1e3"},
+                 {TokenKind::Number, L"2009"},
+                 {TokenKind::Word, L"90Days"},
+                 {TokenKind::Word, L"1e3x"},
+                 {TokenKind::Word, L"87089_Items"},
+                 {TokenKind::Number, L"0x1F"},
+                 {TokenKind::Ampersand, L"&"},
+                 {TokenKind::Word, L"HFF"},
+                 {TokenKind::Ampersand, L"&"},
+                 {TokenKind::Word, L"O17"}});
+    CheckTokens(L"=&HFF+&HFFFF&", {{TokenKind::Equal, L"="},
+                                   {TokenKind::Number, L"&HFF"},
+                                   {TokenKind::Plus, L"+"},
                                    {TokenKind::Number, L"&HFFFF&"}});
-    CheckTokens(L"2009.x t.5", {{TokenKind::Number, L"2009"}, {TokenKind::Point, L"."}, {TokenKind::Word, L"x"},
-                                {TokenKind::Word, L"t"}, {TokenKind::Point, L"."}, {TokenKind::Number, L"5"}});
-    CheckTokens(L"\"x\"&Hola", {{TokenKind::QuotedText, L"\"x\""}, {TokenKind::Ampersand, L"&"}, {TokenKind::Word, L"Hola"}});
+    CheckTokens(L"2009.x t.5", {{TokenKind::Number, L"2009"},
+                                {TokenKind::Point, L"."},
+                                {TokenKind::Word, L"x"},
+                                {TokenKind::Word, L"t"},
+                                {TokenKind::Point, L"."},
+                                {TokenKind::Number, L"5"}});
+    CheckTokens(
+        L"\"x\"&Hola",
+        {{TokenKind::QuotedText, L"\"x\""}, {TokenKind::Ampersand, L"&"}, {TokenKind::Word, L"Hola"}});
 }
 
 TEST(Lexer, MacrosRunToTheirTerminator) {
@@ -63,12 +86,15 @@ TEST(Lexer, MacrosRunToTheirTerminator) {
 }
 
 TEST(Lexer, CommentsAndQuotesDoNotMix) {
-    CheckTokens(L"a -- it's\nb /* \" */ c", {{TokenKind::Word, L"a"}, {TokenKind::Word, L"b"}, {TokenKind::Word, L"c"}});
-    CheckTokens(L"'--' \"/*\" [*/ --]", {{TokenKind::String, L"'--'"}, {TokenKind::QuotedText, L"\"/*\""},
+    CheckTokens(L"a -- it's\nb /* \" */ c",
+                {{TokenKind::Word, L"a"}, {TokenKind::Word, L"b"}, {TokenKind::Word, L"c"}});
+    CheckTokens(L"'--' \"/*\" [*/ --]", {{TokenKind::String, L"'--'"},
+                                         {TokenKind::QuotedText, L"\"/*\""},
                                          {TokenKind::BracketName, L"[*/ --]"}});
-    CheckTokens(L"'a''b' \"a\"\"b\" [a]]b] `a``b`",
-                {{TokenKind::String, L"'a''b'"}, {TokenKind::QuotedText, L"\"a\"\"b\""},
-                 {TokenKind::BracketName, L"[a]]b]"}, {TokenKind::BackQuoteName, L"`a``b`"}});
+    CheckTokens(L"'a''b' \"a\"\"b\" [a]]b] `a``b`", {{TokenKind::String, L"'a''b'"},
+                                                     {TokenKind::QuotedText, L"\"a\"\"b\""},
+                                                     {TokenKind::BracketName, L"[a]]b]"},
+                                                     {TokenKind::BackQuoteName, L"`a``b`"}});
 }
 
 TEST(Lexer, KnowsItsKeywordsInAnyLetterCase) {
@@ -115,7 +141,8 @@ void CheckResumption(const std::wstring& text) {
         Lexer line(std::wstring_view(text).substr(0, end), begin, state);
         for (Token token = line.Next(); token.kind != TokenKind::End; token = line.Next()) {
             for (std::size_t i = token.begin; i < token.End(); ++i) {
-                ASSERT_EQ(static_cast<int>(token.kind), static_cast<int>(whole[i])) << i << " in " << ToUtf8(text);
+                ASSERT_EQ(static_cast<int>(token.kind), static_cast<int>(whole[i]))
+                    << i << " in " << ToUtf8(text);
             }
         }
         state = line.State();

@@ -24,9 +24,14 @@ constexpr const wchar_t* kTooDeep = L"La instrucción tiene demasiados niveles d
 
 TEST(Limits, NestingUpToTheLimitIsAccepted) {
     const std::size_t levels = kMaxDepth - kSelectLevels - 1;
-    for (const auto& [open, close] : std::initializer_list<std::pair<const wchar_t*, const wchar_t*>>{
-             {L"(", L")"}, {L"f(", L")"}, {L"a IN (", L")"}, {L"CASE WHEN a THEN ", L" END"}, {L"NOT ", L""},
-             {L"- ", L""}, {L"a = NOT ", L""}}) {
+    for (const auto& [open, close] :
+         std::initializer_list<std::pair<const wchar_t*, const wchar_t*>>{{L"(", L")"},
+                                                                          {L"f(", L")"},
+                                                                          {L"a IN (", L")"},
+                                                                          {L"CASE WHEN a THEN ", L" END"},
+                                                                          {L"NOT ", L""},
+                                                                          {L"- ", L""},
+                                                                          {L"a = NOT ", L""}}) {
         const std::size_t times = std::wstring_view(open) == L"a = NOT " ? levels / 2 : levels - 1;
         const std::wstring text = L"SELECT " + Repeated(open, times) + L"a" + Repeated(close, times);
         SqlParser parser;
@@ -44,7 +49,8 @@ TEST(Limits, NestedSelectsAndJoins) {
     SqlParser parser;
     EXPECT_FALSE(parser.Parse(Repeated(L"SELECT (", levels) + L"SELECT 1" + Repeated(L")", levels)));
     EXPECT_FALSE(parser.Parse(Repeated(L"SELECT a FROM (", levels) + L"SELECT 1" + Repeated(L")", levels)));
-    EXPECT_FALSE(parser.Parse(L"SELECT 1 FROM " + Repeated(L"(", 400) + L"a" + Repeated(L" LEFT JOIN b ON c=d)", 400)));
+    EXPECT_FALSE(parser.Parse(L"SELECT 1 FROM " + Repeated(L"(", 400) + L"a" +
+                              Repeated(L" LEFT JOIN b ON c=d)", 400)));
     EXPECT_FALSE(parser.Parse(L"SELECT 1 FROM a" + Repeated(L" LEFT JOIN b ON c=d", 400)));
 }
 
@@ -116,10 +122,41 @@ TEST(Limits, AMillionAlternativesAreOneFlatRun) {
 
 TEST(Limits, WrongLongTextsAreNoProblemEither) {
     const std::size_t many = 50000;
-    for (const wchar_t* piece : {L"#", L"#1 ", L"[", L"[SELECT ", L"[SELECT a FROM t]. ", L"@{", L"'", L"'a' ", L"/*", L"(", L")",
-                                 L",", L"=", L"SELECT ", L"FROM ", L"WHERE (", L"(SELECT ", L"UNION ", L"; ", L"a ", L"\xD800",
-                                 L"“", L"¿", L"{", L"# a ", L"&H", L"1.", L"..", L"::", L"NOT ", L"JOIN ", L"(SELECT a FROM ",
-                                 L") UNION (", L"SELECT WHERE )", L"PARAMETERS "}) {
+    for (const wchar_t* piece : {L"#",
+                                 L"#1 ",
+                                 L"[",
+                                 L"[SELECT ",
+                                 L"[SELECT a FROM t]. ",
+                                 L"@{",
+                                 L"'",
+                                 L"'a' ",
+                                 L"/*",
+                                 L"(",
+                                 L")",
+                                 L",",
+                                 L"=",
+                                 L"SELECT ",
+                                 L"FROM ",
+                                 L"WHERE (",
+                                 L"(SELECT ",
+                                 L"UNION ",
+                                 L"; ",
+                                 L"a ",
+                                 L"\xD800",
+                                 L"“",
+                                 L"¿",
+                                 L"{",
+                                 L"# a ",
+                                 L"&H",
+                                 L"1.",
+                                 L"..",
+                                 L"::",
+                                 L"NOT ",
+                                 L"JOIN ",
+                                 L"(SELECT a FROM ",
+                                 L") UNION (",
+                                 L"SELECT WHERE )",
+                                 L"PARAMETERS "}) {
         for (const wchar_t* begin : {L"", L"SELECT ", L"SELECT a FROM "}) {
             SqlParser parser;
             (void)parser.Parse(begin + Repeated(piece, many));
@@ -151,15 +188,16 @@ TEST(Limits, EveryCutOfAStatementIsAnswered) {
     }
 }
 
-// Tokens of all statements, shuffled: whatever comes of it, the parser answers, and what it understands can be
-// printed and read again.
+// Tokens of all statements, shuffled: whatever comes of it, the parser answers, and what it understands can
+// be printed and read again.
 TEST(Limits, RandomTokensAreAnswered) {
     const unsigned seed = 4711;
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::vector<std::wstring> words;
     for (const std::wstring& text : test::Corpus()) {
         Lexer lexer(text);
-        for (Token token = lexer.NextSignificant(); token.kind != TokenKind::End; token = lexer.NextSignificant()) {
+        for (Token token = lexer.NextSignificant(); token.kind != TokenKind::End;
+             token = lexer.NextSignificant()) {
             words.push_back(text.substr(token.begin, token.length));
         }
     }
@@ -176,7 +214,8 @@ TEST(Limits, RandomTokensAreAnswered) {
         SqlParser again;
         ASSERT_FALSE(again.Parse(printed)) << ToUtf8(text) << "\n" << ToUtf8(printed);
         ASSERT_EQ(ToUtf8(Dump(*parser.GetStatement())), ToUtf8(Dump(*again.GetStatement())))
-            << ToUtf8(text) << "\n" << ToUtf8(printed);
+            << ToUtf8(text) << "\n"
+            << ToUtf8(printed);
         (void)parser.GetStatement()->Where();
     }
     EXPECT_GT(understood, 100);
