@@ -94,8 +94,8 @@ void DrawTable(const Canvas& canvas) { DrawGrid(canvas, kBlue, kPaleBlue); }
 
 void DrawView(const Canvas& canvas) {
     DrawGrid(canvas, kGreen, kPaleGreen);
-    canvas.Oval(14, 15, 32, 29, kWhite, kGreen);
-    canvas.Oval(20, 19, 27, 26, kGreen, kGreen);
+    canvas.Oval(13, 15, 31, 29, kWhite, kGreen);
+    canvas.Oval(19, 19, 26, 26, kGreen, kGreen);
 }
 
 void DrawField(const Canvas& canvas) {
