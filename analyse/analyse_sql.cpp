@@ -73,13 +73,14 @@ private:
             if (Outcome refusal = where.FillJoinCondition(condition)) return refusal;
         }
         if (where_fits) {
-            if (Outcome refusal = where.FillCriteria(statement_.where)) return refusal;
+            if (Outcome refusal = where.FillCriteria(statement_.where, plan_.criteria.empty()))
+                return refusal;
         }
         CriteriaBuilder having(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Having);
         const bool has_having = statement_.having != sql::kNoNode;
         left_out_.having = has_having && !having.CriteriaFit(statement_.having);
         if (has_having && !left_out_.having) {
-            if (Outcome refusal = having.FillCriteria(statement_.having)) return refusal;
+            if (Outcome refusal = having.FillCriteria(statement_.having, true)) return refusal;
         }
         // One box for both clauses: the text of the later one replaces that of the earlier.
         if (left_out_.having) {

@@ -170,9 +170,10 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
         const std::wstring_view direction = item.descending ? kDescending : kAscending;
         return Write(GridRow::Orden, column, std::wstring(direction), place);
     }
+    // A second column of the same expression has to be told from the first.
     model::ColInfo record;
-    record.Expresion = CellText(node);
-    if (column != kNoColumn) record.Expresion = L"(" + record.Expresion + L")";
+    record.Expresion = CellText(column == kNoColumn ? node : WithoutParens(statement_, node));
+    while (HasText(record.Expresion)) record.Expresion = L"(" + record.Expresion + L")";
     record.OrderBy = item.descending ? kDescendingCode : kAscendingCode;
     if (is_totals_) record.GroupBy = kExpression;
     if (Outcome refusal = SetColumn(record, form, place, column)) return refusal;

@@ -198,9 +198,11 @@ Outcome CriteriaBuilder::FillJoinCondition(NodeId id) {
     return IsLogical(statement_.At(id), LogicalOp::Or) ? FillWhole(id) : FillPredicate(id);
 }
 
-Outcome CriteriaBuilder::FillCriteria(NodeId root) {
+Outcome CriteriaBuilder::FillCriteria(NodeId root, bool alone) {
     const NodeId inner = WithoutParens(statement_, root);
-    if (IsLogical(statement_.At(inner), LogicalOp::Or)) return FillAlternatives(inner);
+    if (IsLogical(statement_.At(inner), LogicalOp::Or)) {
+        return alone ? FillAlternatives(inner) : FillWhole(inner);
+    }
     for (const NodeId operand : canonical_.ConjunctNodes(inner)) {
         if (Outcome refusal = FillPredicate(operand)) return refusal;
     }
@@ -246,7 +248,7 @@ Outcome CriteriaBuilder::FillBareCondition(NodeId id) {
 Outcome CriteriaBuilder::FillWhole(NodeId id) {
     const NodeId inner = WithoutParens(statement_, id);
     const bool is_truth = canonical_.IsTruthValue(inner);
-    std::wstring text = ExpressionText(inner);
+    std::wstring text = ExpressionText(inner, L"(");
     if (!is_truth) {
         const bool is_predicate = IsPredicate(statement_.At(inner));
         text = is_predicate ? L"(" + text + L") " : text + L" ";
@@ -264,8 +266,9 @@ Outcome CriteriaBuilder::AddCells(NodeId expression, const std::wstring& form,
                                   const std::vector<std::wstring>& cells, TextRange place) {
     int column = UsableColumn(form);
     if (column == kNoColumn) {
-        std::wstring text = ExpressionText(expression);
-        if (!BindsTighterThanComparison(statement_.At(expression))) text = L"(" + text + L")";
+        const bool bare = BindsTighterThanComparison(statement_.At(expression));
+        std::wstring text = ExpressionText(expression, bare ? L"" : L"(");
+        if (!bare) text = L"(" + text + L")";
         if (Outcome refusal = AddColumn(std::move(text), form, place, column)) return refusal;
     }
     if (Outcome refusal = columns_.Write(GridRow::Condicion, column, cells[0], place)) return refusal;
@@ -305,10 +308,10 @@ Outcome CriteriaBuilder::AddColumn(std::wstring text, const std::wstring& form, 
 
 // The aggregate test of the composition knows an aggregate's name by the sign before it, which may be a blank
 // but not a parenthesis. Where it would overlook the name, a blank in front makes it visible.
-std::wstring CriteriaBuilder::ExpressionText(NodeId id) const {
+std::wstring CriteriaBuilder::ExpressionText(NodeId id, std::wstring_view before) const {
     const TextRange range = PlaceOf(id);
     std::wstring text = columns_.CellText(range);
-    if (clause_ != Clause::Having || IsAggregate(text)) return text;
+    if (clause_ != Clause::Having || IsAggregate(std::wstring(before) + text)) return text;
     const NodeId aggregate = FirstAggregate(statement_, id);
     if (aggregate == sql::kNoNode) return text;
     const std::size_t at = PlaceOf(aggregate).offset;

@@ -34,8 +34,10 @@ public:
     /// Lays out a condition of a join, whatever its shape.
     [[nodiscard]] Outcome FillJoinCondition(sql::NodeId id);
 
-    /// Lays out a condition that fits. A refusal means that it fits by its shape and still cannot be shown.
-    [[nodiscard]] Outcome FillCriteria(sql::NodeId root);
+    /// Lays out a condition that fits. `alone` tells that no other criteria of the clause stand in the grid;
+    /// beside others two alternatives are shown whole, because as cells they would be composed into a group
+    /// that does not fit. A refusal means that the condition fits by its shape and still cannot be shown.
+    [[nodiscard]] Outcome FillCriteria(sql::NodeId root, bool alone);
 
 private:
     /// A comparison as a cell shows it.
@@ -62,7 +64,7 @@ private:
     bool MayFilter(const std::wstring& form) const;
     int UsableColumn(const std::wstring& form) const;
     Outcome AddColumn(std::wstring text, const std::wstring& form, TextRange place, int& column);
-    std::wstring ExpressionText(sql::NodeId id) const;
+    std::wstring ExpressionText(sql::NodeId id, std::wstring_view before) const;
     std::wstring CellTextOf(const Comparison& comparison) const;
     TextRange PlaceOf(sql::NodeId id) const { return statement_.At(id).Range(); }
 

@@ -62,11 +62,32 @@ std::vector<std::wstring> PlaceTables(const StatementScope& scope, model::Diagra
     return names;
 }
 
+namespace {
+
+// Engines do not agree whether "a, b RIGHT JOIN c" joins b or both a and b to c. For the other kinds it makes
+// no difference.
+bool HasRightJoinAfterComma(const Statement& statement, const sql::JoinGroup& group) {
+    for (int index = group.root; index >= 0;) {
+        const sql::FromNode& node = statement.From[static_cast<std::size_t>(index)];
+        if (!node.is_join || node.parenthesised) return false;
+        if (node.kind == sql::JoinKind::Right) return true;
+        index = node.left;
+    }
+    return false;
+}
+
+}  // namespace
+
 Outcome PlanJoins(StatementScope& scope, const Canonical& canonical,
                   const std::vector<std::wstring>& table_names, JoinPlan& plan) {
     JoinPlanner planner(scope, canonical, table_names);
-    for (const sql::JoinGroup& group : scope.Source().JoinGroups) {
+    const Statement& statement = scope.Source();
+    for (const sql::JoinGroup& group : statement.JoinGroups) {
         if (group.root < 0) continue;
+        if (&group != &statement.JoinGroups.front() && HasRightJoinAfterComma(statement, group)) {
+            const TextRange place = statement.From[static_cast<std::size_t>(group.root)].range;
+            return Refusal{place, std::wstring(messages::kJoinNesting)};
+        }
         if (Outcome refusal = planner.Plan(group.root, plan)) return refusal;
     }
     return std::nullopt;

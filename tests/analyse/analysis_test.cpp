@@ -1,0 +1,450 @@
+#include <gtest/gtest.h>
+
+#include "common/text.h"
+#include "compose/compose.h"
+#include "tests/analyse/support.h"
+#include "tests/compose/design_builder.h"
+
+namespace tessel::analyse {
+namespace {
+
+using model::GridRow;
+using test::ColumnTexts;
+using test::RelationTexts;
+using test::TableNames;
+using Texts = std::vector<std::wstring>;
+
+const Texts kWhereMessage = {L"La cláusula Where es demasiado compleja para poder ser representada"};
+const Texts kHavingMessage = {L"La cláusula Having es demasiado compleja para poder ser representada"};
+
+constexpr const wchar_t* kTotals =
+    L"SELECT Clientes.Nombre, Sum(Pedidos.Importe) AS Total FROM (Clientes INNER JOIN Pedidos ON "
+    L"Clientes.IdCliente = "
+    L"Pedidos.IdCliente) GROUP BY Clientes.Nombre ORDER BY Sum(Pedidos.Importe) DESC";
+
+/// The columns of an accepted statement; anything else fails the test.
+Texts Columns(const wchar_t* statement, const schema::Schema* schema = nullptr) {
+    model::Design design;
+    design.diagram.Bind(schema);
+    const Analysis analysis = AnalyseSQL(statement, design);
+    EXPECT_TRUE(analysis.accepted) << ToUtf8(statement)
+                                   << (analysis.error ? "\n" + ToUtf8(analysis.error->message) : "");
+    EXPECT_TRUE(analysis.messages.empty()) << ToUtf8(statement);
+    return ColumnTexts(design);
+}
+
+/// The message of an accepted statement whose clause does not fit, and the columns.
+Texts Messages(const wchar_t* statement, Texts* columns = nullptr) {
+    model::Design design;
+    const Analysis analysis = AnalyseSQL(statement, design);
+    EXPECT_TRUE(analysis.accepted) << ToUtf8(statement);
+    EXPECT_FALSE(analysis.error);
+    if (columns) *columns = ColumnTexts(design);
+    return analysis.messages;
+}
+
+TEST(Analysis, TotalsOverAJoinFillTablesRelationGroupingAndOrder) {
+    model::Design design;
+    ASSERT_TRUE(AnalyseSQL(kTotals, design).accepted);
+    EXPECT_EQ(TableNames(design), Texts({L"Clientes", L"Pedidos"}));
+    EXPECT_EQ(RelationTexts(design), Texts({L"Clientes.IdCliente = Pedidos.IdCliente"}));
+    EXPECT_EQ(ColumnTexts(design), Texts({L"Clientes.Nombre|Nombre|Clientes|Agrupado por|Si",
+                                          L"Sum(Pedidos.Importe)|Total||Expresión|Si|Descendente"}));
+    EXPECT_FALSE(design.distinct);
+    EXPECT_EQ(compose::BuildSQL(design),
+              L"SELECT Clientes.Nombre AS Nombre, Sum(Pedidos.Importe) AS Total \r\n"
+              L"FROM (Clientes INNER JOIN Pedidos ON Clientes.IdCliente = Pedidos.IdCliente)  \r\n"
+              L"GROUP BY Clientes.Nombre \r\nORDER BY Sum(Pedidos.Importe) DESC;");
+}
+
+TEST(Analysis, TextThatDoesNotParseLeavesTheDesignAlone) {
+    model::Design design;
+    ASSERT_TRUE(AnalyseSQL(kTotals, design).accepted);
+    const Texts before = ColumnTexts(design);
+    for (const wchar_t* text : {L"SELECT FROM WHERE", L"", L"   ", L"esto no es SQL", L"SELECT a FROM (b"}) {
+        const Analysis analysis = AnalyseSQL(text, design);
+        EXPECT_FALSE(analysis.parsed);
+        EXPECT_FALSE(analysis.accepted);
+        ASSERT_TRUE(analysis.error);
+        EXPECT_FALSE(analysis.error->message.empty());
+        EXPECT_TRUE(analysis.messages.empty());
+    }
+    EXPECT_EQ(ColumnTexts(design), before);
+    EXPECT_EQ(TableNames(design).size(), 2u);
+    EXPECT_EQ(RelationTexts(design).size(), 1u);
+}
+
+TEST(Analysis, RefusedStatementLeavesTheDesignAlone) {
+    model::Design design;
+    ASSERT_TRUE(AnalyseSQL(kTotals, design).accepted);
+    const Texts before = ColumnTexts(design);
+    const Analysis analysis = AnalyseSQL(L"SELECT x FROM otra UNION SELECT y FROM mas", design);
+    EXPECT_TRUE(analysis.parsed);
+    EXPECT_FALSE(analysis.accepted);
+    EXPECT_EQ(ColumnTexts(design), before);
+    EXPECT_EQ(TableNames(design), Texts({L"Clientes", L"Pedidos"}));
+}
+
+TEST(Analysis, ReasonHasLineAndColumn) {
+    model::Design design;
+    const Analysis analysis = AnalyseSQL(L"SELECT a\r\nFROM t\r\n  LIMIT 5", design);
+    ASSERT_TRUE(analysis.error);
+    EXPECT_EQ(analysis.error->line, 3u);
+    EXPECT_EQ(analysis.error->column, 3u);
+    EXPECT_EQ(analysis.error->range.length, 7u);
+    EXPECT_EQ(analysis.error->message, L"El diseño no puede mostrar la cláusula LIMIT.");
+}
+
+TEST(TopCounts, FillTablesRelationsColumnsAndDistinctOnly) {
+    model::Design design;
+    const Analysis analysis = AnalyseSQL(
+        L"SELECT DISTINCT TOP 10 A.x, Count(*) AS n FROM A INNER JOIN B ON A.id = B.id WHERE A.y = 1 AND A.y "
+        L"= 2 "
+        L"GROUP BY A.x HAVING Count(*) > 2 ORDER BY A.x",
+        design);
+    EXPECT_TRUE(analysis.parsed);
+    EXPECT_FALSE(analysis.accepted);
+    EXPECT_TRUE(analysis.messages.empty());
+    ASSERT_TRUE(analysis.error);
+    EXPECT_EQ(analysis.error->column, 17u);
+    EXPECT_EQ(analysis.error->range.length, 6u);
+    EXPECT_EQ(analysis.error->message, L"El diseño no puede mostrar la cláusula TOP.");
+    EXPECT_TRUE(design.distinct);
+    EXPECT_EQ(TableNames(design), Texts({L"A", L"B"}));
+    EXPECT_EQ(RelationTexts(design), Texts({L"A.id = B.id"}));
+    EXPECT_EQ(ColumnTexts(design), Texts({L"A.x|x|A||Si", L"Count(*)|n||Expresión|Si"}));
+}
+
+TEST(Tables, TableNamedInAnyLetterCaseStaysAndOthersGo) {
+    model::Design design;
+    design.diagram.AddTable(L"Clientes", true);
+    design.diagram.AddTable(L"Pedidos", true);
+    design.diagram.SetTableRect(L"Clientes", {10, 20, 100, 90});
+    ASSERT_TRUE(AnalyseSQL(L"SELECT a FROM nueva, CLIENTES", design).accepted);
+    EXPECT_EQ(TableNames(design), Texts({L"nueva", L"Clientes"}));
+    EXPECT_EQ(design.diagram.FindTable(L"Clientes")->rect, (model::DiagramRect{10, 20, 100, 90}));
+}
+
+TEST(Tables, EarlierRelationsColumnsAndDistinctAreGone) {
+    model::Design design;
+    ASSERT_TRUE(
+        AnalyseSQL(L"SELECT DISTINCT A.x, B.y FROM A INNER JOIN B ON A.id = B.id WHERE A.x = 1", design)
+            .accepted);
+    ASSERT_TRUE(AnalyseSQL(L"SELECT A.z FROM A, B", design).accepted);
+    EXPECT_TRUE(RelationTexts(design).empty());
+    EXPECT_FALSE(design.distinct);
+    EXPECT_EQ(ColumnTexts(design), Texts({L"A.z|z|A||Si"}));
+}
+
+TEST(Tables, NamesAreShownAsTheSchemaReportsThem) {
+    const schema::Schema schema =
+        test::MakeSchema({{L"Clientes", {L"Id", L"Nombre"}}, {L"Pedidos", {L"IdCliente"}}});
+    model::Design design;
+    design.diagram.Bind(&schema);
+    ASSERT_TRUE(
+        AnalyseSQL(L"SELECT c.nombre FROM clientes c INNER JOIN PEDIDOS p ON c.id = p.idcliente", design)
+            .accepted);
+    EXPECT_EQ(TableNames(design), Texts({L"Clientes", L"Pedidos"}));
+    EXPECT_EQ(RelationTexts(design), Texts({L"Clientes.Id = Pedidos.IdCliente"}));
+    EXPECT_EQ(ColumnTexts(design), Texts({L"Clientes.nombre|nombre|Clientes||Si"}));
+    EXPECT_TRUE(design.diagram.FindTable(L"Clientes")->fields[1].checked);
+}
+
+TEST(Relations, SidesFollowTheTablesOfTheJoin) {
+    model::Design design;
+    ASSERT_TRUE(AnalyseSQL(L"SELECT A.x FROM A LEFT JOIN B ON B.y = A.x", design).accepted);
+    EXPECT_EQ(RelationTexts(design), Texts({L"A.x => B.y"}));
+}
+
+TEST(Relations, SideWithoutTableTakesTheTableOfItsOperand) {
+    model::Design design;
+    ASSERT_TRUE(AnalyseSQL(L"SELECT A.x FROM A INNER JOIN B ON Id = B.IdA", design).accepted);
+    EXPECT_EQ(RelationTexts(design), Texts({L"A.Id = B.IdA"}));
+}
+
+TEST(Relations, SideWithoutTableIsLookedUpByItsField) {
+    const schema::Schema schema =
+        test::MakeSchema({{L"A", {L"IdA"}}, {L"B", {L"IdB", L"IdA2"}}, {L"C", {L"Id", L"Otro"}}});
+    model::Design design;
+    design.diagram.Bind(&schema);
+    ASSERT_TRUE(
+        AnalyseSQL(L"SELECT IdB FROM (A INNER JOIN B ON IdA = IdA2) INNER JOIN C ON C.Id = IdB", design)
+            .accepted);
+    EXPECT_EQ(RelationTexts(design), Texts({L"A.IdA = B.IdA2", L"B.IdB = C.Id"}));
+}
+
+TEST(Relations, KindsAreInnerLeftAndRight) {
+    model::Design design;
+    ASSERT_TRUE(AnalyseSQL(L"SELECT A.x FROM ((A INNER JOIN B ON A.b = B.b) LEFT JOIN C ON A.c = C.c) "
+                           L"RIGHT JOIN D ON A.d = D.d",
+                           design)
+                    .accepted);
+    EXPECT_EQ(RelationTexts(design), Texts({L"A.b = B.b", L"A.c => C.c", L"A.d <= D.d"}));
+}
+
+TEST(Relations, GroupNestedOnTheRightComesFirstAndItsOuterJoinIsMirrored) {
+    model::Design design;
+    ASSERT_TRUE(AnalyseSQL(L"SELECT A.x FROM A LEFT JOIN (B INNER JOIN C ON B.y = C.y) ON A.x = B.x", design)
+                    .accepted);
+    EXPECT_EQ(RelationTexts(design), Texts({L"B.y = C.y", L"B.x <= A.x"}));
+}
+
+TEST(Relations, FurtherEqualitiesOfAnInnerJoinBecomeHiddenCriteria) {
+    EXPECT_EQ(Columns(L"SELECT A.x FROM A INNER JOIN B ON (A.k = B.k) AND (A.m = B.m)"),
+              Texts({L"A.x|x|A||Si", L"A.m|m|A||No||= B.m"}));
+}
+
+TEST(Relations, JoinOfTwentyTablesIsOneChain) {
+    std::wstring from = L"T0";
+    for (int table = 1; table < 20; ++table) {
+        const std::wstring name = L"T" + std::to_wstring(table);
+        from =
+            (table > 1 ? L"(" + from + L")" : from) + L" INNER JOIN " + name + L" ON T0.k = " + name + L".k";
+    }
+    model::Design design;
+    ASSERT_TRUE(AnalyseSQL(L"SELECT T0.a FROM " + from, design).accepted);
+    EXPECT_EQ(RelationTexts(design).size(), 19u);
+}
+
+TEST(SelectLists, AliasIsTakenAsWritten) {
+    EXPECT_EQ(Columns(L"SELECT t.a AS [Un título], t.b AS B, t.c Tercero FROM t"),
+              Texts({L"t.a|[Un título]|t||Si", L"t.b|B|t||Si", L"t.c|Tercero|t||Si"}));
+}
+
+TEST(SelectLists, OnlyAFieldOfATableGetsATitleOfItsOwn) {
+    EXPECT_EQ(Columns(L"SELECT t.a, b, t.c + 1, t.* FROM t"),
+              Texts({L"t.a|a|t||Si", L"b||||Si", L"t.c + 1||||Si", L"t.*||t||Si"}));
+}
+
+TEST(SelectLists, FieldsOfTheSameNameGetCountedTitles) {
+    EXPECT_EQ(Columns(L"SELECT A.n, B.n FROM A, B"), Texts({L"A.n|n|A||Si", L"B.n|n1|B||Si"}));
+}
+
+TEST(SelectLists, AddedTitleMustNotCatchAFieldOfTheStatement) {
+    model::Design design;
+    EXPECT_FALSE(AnalyseSQL(L"SELECT A.n, B.n FROM A, B ORDER BY n1", design).accepted);
+}
+
+TEST(SelectLists, TableAliasBecomesTheTableName) {
+    EXPECT_EQ(Columns(L"SELECT c.a, 'c.a' & c.[b c] AS x FROM [Mi tabla] AS c WHERE c.d = 'c.d'"),
+              Texts({L"[Mi tabla].a|a|[Mi tabla]||Si", L"'c.a' & [Mi tabla].[b c]|x|||Si",
+                     L"[Mi tabla].d|d|[Mi tabla]||No||= 'c.d'"}));
+}
+
+TEST(SelectLists, SixtyColumnsFitAndSixtyOneDoNot) {
+    std::wstring list = L"c1";
+    for (int column = 2; column <= 60; ++column) list += L", c" + std::to_wstring(column);
+    model::Design design;
+    EXPECT_TRUE(AnalyseSQL(L"SELECT " + list + L" FROM t", design).accepted);
+    const Analysis analysis = AnalyseSQL(L"SELECT " + list + L", c61 FROM t", design);
+    EXPECT_FALSE(analysis.accepted);
+    ASSERT_TRUE(analysis.error);
+    EXPECT_EQ(analysis.error->message, L"El diseño no puede mostrar más de 60 columnas.");
+    EXPECT_EQ(ColumnTexts(design).size(), 60u);
+    EXPECT_FALSE(AnalyseSQL(L"SELECT " + list + L" FROM t WHERE otra = 1", design).accepted);
+}
+
+TEST(SelectLists, TextOver255UnitsDoesNotFit) {
+    const std::wstring fits(253, L'x');
+    model::Design design;
+    EXPECT_TRUE(AnalyseSQL(L"SELECT '" + fits + L"' FROM t", design).accepted);
+    const Analysis analysis = AnalyseSQL(L"SELECT a, '" + fits + L"x' FROM t", design);
+    EXPECT_FALSE(analysis.accepted);
+    ASSERT_TRUE(analysis.error);
+    EXPECT_EQ(analysis.error->column, 11u);
+    EXPECT_FALSE(AnalyseSQL(L"SELECT a FROM t WHERE a = '" + fits + L"'", design).accepted);
+    EXPECT_FALSE(AnalyseSQL(L"SELECT a FROM t WHERE a Like '" + fits + L"'", design).accepted);
+    EXPECT_FALSE(AnalyseSQL(L"SELECT a AS [" + fits + L"xx] FROM t", design).accepted);
+}
+
+TEST(Grouping, FoundColumnIsGroupedAndAMissingOneIsAddedHidden) {
+    EXPECT_EQ(Columns(L"SELECT a, Sum(x) AS s FROM t GROUP BY A, b"),
+              Texts({L"a|||Agrupado por|Si", L"Sum(x)|s||Expresión|Si", L"b|||Agrupado por|No"}));
+}
+
+TEST(Grouping, ColumnsThatAreNotGroupedAreExpressions) {
+    EXPECT_EQ(Columns(L"SELECT a, First(x) AS f, 1 AS uno FROM t GROUP BY a"),
+              Texts({L"a|||Agrupado por|Si", L"First(x)|f||Expresión|Si", L"1|uno||Expresión|Si"}));
+}
+
+TEST(Grouping, WithoutAggregatesAHiddenCountKeepsTheClause) {
+    EXPECT_EQ(Columns(L"SELECT a FROM t GROUP BY a"),
+              Texts({L"a|||Agrupado por|Si", L"Count(*)|||Expresión|No"}));
+}
+
+TEST(Ordering, MissingKeyIsAddedHidden) {
+    EXPECT_EQ(Columns(L"SELECT a, b FROM t ORDER BY c DESC"),
+              Texts({L"a||||Si", L"b||||Si", L"c||||No|Descendente"}));
+}
+
+TEST(Ordering, FoundKeysAreMarkedOnTheirColumns) {
+    EXPECT_EQ(Columns(L"SELECT a, t.b FROM t ORDER BY A, b DESC"),
+              Texts({L"a||||Si|Ascendente", L"t.b|b|t||Si|Descendente"}));
+}
+
+TEST(Ordering, NumbersAndAliasesMeanTheirColumn) {
+    EXPECT_EQ(Columns(L"SELECT a AS x, b FROM t ORDER BY x DESC, 2"),
+              Texts({L"a|x|||Si|Descendente", L"b||||Si|Ascendente"}));
+}
+
+TEST(Ordering, KeyAgainstTheOrderOfTheColumnsGetsAColumnOfItsOwn) {
+    EXPECT_EQ(Columns(L"SELECT a, b FROM t ORDER BY b, a"),
+              Texts({L"a||||Si", L"b||||Si|Ascendente", L"(a)||||No|Ascendente"}));
+}
+
+TEST(Ordering, AliasThatIsAlsoAFieldIsRefused) {
+    const schema::Schema schema = test::MakeSchema({{L"t", {L"a", L"Total"}}});
+    model::Design design;
+    design.diagram.Bind(&schema);
+    EXPECT_FALSE(AnalyseSQL(L"SELECT a + 1 AS Total FROM t ORDER BY Total", design).accepted);
+    EXPECT_TRUE(AnalyseSQL(L"SELECT a + 1 AS Suma FROM t ORDER BY Suma", design).accepted);
+    EXPECT_TRUE(AnalyseSQL(L"SELECT t.Total AS Total FROM t ORDER BY Total", design).accepted);
+}
+
+TEST(Criteria, ComparisonIsOperatorBlankAndValueAsWritten) {
+    EXPECT_EQ(Columns(L"SELECT Pais FROM t WHERE Pais='Chile'"), Texts({L"Pais||||Si||= 'Chile'"}));
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE t.Precio>=( 3*2 )"),
+              Texts({L"a||||Si", L"t.Precio|Precio|t||No||>= ( 3*2 )"}));
+}
+
+TEST(Criteria, ColumnsAddedForThemAreHidden) {
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE b <> 3 AND c < d"),
+              Texts({L"a||||Si", L"b||||No||<> 3", L"c||||No||< d"}));
+}
+
+TEST(Criteria, ConstantOnTheLeftIsMirrored) {
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE 5 < a"), Texts({L"a||||Si||> 5"}));
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE @x >= a"), Texts({L"a||||Si||<= @x"}));
+}
+
+TEST(Criteria, NotBeforeAComparisonIsTheOppositeOperator) {
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE NOT a = 1"), Texts({L"a||||Si||<> 1"}));
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE NOT (a < 1)"), Texts({L"a||||Si||>= 1"}));
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE NOT 1 < a"), Texts({L"a||||Si||<= 1"}));
+}
+
+TEST(Criteria, PredicateWithoutOperatorIsShownWhole) {
+    EXPECT_EQ(Columns(L"SELECT Clientes.Nombre FROM Clientes WHERE Clientes.Nombre Like 'A*'"),
+              Texts({L"Clientes.Nombre|Nombre|Clientes||Si", L"(Clientes.Nombre Like 'A*')||||No||=True"}));
+    EXPECT_EQ(
+        Columns(L"SELECT a FROM t WHERE b Between 1 And 5 AND c In (1,2) AND d Is Null AND Not e Like 'x'"),
+        Texts({L"a||||Si", L"(b Between 1 And 5)||||No||=True", L"(c In (1,2))||||No||=True",
+               L"(d Is Null)||||No||=True", L"(Not e Like 'x')||||No||=True"}));
+}
+
+TEST(Criteria, ComparisonOfASubselectStaysAComparison) {
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE a > (SELECT Avg(a) FROM t)"),
+              Texts({L"a||||Si||> (SELECT Avg(a) FROM t)"}));
+}
+
+TEST(Criteria, BooleanFieldEqualsTrueAndAnyOtherValueIsNotFalse) {
+    const schema::Schema schema = test::MakeSchema({{L"t", {L"Activo:bool", L"Nivel"}}});
+    EXPECT_EQ(Columns(L"SELECT Nivel FROM t WHERE Activo", &schema),
+              Texts({L"Nivel||||Si", L"Activo||||No||=True"}));
+    EXPECT_EQ(Columns(L"SELECT Nivel FROM t WHERE Nivel", &schema), Texts({L"Nivel||||Si||<> False"}));
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE b"), Texts({L"a||||Si", L"b||||No||<> False"}));
+}
+
+TEST(Criteria, TwoAlternativesOfOneColumnAreItsTwoCells) {
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE a = 1 OR a = 2"), Texts({L"a||||Si||= 1|= 2"}));
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE (((t.a)=1)) OR (((t.a)=3))"), Texts({L"a||||Si||= 1|= 3"}));
+}
+
+TEST(Criteria, ParenthesesAroundTheWholeClauseAreNoGroup) {
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE (a = 1 OR a = 2)"), Texts({L"a||||Si||= 1|= 2"}));
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE ((a = 1) AND (b = 2))"),
+              Texts({L"a||||Si||= 1", L"b||||No||= 2"}));
+}
+
+TEST(Criteria, OrBelowAndDoesNotFitAndTheCellsStayEmpty) {
+    Texts columns;
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE (a = 1 OR b = 2) AND c = 3", &columns), kWhereMessage);
+    EXPECT_EQ(columns, Texts({L"a||||Si"}));
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE (a = 1 OR a = 2) AND c = 3", &columns), kWhereMessage);
+    EXPECT_EQ(columns, Texts({L"a||||Si"}));
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE NOT (a = 1 OR b = 2)"), kWhereMessage);
+}
+
+TEST(Criteria, TwoComparisonsOfOneColumnWithAndDoNotFit) {
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a >= 1 AND a <= 5"), kWhereMessage);
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE t.a >= 1 AND (b = 2 AND (A) <= 5)"), kWhereMessage);
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE [a] > 1 AND 5 > a"), kWhereMessage);
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE NOT (a > 1 AND a < 5)"), kWhereMessage);
+}
+
+TEST(Criteria, OtherConnectivesAtTheTopDoNotFit) {
+    for (const wchar_t* connective : {L"XOR", L"EQV", L"IMP"}) {
+        const std::wstring text = std::wstring(L"SELECT a FROM t WHERE a = 1 ") + connective + L" b = 2";
+        EXPECT_EQ(Messages(text.c_str()), kWhereMessage) << ToUtf8(text);
+    }
+}
+
+TEST(Criteria, AlternativesOnDifferentColumnsOrMoreThanTwoDoNotFit) {
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a = 1 OR b = 2"), kWhereMessage);
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a = 1 OR a = 2 OR a = 3"), kWhereMessage);
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE (a = 1 AND b = 2) OR (a = 3)"), kWhereMessage);
+}
+
+TEST(Criteria, BothClausesGiveOneMessageThatOfHaving) {
+    EXPECT_EQ(Messages(L"SELECT a FROM t GROUP BY a HAVING Count(*) > 1 AND Count(*) < 5"), kHavingMessage);
+    EXPECT_EQ(
+        Messages(L"SELECT a FROM t WHERE b = 1 OR c = 2 GROUP BY a HAVING Count(*) > 1 AND Count(*) < 5"),
+        kHavingMessage);
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE b = 1 OR c = 2 GROUP BY a HAVING Count(*) > 1"),
+              kWhereMessage);
+}
+
+TEST(Criteria, HavingGoesToTheColumnOfItsAggregate) {
+    EXPECT_EQ(
+        Columns(L"SELECT a, Sum(b) AS s FROM t GROUP BY a HAVING Sum(b) > 10 AND 3 < Max(c)"),
+        Texts({L"a|||Agrupado por|Si", L"Sum(b)|s||Expresión|Si||> 10", L"Max(c)|||Expresión|No||> 3"}));
+}
+
+TEST(Criteria, AggregateInsideParenthesesIsMadeVisible) {
+    EXPECT_EQ(Columns(L"SELECT a FROM t GROUP BY a HAVING Count(*) Between 2 And 5"),
+              Texts({L"a|||Agrupado por|Si", L"( Count(*) Between 2 And 5)|||Expresión|No||=True"}));
+}
+
+TEST(Criteria, FilterOnAGroupedColumnIsItsCriterion) {
+    EXPECT_EQ(Columns(L"SELECT a, Count(*) AS n FROM t WHERE a = 1 GROUP BY a"),
+              Texts({L"a|||Agrupado por|Si||= 1", L"Count(*)|n||Expresión|Si"}));
+}
+
+TEST(Criteria, FilterOnAColumnThatIsNotGroupedIsShownWhole) {
+    EXPECT_EQ(Columns(L"SELECT a, Count(*) AS n FROM t WHERE b = 1 AND c GROUP BY a"),
+              Texts({L"a|||Agrupado por|Si", L"Count(*)|n||Expresión|Si", L"(b = 1)||||No||=True",
+                     L"(c <> False)||||No||=True"}));
+}
+
+TEST(Analysis, MegabyteOfConditionsIsAMessageNotALoss) {
+    std::wstring text = L"SELECT a FROM t WHERE a = 0";
+    while (text.size() < 1'000'000) text += L" OR a = 1";
+    model::Design design;
+    const Analysis analysis = AnalyseSQL(text, design);
+    EXPECT_TRUE(analysis.accepted);
+    EXPECT_EQ(analysis.messages, kWhereMessage);
+}
+
+TEST(Analysis, MegabyteOfAndsTablesAndColumnsIsRefused) {
+    std::wstring conditions = L"SELECT a FROM t WHERE c0 = 0";
+    std::wstring tables = L"SELECT a FROM t0";
+    std::wstring columns = L"SELECT c0";
+    for (int index = 1; conditions.size() < 1'000'000; ++index) {
+        const std::wstring number = std::to_wstring(index);
+        conditions += L" AND c" + number + L" = 0";
+        tables += L", t" + number;
+        columns += L", c" + number;
+    }
+    columns += L" FROM t";
+    for (const std::wstring& text : {conditions, tables, columns}) {
+        model::Design design;
+        const Analysis analysis = AnalyseSQL(text, design);
+        EXPECT_TRUE(analysis.parsed);
+        EXPECT_FALSE(analysis.accepted);
+        EXPECT_TRUE(analysis.error);
+        EXPECT_TRUE(design.diagram.Tables().empty());
+    }
+}
+
+}  // namespace
+}  // namespace tessel::analyse
