@@ -1,0 +1,115 @@
+#include "ui/win32/dlg_arbol.h"
+
+#include <commctrl.h>
+
+#include <cstring>
+
+#include "common/win32/module.h"
+
+namespace tessel::ui {
+
+namespace {
+
+constexpr wchar_t kTitle[] = L"Árbol de sintaxis";
+constexpr wchar_t kClose[] = L"&Cerrar";
+constexpr int kIdTree = 201;
+constexpr int kMargin = 10;  // dips
+
+void AppendText(const std::vector<analyse::TreeNode>& nodes, int level, std::wstring& text) {
+    for (const analyse::TreeNode& node : nodes) {
+        text.append(static_cast<std::size_t>(level) * 2, L' ');
+        text += node.text + L"\r\n";
+        AppendText(node.children, level + 1, text);
+    }
+}
+
+}  // namespace
+
+dlgArbol::dlgArbol(const std::vector<analyse::TreeNode>& roots, std::function<void(TextRange)> on_selected)
+    : roots_(roots), on_selected_(std::move(on_selected)) {}
+
+void dlgArbol::ShowTree(HWND owner) { Run(owner, kTitle, {520, 560}, {280, 220}); }
+
+std::wstring dlgArbol::AsText(const std::vector<analyse::TreeNode>& roots) {
+    std::wstring text;
+    AppendText(roots, 0, text);
+    return text;
+}
+
+bool dlgArbol::OnCreateControls() {
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT |
+                             TVS_SHOWSELALWAYS;
+    tree_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_TREEVIEWW, L"", kStyle, 0, 0, 0, 0, Handle(),
+                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdTree)), win32::ThisModule(), nullptr);
+    close_ = AddButton(kClose, IDCANCEL, true);
+    if (!tree_ || !close_) return false;
+    SendMessageW(tree_, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
+    filling_ = true;
+    SendMessageW(tree_, WM_SETREDRAW, FALSE, 0);
+    AddNodes(roots_, TVI_ROOT);
+    SendMessageW(tree_, WM_SETREDRAW, TRUE, 0);
+    if (const HTREEITEM first = TreeView_GetRoot(tree_)) TreeView_SelectSetFirstVisible(tree_, first);
+    filling_ = false;
+    return true;
+}
+
+void dlgArbol::AddNodes(const std::vector<analyse::TreeNode>& nodes, void* parent) {
+    for (const analyse::TreeNode& node : nodes) {
+        TVINSERTSTRUCTW insert{};
+        insert.hParent = static_cast<HTREEITEM>(parent);
+        insert.hInsertAfter = TVI_LAST;
+        insert.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_STATE;
+        insert.item.pszText = const_cast<wchar_t*>(node.text.c_str());
+        insert.item.lParam = reinterpret_cast<LPARAM>(&node);
+        insert.item.state = node.children.empty() ? 0 : TVIS_EXPANDED;
+        insert.item.stateMask = TVIS_EXPANDED;
+        const auto item = reinterpret_cast<HTREEITEM>(
+            SendMessageW(tree_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
+        if (item) AddNodes(node.children, item);
+    }
+}
+
+void dlgArbol::OnLayout(SIZE client) {
+    const int margin = Px(kMargin);
+    const SIZE button = ButtonSize(close_);
+    const int top = static_cast<int>(client.cy - button.cy) - margin;
+    MoveWindow(tree_, margin, margin, client.cx - 2 * margin, top - 2 * margin, TRUE);
+    MoveWindow(close_, client.cx - button.cx - margin, top, button.cx, button.cy, TRUE);
+}
+
+void dlgArbol::OnCommand(int id, int) {
+    if (id == IDCANCEL) Close();
+}
+
+LRESULT dlgArbol::OnNotify(NMHDR* header) {
+    if (header->hwndFrom != tree_) return 0;
+    if (header->code == TVN_SELCHANGEDW && !filling_) {
+        const auto& change = *reinterpret_cast<NMTREEVIEWW*>(header);
+        const auto* node = reinterpret_cast<const analyse::TreeNode*>(change.itemNew.lParam);
+        if (node && node->range && on_selected_) on_selected_(*node->range);
+    }
+    if (header->code == TVN_KEYDOWN && reinterpret_cast<NMTVKEYDOWN*>(header)->wVKey == 'C' &&
+        GetKeyState(VK_CONTROL) < 0)
+        Copy();
+    return 0;
+}
+
+void dlgArbol::Copy() {
+    const std::wstring text = AsText(roots_);
+    if (!OpenClipboard(Handle())) return;
+    EmptyClipboard();
+    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    if (const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes)) {
+        if (void* target = GlobalLock(memory)) {
+            std::memcpy(target, text.c_str(), bytes);
+            GlobalUnlock(memory);
+            // The clipboard owns the memory once it took it.
+            if (!SetClipboardData(CF_UNICODETEXT, memory)) GlobalFree(memory);
+        } else {
+            GlobalFree(memory);
+        }
+    }
+    CloseClipboard();
+}
+
+}  // namespace tessel::ui

@@ -1,0 +1,43 @@
+// dlgArbol, "Árbol de sintaxis": how the parser understood a statement, as a tree.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <vector>
+
+#include "analyse/syntax_tree.h"
+#include "ui/win32/modal_dialog.h"
+
+namespace tessel::ui {
+
+class dlgArbol final : public ModalDialog {
+public:
+    /// `on_selected` is told the range of a node that the user selects and that has one; may be empty.
+    dlgArbol(const std::vector<analyse::TreeNode>& roots, std::function<void(TextRange)> on_selected);
+
+    /// Shows the tree, everything expanded, until the user closes it.
+    void ShowTree(HWND owner);
+
+    HWND Tree() const { return tree_; }
+    /// The tree as text, two blanks a level, one node a line; what Ctrl+C copies.
+    static std::wstring AsText(const std::vector<analyse::TreeNode>& roots);
+
+private:
+    bool OnCreateControls() override;
+    void OnLayout(SIZE client) override;
+    void OnCommand(int id, int notification) override;
+    LRESULT OnNotify(NMHDR* header) override;
+    HWND FirstFocus() const override { return tree_; }
+
+    void AddNodes(const std::vector<analyse::TreeNode>& nodes, void* parent);
+    void Copy();
+
+    const std::vector<analyse::TreeNode>& roots_;
+    std::function<void(TextRange)> on_selected_;
+    HWND tree_ = nullptr;   // TVW
+    HWND close_ = nullptr;  // "&Cerrar"
+    bool filling_ = false;
+};
+
+}  // namespace tessel::ui

@@ -1,0 +1,54 @@
+// Base of the designer's own dialogs: a resizable window over the designer, with the user's font, closed by Esc, by its
+// close button and by its title bar. Derived classes create controls, lay them out and answer notifications.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "common/win32/handles.h"
+#include "common/win32/window.h"
+
+namespace tessel::ui {
+
+class ModalDialog : public win32::Window {
+public:
+    /// Shows the dialog over `owner` and returns when it is closed. Sizes are outer sizes in dips. False when the
+    /// window could not be created.
+    bool Run(HWND owner, const wchar_t* title, SIZE size, SIZE minimum);
+
+protected:
+    ModalDialog() = default;
+
+    /// Creates the controls. False gives up.
+    virtual bool OnCreateControls() = 0;
+    /// The client area has this size, in pixels.
+    virtual void OnLayout(SIZE client) = 0;
+    /// A control with that identifier reports `notification`; Esc arrives as IDCANCEL, Enter as DefaultButton().
+    virtual void OnCommand(int id, int notification) = 0;
+    virtual LRESULT OnNotify(NMHDR* header);
+    /// The control that gets the focus first.
+    virtual HWND FirstFocus() const = 0;
+    virtual int DefaultButton() const { return IDCANCEL; }
+
+    void Close();
+    int Px(int dips) const;
+    HFONT Font() const { return font_.get(); }
+    /// A push button with the dialog's font.
+    HWND AddButton(const wchar_t* caption, int id, bool is_default);
+    /// The usual size of a button in pixels, wide enough for the caption.
+    SIZE ButtonSize(HWND button) const;
+
+private:
+    LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+    void Place(HWND owner, SIZE size);
+    void Layout();
+
+    win32::UniqueFont font_;
+    SIZE minimum_{};
+    int dpi_ = 96;
+    bool created_ = false;
+    bool closed_ = false;
+};
+
+}  // namespace tessel::ui
