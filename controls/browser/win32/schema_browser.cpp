@@ -13,8 +13,9 @@ namespace tessel::controls {
 
 namespace {
 
-constexpr int kIdSearch = 1;
-constexpr int kIdTree = 2;
+// Apart from IDOK and IDCANCEL, which a dialog around us uses for its own buttons.
+constexpr int kIdSearch = 11;
+constexpr int kIdTree = 12;
 constexpr int kMargin = 4;         // at 96 dpi
 constexpr int kSearchPadding = 8;  // around the text of the search box, at 96 dpi
 constexpr int kItemPadding = 4;    // above and below the icon together, at 96 dpi
