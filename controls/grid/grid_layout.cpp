@@ -6,7 +6,9 @@ namespace tessel::controls {
 
 namespace {
 
-int RowIndex(model::GridRow row) { return static_cast<int>(row) - 1; }
+int RowIndex(model::GridRow row) {
+    return static_cast<int>(row) - 1;
+}
 
 }  // namespace
 
@@ -81,8 +83,8 @@ GridRect GridLayout::ArrowRect(model::GridRow row, int column) const {
 GridHit GridLayout::HitTest(int x, int y) const {
     if (CornerArea().Contains(x, y)) return {GridPart::Corner};
     if (HeaderArea().Contains(x, y)) {
-        // From the right, so that of two columns meeting in one place the pointer takes the later one, and a column
-        // made very narrow can be widened again.
+        // From the right, so that of two columns meeting in one place the pointer takes the later one, and a
+        // column made very narrow can be widened again.
         const Range range = VisibleRange();
         for (std::size_t i = range.last; i-- > range.first;) {
             const int edge = HeaderRect(columns_[i].column).right;
@@ -123,8 +125,12 @@ GridLayout::Range GridLayout::VisibleRange() const {
     return range;
 }
 
-int GridLayout::MaximumScrollX() const { return std::max(0, ContentWidth() - ViewWidth()); }
-int GridLayout::MaximumScrollY() const { return std::max(0, ContentHeight() - ViewHeight()); }
+int GridLayout::MaximumScrollX() const {
+    return std::max(0, ContentWidth() - ViewWidth());
+}
+int GridLayout::MaximumScrollY() const {
+    return std::max(0, ContentHeight() - ViewHeight());
+}
 
 bool GridLayout::ScrollTo(int x, int y) {
     const int old_x = scroll_x_;
@@ -169,8 +175,9 @@ bool GridLayout::EnsureVisible(model::GridRow row, int column) {
 }
 
 int GridLayout::IndexOf(int column) const {
-    const auto found = std::find_if(columns_.begin(), columns_.end(),
-                                    [column](const GridColumnExtent& extent) { return extent.column == column; });
+    const auto found =
+        std::find_if(columns_.begin(), columns_.end(),
+                     [column](const GridColumnExtent& extent) { return extent.column == column; });
     return found == columns_.end() ? -1 : static_cast<int>(found - columns_.begin());
 }
 

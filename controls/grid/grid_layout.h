@@ -1,8 +1,8 @@
-// Where everything of the design grid lies, in device pixels of its client area: the fixed column of row captions,
-// the header, the cells, and how far both directions are scrolled.
+// Where everything of the design grid lies, in device pixels of its client area: the fixed column of row
+// captions, the header, the cells, and how far both directions are scrolled.
 //
-// Pure arithmetic over metrics, the client's size and the shown columns; knows no window, no font and no model
-// contents. Which cell has the focus, and how it moves, is in grid_state.h.
+// Pure arithmetic over metrics, the client's size and the shown columns; knows no window, no font and no
+// model contents. Which cell has the focus, and how it moves, is in grid_state.h.
 #pragma once
 
 #include <cstddef>

@@ -20,7 +20,9 @@ int ColumnPixels(int width_dips, int dpi, const GridMetrics& metrics) {
                       metrics.maximum_width);
 }
 
-int ColumnDips(int pixels, int dpi) { return ScaleRounded(pixels, kBaseDpi, dpi); }
+int ColumnDips(int pixels, int dpi) {
+    return ScaleRounded(pixels, kBaseDpi, dpi);
+}
 
 bool GridState::TakeColumns(const model::DesignGrid& grid, int dpi) {
     std::vector<GridColumnExtent> columns;
@@ -57,23 +59,47 @@ GridState::Target GridState::TargetOf(GridMove move) const {
     const int page = std::max(1, layout_.ViewHeight() / row_height);
     Target target = Here();
     switch (move) {
-        case GridMove::Left: target.index = std::max(0, target.index - 1); break;
-        case GridMove::Right: target.index = std::min(last_index, target.index + 1); break;
-        case GridMove::Up: target.row = std::max(0, target.row - 1); break;
-        case GridMove::Down: target.row = std::min(kLastRow, target.row + 1); break;
-        case GridMove::RowStart: target.index = 0; break;
-        case GridMove::RowEnd: target.index = last_index; break;
-        case GridMove::First: target = {0, 0}; break;
-        case GridMove::Last: target = {kLastRow, last_index}; break;
-        case GridMove::PageUp: target.row = std::max(0, target.row - page); break;
-        case GridMove::PageDown: target.row = std::min(kLastRow, target.row + page); break;
+        case GridMove::Left:
+            target.index = std::max(0, target.index - 1);
+            break;
+        case GridMove::Right:
+            target.index = std::min(last_index, target.index + 1);
+            break;
+        case GridMove::Up:
+            target.row = std::max(0, target.row - 1);
+            break;
+        case GridMove::Down:
+            target.row = std::min(kLastRow, target.row + 1);
+            break;
+        case GridMove::RowStart:
+            target.index = 0;
+            break;
+        case GridMove::RowEnd:
+            target.index = last_index;
+            break;
+        case GridMove::First:
+            target = {0, 0};
+            break;
+        case GridMove::Last:
+            target = {kLastRow, last_index};
+            break;
+        case GridMove::PageUp:
+            target.row = std::max(0, target.row - page);
+            break;
+        case GridMove::PageDown:
+            target.row = std::min(kLastRow, target.row + page);
+            break;
         case GridMove::Next:
-            if (target.index < last_index) ++target.index;
-            else if (target.row < kLastRow) target = {target.row + 1, 0};
+            if (target.index < last_index)
+                ++target.index;
+            else if (target.row < kLastRow)
+                target = {target.row + 1, 0};
             break;
         case GridMove::Previous:
-            if (target.index > 0) --target.index;
-            else if (target.row > 0) target = {target.row - 1, last_index};
+            if (target.index > 0)
+                --target.index;
+            else if (target.row > 0)
+                target = {target.row - 1, last_index};
             break;
     }
     return target;

@@ -1,8 +1,8 @@
-// What the design grid's view knows beyond the model: its layout, the focused cell with the moves that keys ask for,
-// and a column being resized.
+// What the design grid's view knows beyond the model: its layout, the focused cell with the moves that keys
+// ask for, and a column being resized.
 //
-// Portable and without a window. Hidden columns do not exist for any move. The model's focus is the truth; the view
-// copies it in with SetFocus.
+// Portable and without a window. Hidden columns do not exist for any move. The model's focus is the truth;
+// the view copies it in with SetFocus.
 #pragma once
 
 #include "controls/grid/grid_layout.h"
@@ -17,11 +17,11 @@ enum class GridMove {
     Down,
     RowStart,
     RowEnd,
-    First,     ///< the first cell of all
-    Last,      ///< the last cell of all
-    PageUp,    ///< as many rows as fit the view
+    First,   ///< the first cell of all
+    Last,    ///< the last cell of all
+    PageUp,  ///< as many rows as fit the view
     PageDown,
-    Next,      ///< to the right, then on to the next row's first cell
+    Next,  ///< to the right, then on to the next row's first cell
     Previous,
 };
 
@@ -30,7 +30,8 @@ public:
     GridLayout& Layout() { return layout_; }
     const GridLayout& Layout() const { return layout_; }
 
-    /// Takes the shown columns and their widths, scaled to pixels at `dpi`, from the model. True when they changed.
+    /// Takes the shown columns and their widths, scaled to pixels at `dpi`, from the model. True when they
+    /// changed.
     bool TakeColumns(const model::DesignGrid& grid, int dpi);
 
     model::GridRow FocusedRow() const { return row_; }

@@ -23,8 +23,8 @@ void SplitterState::SetLength(int length) {
         wanted_ = -1;
         return;
     }
-    // The proportion is not read back from the clamped position: a window made small and large again returns to
-    // where the user had put the bar.
+    // The proportion is not read back from the clamped position: a window made small and large again returns
+    // to where the user had put the bar.
     position_ = Clamped(static_cast<int>(std::lround(fraction_ * Available())));
 }
 
@@ -36,7 +36,9 @@ void SplitterState::SetPosition(int position) {
     MoveTo(position);
 }
 
-int SplitterState::SecondSize() const { return std::max(0, Available() - position_); }
+int SplitterState::SecondSize() const {
+    return std::max(0, Available() - position_);
+}
 
 void SplitterState::BeginDrag(int pointer) {
     dragging_ = true;
@@ -45,7 +47,9 @@ void SplitterState::BeginDrag(int pointer) {
     fraction_before_drag_ = fraction_;
 }
 
-bool SplitterState::DragTo(int pointer) { return dragging_ && MoveTo(pointer - drag_offset_); }
+bool SplitterState::DragTo(int pointer) {
+    return dragging_ && MoveTo(pointer - drag_offset_);
+}
 
 void SplitterState::CancelDrag() {
     if (!dragging_) return;
@@ -54,9 +58,15 @@ void SplitterState::CancelDrag() {
     fraction_ = fraction_before_drag_;
 }
 
-bool SplitterState::MoveBy(int delta) { return MoveTo(position_ + delta); }
-bool SplitterState::MoveToStart() { return MoveTo(0); }
-bool SplitterState::MoveToEnd() { return MoveTo(Available()); }
+bool SplitterState::MoveBy(int delta) {
+    return MoveTo(position_ + delta);
+}
+bool SplitterState::MoveToStart() {
+    return MoveTo(0);
+}
+bool SplitterState::MoveToEnd() {
+    return MoveTo(Available());
+}
 
 int SplitterState::Clamped(int position) const {
     const int available = Available();

@@ -1,7 +1,8 @@
-// Where a splitter's bar stands: the arithmetic of two panes and a bar between them, in device pixels along one axis.
+// Where a splitter's bar stands: the arithmetic of two panes and a bar between them, in device pixels along
+// one axis.
 //
-// Owns the position, the minimum sizes, the drag in progress and the proportion that survives resizing. Knows no
-// window: win32/splitter_bar.h gives it lengths and pointer positions and places the panes where it says.
+// Owns the position, the minimum sizes, the drag in progress and the proportion that survives resizing. Knows
+// no window: win32/splitter_bar.h gives it lengths and pointer positions and places the panes where it says.
 #pragma once
 
 namespace tessel::controls {
@@ -14,7 +15,8 @@ enum class Orientation {
 
 class SplitterState {
 public:
-    /// The thickness of the bar and the least sizes of the panes, all in pixels. Keeps the position as it can.
+    /// The thickness of the bar and the least sizes of the panes, all in pixels. Keeps the position as it
+    /// can.
     void SetMetrics(int bar, int first_minimum, int second_minimum);
     /// The whole length, bar included. The proportion of the panes stays.
     void SetLength(int length);
@@ -53,10 +55,10 @@ private:
     int second_minimum_ = 0;
     int length_ = 0;
     int position_ = 0;
-    double fraction_ = 0.5;    ///< of the available length; what resizing keeps
-    int wanted_ = -1;          ///< a position asked for before the length was known
+    double fraction_ = 0.5;  ///< of the available length; what resizing keeps
+    int wanted_ = -1;        ///< a position asked for before the length was known
     bool dragging_ = false;
-    int drag_offset_ = 0;      ///< from the bar's start to the pointer
+    int drag_offset_ = 0;  ///< from the bar's start to the pointer
     int position_before_drag_ = 0;
     double fraction_before_drag_ = 0.5;
 };

@@ -9,7 +9,8 @@ void PrintTo(const GridRect& rect, std::ostream* out) {
 }
 
 void PrintTo(const GridHit& hit, std::ostream* out) {
-    *out << "part " << static_cast<int>(hit.part) << " row " << static_cast<int>(hit.row) << " column " << hit.column;
+    *out << "part " << static_cast<int>(hit.part) << " row " << static_cast<int>(hit.row) << " column "
+         << hit.column;
 }
 
 namespace {
@@ -51,7 +52,8 @@ TEST(GridLayout, AreasTileTheClient) {
 
 TEST(GridLayout, ClientSmallerThanItsFixedPartsHasNoNegativeArea) {
     const GridLayout layout = Layout(60, 20, Equal(60, 80));
-    for (const GridRect& area : {layout.CornerArea(), layout.HeaderArea(), layout.CaptionsArea(), layout.CellsArea()}) {
+    for (const GridRect& area :
+         {layout.CornerArea(), layout.HeaderArea(), layout.CaptionsArea(), layout.CellsArea()}) {
         EXPECT_GE(area.Width(), 0);
         EXPECT_GE(area.Height(), 0);
     }

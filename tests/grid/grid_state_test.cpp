@@ -171,8 +171,8 @@ TEST(GridState, WithEveryColumnHiddenNothingMoves) {
     EXPECT_EQ(state.NearestShown(0), -1);
     EXPECT_FALSE(state.IsFocusShown());
     for (GridMove move : {GridMove::Left, GridMove::Right, GridMove::Up, GridMove::Down, GridMove::RowStart,
-                          GridMove::RowEnd, GridMove::First, GridMove::Last, GridMove::PageUp, GridMove::PageDown,
-                          GridMove::Next, GridMove::Previous})
+                          GridMove::RowEnd, GridMove::First, GridMove::Last, GridMove::PageUp,
+                          GridMove::PageDown, GridMove::Next, GridMove::Previous})
         EXPECT_FALSE(state.Move(move));
 }
 

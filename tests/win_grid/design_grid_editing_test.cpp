@@ -284,7 +284,8 @@ TEST_F(GridEditing, EditorCoversItsCellAndGrowsWithItsText) {
     EXPECT_EQ(SendMessageW(view_.Editor().Edit(), EM_POSFROMCHAR, 0, 0) & 0x8000, 0);
     DWORD start = 1;
     DWORD end = 0;
-    SendMessageW(view_.Editor().Edit(), EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    SendMessageW(view_.Editor().Edit(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
+                 reinterpret_cast<LPARAM>(&end));
     EXPECT_EQ(start, 0u);
     EXPECT_EQ(end, Cell(GridRow::Campo, 2).size());
     RECT place;

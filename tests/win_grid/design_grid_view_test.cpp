@@ -162,7 +162,8 @@ TEST_F(GridTest, ShiftWheelScrollsSideways) {
     SendMessageW(view_.Handle(), WM_MOUSEWHEEL, MAKEWPARAM(MK_SHIFT, static_cast<WORD>(-WHEEL_DELTA)),
                  MAKELPARAM(screen.x, screen.y));
     EXPECT_EQ(view_.State().Layout().ScrollX(), Px(80));
-    SendMessageW(view_.Handle(), WM_MOUSEWHEEL, MAKEWPARAM(MK_SHIFT, WHEEL_DELTA), MAKELPARAM(screen.x, screen.y));
+    SendMessageW(view_.Handle(), WM_MOUSEWHEEL, MAKEWPARAM(MK_SHIFT, WHEEL_DELTA),
+                 MAKELPARAM(screen.x, screen.y));
     EXPECT_EQ(view_.State().Layout().ScrollX(), 0);
 }
 
@@ -206,12 +207,27 @@ TEST_F(GridTest, ContextMenuNamesTheColumnUnderThePointer) {
 
 TEST_F(GridTest, MenuKeyNamesTheFocusedColumn) {
     ClickCell(GridRow::Tabla, 3);
-    SendMessageW(view_.Handle(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view_.Handle()), MAKELPARAM(-1, -1));
+    SendMessageW(view_.Handle(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view_.Handle()),
+                 MAKELPARAM(-1, -1));
     EXPECT_EQ(presenter_.menu_column, 3);
     POINT corner{view_.CellRect(GridRow::Tabla, 3).left, view_.CellRect(GridRow::Tabla, 3).bottom};
     ClientToScreen(view_.Handle(), &corner);
     EXPECT_EQ(presenter_.menu_point.x, corner.x);
     EXPECT_EQ(presenter_.menu_point.y, corner.y);
+}
+
+TEST_F(GridTest, AccessibleNameTellsTheFocusedCell) {
+    const auto name = [&] {
+        wchar_t text[200];
+        GetWindowTextW(view_.Handle(), text, 200);
+        return std::wstring(text);
+    };
+    FillGrid();
+    ClickCell(GridRow::Titulo, 1);
+    EXPECT_EQ(name(), L"Columnas de la consulta, columna 2, Título (Alias): Total");
+    PressKey(VK_DELETE);
+    EXPECT_TRUE(
+        frame_.WaitFor([&] { return name() == L"Columnas de la consulta, columna 2, Título (Alias): "; }));
 }
 
 TEST_F(GridTest, PaintsWithAndWithoutContents) {

@@ -1,5 +1,5 @@
-// A design grid in a window with a button before and after it, and a presenter in miniature that writes what the
-// view reports.
+// A design grid in a window with a button before and after it, and a presenter in miniature that writes what
+// the view reports.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -37,12 +37,16 @@ public:
         menu_point = screen;
     }
     void RefillLists(GridRow row) {
-        if (row == GridRow::Visible) grid_.SetPickLists({L"Si", L"No"});
+        if (row == GridRow::Visible)
+            grid_.SetPickLists({L"Si", L"No"});
         else if (row == GridRow::Agrupacion)
-            grid_.SetPickLists({L"Agrupado por", L"Suma", L"Promedio", L"Mínimo", L"Máximo", L"Cuenta", L"Expresión"});
-        else if (row == GridRow::Titulo) grid_.SetPickLists({});
-        else grid_.SetPickLists({L"Clientes.*", L"Clientes.IdCliente", L"Clientes.Nombre", L"Pedidos.*",
-                                 L"[Detalle de pedidos].[Precio por unidad]"});
+            grid_.SetPickLists(
+                {L"Agrupado por", L"Suma", L"Promedio", L"Mínimo", L"Máximo", L"Cuenta", L"Expresión"});
+        else if (row == GridRow::Titulo)
+            grid_.SetPickLists({});
+        else
+            grid_.SetPickLists({L"Clientes.*", L"Clientes.IdCliente", L"Clientes.Nombre", L"Pedidos.*",
+                                L"[Detalle de pedidos].[Precio por unidad]"});
     }
 
     std::vector<std::wstring> commits;
@@ -91,10 +95,11 @@ protected:
     /// Fills the first columns with a query.
     void FillGrid() {
         const wchar_t* const cells[][8] = {
-            {L"Clientes.Nombre", L"Nombre del cliente", L"Clientes", L"Agrupado por", L"Si", L"Ascendente", L"", L""},
+            {L"Clientes.Nombre", L"Nombre del cliente", L"Clientes", L"Agrupado por", L"Si", L"Ascendente",
+             L"", L""},
             {L"Pedidos.Importe", L"Total", L"Pedidos", L"Suma", L"Si", L"Descendente", L">1000", L"<10"},
-            {L"[Detalle de pedidos].[Precio por unidad]", L"Precio", L"[Detalle de pedidos]", L"Máximo", L"No", L"",
-             L"@desde", L""},
+            {L"[Detalle de pedidos].[Precio por unidad]", L"Precio", L"[Detalle de pedidos]", L"Máximo",
+             L"No", L"", L"@desde", L""},
             {L"Año(Pedidos.Fecha)", L"Año", L"", L"Expresión", L"Si", L"", L"", L""},
         };
         for (int column = 0; column < 4; ++column) {

@@ -11,7 +11,9 @@ namespace {
 
 constexpr auto kPatience = std::chrono::seconds(10);
 
-void Send(INPUT input) { SendInput(1, &input, sizeof input); }
+void Send(INPUT input) {
+    SendInput(1, &input, sizeof input);
+}
 
 void SendKey(WORD key, bool up) {
     INPUT input{};
@@ -44,8 +46,9 @@ TestFrame::TestFrame(int width, int height) {
     wc.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
     wc.lpszClassName = name;
     RegisterClassExW(&wc);
-    hwnd_ = CreateWindowExW(WS_EX_CONTROLPARENT, name, L"Prueba", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | WS_VISIBLE,
-                            10, 10, width, height, nullptr, nullptr, wc.hInstance, this);
+    hwnd_ = CreateWindowExW(WS_EX_CONTROLPARENT, name, L"Prueba",
+                            WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN | WS_VISIBLE, 10, 10, width, height,
+                            nullptr, nullptr, wc.hInstance, this);
     SetForegroundWindow(hwnd_);
     Pump();
 }
@@ -57,8 +60,9 @@ TestFrame::~TestFrame() {
 
 LRESULT CALLBACK TestFrame::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message == WM_NCCREATE)
-        SetWindowLongPtrW(hwnd, GWLP_USERDATA,
-                          reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lparam)->lpCreateParams));
+        SetWindowLongPtrW(
+            hwnd, GWLP_USERDATA,
+            reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lparam)->lpCreateParams));
     auto* frame = reinterpret_cast<TestFrame*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
     if (frame) {
         if (message == WM_COMMAND) frame->last_command = LOWORD(wparam);
@@ -75,8 +79,8 @@ LRESULT CALLBACK TestFrame::Procedure(HWND hwnd, UINT message, WPARAM wparam, LP
 HWND TestFrame::AddButton(const wchar_t* text, int id, const RECT& place, bool is_default) {
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | (is_default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON);
     return CreateWindowExW(0, L"BUTTON", text, style, place.left, place.top, place.right - place.left,
-                           place.bottom - place.top, hwnd_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr,
-                           nullptr);
+                           place.bottom - place.top, hwnd_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                           nullptr, nullptr);
 }
 
 void TestFrame::Pump() {
@@ -111,8 +115,12 @@ void MoveMouse(HWND hwnd, int x, int y) {
     Send(input);
 }
 
-void PressMouse(bool right) { SendMouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN); }
-void ReleaseMouse(bool right) { SendMouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP); }
+void PressMouse(bool right) {
+    SendMouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
+}
+void ReleaseMouse(bool right) {
+    SendMouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
+}
 
 void Click(HWND hwnd, int x, int y) {
     MoveMouse(hwnd, x, y);
@@ -167,8 +175,8 @@ void SavePicture(HWND hwnd, const std::string& name, HWND popup) {
     const HGDIOBJ old = SelectObject(memory, bitmap);
     const auto copy = [&](HWND source, const RECT& place) {
         const HDC dc = GetWindowDC(source);
-        BitBlt(memory, place.left - all.left, place.top - all.top, place.right - place.left, place.bottom - place.top,
-               dc, 0, 0, SRCCOPY);
+        BitBlt(memory, place.left - all.left, place.top - all.top, place.right - place.left,
+               place.bottom - place.top, dc, 0, 0, SRCCOPY);
         ReleaseDC(source, dc);
     };
     copy(hwnd, frame);

@@ -1,5 +1,5 @@
-// Drives real windows from a test: a dialog-like top-level window, its message loop, mouse and keyboard through the
-// system's own input queue, and pictures of a window for the eye.
+// Drives real windows from a test: a dialog-like top-level window, its message loop, mouse and keyboard
+// through the system's own input queue, and pictures of a window for the eye.
 #pragma once
 
 #include <windows.h>
@@ -48,8 +48,8 @@ void PressKey(WORD key, bool shift = false, bool control = false, bool alt = fal
 /// Characters typed as Unicode input.
 void TypeText(const std::wstring& text);
 
-/// Writes a window's picture as a BMP into the folder named by TESSEL_SCREENSHOTS, if set. Popups are windows of
-/// their own, and are laid over it when `popup` is given.
+/// Writes a window's picture as a BMP into the folder named by TESSEL_SCREENSHOTS, if set. Popups are windows
+/// of their own, and are laid over it when `popup` is given.
 void SavePicture(HWND hwnd, const std::string& name, HWND popup = nullptr);
 
 }  // namespace tessel::testing

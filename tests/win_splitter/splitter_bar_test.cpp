@@ -34,11 +34,12 @@ class SplitterBarTest : public ::testing::Test {
 protected:
     explicit SplitterBarTest(Orientation orientation = Orientation::SideBySide) {
         splitter_.Create(frame_.Handle(), kSplitterId, orientation, &events_);
-        first_ = CreateWindowExW(0, L"EDIT", L"uno", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0, 0, frame_.Handle(),
-                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(kFirstId)), nullptr, nullptr);
+        first_ = CreateWindowExW(0, L"EDIT", L"uno", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0, 0,
+                                 frame_.Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kFirstId)),
+                                 nullptr, nullptr);
         second_ = CreateWindowExW(0, L"BUTTON", L"dos", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0, 0,
-                                  frame_.Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kSecondId)), nullptr,
-                                  nullptr);
+                                  frame_.Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kSecondId)),
+                                  nullptr, nullptr);
         splitter_.SetPanes(first_, second_);
         splitter_.SetMinimums(50, 60);
         splitter_.SetPosition(200);
@@ -203,8 +204,8 @@ TEST_F(SplitterBarTest, APaneDestroyedByItsOwnerIsForgotten) {
 TEST_F(SplitterBarTest, NestedSplittersLayOutInside) {
     SplitterBar inner;
     ASSERT_TRUE(inner.Create(splitter_.Handle(), 80, Orientation::Stacked, nullptr));
-    const HWND low = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, inner.Handle(), nullptr,
-                                     nullptr, nullptr);
+    const HWND low = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, inner.Handle(),
+                                     nullptr, nullptr, nullptr);
     inner.SetPanes(second_, low);
     inner.SetPosition(100);
     splitter_.SetPanes(first_, inner.Handle());

@@ -15,7 +15,6 @@ namespace {
 constexpr int kShownItems = 12;
 constexpr int kComboId = 1;
 constexpr UINT_PTR kSubclassId = 1;
-constexpr wchar_t kEditorName[] = L"Celda";
 
 int TextWidth(HWND hwnd, HFONT font, std::wstring_view text) {
     const HDC dc = GetDC(hwnd);
@@ -34,8 +33,8 @@ int TextWidth(HWND hwnd, HFONT font, std::wstring_view text) {
 bool CellEditor::Create(HWND parent) {
     if (combo_ && IsWindow(combo_)) return true;
     parent_ = parent;
-    combo_ = CreateWindowExW(0, WC_COMBOBOXW, kEditorName, WS_CHILD | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, 0, 0,
-                             10, 10, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kComboId)),
+    combo_ = CreateWindowExW(0, WC_COMBOBOXW, L"", WS_CHILD | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, 0,
+                             0, 10, 10, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kComboId)),
                              win32::ThisModule(), nullptr);
     if (!combo_) return false;
     COMBOBOXINFO info{};
@@ -48,7 +47,8 @@ bool CellEditor::Create(HWND parent) {
     }
     edit_ = info.hwndItem;
     list_ = info.hwndList;
-    // The length is judged when the text is committed, with a message; cutting it here would lose text silently.
+    // The length is judged when the text is committed, with a message; cutting it here would lose text
+    // silently.
     SendMessageW(combo_, CB_LIMITTEXT, 0, 0);
     return true;
 }
@@ -90,8 +90,8 @@ void CellEditor::Place(const RECT& place) {
     // The height of a combo box is that of its list too; the field's own height follows from its item height.
     const int item_height = static_cast<int>(SendMessageW(combo_, CB_GETITEMHEIGHT, 0, 0));
     const int items = std::clamp(static_cast<int>(SendMessageW(combo_, CB_GETCOUNT, 0, 0)), 1, kShownItems);
-    SetWindowPos(combo_, HWND_TOP, place.left, place.top, width, height + items * item_height + win32::Scale(4, dpi_),
-                 SWP_NOACTIVATE);
+    SetWindowPos(combo_, HWND_TOP, place.left, place.top, width,
+                 height + items * item_height + win32::Scale(4, dpi_), SWP_NOACTIVATE);
     // Twice, because some systems take the height given as that of the text alone and add an edge to it.
     int field = static_cast<int>(SendMessageW(combo_, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
     for (int attempt = 0; attempt < 2; ++attempt) {
@@ -161,7 +161,9 @@ void CellEditor::ShowList() {
     SetCursor(LoadCursorW(nullptr, IDC_ARROW));
 }
 
-bool CellEditor::IsListShown() const { return combo_ && SendMessageW(combo_, CB_GETDROPPEDSTATE, 0, 0) != 0; }
+bool CellEditor::IsListShown() const {
+    return combo_ && SendMessageW(combo_, CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
 
 bool CellEditor::HasFocus() const {
     const HWND focus = GetFocus();
@@ -175,8 +177,12 @@ void CellEditor::Focus() {
     ShowTextFromItsStart();
 }
 
-void CellEditor::Type(wchar_t ch) { SendMessageW(edit_, WM_CHAR, ch, 1); }
-void CellEditor::Paste() { SendMessageW(edit_, WM_PASTE, 0, 0); }
+void CellEditor::Type(wchar_t ch) {
+    SendMessageW(edit_, WM_CHAR, ch, 1);
+}
+void CellEditor::Paste() {
+    SendMessageW(edit_, WM_PASTE, 0, 0);
+}
 
 void CellEditor::OnCommand(UINT code) {
     if (!open_) return;
@@ -194,7 +200,8 @@ void CellEditor::OnCommand(UINT code) {
         case CBN_CLOSEUP:
             if (chosen_) PostMessageW(parent_, kChoiceMessage, 0, 0);
             // A list closed without a choice must leave the user's text; Windows completes it from the list.
-            else if (Text() != typed_) SetText(typed_);
+            else if (Text() != typed_)
+                SetText(typed_);
             break;
         case CBN_KILLFOCUS:
             owner_.OnEditorFocusLost();
@@ -215,8 +222,10 @@ void CellEditor::OnChoicePosted() {
 void CellEditor::OnTyped() {
     typed_ = Text();
     owner_.OnEditorTextChanged();
-    if (open_list_on_typing_ && !typed_.empty() && !IsListShown()) ShowList();
-    else HighlightMatch();
+    if (open_list_on_typing_ && !typed_.empty() && !IsListShown())
+        ShowList();
+    else
+        HighlightMatch();
 }
 
 void CellEditor::HighlightMatch() {
@@ -268,8 +277,8 @@ bool CellEditor::OnKeyDown(WPARAM key) {
         case VK_NEXT:
             // With the list shown they walk through it; without it they would change the text unseen.
             if (list_shown) return false;
-            owner_.OnEditorKey(key == VK_UP     ? EditorKey::Up
-                               : key == VK_DOWN ? EditorKey::Down
+            owner_.OnEditorKey(key == VK_UP      ? EditorKey::Up
+                               : key == VK_DOWN  ? EditorKey::Down
                                : key == VK_PRIOR ? EditorKey::PageUp
                                                  : EditorKey::PageDown);
             return true;
@@ -282,7 +291,8 @@ bool CellEditor::OnEditMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESU
     result = 0;
     switch (message) {
         case WM_GETDLGCODE:
-            // Enter, Esc and Tab are the editor's own while it is open; a dialog's default buttons must not see them.
+            // Enter, Esc and Tab are the editor's own while it is open; a dialog's default buttons must not
+            // see them.
             result = DLGC_WANTALLKEYS | DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL;
             return true;
         case WM_KEYDOWN:

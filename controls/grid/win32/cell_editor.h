@@ -1,6 +1,7 @@
-// The in-place editor of the design grid: one editable combo box, shown over a cell while it is edited and hidden
-// otherwise. It owns the combo's quirks (texts completed on closing the list, the wheel changing the selection, keys
-// that a dialog would take) and decides nothing about cells: it reports how the user left it to its owner.
+// The in-place editor of the design grid: one editable combo box, shown over a cell while it is edited and
+// hidden otherwise. It owns the combo's quirks (texts completed on closing the list, the wheel changing the
+// selection, keys that a dialog would take) and decides nothing about cells: it reports how the user left it
+// to its owner.
 #pragma once
 
 #include <windows.h>

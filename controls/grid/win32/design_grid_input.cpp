@@ -1,4 +1,5 @@
-// The design grid's window procedure: mouse, keyboard and scrolling decoded into the gestures of design_grid_view.cpp.
+// The design grid's window procedure: mouse, keyboard and scrolling decoded into the gestures of
+// design_grid_view.cpp.
 #include <windowsx.h>
 
 #include "controls/grid/win32/design_grid_view.h"
@@ -11,13 +12,16 @@ using model::GridRow;
 
 constexpr UINT kDpiChangedAfterParent = 0x02E3;  ///< WM_DPICHANGED_AFTERPARENT of newer headers
 
-bool IsDown(int key) { return GetKeyState(key) < 0; }
+bool IsDown(int key) {
+    return GetKeyState(key) < 0;
+}
 
 }  // namespace
 
 LRESULT DesignGridView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     LRESULT result = 0;
-    if (OnKeyMessage(message, wparam, lparam, result) || OnMouseMessage(message, wparam, lparam, result)) return result;
+    if (OnKeyMessage(message, wparam, lparam, result) || OnMouseMessage(message, wparam, lparam, result))
+        return result;
     switch (message) {
         case WM_SIZE:
             RefreshClient();
@@ -35,7 +39,8 @@ LRESULT DesignGridView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             OnScroll(SB_VERT, LOWORD(wparam));
             return 0;
         case WM_COMMAND:
-            if (lparam && reinterpret_cast<HWND>(lparam) == editor_.Combo()) editor_.OnCommand(HIWORD(wparam));
+            if (lparam && reinterpret_cast<HWND>(lparam) == editor_.Combo())
+                editor_.OnCommand(HIWORD(wparam));
             return 0;
         case CellEditor::kChoiceMessage:
             editor_.OnChoicePosted();
@@ -99,26 +104,50 @@ bool DesignGridView::OnKeyDown(WPARAM key) {
     if (!grid_) return false;
     const bool control = IsDown(VK_CONTROL);
     switch (key) {
-        case VK_LEFT: Go(GridMove::Left); return true;
-        case VK_RIGHT: Go(GridMove::Right); return true;
-        case VK_UP: Go(GridMove::Up); return true;
-        case VK_DOWN: Go(GridMove::Down); return true;
-        case VK_HOME: Go(control ? GridMove::First : GridMove::RowStart); return true;
-        case VK_END: Go(control ? GridMove::Last : GridMove::RowEnd); return true;
-        case VK_PRIOR: Go(GridMove::PageUp); return true;
-        case VK_NEXT: Go(GridMove::PageDown); return true;
-        case VK_RETURN: Go(GridMove::Down); return true;
+        case VK_LEFT:
+            Go(GridMove::Left);
+            return true;
+        case VK_RIGHT:
+            Go(GridMove::Right);
+            return true;
+        case VK_UP:
+            Go(GridMove::Up);
+            return true;
+        case VK_DOWN:
+            Go(GridMove::Down);
+            return true;
+        case VK_HOME:
+            Go(control ? GridMove::First : GridMove::RowStart);
+            return true;
+        case VK_END:
+            Go(control ? GridMove::Last : GridMove::RowEnd);
+            return true;
+        case VK_PRIOR:
+            Go(GridMove::PageUp);
+            return true;
+        case VK_NEXT:
+            Go(GridMove::PageDown);
+            return true;
+        case VK_RETURN:
+            Go(GridMove::Down);
+            return true;
         case VK_TAB: {
             const GridMove move = IsDown(VK_SHIFT) ? GridMove::Previous : GridMove::Next;
-            if (state_.CanMove(move)) Go(move);
-            else LeaveByTab(move == GridMove::Previous);
+            if (state_.CanMove(move))
+                Go(move);
+            else
+                LeaveByTab(move == GridMove::Previous);
             return true;
         }
-        case VK_F2: OpenEditor(); return true;
+        case VK_F2:
+            OpenEditor();
+            return true;
         case VK_F4:
             if (OpenEditor()) editor_.ShowList();
             return true;
-        case VK_BACK: OpenEditor(L""); return true;
+        case VK_BACK:
+            OpenEditor(L"");
+            return true;
         case VK_DELETE:
             if (state_.IsFocusShown() && !FocusedText().empty() && events_)
                 events_->OnGridCellCommitted(state_.FocusedRow(), state_.FocusedColumn(), {});
@@ -214,8 +243,10 @@ void DesignGridView::OnButtonDown(int x, int y) {
 
 void DesignGridView::OnDoubleClick(int x, int y) {
     const GridHit hit = state_.Layout().HitTest(x, y);
-    if (hit.part == GridPart::Divider) FitColumn(hit.column);
-    else if (hit.part == GridPart::Cell) BeginEdit(hit.row, hit.column);
+    if (hit.part == GridPart::Divider)
+        FitColumn(hit.column);
+    else if (hit.part == GridPart::Cell)
+        BeginEdit(hit.row, hit.column);
 }
 
 void DesignGridView::OnMouseMove(int x) {
@@ -230,7 +261,8 @@ bool DesignGridView::OnSetCursor() {
     POINT point;
     GetCursorPos(&point);
     ScreenToClient(Handle(), &point);
-    if (!state_.IsResizing() && state_.Layout().HitTest(point.x, point.y).part != GridPart::Divider) return false;
+    if (!state_.IsResizing() && state_.Layout().HitTest(point.x, point.y).part != GridPart::Divider)
+        return false;
     SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
     return true;
 }
@@ -262,12 +294,24 @@ void DesignGridView::OnScroll(int bar, int code) {
     int& position = sideways ? x : y;
     const int row = layout.Metrics().row_height;
     switch (code) {
-        case SB_LINELEFT: position = sideways ? layout.ColumnStepX(false) : y - row; break;
-        case SB_LINERIGHT: position = sideways ? layout.ColumnStepX(true) : y + row; break;
-        case SB_PAGELEFT: position = sideways ? layout.PageStepX(false) : y - layout.ViewHeight(); break;
-        case SB_PAGERIGHT: position = sideways ? layout.PageStepX(true) : y + layout.ViewHeight(); break;
-        case SB_LEFT: position = 0; break;
-        case SB_RIGHT: position = sideways ? layout.MaximumScrollX() : layout.MaximumScrollY(); break;
+        case SB_LINELEFT:
+            position = sideways ? layout.ColumnStepX(false) : y - row;
+            break;
+        case SB_LINERIGHT:
+            position = sideways ? layout.ColumnStepX(true) : y + row;
+            break;
+        case SB_PAGELEFT:
+            position = sideways ? layout.PageStepX(false) : y - layout.ViewHeight();
+            break;
+        case SB_PAGERIGHT:
+            position = sideways ? layout.PageStepX(true) : y + layout.ViewHeight();
+            break;
+        case SB_LEFT:
+            position = 0;
+            break;
+        case SB_RIGHT:
+            position = sideways ? layout.MaximumScrollX() : layout.MaximumScrollY();
+            break;
         case SB_THUMBTRACK:
         case SB_THUMBPOSITION: {
             SCROLLINFO info{};
@@ -277,7 +321,8 @@ void DesignGridView::OnScroll(int bar, int code) {
             position = info.nTrackPos;
             break;
         }
-        default: return;
+        default:
+            return;
     }
     ScrollTo(x, y);
 }

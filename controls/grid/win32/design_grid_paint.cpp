@@ -19,11 +19,13 @@ constexpr int kHeaderPressed = 3;
 constexpr int kDropDownButtonRight = 6;
 constexpr int kDropDownNormal = 1;
 
-constexpr int kLinePart = 40;   ///< of 255: how far grid lines stand out from the background
-constexpr int kTintPart = 40;   ///< of 255: the focused cell, row caption and column header
-constexpr int kFaintPart = 130; ///< of 255: the column numbers
+constexpr int kLinePart = 40;    ///< of 255: how far grid lines stand out from the background
+constexpr int kTintPart = 40;    ///< of 255: the focused cell, row caption and column header
+constexpr int kFaintPart = 130;  ///< of 255: the column numbers
 
-RECT ToRect(const GridRect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
+RECT ToRect(const GridRect& rect) {
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
 
 bool IsHighContrast() {
     HIGHCONTRASTW contrast{};
@@ -33,6 +35,10 @@ bool IsHighContrast() {
 }
 
 struct Colours {
+    explicit Colours(HWND hwnd) {
+        if (!IsWindowEnabled(hwnd)) text = face_text = GetSysColor(COLOR_GRAYTEXT);
+    }
+
     COLORREF window = GetSysColor(COLOR_WINDOW);
     COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
     COLORREF face = GetSysColor(COLOR_BTNFACE);
@@ -79,7 +85,7 @@ private:
 void DesignGridView::OnPaint() {
     win32::BufferedPaint paint(Handle());
     const HDC dc = paint.Dc();
-    const Colours colours;
+    const Colours colours(Handle());
     const GridLayout& layout = state_.Layout();
     win32::FillSolid(dc, paint.Client(), colours.window);
     const win32::Selected font(dc, font_.get());
@@ -106,14 +112,14 @@ void DesignGridView::OnPaint() {
 }
 
 void DesignGridView::PaintHeaderItem(HDC dc, const GridRect& place, int column) {
-    const Colours colours;
+    const Colours colours(Handle());
     const RECT rect = ToRect(place);
     const int line = std::max(1, Scaled(1));
     const bool focused = column >= 0 && column == state_.FocusedColumn();
     COLORREF text = colours.text;
     if (header_theme_) {
-        DrawThemeBackground(header_theme_.get(), dc, kHeaderItem, focused ? kHeaderPressed : kHeaderNormal, &rect,
-                            nullptr);
+        DrawThemeBackground(header_theme_.get(), dc, kHeaderItem, focused ? kHeaderPressed : kHeaderNormal,
+                            &rect, nullptr);
     } else {
         text = colours.face_text;
         COLORREF back = colours.face;
@@ -125,8 +131,10 @@ void DesignGridView::PaintHeaderItem(HDC dc, const GridRect& place, int column) 
         win32::FillSolid(dc, rect, back);
         FillRight(dc, rect, line, colours.face_line);
     }
-    if (focused) FillBottom(dc, rect, std::max(2, Scaled(2)), colours.accent);
-    else FillBottom(dc, rect, line, colours.line);
+    if (focused)
+        FillBottom(dc, rect, std::max(2, Scaled(2)), colours.accent);
+    else
+        FillBottom(dc, rect, line, colours.line);
     if (column < 0) return;
 
     // The column's number, faint, then its caption.
@@ -141,7 +149,7 @@ void DesignGridView::PaintHeaderItem(HDC dc, const GridRect& place, int column) 
 }
 
 void DesignGridView::PaintCaptions(HDC dc) {
-    const Colours colours;
+    const Colours colours(Handle());
     const GridLayout& layout = state_.Layout();
     const Clip clip(dc, layout.CaptionsArea());
     const int line = std::max(1, Scaled(1));
@@ -157,16 +165,17 @@ void DesignGridView::PaintCaptions(HDC dc) {
             win32::FillSolid(dc, rect, win32::Blend(colours.face, colours.accent, kTintPart));
         }
         FillBottom(dc, rect, line, colours.face_line);
-        if (focused) win32::FillSolid(dc, {rect.left, rect.top, rect.left + Scaled(3), rect.bottom}, colours.accent);
+        if (focused)
+            win32::FillSolid(dc, {rect.left, rect.top, rect.left + Scaled(3), rect.bottom}, colours.accent);
         const win32::Selected font(dc, focused ? bold_font_.get() : font_.get());
         const RECT area{rect.left + Scaled(8), rect.top, rect.right - Scaled(4), rect.bottom - line};
-        win32::DrawTextLine(dc, area, model::RowCaption(row), IsWindowEnabled(Handle()) ? text : GetSysColor(COLOR_GRAYTEXT));
+        win32::DrawTextLine(dc, area, model::RowCaption(row), text);
     }
     FillRight(dc, ToRect(layout.CaptionsArea()), line, colours.face_line);
 }
 
 void DesignGridView::PaintCell(HDC dc, const GridRect& place, GridRow row, int column) {
-    const Colours colours;
+    const Colours colours(Handle());
     const RECT rect = ToRect(place);
     const int line = std::max(1, Scaled(1));
     FillRight(dc, rect, line, colours.line);
@@ -174,12 +183,12 @@ void DesignGridView::PaintCell(HDC dc, const GridRect& place, GridRow row, int c
     const std::wstring& text = grid_->Cell(row, column);
     if (text.empty()) return;
     const RECT area{rect.left + Scaled(4), rect.top, rect.right - line - Scaled(3), rect.bottom - line};
-    win32::DrawTextLine(dc, area, text, IsWindowEnabled(Handle()) ? colours.text : GetSysColor(COLOR_GRAYTEXT));
+    win32::DrawTextLine(dc, area, text, colours.text);
 }
 
 void DesignGridView::PaintFocusedCell(HDC dc) {
     if (!state_.IsFocusShown()) return;
-    const Colours colours;
+    const Colours colours(Handle());
     const GridLayout& layout = state_.Layout();
     const GridRow row = state_.FocusedRow();
     const int column = state_.FocusedColumn();
@@ -205,13 +214,15 @@ void DesignGridView::PaintFocusedCell(HDC dc) {
         arrow.bottom -= line;
         area.right = arrow.left - Scaled(1);
         if (combo_theme_) {
-            DrawThemeBackground(combo_theme_.get(), dc, kDropDownButtonRight, kDropDownNormal, &arrow, nullptr);
+            DrawThemeBackground(combo_theme_.get(), dc, kDropDownButtonRight, kDropDownNormal, &arrow,
+                                nullptr);
         } else {
             const int centre = (arrow.left + arrow.right) / 2;
             const int top = (arrow.top + arrow.bottom) / 2 - Scaled(2);
             const int size = Scaled(4);
             for (int i = 0; i < size; ++i)
-                win32::FillSolid(dc, {centre - size + i, top + i, centre + size - i, top + i + 1}, colours.text);
+                win32::FillSolid(dc, {centre - size + i, top + i, centre + size - i, top + i + 1},
+                                 colours.text);
         }
     }
     win32::DrawTextLine(dc, area, FocusedText(), colours.text);

@@ -13,10 +13,14 @@ namespace {
 
 using model::GridRow;
 
-constexpr wchar_t kGridName[] = L"Columnas de la consulta";  ///< what a screen reader says
-constexpr int kCellPadding = 6;                              ///< both sides of a text together, at 96 dpi
+// What a screen reader says: the grid, then the focused cell.
+constexpr wchar_t kGridName[] = L"Columnas de la consulta";
+constexpr wchar_t kColumnName[] = L"columna";
+constexpr int kCellPadding = 6;  ///< both sides of a text together, at 96 dpi
 
-int TextWidth(HDC dc, std::wstring_view text) { return static_cast<int>(win32::TextSize(dc, text).cx); }
+int TextWidth(HDC dc, std::wstring_view text) {
+    return static_cast<int>(win32::TextSize(dc, text).cx);
+}
 
 bool TakesOnlyWords(GridRow row) {
     return row == GridRow::Agrupacion || row == GridRow::Visible || row == GridRow::Orden;
@@ -46,7 +50,9 @@ void DesignGridView::Bind(model::DesignGrid* grid, GridEvents* events) {
     OnChanged();
 }
 
-int DesignGridView::Scaled(int dips) const { return win32::Scale(dips, dpi_); }
+int DesignGridView::Scaled(int dips) const {
+    return win32::Scale(dips, dpi_);
+}
 
 void DesignGridView::RefreshMetrics() {
     dpi_ = win32::DpiOf(Handle());
@@ -59,7 +65,8 @@ void DesignGridView::RefreshMetrics() {
     if (const HDC dc = GetDC(Handle())) {
         const win32::Selected font(dc, bold_font_.get());
         int widest = 0;
-        for (const GridRow row : model::kGridRows) widest = std::max(widest, TextWidth(dc, model::RowCaption(row)));
+        for (const GridRow row : model::kGridRows)
+            widest = std::max(widest, TextWidth(dc, model::RowCaption(row)));
         TEXTMETRICW text{};
         GetTextMetricsW(dc, &text);
         metrics.captions_width = widest + Scaled(kCellPadding + 10);
@@ -128,7 +135,23 @@ void DesignGridView::OnChanged() {
         UpdateScrollBars();
         PlaceEditor();
     }
+    NameFocusedCell();
     InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void DesignGridView::NameFocusedCell() {
+    std::wstring name = kGridName;
+    if (grid_ && state_.IsFocusShown()) {
+        name += L", ";
+        name += kColumnName;
+        name += L' ' + std::to_wstring(state_.FocusedColumn() + 1) + L", ";
+        name += model::RowCaption(state_.FocusedRow());
+        name += L' ' + FocusedText();
+    }
+    if (name == accessible_name_) return;
+    accessible_name_ = std::move(name);
+    // The window's text is its accessible name; the system announces the change.
+    SetWindowTextW(Handle(), accessible_name_.c_str());
 }
 
 void DesignGridView::OnFocusHidden() {
@@ -159,13 +182,15 @@ void DesignGridView::Go(GridMove move) {
 void DesignGridView::GoTo(GridRow row, int column) {
     const bool moved = state_.SetFocus(row, column);
     state_.Layout().EnsureVisible(row, column);
-    if (moved) ReportFocus();
-    else RefreshClient();
+    if (moved)
+        ReportFocus();
+    else
+        RefreshClient();
 }
 
 void DesignGridView::ReportFocus() {
     RefreshClient();
-    NotifyWinEvent(EVENT_OBJECT_FOCUS, Handle(), OBJID_CLIENT, CHILDID_SELF);
+    NameFocusedCell();
     if (events_) events_->OnGridFocusMoved(state_.FocusedRow(), state_.FocusedColumn());
 }
 
@@ -190,7 +215,8 @@ bool DesignGridView::OpenEditor(const wchar_t* text) {
     if (state_.Layout().EnsureVisible(edited_row_, edited_column_)) RefreshClient();
     CellEditor::Contents contents{text ? std::wstring(text) : FocusedText(), grid_->PickList(edited_column_),
                                   TakesOnlyWords(edited_row_)};
-    if (!editor_.Open(Handle(), font_.get(), dpi_, CellRect(edited_row_, edited_column_), std::move(contents)))
+    if (!editor_.Open(Handle(), font_.get(), dpi_, CellRect(edited_row_, edited_column_),
+                      std::move(contents)))
         return false;
     PlaceEditor();
     return true;
@@ -206,7 +232,8 @@ void DesignGridView::PlaceEditor() {
     }
     // A text longer than the cell may use the room to the right while it is edited.
     const int right = state_.Layout().CellsArea().right;
-    place.right = std::clamp<int>(place.left + editor_.WantedWidth(), place.right, std::max<int>(right, place.right));
+    place.right =
+        std::clamp<int>(place.left + editor_.WantedWidth(), place.right, std::max<int>(right, place.right));
     editor_.Place(place);
 }
 
@@ -239,11 +266,15 @@ void DesignGridView::CancelEdit() {
 void DesignGridView::OnEditorFocusLost() {
     if (committing_) return;
     // The focus cannot be taken back while it is being moved, so a text too long is reported a little later.
-    if (Utf16Length(editor_.Text()) > model::kMaxCellLength) PostMessageW(Handle(), kRefusedMessage, 0, 0);
-    else CommitEdit();
+    if (Utf16Length(editor_.Text()) > model::kMaxCellLength)
+        PostMessageW(Handle(), kRefusedMessage, 0, 0);
+    else
+        CommitEdit();
 }
 
-void DesignGridView::OnEditorTextChanged() { PlaceEditor(); }
+void DesignGridView::OnEditorTextChanged() {
+    PlaceEditor();
+}
 
 void DesignGridView::OnEditorKey(EditorKey key) {
     if (key == EditorKey::Escape) {
@@ -253,19 +284,32 @@ void DesignGridView::OnEditorKey(EditorKey key) {
     if (!CommitEdit()) return;
     switch (key) {
         case EditorKey::Enter:
-        case EditorKey::Down: Go(GridMove::Down); break;
-        case EditorKey::Up: Go(GridMove::Up); break;
-        case EditorKey::PageUp: Go(GridMove::PageUp); break;
-        case EditorKey::PageDown: Go(GridMove::PageDown); break;
+        case EditorKey::Down:
+            Go(GridMove::Down);
+            break;
+        case EditorKey::Up:
+            Go(GridMove::Up);
+            break;
+        case EditorKey::PageUp:
+            Go(GridMove::PageUp);
+            break;
+        case EditorKey::PageDown:
+            Go(GridMove::PageDown);
+            break;
         case EditorKey::Next:
-            if (state_.CanMove(GridMove::Next)) Go(GridMove::Next);
-            else LeaveByTab(false);
+            if (state_.CanMove(GridMove::Next))
+                Go(GridMove::Next);
+            else
+                LeaveByTab(false);
             break;
         case EditorKey::Previous:
-            if (state_.CanMove(GridMove::Previous)) Go(GridMove::Previous);
-            else LeaveByTab(true);
+            if (state_.CanMove(GridMove::Previous))
+                Go(GridMove::Previous);
+            else
+                LeaveByTab(true);
             break;
-        case EditorKey::Escape: break;
+        case EditorKey::Escape:
+            break;
     }
 }
 
@@ -287,12 +331,14 @@ void DesignGridView::FitColumn(int column) {
     {
         const win32::Selected font(dc, font_.get());
         widest = TextWidth(dc, std::to_wstring(column + 1) + L"  " + grid_->Caption(column));
-        for (const GridRow row : model::kGridRows) widest = std::max(widest, TextWidth(dc, grid_->Cell(row, column)));
+        for (const GridRow row : model::kGridRows)
+            widest = std::max(widest, TextWidth(dc, grid_->Cell(row, column)));
     }
     ReleaseDC(Handle(), dc);
     const GridMetrics& metrics = state_.Layout().Metrics();
     const int width = widest + Scaled(2 * kCellPadding) + metrics.arrow_width;
-    grid_->SetColumnWidth(column, ColumnDips(std::clamp(width, metrics.minimum_width, metrics.maximum_width), dpi_));
+    grid_->SetColumnWidth(column,
+                          ColumnDips(std::clamp(width, metrics.minimum_width, metrics.maximum_width), dpi_));
 }
 
 void DesignGridView::Copy() const {

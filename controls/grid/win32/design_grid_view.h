@@ -1,20 +1,24 @@
-// dxG, the design grid, as a window over model::DesignGrid: captions of the attribute rows on the left, a header with
-// the query columns' numbers and captions, and the cells, edited in place with a combo box that offers the column's
-// pick list.
+// dxG, the design grid, as a window over model::DesignGrid: captions of the attribute rows on the left, a
+// header with the query columns' numbers and captions, and the cells, edited in place with a combo box that
+// offers the column's pick list.
 //
-// The view shows the model and reports gestures. It writes no cell: a committed text goes to OnGridCellCommitted, the
-// presenter writes the model and runs the rules, the model tells the view to repaint. Column widths, which mean
-// nothing to a query, are the one thing it sets itself. Geometry and navigation are portable, in grid_layout.h and
-// grid_state.h; the editor is in cell_editor.h, painting in design_grid_paint.cpp.
+// The view shows the model and reports gestures. It writes no cell: a committed text goes to
+// OnGridCellCommitted, the presenter writes the model and runs the rules, the model tells the view to
+// repaint. Column widths, which mean nothing to a query, are the one thing it sets itself. Geometry and
+// navigation are portable, in grid_layout.h and grid_state.h; the editor is in cell_editor.h, painting in
+// design_grid_paint.cpp.
 //
-// Keys: arrows, Home, End, Ctrl+Home, Ctrl+End, PageUp, PageDown and Tab move; Tab leaves behind the last cell,
-// Ctrl+Tab at once. F2, a double click or typing edits; Alt+Down or F4 opens the list; Del empties the cell. Enter and
-// Esc belong to the grid only while a cell is edited, so that a dialog's default buttons work otherwise.
+// Keys: arrows, Home, End, Ctrl+Home, Ctrl+End, PageUp, PageDown and Tab move; Tab leaves behind the last
+// cell, Ctrl+Tab at once. F2, a double click or typing edits; Alt+Down or F4 opens the list; Del empties the
+// cell. Enter and Esc belong to the grid only while a cell is edited, so that a dialog's default buttons work
+// otherwise.
 #pragma once
 
 #include <windows.h>
+
 #include <uxtheme.h>
 
+#include <string>
 #include <string_view>
 
 #include "common/change_source.h"
@@ -31,8 +35,8 @@ public:
     virtual ~GridEvents() = default;
     /// The user moved to a cell. The presenter records the focus in the model and refills the pick lists.
     virtual void OnGridFocusMoved(model::GridRow row, int column) = 0;
-    /// The user committed a text that differs from the cell's. It may be longer than a cell holds: then nothing may be
-    /// written, and the editor stays open with it.
+    /// The user committed a text that differs from the cell's. It may be longer than a cell holds: then
+    /// nothing may be written, and the editor stays open with it.
     virtual void OnGridCellCommitted(model::GridRow row, int column, std::wstring_view text) = 0;
     /// Right button or menu key on a query column; the focus has moved there. The point is on the screen.
     virtual void OnGridContextMenu(int /*column*/, POINT /*screen*/) {}
@@ -44,23 +48,25 @@ public:
 
     /// Creates the control without size.
     bool Create(HWND parent, int id);
-    /// Shows a grid and reports to `events`. Neither is owned; both may be nullptr, and must be let go with another
-    /// Bind before they die.
+    /// Shows a grid and reports to `events`. Neither is owned; both may be nullptr, and must be let go with
+    /// another Bind before they die.
     void Bind(model::DesignGrid* grid, GridEvents* events);
 
     bool IsEditing() const { return editor_.IsOpen(); }
-    /// Opens the editor on a cell with its text. Moves the focus there and scrolls to it. Nothing happens on a column
-    /// that is not shown.
+    /// Opens the editor on a cell with its text. Moves the focus there and scrolls to it. Nothing happens on
+    /// a column that is not shown.
     void BeginEdit(model::GridRow row, int column);
-    /// Reports the editor's text, if it differs from the cell's, and closes it. False when the text is too long for a
-    /// cell: it was reported, and the editor stays open with it. True when nothing was being edited.
+    /// Reports the editor's text, if it differs from the cell's, and closes it. False when the text is too
+    /// long for a cell: it was reported, and the editor stays open with it. True when nothing was being
+    /// edited.
     bool CommitEdit();
     /// Closes the editor and forgets its text.
     void CancelEdit();
     /// Opens the list of the cell being edited.
     void ShowList() { editor_.ShowList(); }
 
-    /// A cell's place in client pixels, as far as it shows; empty when it is scrolled out or its column is hidden.
+    /// A cell's place in client pixels, as far as it shows; empty when it is scrolled out or its column is
+    /// hidden.
     RECT CellRect(model::GridRow row, int column) const;
     const GridState& State() const { return state_; }
     const CellEditor& Editor() const { return editor_; }
@@ -102,6 +108,7 @@ private:
     void Go(GridMove move);
     void GoTo(model::GridRow row, int column);
     void ReportFocus();
+    void NameFocusedCell();
     void LeaveByTab(bool backwards);
     void EndResize(bool keep);
     void FitColumn(int column);
@@ -125,6 +132,7 @@ private:
     bool committing_ = false;  ///< the presenter is being told; its message box takes the editor's focus
     int dpi_ = 96;
     int wheel_rest_ = 0;
+    std::wstring accessible_name_;
     win32::UniqueFont font_;
     win32::UniqueFont bold_font_;
     UniqueTheme header_theme_;

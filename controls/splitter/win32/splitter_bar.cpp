@@ -8,20 +8,24 @@ namespace tessel::controls {
 
 namespace {
 
-constexpr int kBarThickness = 6;       ///< at 96 dpi
+constexpr int kBarThickness = 6;                 ///< at 96 dpi
 constexpr UINT kDpiChangedAfterParent = 0x02E3;  ///< WM_DPICHANGED_AFTERPARENT of newer headers
 
 }  // namespace
 
 // A pane belongs to whoever made it, but a window goes with its parent.
-SplitterBar::~SplitterBar() { Destroy(); }
+SplitterBar::~SplitterBar() {
+    Destroy();
+}
 
 bool SplitterBar::Create(HWND parent, int id, Orientation orientation, SplitterEvents* events) {
     orientation_ = orientation;
     events_ = events;
     id_ = id;
-    const win32::WindowClass window_class{L"TesselSplitterBar", 0, GetSysColorBrush(COLOR_BTNFACE), IDC_ARROW};
-    if (!CreateWindowOf(window_class, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, parent, id))
+    const win32::WindowClass window_class{L"TesselSplitterBar", 0, GetSysColorBrush(COLOR_BTNFACE),
+                                          IDC_ARROW};
+    if (!CreateWindowOf(window_class, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT,
+                        parent, id))
         return false;
     if (!bar_.Create(orientation)) {
         Destroy();
@@ -69,7 +73,9 @@ void SplitterBar::SetFirstPaneShown(bool shown) {
     Layout();
 }
 
-int SplitterBar::Scaled(int dips) const { return win32::Scale(dips, win32::DpiOf(Handle())); }
+int SplitterBar::Scaled(int dips) const {
+    return win32::Scale(dips, win32::DpiOf(Handle()));
+}
 
 void SplitterBar::ApplyMetrics() {
     state_.SetMetrics(Scaled(kBarThickness), Scaled(first_minimum_), Scaled(second_minimum_));
@@ -100,10 +106,10 @@ void SplitterBar::Layout() {
     };
     const int along = orientation_ == Orientation::SideBySide ? client.right : client.bottom;
     const Piece second_only{second_, 0, along};
-    const Piece pieces[] = {{first_, 0, state_.Position()},
-                            {bar_.Handle(), state_.Position(), state_.Bar()},
-                            first_shown_ ? Piece{second_, state_.Position() + state_.Bar(), state_.SecondSize()}
-                                         : second_only};
+    const Piece pieces[] = {
+        {first_, 0, state_.Position()},
+        {bar_.Handle(), state_.Position(), state_.Bar()},
+        first_shown_ ? Piece{second_, state_.Position() + state_.Bar(), state_.SecondSize()} : second_only};
     // All at once, so that nothing is drawn in between.
     HDWP batch = BeginDeferWindowPos(3);
     for (const Piece& piece : pieces) {
@@ -121,7 +127,8 @@ LRESULT SplitterBar::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
         case WM_SIZE:
             if (wparam == SIZE_MINIMIZED) return 0;
-            state_.SetLength(orientation_ == Orientation::SideBySide ? GET_X_LPARAM(lparam) : GET_Y_LPARAM(lparam));
+            state_.SetLength(orientation_ == Orientation::SideBySide ? GET_X_LPARAM(lparam)
+                                                                     : GET_Y_LPARAM(lparam));
             Layout();
             return 0;
         case kDpiChangedAfterParent:

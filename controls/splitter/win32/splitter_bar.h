@@ -1,14 +1,14 @@
-// SplitterBar: a container of two panes with a bar between them that the user drags. The container fills itself: when
-// it is sized or the bar moves it places the panes, and tells its owner afterwards.
+// SplitterBar: a container of two panes with a bar between them that the user drags. The container fills
+// itself: when it is sized or the bar moves it places the panes, and tells its owner afterwards.
 //
 //   splitter.Create(parent, id, Orientation::SideBySide, &events);
 //   splitter.SetPanes(browser, tabs);       // they become children of the container, which then places them
 //   splitter.SetMinimums(120, 300);
 //   splitter.SetPosition(220);
 //
-// Sizes given and answered are pixels at 96 dpi. WM_COMMAND, WM_NOTIFY and the other notifications of the panes go on
-// to the container's own parent, so that a dialog need not know how its controls are nested. The arithmetic is in
-// splitter_state.h.
+// Sizes given and answered are pixels at 96 dpi. WM_COMMAND, WM_NOTIFY and the other notifications of the
+// panes go on to the container's own parent, so that a dialog need not know how its controls are nested. The
+// arithmetic is in splitter_state.h.
 #pragma once
 
 #include <windows.h>
@@ -47,7 +47,8 @@ public:
     HWND BarHandle() const { return bar_.Handle(); }
 
 private:
-    /// The bar's own window. A container that passes dialog keys on to its children cannot have the focus itself.
+    /// The bar's own window. A container that passes dialog keys on to its children cannot have the focus
+    /// itself.
     class Bar final : public win32::Window {
     public:
         explicit Bar(SplitterBar& owner) : owner_(owner) {}

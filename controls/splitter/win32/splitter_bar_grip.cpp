@@ -17,8 +17,8 @@ constexpr int kGripDots = 5;
 
 bool SplitterBar::Bar::Create(Orientation orientation) {
     const bool upright = orientation == Orientation::SideBySide;
-    const win32::WindowClass window_class{upright ? L"TesselSplitterGripV" : L"TesselSplitterGripH", CS_DBLCLKS, nullptr,
-                                          upright ? IDC_SIZEWE : IDC_SIZENS};
+    const win32::WindowClass window_class{upright ? L"TesselSplitterGripV" : L"TesselSplitterGripH",
+                                          CS_DBLCLKS, nullptr, upright ? IDC_SIZEWE : IDC_SIZENS};
     return CreateWindowOf(window_class, kBarName, WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, owner_.Handle(), 0);
 }
 
@@ -63,11 +63,16 @@ bool SplitterBar::Bar::OnKeyDown(WPARAM key) {
     }
     const bool upright = owner_.orientation_ == Orientation::SideBySide;
     const int step = owner_.Scaled(kKeyboardStep);
-    if (key == static_cast<WPARAM>(upright ? VK_LEFT : VK_UP)) owner_.Moved(state.MoveBy(-step));
-    else if (key == static_cast<WPARAM>(upright ? VK_RIGHT : VK_DOWN)) owner_.Moved(state.MoveBy(step));
-    else if (key == VK_HOME) owner_.Moved(state.MoveToStart());
-    else if (key == VK_END) owner_.Moved(state.MoveToEnd());
-    else return false;
+    if (key == static_cast<WPARAM>(upright ? VK_LEFT : VK_UP))
+        owner_.Moved(state.MoveBy(-step));
+    else if (key == static_cast<WPARAM>(upright ? VK_RIGHT : VK_DOWN))
+        owner_.Moved(state.MoveBy(step));
+    else if (key == VK_HOME)
+        owner_.Moved(state.MoveToStart());
+    else if (key == VK_END)
+        owner_.Moved(state.MoveToEnd());
+    else
+        return false;
     return true;
 }
 
@@ -79,12 +84,15 @@ void SplitterBar::Bar::OnPaint() {
     const bool focused = GetFocus() == Handle() && !owner_.state_.IsDragging();
     const COLORREF accent = GetSysColor(COLOR_HIGHLIGHT);
     COLORREF back = face;
-    if (owner_.state_.IsDragging() || focused) back = accent;
-    else if (hot_) back = win32::Blend(face, accent, 80);
+    if (owner_.state_.IsDragging() || focused)
+        back = accent;
+    else if (hot_)
+        back = win32::Blend(face, accent, 80);
     win32::FillSolid(dc, client, back);
 
     // The grip: a short row of dots in the middle.
-    const COLORREF dot_colour = back == accent ? GetSysColor(COLOR_HIGHLIGHTTEXT) : GetSysColor(COLOR_GRAYTEXT);
+    const COLORREF dot_colour =
+        back == accent ? GetSysColor(COLOR_HIGHLIGHTTEXT) : GetSysColor(COLOR_GRAYTEXT);
     const bool upright = owner_.orientation_ == Orientation::SideBySide;
     const int dot = owner_.Scaled(2);
     const int pitch = owner_.Scaled(5);
