@@ -9,8 +9,16 @@ namespace {
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr bool kUnitsAreUtf16 = sizeof(wchar_t) == 2;
 
-bool IsHigh(char32_t c) { return c >= 0xD800 && c <= 0xDBFF; }
-bool IsLow(char32_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
+constexpr bool IsHigh(char32_t c) { return c >= 0xD800 && c <= 0xDBFF; }
+constexpr bool IsLow(char32_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
+
+/// The pair of surrogates at `at` as one character, or 0.
+char32_t PairAt(std::wstring_view text, std::size_t at) {
+    if (!kUnitsAreUtf16 || at + 1 >= text.size()) return 0;
+    const char32_t high = static_cast<char32_t>(text[at]) & 0xFFFF;
+    const char32_t low = static_cast<char32_t>(text[at + 1]) & 0xFFFF;
+    return IsHigh(high) && IsLow(low) ? 0x10000 + ((high - 0xD800) << 10) + (low - 0xDC00) : 0;
+}
 
 void AppendBytes(std::string& bytes, char32_t c) {
     const auto put = [&bytes](char32_t byte) { bytes.push_back(static_cast<char>(byte)); };
@@ -69,17 +77,13 @@ std::string ToEditorBytes(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size() + text.size() / 8);
     for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t c = static_cast<char32_t>(text[i]);
-        if constexpr (kUnitsAreUtf16) {
-            c &= 0xFFFF;
-            if (IsHigh(c) && i + 1 < text.size()) {
-                const char32_t low = static_cast<char32_t>(text[i + 1]) & 0xFFFF;
-                if (IsLow(low)) {
-                    c = 0x10000 + ((c - 0xD800) << 10) + (low - 0xDC00);
-                    ++i;
-                }
-            }
+        if (const char32_t pair = PairAt(text, i)) {
+            AppendBytes(bytes, pair);
+            ++i;
+            continue;
         }
+        char32_t c = static_cast<char32_t>(text[i]);
+        if constexpr (kUnitsAreUtf16) c &= 0xFFFF;
         AppendBytes(bytes, c > 0x10FFFF ? kReplacement : c);
     }
     return bytes;

@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <thread>
+#include <string>
+#include <vector>
 
 #include "common/win32/dpi.h"
 #include "common/win32/module.h"
 #include "controls/editor/sql_colouring.h"
 #include "hostkit/drive/input.h"
+#include "hostkit/drive/script.h"
 #include "tests/win_editor/editor_window.h"
 
 namespace tessel::controls {
@@ -276,31 +278,20 @@ TEST(SqlEditorMenu, HasTheStandardCommandsInSpanish) {
     window.Editor().SetText(kStatement);
     std::vector<std::wstring> captions;
     bool undo_enabled = false;
-    // The menu runs a loop of its own; a timer of this thread looks at it from there and chooses by the keyboard.
-    static HMENU menu = nullptr;
-    menu = nullptr;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR, DWORD) {
+    // The menu runs a loop of its own; the script looks at it from there and chooses by the keyboard.
+    Script script;
+    script.Until([] { return FindWindowW(L"#32768", nullptr) != nullptr; }, "menu");
+    script.Do([&] {
         const HWND popup = FindWindowW(L"#32768", nullptr);
-        if (!popup || menu) return;
-        menu = reinterpret_cast<HMENU>(SendMessageW(popup, MN_GETHMENU, 0, 0));
-    });
-    const UINT_PTR choose = SetTimer(nullptr, 0, 30, [](HWND, UINT, UINT_PTR, DWORD) {
-        static bool chosen = false;
-        if (!menu || chosen) return;
-        chosen = true;
-        PressKey('S');
-    });
-    std::thread reader([&] {
-        const ULONGLONG limit = GetTickCount64() + 60'000;
-        while (!menu && GetTickCount64() < limit) Sleep(5);
-        if (!menu) return;
+        const auto menu = reinterpret_cast<HMENU>(SendMessageW(popup, MN_GETHMENU, 0, 0));
         captions = MenuCaptions(menu);
         undo_enabled = !(GetMenuState(menu, SCI_UNDO, MF_BYCOMMAND) & MF_GRAYED);
+        PressKey('S');
     });
+    script.OnTrouble([] { EndMenu(); });
+    script.Start();
     window.Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window.Editor().Handle()), MAKELPARAM(-1, -1));
-    KillTimer(nullptr, timer);
-    KillTimer(nullptr, choose);
-    reader.join();
+    EXPECT_TRUE(script.Finished()) << script.Trouble();
     EXPECT_EQ(captions,
               (std::vector<std::wstring>{L"&Deshacer\tCtrl+Z", L"&Rehacer\tCtrl+Y", L"", L"Cor&tar\tCtrl+X",
                                          L"&Copiar\tCtrl+C", L"&Pegar\tCtrl+V", L"&Eliminar\tSupr", L"",

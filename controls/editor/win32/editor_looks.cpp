@@ -24,19 +24,18 @@ bool IsHighContrast() {
            (contrast.dwFlags & HCF_HIGHCONTRASTON);
 }
 
+int CALLBACK FontFound(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) {
+    *reinterpret_cast<bool*>(found) = true;
+    return 0;
+}
+
 bool IsFontInstalled(const std::wstring& name) {
     LOGFONTW wanted{};
     wanted.lfCharSet = DEFAULT_CHARSET;
     name.copy(wanted.lfFaceName, LF_FACESIZE - 1);
     bool found = false;
     const HDC dc = GetDC(nullptr);
-    EnumFontFamiliesExW(
-        dc, &wanted,
-        [](const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM lparam) -> int {
-            *reinterpret_cast<bool*>(lparam) = true;
-            return 0;
-        },
-        reinterpret_cast<LPARAM>(&found), 0);
+    EnumFontFamiliesExW(dc, &wanted, FontFound, reinterpret_cast<LPARAM>(&found), 0);
     ReleaseDC(nullptr, dc);
     return found;
 }
