@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "common/text.h"
+#include "sqlparser/dump.h"
 #include "sqlparser/sql_parser.h"
 
 namespace tessel::sql {
@@ -118,6 +121,85 @@ TEST(Tables, KeepTheirQualifiersAndAliases) {
     EXPECT_EQ(s.Text(s.Tables[2].database), L"db");
     EXPECT_EQ(s.Text(s.Tables[2].owner), L"");
     EXPECT_EQ(s.Text(s.from_range), L"[mi base].dbo.[Mi tabla] AS [m t], dbo.u v, db..w");
+}
+
+// A random tree of joins over tables T0, T1, …, with parentheses where they are needed and sometimes where
+// they are not. The right operand may be a join without parentheses: its condition then comes first.
+class JoinTree {
+public:
+    explicit JoinTree(unsigned seed) : random_(seed) {}
+
+    struct Written {
+        std::wstring text;
+        std::wstring dump;
+        std::vector<std::wstring> conditions;  ///< inner operands first
+        std::vector<int> tables;
+    };
+
+    Written Make(int joins) {
+        if (joins == 0) {
+            const int number = tables_++;
+            const std::wstring name = L"T" + std::to_wstring(number);
+            return {name, name, {}, {number}};
+        }
+        const int left_joins = static_cast<int>(random_() % static_cast<unsigned>(joins));
+        const Written left = Operand(left_joins);
+        const Written right = Operand(joins - 1 - left_joins);
+        const int a = left.tables[random_() % left.tables.size()];
+        const int b = right.tables[random_() % right.tables.size()];
+        const unsigned kind = random_() % 3;
+        constexpr const wchar_t* words[] = {L" INNER JOIN ", L" LEFT JOIN ", L" RIGHT OUTER JOIN "};
+        constexpr const wchar_t* names[] = {L"inner", L"left", L"right"};
+        const std::wstring x = L"T" + std::to_wstring(a) + L".x";
+        const std::wstring y = L"T" + std::to_wstring(b) + L".y";
+        const bool mirrored = random_() % 2 == 0;
+        const std::wstring first = mirrored ? y : x;
+        const std::wstring second = mirrored ? x : y;
+        Written all;
+        all.text = left.text + words[kind] + right.text + L" ON " + first + L"=" + second;
+        all.dump = L"(" + std::wstring(names[kind]) + L" " + left.dump + L" " + right.dump + L" (= " + first +
+                   L" " + second + L"))";
+        for (const Written* part : {&left, &right}) {
+            all.conditions.insert(all.conditions.end(), part->conditions.begin(), part->conditions.end());
+            all.tables.insert(all.tables.end(), part->tables.begin(), part->tables.end());
+        }
+        all.conditions.push_back(x + L" " + y);
+        return all;
+    }
+
+private:
+    Written Operand(int joins) {
+        Written operand = Make(joins);
+        if (joins > 0 && random_() % 3 != 0) {
+            operand.text = L"(" + operand.text + L")";
+            operand.dump = L"(paren " + operand.dump + L")";
+        }
+        return operand;
+    }
+
+    std::mt19937 random_;
+    int tables_ = 0;
+};
+
+TEST(Joins, RandomTreesComeBackAsTheyWereWritten) {
+    for (unsigned seed = 0; seed < 2000; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        const JoinTree::Written written = JoinTree(seed).Make(1 + static_cast<int>(seed % 9));
+        SqlParser parser;
+        ASSERT_FALSE(parser.Parse(L"SELECT 1 FROM " + written.text)) << ToUtf8(written.text);
+        const Statement& s = *parser.GetStatement();
+        ASSERT_EQ(ToUtf8(DumpFrom(s, s.JoinGroups[0].root)), ToUtf8(written.dump)) << ToUtf8(written.text);
+        ASSERT_EQ(s.JoinGroups[0].joins.size(), written.conditions.size());
+        for (std::size_t i = 0; i < written.conditions.size(); ++i) {
+            const Join& join = s.JoinGroups[0].joins[i];
+            const std::wstring fields = s.Text(join.left_field.table) + L"." + s.Text(join.left_field.field) +
+                                        L" " + s.Text(join.right_field.table) + L"." +
+                                        s.Text(join.right_field.field);
+            ASSERT_EQ(ToUtf8(fields), ToUtf8(written.conditions[i])) << ToUtf8(written.text);
+            ASSERT_EQ(TableText(s, join.left_table), s.Text(join.left_field.table));
+            ASSERT_EQ(TableText(s, join.right_table), s.Text(join.right_field.table));
+        }
+    }
 }
 
 }  // namespace

@@ -221,5 +221,44 @@ TEST(Limits, RandomTokensAreAnswered) {
     EXPECT_GT(understood, 100);
 }
 
+// One to three characters of a statement changed, lost or doubled.
+TEST(Limits, DamagedStatementsAreAnswered) {
+    const unsigned seed = 1605;
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    const std::wstring signs = L"()[]{}'\"`#@.,;:!=<>+-*/\\^&%|~? \n1aE\x00e9";
+    for (int round = 0; round < 20000; ++round) {
+        std::wstring text = test::Corpus()[random() % test::Corpus().size()];
+        for (unsigned damage = 0; damage <= random() % 3; ++damage) {
+            const std::size_t at = random() % text.size();
+            switch (random() % 3) {
+                case 0:
+                    text[at] = signs[random() % signs.size()];
+                    break;
+                case 1:
+                    text.erase(at, 1 + random() % 3);
+                    break;
+                default:
+                    text.insert(at, 1, signs[random() % signs.size()]);
+                    break;
+            }
+            if (text.empty()) text = L"a";
+        }
+        SqlParser parser;
+        if (parser.Parse(text)) {
+            ASSERT_FALSE(parser.Errors().empty());
+            for (const Diagnostic& error : parser.Errors())
+                ASSERT_LE(error.range.End(), text.size()) << ToUtf8(text);
+            continue;
+        }
+        const std::wstring printed = Print(*parser.GetStatement());
+        SqlParser again;
+        ASSERT_FALSE(again.Parse(printed)) << ToUtf8(text) << "\n" << ToUtf8(printed);
+        ASSERT_EQ(ToUtf8(Dump(*parser.GetStatement())), ToUtf8(Dump(*again.GetStatement())))
+            << ToUtf8(text) << "\n"
+            << ToUtf8(printed);
+    }
+}
+
 }  // namespace
 }  // namespace tessel::sql
