@@ -1,4 +1,8 @@
 // Takes pictures of the designer window in its states. Not a test: someone looks at them.
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <cstdio>
 
 #include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
@@ -29,7 +33,9 @@ void Picture(const std::wstring& file, std::wstring_view statement, const std::f
 
 void ClickTab(HWND window, int tab) {
     const HWND tabs = Descendant(window, ui::kIdTabs);
-    SendMessageW(tabs, WM_KEYDOWN, tab == 0 ? VK_LEFT : VK_RIGHT, 0);
+    RECT item{};
+    SendMessageW(tabs, TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&item));
+    MouseClick(ScreenPoint(tabs, item));
 }
 
 }  // namespace
@@ -39,10 +45,14 @@ int wmain(int count, wchar_t** arguments) {
     const win32::ActivationContext context;
     Picture(folder + L"design.bmp", kTotalsByCustomer, [](Script&, HWND) {});
     Picture(folder + L"empty.bmp", L"", [](Script&, HWND) {});
-    Picture(folder + L"sql.bmp", kTotalsByCustomer,
-            [](Script& script, HWND window) { script.Do([=] { ClickTab(window, 1); }); });
-    Picture(folder + L"reason.bmp", L"SELECT a FROM t UNION SELECT b FROM u",
-            [](Script& script, HWND window) { script.Do([=] { ClickTab(window, 0); }); });
+    Picture(folder + L"sql.bmp", kTotalsByCustomer, [](Script& script, HWND window) {
+        script.Do([=] { ClickTab(window, 1); });
+        script.Until([=] { return IsWindowVisible(Descendant(window, ui::kIdEditor)) != FALSE; });
+    });
+    Picture(folder + L"reason.bmp", L"SELECT a FROM t UNION SELECT b FROM u", [](Script& script, HWND window) {
+        script.Do([=] { ClickTab(window, 0); });
+        script.Until([=] { return IsWindowVisible(Descendant(window, ui::kIdEditor)) == FALSE; });
+    });
     Picture(folder + L"small.bmp", kTotalsByCustomer,
             [](Script& script, HWND window) { script.Do([=] { MoveWindow(window, 0, 0, 10, 10, TRUE); }); });
     return 0;
