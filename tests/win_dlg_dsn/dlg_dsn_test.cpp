@@ -268,6 +268,30 @@ TEST_F(DlgDsnTest, ControlTabSwitchesTheTabs) {
     EXPECT_FALSE(Run(L"SELECT Clientes.Nombre FROM Clientes"));
 }
 
+TEST_F(DlgDsnTest, ArrowKeysOnTheTabStripSwitchTheTabs) {
+    script_.Do([this] { SetFocus(Control(ui::kIdTabs)); });
+    script_.Do([] { PressKey(VK_RIGHT); });
+    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Sql; }, "tab 1");
+    script_.Until([this] { return IsWindowVisible(Control(ui::kIdEditor)) && !GridIsVisible(); }, "the SQL page");
+    script_.Do([this] { SetFocus(Control(ui::kIdTabs)); });
+    script_.Do([] { PressKey(VK_LEFT); });
+    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design; }, "tab 0");
+    script_.Until([this] { return GridIsVisible(); }, "the design page");
+    script_.Do([this] { Press(ui::kIdCancel); });
+    EXPECT_FALSE(Run(L"SELECT Clientes.Nombre FROM Clientes"));
+}
+
+TEST_F(DlgDsnTest, ArrowKeyLeavesTheSqlTabThatAStatementOpenedOn) {
+    script_.Do([this] { SetFocus(Control(ui::kIdTabs)); });
+    script_.Do([] { PressKey(VK_LEFT); });
+    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design; }, "tab 0");
+    script_.Do([this] {
+        EXPECT_FALSE(GridIsVisible());
+        Press(ui::kIdCancel);
+    });
+    EXPECT_FALSE(Run(L"SELECT a FROM t UNION SELECT b FROM u"));
+}
+
 TEST_F(DlgDsnTest, SmallestSizeLeavesEveryButtonInside) {
     script_.Do([this] { MoveWindow(window_.Handle(), 0, 0, 10, 10, TRUE); });
     script_.Do([this] {
