@@ -12,7 +12,7 @@
 namespace tessel::analyse {
 namespace {
 
-constexpr int kDesigns = 3000;
+constexpr int kDesigns = 400;
 
 class RandomDesigns {
 public:
