@@ -8,8 +8,8 @@ namespace tessel::controls {
 
 namespace {
 
-// Base letters of U+00E0 to U+00FF, so that "categorias" finds Categorías. What has no base letter stays; ñ is a letter
-// of its own to a Spanish reader and still found by n, as telephone books on screens do.
+// Base letters of U+00E0 to U+00FF, so that "categorias" finds Categorías. What has no base letter stays; ñ
+// is a letter of its own to a Spanish reader and still found by n, as telephone books on screens do.
 constexpr std::wstring_view kBaseLetters = L"aaaaaa\u00E6ceeeeiiii\u00F0nooooo\u00F7ouuuuy\u00FEy";
 constexpr wchar_t kFirstAccented = L'\u00E0';
 constexpr wchar_t kLastAccented = L'\u00FF';
@@ -21,7 +21,8 @@ std::wstring SearchText(std::wstring_view text) {
     result.reserve(folded.size());
     for (wchar_t ch : folded) {
         if (ch == L'[' || ch == L']') continue;
-        if (ch >= kFirstAccented && ch <= kLastAccented) ch = kBaseLetters[static_cast<std::size_t>(ch - kFirstAccented)];
+        if (ch >= kFirstAccented && ch <= kLastAccented)
+            ch = kBaseLetters[static_cast<std::size_t>(ch - kFirstAccented)];
         result.push_back(ch);
     }
     return result;
@@ -33,12 +34,38 @@ std::wstring Sized(std::wstring_view word, std::int64_t size) {
 
 // Values of the ADO data types.
 enum AdoType : int {
-    adSmallInt = 2, adInteger = 3, adSingle = 4, adDouble = 5, adCurrency = 6, adDate = 7, adBSTR = 8, adBoolean = 11,
-    adVariant = 12, adDecimal = 14, adTinyInt = 16, adUnsignedTinyInt = 17, adUnsignedSmallInt = 18,
-    adUnsignedInt = 19, adBigInt = 20, adUnsignedBigInt = 21, adFileTime = 64, adGUID = 72, adBinary = 128,
-    adChar = 129, adWChar = 130, adNumeric = 131, adDBDate = 133, adDBTime = 134, adDBTimeStamp = 135,
-    adVarNumeric = 139, adVarChar = 200, adLongVarChar = 201, adVarWChar = 202, adLongVarWChar = 203,
-    adVarBinary = 204, adLongVarBinary = 205,
+    adSmallInt = 2,
+    adInteger = 3,
+    adSingle = 4,
+    adDouble = 5,
+    adCurrency = 6,
+    adDate = 7,
+    adBSTR = 8,
+    adBoolean = 11,
+    adVariant = 12,
+    adDecimal = 14,
+    adTinyInt = 16,
+    adUnsignedTinyInt = 17,
+    adUnsignedSmallInt = 18,
+    adUnsignedInt = 19,
+    adBigInt = 20,
+    adUnsignedBigInt = 21,
+    adFileTime = 64,
+    adGUID = 72,
+    adBinary = 128,
+    adChar = 129,
+    adWChar = 130,
+    adNumeric = 131,
+    adDBDate = 133,
+    adDBTime = 134,
+    adDBTimeStamp = 135,
+    adVarNumeric = 139,
+    adVarChar = 200,
+    adLongVarChar = 201,
+    adVarWChar = 202,
+    adLongVarWChar = 203,
+    adVarBinary = 204,
+    adLongVarBinary = 205,
 };
 
 // Databases report texts without a limit with sizes in the thousands of millions.
@@ -52,7 +79,8 @@ void BrowserModel::Load(const schema::Schema* schema, std::wstring_view caption)
     search_texts_.clear();
     if (schema_) {
         search_texts_.reserve(schema_->Objects().size());
-        for (const schema::Object& object : schema_->Objects()) search_texts_.push_back(SearchText(object.name));
+        for (const schema::Object& object : schema_->Objects())
+            search_texts_.push_back(SearchText(object.name));
     }
     ApplyFilter();
 }
@@ -120,28 +148,41 @@ BrowserItem BrowserModel::ItemOfField(std::size_t object, std::size_t field) con
 std::wstring FieldTypeText(const schema::Field& field) {
     switch (field.ado_type) {
         case adSmallInt:
-        case adUnsignedSmallInt: return L"Entero";
+        case adUnsignedSmallInt:
+            return L"Entero";
         case adInteger:
-        case adUnsignedInt: return L"Entero largo";
+        case adUnsignedInt:
+            return L"Entero largo";
         case adBigInt:
-        case adUnsignedBigInt: return L"Entero grande";
+        case adUnsignedBigInt:
+            return L"Entero grande";
         case adTinyInt:
-        case adUnsignedTinyInt: return L"Byte";
-        case adSingle: return L"Simple";
-        case adDouble: return L"Doble";
-        case adCurrency: return L"Moneda";
+        case adUnsignedTinyInt:
+            return L"Byte";
+        case adSingle:
+            return L"Simple";
+        case adDouble:
+            return L"Doble";
+        case adCurrency:
+            return L"Moneda";
         case adDecimal:
         case adNumeric:
         case adVarNumeric:
             if (field.precision <= 0) return L"Decimal";
-            return L"Decimal (" + std::to_wstring(field.precision) + L"," + std::to_wstring(field.scale) + L")";
-        case adBoolean: return L"Sí/No";
+            return L"Decimal (" + std::to_wstring(field.precision) + L"," + std::to_wstring(field.scale) +
+                   L")";
+        case adBoolean:
+            return L"Sí/No";
         case adDate:
         case adDBTimeStamp:
-        case adFileTime: return L"Fecha y hora";
-        case adDBDate: return L"Fecha";
-        case adDBTime: return L"Hora";
-        case adGUID: return L"Identificador único";
+        case adFileTime:
+            return L"Fecha y hora";
+        case adDBDate:
+            return L"Fecha";
+        case adDBTime:
+            return L"Hora";
+        case adGUID:
+            return L"Identificador único";
         case adBSTR:
         case adChar:
         case adWChar:
@@ -150,14 +191,18 @@ std::wstring FieldTypeText(const schema::Field& field) {
             if (field.size <= 0 || field.size > kLargestSizeShown) return L"Texto";
             return Sized(L"Texto", field.size);
         case adLongVarChar:
-        case adLongVarWChar: return L"Texto largo";
+        case adLongVarWChar:
+            return L"Texto largo";
         case adBinary:
         case adVarBinary:
             if (field.size <= 0 || field.size > kLargestSizeShown) return L"Binario";
             return Sized(L"Binario", field.size);
-        case adLongVarBinary: return L"Binario largo";
-        case adVariant: return L"Variante";
-        default: return std::wstring(ADOTypeName(field.ado_type));
+        case adLongVarBinary:
+            return L"Binario largo";
+        case adVariant:
+            return L"Variante";
+        default:
+            return std::wstring(ADOTypeName(field.ado_type));
     }
 }
 

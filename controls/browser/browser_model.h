@@ -1,6 +1,6 @@
-// The schema browser's tree as data: a root with the schema's caption, the groups "Tablas" and "Vistas", the objects,
-// and under each object its fields, which are asked of the schema when the object is opened. Knows the filter and the
-// texts; knows no window.
+// The schema browser's tree as data: a root with the schema's caption, the groups "Tablas" and "Vistas", the
+// objects, and under each object its fields, which are asked of the schema when the object is opened. Knows
+// the filter and the texts; knows no window.
 #pragma once
 
 #include <cstddef>
@@ -39,8 +39,8 @@ public:
     const std::wstring& Caption() const { return caption_; }
     const std::wstring& Filter() const { return filter_; }
     bool IsFiltered() const { return !needle_.empty(); }
-    /// Narrows the objects to those whose name holds the text, letter case and accents aside. True when the shown
-    /// objects changed.
+    /// Narrows the objects to those whose name holds the text, letter case and accents aside. True when the
+    /// shown objects changed.
     bool SetFilter(std::wstring_view filter);
 
     /// Indices into Objects() of what passes the filter, tables and views apart, in the schema's order.
@@ -57,7 +57,8 @@ public:
     /// The item of an object's field; the object's own when it has no such field.
     BrowserItem ItemOfField(std::size_t object, std::size_t field) const;
 
-    /// The index of the object of that name, if the filter lets it pass. Letter case, blanks and brackets do not count.
+    /// The index of the object of that name, if the filter lets it pass. Letter case, blanks and brackets do
+    /// not count.
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
     std::size_t FindObject(std::wstring_view name) const;
     /// The position of a field in its object, or kNone.

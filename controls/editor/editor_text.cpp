@@ -9,8 +9,12 @@ namespace {
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr bool kUnitsAreUtf16 = sizeof(wchar_t) == 2;
 
-constexpr bool IsHigh(char32_t c) { return c >= 0xD800 && c <= 0xDBFF; }
-constexpr bool IsLow(char32_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
+constexpr bool IsHigh(char32_t c) {
+    return c >= 0xD800 && c <= 0xDBFF;
+}
+constexpr bool IsLow(char32_t c) {
+    return c >= 0xDC00 && c <= 0xDFFF;
+}
 
 /// The pair of surrogates at `at` as one character, or 0.
 char32_t PairAt(std::wstring_view text, std::size_t at) {

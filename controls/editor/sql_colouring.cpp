@@ -11,9 +11,11 @@ using sql::TokenKind;
 
 class LineColours {
 public:
-    LineColours(std::wstring_view line, const SqlWords& words, sql::LexerState& state) : line_(line), words_(words) {
+    LineColours(std::wstring_view line, const SqlWords& words, sql::LexerState& state)
+        : line_(line), words_(words) {
         sql::Lexer lexer(line, 0, state);
-        for (Token token = lexer.Next(); token.kind != TokenKind::End; token = lexer.Next()) tokens_.push_back(token);
+        for (Token token = lexer.Next(); token.kind != TokenKind::End; token = lexer.Next())
+            tokens_.push_back(token);
         state = lexer.State();
     }
 
@@ -34,20 +36,32 @@ private:
     SqlStyle StyleOf(std::size_t index) const {
         const Token& token = tokens_[index];
         switch (token.kind) {
-            case TokenKind::Space: return SqlStyle::Text;
-            case TokenKind::Comment: return SqlStyle::Comment;
-            case TokenKind::Word: return StyleOfWord(index);
+            case TokenKind::Space:
+                return SqlStyle::Text;
+            case TokenKind::Comment:
+                return SqlStyle::Comment;
+            case TokenKind::Word:
+                return StyleOfWord(index);
             case TokenKind::BracketName:
-            case TokenKind::BackQuoteName: return SqlStyle::Name;
+            case TokenKind::BackQuoteName:
+                return SqlStyle::Name;
             case TokenKind::String:
-            case TokenKind::QuotedText: return SqlStyle::String;
-            case TokenKind::Number: return SqlStyle::Number;
-            // A date ends on its line, so a missing partner is an error at once. Other marks may close further down.
-            case TokenKind::Date: return (token.flags & sql::kUnterminated) ? SqlStyle::Error : SqlStyle::Date;
-            case TokenKind::Macro: return SqlStyle::Macro;
-            case TokenKind::Parameter: return SqlStyle::Parameter;
-            case TokenKind::Unknown: return SqlStyle::Error;
-            default: return SqlStyle::Operator;
+            case TokenKind::QuotedText:
+                return SqlStyle::String;
+            case TokenKind::Number:
+                return SqlStyle::Number;
+            // A date ends on its line, so a missing partner is an error at once. Other marks may close
+            // further down.
+            case TokenKind::Date:
+                return (token.flags & sql::kUnterminated) ? SqlStyle::Error : SqlStyle::Date;
+            case TokenKind::Macro:
+                return SqlStyle::Macro;
+            case TokenKind::Parameter:
+                return SqlStyle::Parameter;
+            case TokenKind::Unknown:
+                return SqlStyle::Error;
+            default:
+                return SqlStyle::Operator;
         }
     }
 
@@ -55,15 +69,19 @@ private:
     SqlStyle StyleOfWord(std::size_t index) const {
         const TokenKind before = KindBefore(index);
         const TokenKind next = index + 1 < tokens_.size() ? tokens_[index + 1].kind : TokenKind::End;
-        if (before == TokenKind::Point || before == TokenKind::Bang || next == TokenKind::Point) return SqlStyle::Text;
+        if (before == TokenKind::Point || before == TokenKind::Bang || next == TokenKind::Point)
+            return SqlStyle::Text;
         const std::wstring word = Lower(line_.substr(tokens_[index].begin, tokens_[index].length));
-        if (words_.functions.contains(word) && KindAfter(index) == TokenKind::LeftParen) return SqlStyle::Function;
+        if (words_.functions.contains(word) && KindAfter(index) == TokenKind::LeftParen)
+            return SqlStyle::Function;
         if (words_.keywords.contains(word)) return SqlStyle::Keyword;
         if (words_.types.contains(word)) return SqlStyle::Type;
         return SqlStyle::Text;
     }
 
-    TokenKind KindBefore(std::size_t index) const { return index > 0 ? tokens_[index - 1].kind : TokenKind::End; }
+    TokenKind KindBefore(std::size_t index) const {
+        return index > 0 ? tokens_[index - 1].kind : TokenKind::End;
+    }
 
     TokenKind KindAfter(std::size_t index) const {
         std::size_t i = index + 1;

@@ -1,9 +1,10 @@
-// What each character of a statement looks like, decided by the tokens of the product's own lexer, so that brackets,
-// dates, macros and parameters are coloured as the parser will read them.
+// What each character of a statement looks like, decided by the tokens of the product's own lexer, so that
+// brackets, dates, macros and parameters are coloured as the parser will read them.
 //
-// Colouring goes line by line. A line's colours follow from its own characters and from the state in which the line
-// before ended (inside a comment, a string, a bracketed name…), and from nothing else: colouring one line again gives
-// the same as colouring everything again. No colours are known here; sql_ini.h has the looks.
+// Colouring goes line by line. A line's colours follow from its own characters and from the state in which
+// the line before ended (inside a comment, a string, a bracketed name…), and from nothing else: colouring one
+// line again gives the same as colouring everything again. No colours are known here; sql_ini.h has the
+// looks.
 #pragma once
 
 #include <array>
@@ -19,14 +20,14 @@
 namespace tessel::controls {
 
 enum class SqlStyle : std::uint8_t {
-    Text,       ///< names without brackets, blanks
+    Text,  ///< names without brackets, blanks
     Keyword,
-    Function,   ///< a listed function before its "("
+    Function,  ///< a listed function before its "("
     Type,
-    Name,       ///< [name] and `name`
-    String,     ///< 'text' and "text"
+    Name,    ///< [name] and `name`
+    String,  ///< 'text' and "text"
     Number,
-    Date,       ///< #…#
+    Date,  ///< #…#
     Comment,
     Operator,   ///< operators and punctuation
     Macro,      ///< @name and @{…}
@@ -52,9 +53,10 @@ struct StyleRun {
     friend bool operator==(const StyleRun&, const StyleRun&) = default;
 };
 
-/// The runs of one line, line end included; neighbours differ in style. `state` is the state at the line's start and
-/// becomes the one at its end.
-[[nodiscard]] std::vector<StyleRun> ColourLine(std::wstring_view line, const SqlWords& words, sql::LexerState& state);
+/// The runs of one line, line end included; neighbours differ in style. `state` is the state at the line's
+/// start and becomes the one at its end.
+[[nodiscard]] std::vector<StyleRun> ColourLine(std::wstring_view line, const SqlWords& words,
+                                               sql::LexerState& state);
 
 /// One style a unit of a text of any number of lines.
 [[nodiscard]] std::vector<SqlStyle> ColourText(std::wstring_view text, const SqlWords& words,
@@ -63,7 +65,8 @@ struct StyleRun {
 /// The length of the first line with its end: CR LF, LF or a lone CR.
 [[nodiscard]] std::size_t LineLength(std::wstring_view text);
 
-/// A lexer state as a number that the editing component keeps with each line, and back. 0 is the initial state.
+/// A lexer state as a number that the editing component keeps with each line, and back. 0 is the initial
+/// state.
 [[nodiscard]] int PackState(sql::LexerState state);
 [[nodiscard]] sql::LexerState UnpackState(int packed);
 

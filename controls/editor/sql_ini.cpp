@@ -9,25 +9,33 @@ namespace tessel::controls {
 namespace {
 
 constexpr const wchar_t* kKeywords =
-    L"ALIKE ALL AND ANY AS ASC BETWEEN BY CASE CROSS DESC DISTINCT DISTINCTROW ELSE END EQV EXCEPT EXISTS FALSE FROM "
-    L"FULL GROUP HAVING IMP IN INNER INTERSECT INTO IS JOIN LEFT LIKE LIMIT MOD NATURAL NOT NULL OFFSET ON OPTION OR "
-    L"ORDER OUTER OWNERACCESS PARAMETERS PERCENT RIGHT SELECT SOME THEN TIES TOP TRUE UNION USING WHEN WHERE WITH XOR";
+    L"ALIKE ALL AND ANY AS ASC BETWEEN BY CASE CROSS DESC DISTINCT DISTINCTROW ELSE END EQV EXCEPT EXISTS "
+    L"FALSE FROM "
+    L"FULL GROUP HAVING IMP IN INNER INTERSECT INTO IS JOIN LEFT LIKE LIMIT MOD NATURAL NOT NULL OFFSET ON "
+    L"OPTION OR "
+    L"ORDER OUTER OWNERACCESS PARAMETERS PERCENT RIGHT SELECT SOME THEN TIES TOP TRUE UNION USING WHEN WHERE "
+    L"WITH XOR";
 
 constexpr const wchar_t* kFunctions =
-    L"ABS ASC ATN AVG CAST CBOOL CBYTE CCUR CDATE CDBL CHR CINT CLNG CONVERT COALESCE COS COUNT CSNG CSTR CVAR DATE "
-    L"DATEADD DATEDIFF DATEPART DATESERIAL DATEVALUE DAY EXP FIRST FIX FORMAT HOUR IIF INSTR INT ISDATE ISNULL "
-    L"ISNUMERIC LAST LCASE LEFT LEN LOG LOWER LTRIM MAX MID MIN MINUTE MONTH MONTHNAME NOW NULLIF NZ PARTITION REPLACE "
-    L"RIGHT RND ROUND RTRIM SECOND SGN SIN SPACE SQR STDEV STDEVP STR STRCOMP STRING SUBSTRING SUM SWITCH TAN TIME "
+    L"ABS ASC ATN AVG CAST CBOOL CBYTE CCUR CDATE CDBL CHR CINT CLNG CONVERT COALESCE COS COUNT CSNG CSTR "
+    L"CVAR DATE "
+    L"DATEADD DATEDIFF DATEPART DATESERIAL DATEVALUE DAY EXP FIRST FIX FORMAT HOUR IIF INSTR INT ISDATE "
+    L"ISNULL "
+    L"ISNUMERIC LAST LCASE LEFT LEN LOG LOWER LTRIM MAX MID MIN MINUTE MONTH MONTHNAME NOW NULLIF NZ "
+    L"PARTITION REPLACE "
+    L"RIGHT RND ROUND RTRIM SECOND SGN SIN SPACE SQR STDEV STDEVP STR STRCOMP STRING SUBSTRING SUM SWITCH "
+    L"TAN TIME "
     L"TIMESERIAL TIMEVALUE TRIM UCASE UPPER VAL VAR VARP WEEKDAY WEEKDAYNAME YEAR";
 
 constexpr const wchar_t* kTypes =
-    L"BIGINT BINARY BIT BOOLEAN CHAR CURRENCY DATETIME DECIMAL DOUBLE FLOAT GUID INTEGER LONGTEXT NCHAR NUMERIC "
+    L"BIGINT BINARY BIT BOOLEAN CHAR CURRENCY DATETIME DECIMAL DOUBLE FLOAT GUID INTEGER LONGTEXT NCHAR "
+    L"NUMERIC "
     L"NVARCHAR SMALLINT TIMESTAMP TINYINT UNIQUEIDENTIFIER VARBINARY VARCHAR YESNO";
 
 /// Names of the styles in the file, by SqlStyle.
 constexpr std::array<std::wstring_view, kSqlStyleCount> kStyleNames = {
-    L"texto",      L"palabra",  L"función", L"tipo",  L"nombre",    L"cadena", L"número",
-    L"fecha",      L"comentario", L"operador", L"macro", L"parámetro", L"error",
+    L"texto", L"palabra",    L"función",  L"tipo",  L"nombre",    L"cadena", L"número",
+    L"fecha", L"comentario", L"operador", L"macro", L"parámetro", L"error",
 };
 
 void AddWords(std::unordered_set<std::wstring>& words, std::wstring_view list) {
@@ -73,7 +81,8 @@ std::optional<std::uint32_t> ColourOf(std::wstring_view text) {
     return value;
 }
 
-/// The look that a value describes, or nothing when a part of it makes no sense. "auto" is the system's colour.
+/// The look that a value describes, or nothing when a part of it makes no sense. "auto" is the system's
+/// colour.
 std::optional<StyleLook> LookOf(std::wstring_view value) {
     StyleLook look;
     int colours = 0;
@@ -118,7 +127,8 @@ public:
 
 private:
     // The first line of a list takes the place of the built-in list, the following ones add to it.
-    static void ReplaceOrAdd(std::unordered_set<std::wstring>& words, bool& replaced, std::wstring_view value) {
+    static void ReplaceOrAdd(std::unordered_set<std::wstring>& words, bool& replaced,
+                             std::wstring_view value) {
         if (!replaced) words.clear();
         replaced = true;
         AddWords(words, value);
@@ -192,7 +202,8 @@ ColouringDefinition ReadSqlIni(std::string_view utf8, std::wstring_view section)
         rest.remove_prefix(length);
         if (line.empty()) continue;
         if (line.front() == L'[') {
-            inside = line.back() == L']' && SameIgnoringCase(TrimWhite(line.substr(1, line.size() - 2)), section);
+            inside =
+                line.back() == L']' && SameIgnoringCase(TrimWhite(line.substr(1, line.size() - 2)), section);
             continue;
         }
         const std::size_t equals = line.find(L'=');

@@ -1,6 +1,6 @@
-// "SQL.ini", the editor's highlighting definition: which words are coloured and what every style looks like. The file
-// is read and never written; what it leaves out, and the whole of it when it is missing, comes from the built-in
-// definition. Reading never fails: a line that makes no sense is skipped.
+// "SQL.ini", the editor's highlighting definition: which words are coloured and what every style looks like.
+// The file is read and never written; what it leaves out, and the whole of it when it is missing, comes from
+// the built-in definition. Reading never fails: a line that makes no sense is skipped.
 //
 //   [SQL]
 //   palabras  = SELECT FROM WHERE          ; further lines of the same key add words
@@ -49,7 +49,8 @@ struct ColouringDefinition {
 /// The definition that the shipped file repeats.
 [[nodiscard]] ColouringDefinition BuiltInColouring();
 
-/// The built-in definition with what the section of the text changes. The text is UTF-8, with or without a mark.
+/// The built-in definition with what the section of the text changes. The text is UTF-8, with or without a
+/// mark.
 [[nodiscard]] ColouringDefinition ReadSqlIni(std::string_view utf8, std::wstring_view section = L"SQL");
 
 }  // namespace tessel::controls

@@ -31,7 +31,8 @@ using Names = std::vector<std::wstring>;
 
 TEST_F(BrowserModelTest, TablesAndViewsApartInTheSchemasOrder) {
     EXPECT_EQ(model_.Caption(), L"ventas");
-    EXPECT_EQ(Shown(), (Names{L"Clientes", L"Categorías", L"[Detalle de pedidos]", L"Pedidos", L"v:[Ventas por año]"}));
+    EXPECT_EQ(Shown(), (Names{L"Clientes", L"Categorías", L"[Detalle de pedidos]", L"Pedidos",
+                              L"v:[Ventas por año]"}));
     EXPECT_EQ(model_.GroupCaption(ObjectKind::Table), L"Tablas (4)");
     EXPECT_EQ(model_.GroupCaption(ObjectKind::View), L"Vistas (1)");
 }
@@ -121,14 +122,29 @@ struct TypeCase {
 
 TEST(FieldTypes, AreDescribedInSpanish) {
     const TypeCase kCases[] = {
-        {202, 40, 0, 0, L"Texto (40)"},  {200, 0, 0, 0, L"Texto"},         {202, 2147483647, 0, 0, L"Texto"},
-        {203, 0, 0, 0, L"Texto largo"},  {3, 4, 10, 0, L"Entero largo"},   {2, 2, 5, 0, L"Entero"},
-        {20, 8, 19, 0, L"Entero grande"}, {17, 1, 3, 0, L"Byte"},          {5, 8, 15, 0, L"Doble"},
-        {4, 4, 7, 0, L"Simple"},         {6, 8, 19, 4, L"Moneda"},         {131, 0, 10, 2, L"Decimal (10,2)"},
-        {14, 0, 0, 0, L"Decimal"},       {11, 2, 0, 0, L"Sí/No"},          {7, 8, 0, 0, L"Fecha y hora"},
-        {135, 0, 0, 0, L"Fecha y hora"}, {133, 0, 0, 0, L"Fecha"},         {134, 0, 0, 0, L"Hora"},
-        {205, 0, 0, 0, L"Binario largo"}, {128, 16, 0, 0, L"Binario (16)"}, {72, 16, 0, 0, L"Identificador único"},
-        {0, 0, 0, 0, L"adEmpty"},        {9999, 0, 0, 0, L""},
+        {202, 40, 0, 0, L"Texto (40)"},
+        {200, 0, 0, 0, L"Texto"},
+        {202, 2147483647, 0, 0, L"Texto"},
+        {203, 0, 0, 0, L"Texto largo"},
+        {3, 4, 10, 0, L"Entero largo"},
+        {2, 2, 5, 0, L"Entero"},
+        {20, 8, 19, 0, L"Entero grande"},
+        {17, 1, 3, 0, L"Byte"},
+        {5, 8, 15, 0, L"Doble"},
+        {4, 4, 7, 0, L"Simple"},
+        {6, 8, 19, 4, L"Moneda"},
+        {131, 0, 10, 2, L"Decimal (10,2)"},
+        {14, 0, 0, 0, L"Decimal"},
+        {11, 2, 0, 0, L"Sí/No"},
+        {7, 8, 0, 0, L"Fecha y hora"},
+        {135, 0, 0, 0, L"Fecha y hora"},
+        {133, 0, 0, 0, L"Fecha"},
+        {134, 0, 0, 0, L"Hora"},
+        {205, 0, 0, 0, L"Binario largo"},
+        {128, 16, 0, 0, L"Binario (16)"},
+        {72, 16, 0, 0, L"Identificador único"},
+        {0, 0, 0, 0, L"adEmpty"},
+        {9999, 0, 0, 0, L""},
     };
     for (const TypeCase& c : kCases) {
         schema::Field field;

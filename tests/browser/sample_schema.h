@@ -31,7 +31,9 @@ public:
         return std::vector<schema::Field>{id, name};
     }
 
-    Result<std::vector<schema::ForeignKey>> LoadForeignKeys() override { return std::vector<schema::ForeignKey>{}; }
+    Result<std::vector<schema::ForeignKey>> LoadForeignKeys() override {
+        return std::vector<schema::ForeignKey>{};
+    }
 
 private:
     std::vector<schema::Object> objects_;

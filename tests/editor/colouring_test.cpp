@@ -66,9 +66,12 @@ INSTANTIATE_TEST_SUITE_P(All, ColouringOf, testing::ValuesIn(kCases),
 
 std::wstring RandomText(std::mt19937& random) {
     static const std::wstring kPieces[] = {
-        L"SELECT ", L"Sum", L"(", L")", L"'", L"\"", L"[", L"]", L"`", L"#", L"@{", L"}", L"@x", L"--", L"/*", L"*/",
-        L"\r\n", L"\n", L"\r", L" ", L"\t", L"a", L"ñ", L".", L"1", L"&H", L"&", L":p", L"::", L"<", L"=", L"LEFT",
-        L"31/12/24", L"\u2028", std::wstring(1, L'\0'), L"1e5",
+        L"SELECT ", L"Sum", L"(",    L")",    L"'",        L"\"",     L"[",
+        L"]",       L"`",   L"#",    L"@{",   L"}",        L"@x",     L"--",
+        L"/*",      L"*/",  L"\r\n", L"\n",   L"\r",       L" ",      L"\t",
+        L"a",       L"ñ",   L".",    L"1",    L"&H",       L"&",      L":p",
+        L"::",      L"<",   L"=",    L"LEFT", L"31/12/24", L"\u2028", std::wstring(1, L'\0'),
+        L"1e5",
     };
     std::uniform_int_distribution<std::size_t> piece(0, std::size(kPieces) - 1);
     std::uniform_int_distribution<int> count(0, 40);
@@ -135,7 +138,8 @@ TEST(ColouringLaws, AfterAnEditLinesBelowChangeOnlyWhileTheStateDiffers) {
     for (int round = 0; round < 400; ++round) {
         std::vector<std::wstring> lines = Lines(RandomText(random) + L"\r\n" + RandomText(random));
         std::vector<KeptLine> kept;
-        for (const std::wstring& line : lines) kept.push_back(ColourKept(line, kept.empty() ? 0 : kept.back().state_after));
+        for (const std::wstring& line : lines)
+            kept.push_back(ColourKept(line, kept.empty() ? 0 : kept.back().state_after));
 
         const std::size_t edited = std::uniform_int_distribution<std::size_t>(0, lines.size() - 1)(random);
         lines[edited].insert(0, Lines(RandomText(random) + L"x").front().substr(0, 3));
@@ -167,7 +171,8 @@ TEST(ColouringLaws, LineByLineReadsTheTokensOfTheWholeText) {
                 const bool string = styles[i] == SqlStyle::String;
                 const bool name = styles[i] == SqlStyle::Name;
                 ASSERT_EQ(comment, token.kind == sql::TokenKind::Comment) << ToUtf8(text) << " at " << i;
-                ASSERT_EQ(string, token.kind == sql::TokenKind::String || token.kind == sql::TokenKind::QuotedText)
+                ASSERT_EQ(string,
+                          token.kind == sql::TokenKind::String || token.kind == sql::TokenKind::QuotedText)
                     << ToUtf8(text) << " at " << i;
                 ASSERT_EQ(name, token.kind == sql::TokenKind::BracketName ||
                                     token.kind == sql::TokenKind::BackQuoteName)

@@ -9,7 +9,9 @@
 namespace tessel::controls {
 namespace {
 
-TEST(SqlIni, NothingGivesTheBuiltInDefinition) { EXPECT_EQ(ReadSqlIni(""), BuiltInColouring()); }
+TEST(SqlIni, NothingGivesTheBuiltInDefinition) {
+    EXPECT_EQ(ReadSqlIni(""), BuiltInColouring());
+}
 
 TEST(SqlIni, TheShippedFileIsTheBuiltInDefinition) {
     const char* folder = std::getenv("TESSEL_SOURCE_DIR");
@@ -22,10 +24,11 @@ TEST(SqlIni, TheShippedFileIsTheBuiltInDefinition) {
     EXPECT_EQ(ReadSqlIni(bytes.str()), BuiltInColouring());
 
     // It is equal because it says everything, not because it says nothing.
-    for (const char* key : {"palabras", "funciones", "tipos", "letra", "tamaño", "estilo.texto", "estilo.palabra",
-                            "estilo.función", "estilo.tipo", "estilo.nombre", "estilo.cadena", "estilo.número",
-                            "estilo.fecha", "estilo.comentario", "estilo.operador", "estilo.macro",
-                            "estilo.parámetro", "estilo.error", "estilo.margen"})
+    for (const char* key :
+         {"palabras", "funciones", "tipos", "letra", "tamaño", "estilo.texto", "estilo.palabra",
+          "estilo.función", "estilo.tipo", "estilo.nombre", "estilo.cadena", "estilo.número", "estilo.fecha",
+          "estilo.comentario", "estilo.operador", "estilo.macro", "estilo.parámetro", "estilo.error",
+          "estilo.margen"})
         EXPECT_NE(bytes.str().find(std::string("\n") + key), std::string::npos) << key;
 }
 
@@ -50,10 +53,10 @@ TEST(SqlIni, EveryStyleHasAName) {
         const char* name;
         SqlStyle style;
     } kNames[] = {
-        {"texto", SqlStyle::Text},         {"palabra", SqlStyle::Keyword},    {"función", SqlStyle::Function},
-        {"tipo", SqlStyle::Type},          {"nombre", SqlStyle::Name},        {"cadena", SqlStyle::String},
-        {"número", SqlStyle::Number},      {"fecha", SqlStyle::Date},         {"comentario", SqlStyle::Comment},
-        {"operador", SqlStyle::Operator},  {"macro", SqlStyle::Macro},        {"parámetro", SqlStyle::Parameter},
+        {"texto", SqlStyle::Text},        {"palabra", SqlStyle::Keyword}, {"función", SqlStyle::Function},
+        {"tipo", SqlStyle::Type},         {"nombre", SqlStyle::Name},     {"cadena", SqlStyle::String},
+        {"número", SqlStyle::Number},     {"fecha", SqlStyle::Date},      {"comentario", SqlStyle::Comment},
+        {"operador", SqlStyle::Operator}, {"macro", SqlStyle::Macro},     {"parámetro", SqlStyle::Parameter},
         {"error", SqlStyle::Error},
     };
     static_assert(std::size(kNames) == kSqlStyleCount);
@@ -66,14 +69,16 @@ TEST(SqlIni, EveryStyleHasAName) {
 
 TEST(SqlIni, TheFirstLineOfAListReplacesAndTheNextAdds) {
     const auto definition = ReadSqlIni("[SQL]\npalabras = Uno dos,tres\nPALABRAS=cuatro\n");
-    EXPECT_EQ(definition.words.keywords, (std::unordered_set<std::wstring>{L"uno", L"dos", L"tres", L"cuatro"}));
+    EXPECT_EQ(definition.words.keywords,
+              (std::unordered_set<std::wstring>{L"uno", L"dos", L"tres", L"cuatro"}));
     EXPECT_EQ(definition.words.functions, BuiltInColouring().words.functions);
     EXPECT_EQ(ReadSqlIni("[SQL]\nfunciones=\n").words.functions.size(), 0u);
     EXPECT_EQ(ReadSqlIni("[SQL]\ntipos=DINERO\n").words.types, (std::unordered_set<std::wstring>{L"dinero"}));
 }
 
 TEST(SqlIni, OnlyTheSectionCounts) {
-    const auto definition = ReadSqlIni("tamaño=20\n[OTRA]\ntamaño=30\n[ sql ]\ntamaño=12\n[OTRA]\ntamaño=40\n");
+    const auto definition =
+        ReadSqlIni("tamaño=20\n[OTRA]\ntamaño=30\n[ sql ]\ntamaño=12\n[OTRA]\ntamaño=40\n");
     EXPECT_EQ(definition.points, 12);
     EXPECT_EQ(ReadSqlIni("[OTRA]\ntamaño=30\n", L"OTRA").points, 30);
 }
@@ -90,7 +95,8 @@ TEST(SqlIni, AByteOrderMarkAndAnyLineEndAreRead) {
 }
 
 TEST(SqlIni, CommentsBeginTheLineOrFollowABlank) {
-    const auto definition = ReadSqlIni("; [OTRA]\n[SQL] ; sección\n;tamaño=20\ntamaño=13 ; puntos\nletra=A;B\n");
+    const auto definition =
+        ReadSqlIni("; [OTRA]\n[SQL] ; sección\n;tamaño=20\ntamaño=13 ; puntos\nletra=A;B\n");
     EXPECT_EQ(definition.points, 13);
     EXPECT_EQ(definition.font, L"A;B");
 }
@@ -105,9 +111,10 @@ TEST_P(BadLine, IsSkippedAndTheRestIsRead) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, BadLine,
-                         testing::Values("sin signo igual", "clave desconocida = 1", "=", "= 5", "tamaño =", "tamaño = 5",
-                                         "tamaño = 73", "tamaño = 99999999999999999999", "tamaño = diez",
-                                         "tamaño = -12", "estilo.palabra = #12345", "estilo.palabra = #1234567",
+                         testing::Values("sin signo igual", "clave desconocida = 1", "=", "= 5",
+                                         "tamaño =", "tamaño = 5", "tamaño = 73",
+                                         "tamaño = 99999999999999999999", "tamaño = diez", "tamaño = -12",
+                                         "estilo.palabra = #12345", "estilo.palabra = #1234567",
                                          "estilo.palabra = #GG0000", "estilo.palabra = rojo",
                                          "estilo.palabra = #111111 #222222 #333333", "estilo.nada = #123456",
                                          "estilo. = #123456", "letra =", "\xFF\xFE basura \x80"));

@@ -22,7 +22,9 @@ using Texts = std::vector<std::wstring>;
 class RecordingEvents final : public BrowserEvents {
 public:
     void OnBrowserActivated(const BrowserItem& item) override { activated.push_back(item); }
-    void OnBrowserSelected(const BrowserItem* item) override { selected.push_back(item ? *item : BrowserItem{}); }
+    void OnBrowserSelected(const BrowserItem* item) override {
+        selected.push_back(item ? *item : BrowserItem{});
+    }
     void OnBrowserContextMenu(const BrowserItem& item, POINT) override { menus.push_back(item); }
 
     Items activated;
@@ -35,9 +37,9 @@ protected:
     class Frame final : public win32::Window {
     public:
         bool Create() {
-            return CreateWindowOf({L"TesselBrowserTest", 0, GetSysColorBrush(COLOR_BTNFACE), IDC_ARROW}, L"Esquema",
-                                  WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, nullptr, 0,
-                                  {20, 20, 360, 520});
+            return CreateWindowOf({L"TesselBrowserTest", 0, GetSysColorBrush(COLOR_BTNFACE), IDC_ARROW},
+                                  L"Esquema", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN,
+                                  WS_EX_CONTROLPARENT, nullptr, 0, {20, 20, 360, 520});
         }
         ~Frame() override { Destroy(); }
     };
@@ -127,8 +129,9 @@ protected:
 const BrowserItem kClientes{Kind::Table, L"Clientes", L""};
 
 TEST_F(SchemaBrowserTest, ShowsTablesAndViewsUnderTheCaptionWithoutReadingFields) {
-    EXPECT_EQ(Tree(), (Texts{L"ventas", L"  Tablas (4)", L"    Clientes", L"    Categorías", L"    [Detalle de pedidos]",
-                             L"    Pedidos", L"  Vistas (1)", L"    [Ventas por año]"}));
+    EXPECT_EQ(Tree(),
+              (Texts{L"ventas", L"  Tablas (4)", L"    Clientes", L"    Categorías",
+                     L"    [Detalle de pedidos]", L"    Pedidos", L"  Vistas (1)", L"    [Ventas por año]"}));
     EXPECT_EQ(field_loads_, 0);
     EXPECT_TRUE(IsExpanded(L"ventas"));
     EXPECT_TRUE(IsExpanded(L"Tablas (4)"));
@@ -307,12 +310,14 @@ TEST_F(SchemaBrowserTest, CallsOnADestroyedWindowAreHarmless) {
 // Pictures for a person's eyes, when a folder for them is given.
 TEST_F(SchemaBrowserTest, PicturesAreSavedAtThreeSizes) {
     wchar_t folder[MAX_PATH];
-    if (!GetEnvironmentVariableW(L"TESSEL_PICTURES", folder, MAX_PATH)) GTEST_SKIP() << "TESSEL_PICTURES is not set";
+    if (!GetEnvironmentVariableW(L"TESSEL_PICTURES", folder, MAX_PATH))
+        GTEST_SKIP() << "TESSEL_PICTURES is not set";
     for (int dpi : {96, 144, 192}) {
         browser_.OnDpiChanged(dpi);
         browser_.SelectItem(L"Clientes", L"Nombre");
         RedrawWindow(frame_.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-        EXPECT_TRUE(SavePicture(frame_.Handle(), std::wstring(folder) + L"\\browser" + std::to_wstring(dpi) + L".bmp"));
+        EXPECT_TRUE(SavePicture(frame_.Handle(),
+                                std::wstring(folder) + L"\\browser" + std::to_wstring(dpi) + L".bmp"));
     }
 }
 

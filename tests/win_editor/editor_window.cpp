@@ -8,12 +8,13 @@ namespace tessel::controls {
 
 EditorWindow::EditorWindow(const std::wstring& ini_path) : editor_(std::make_unique<SqlEditor>()) {
     const win32::WindowClass window_class{L"TesselEditorTest", 0, GetSysColorBrush(COLOR_BTNFACE), IDC_ARROW};
-    const bool created = CreateWindowOf(window_class, L"Editor", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN,
-                                        WS_EX_CONTROLPARENT, nullptr, 0, {20, 20, 820, 520});
+    const bool created =
+        CreateWindowOf(window_class, L"Editor", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN,
+                       WS_EX_CONTROLPARENT, nullptr, 0, {20, 20, 820, 520});
     EXPECT_TRUE(created);
     EXPECT_TRUE(editor_->Create(Handle(), 100, ini_path, this));
-    button_ = CreateWindowExW(0, L"BUTTON", L"Aceptar", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 10, 430, 100, 28, Handle(),
-                              reinterpret_cast<HMENU>(INT_PTR{1}), win32::ThisModule(), nullptr);
+    button_ = CreateWindowExW(0, L"BUTTON", L"Aceptar", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 10, 430, 100, 28,
+                              Handle(), reinterpret_cast<HMENU>(INT_PTR{1}), win32::ThisModule(), nullptr);
     MoveWindow(editor_->Handle(), 0, 0, 784, 420, TRUE);
     SetForegroundWindow(Handle());
     SetFocus(editor_->Handle());

@@ -186,7 +186,8 @@ TEST(SqlEditorTyping, TheClipboardKeepsTheTextAsItIs) {
 
 TEST(SqlEditorColours, FollowTheLexer) {
     EditorWindow window;
-    window.Editor().SetText(L"SELECT [a b], Sum(x) AS n -- fin\r\nFROM t WHERE d=#1/1/24# AND s='x' AND u=@u AND p=:p+1.5");
+    window.Editor().SetText(
+        L"SELECT [a b], Sum(x) AS n -- fin\r\nFROM t WHERE d=#1/1/24# AND s='x' AND u=@u AND p=:p+1.5");
     EXPECT_EQ(window.Styles(),
               "kkkkkk.nnnnno.fffo.o.kk...cccccc.."
               "kkkk...kkkkk..o########.kkk..osss.kkk..oMM.kkk..oppoddd");
@@ -216,20 +217,34 @@ TEST(SqlEditorColours, EditingALineColoursTheLinesBelowAsWell) {
     EXPECT_EQ(window.Styles(), "..ccccccccccccccc..sss");
 }
 
+TEST(SqlEditorColours, RefreshColoursEverythingAgain) {
+    EditorWindow window;
+    window.Editor().SetText(L"SELECT 1");
+    EXPECT_EQ(window.Styles(), "kkkkkk.d");
+    window.Send(SCI_STARTSTYLING, 0);
+    window.Send(SCI_SETSTYLING, 8, static_cast<LPARAM>(SqlStyle::Error));
+    EXPECT_EQ(window.Send(SCI_GETENDSTYLED), 8);
+    window.Editor().Refresh();
+    EXPECT_EQ(window.Styles(), "kkkkkk.d");
+}
+
 TEST(SqlEditorColours, ComeFromTheFile) {
     wchar_t folder[MAX_PATH];
     GetTempPathW(MAX_PATH, folder);
     const std::wstring path = std::wstring(folder) + L"SqlEditorColours.ini";
     FILE* file = _wfopen(path.c_str(), L"wb");
     ASSERT_NE(file, nullptr);
-    std::fputs("[SQL]\npalabras=ELIGE\nestilo.palabra=#112233 negrita\nestilo.texto=#445566\ntamaño=14\n", file);
+    std::fputs("[SQL]\npalabras=ELIGE\nestilo.palabra=#112233 negrita\nestilo.texto=#445566\ntamaño=14\n",
+               file);
     std::fclose(file);
     EditorWindow window(path);
     window.Editor().SetText(L"ELIGE a");
     EXPECT_EQ(window.Styles(), "kkkkk..");
-    EXPECT_EQ(window.Send(SCI_STYLEGETFORE, static_cast<WPARAM>(SqlStyle::Keyword)), LRESULT{RGB(0x11, 0x22, 0x33)});
+    EXPECT_EQ(window.Send(SCI_STYLEGETFORE, static_cast<WPARAM>(SqlStyle::Keyword)),
+              LRESULT{RGB(0x11, 0x22, 0x33)});
     EXPECT_EQ(window.Send(SCI_STYLEGETBOLD, static_cast<WPARAM>(SqlStyle::Keyword)), 1);
-    EXPECT_EQ(window.Send(SCI_STYLEGETFORE, static_cast<WPARAM>(SqlStyle::Text)), LRESULT{RGB(0x44, 0x55, 0x66)});
+    EXPECT_EQ(window.Send(SCI_STYLEGETFORE, static_cast<WPARAM>(SqlStyle::Text)),
+              LRESULT{RGB(0x44, 0x55, 0x66)});
     EXPECT_EQ(window.Send(SCI_STYLEGETSIZE, STYLE_DEFAULT), 14);
     _wremove(path.c_str());
 }
@@ -258,7 +273,8 @@ TEST(SqlEditorDpi, FontsAndMarginsGrowTogether) {
     const int dpi = win32::DpiOf(window.Editor().Handle());
     window.Editor().OnDpiChanged(2 * dpi);
     EXPECT_NEAR(static_cast<double>(window.Send(SCI_TEXTHEIGHT, 0)), 2.0 * static_cast<double>(height), 3.0);
-    EXPECT_NEAR(static_cast<double>(window.Send(SCI_GETMARGINWIDTHN, 0)), 2.0 * static_cast<double>(margin), 6.0);
+    EXPECT_NEAR(static_cast<double>(window.Send(SCI_GETMARGINWIDTHN, 0)), 2.0 * static_cast<double>(margin),
+                6.0);
     window.Editor().OnDpiChanged(dpi);
     EXPECT_EQ(window.Send(SCI_TEXTHEIGHT, 0), height);
 }
@@ -292,10 +308,9 @@ TEST(SqlEditorMenu, HasTheStandardCommandsInSpanish) {
     script.Start();
     window.Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window.Editor().Handle()), MAKELPARAM(-1, -1));
     EXPECT_TRUE(script.Finished()) << script.Trouble();
-    EXPECT_EQ(captions,
-              (std::vector<std::wstring>{L"&Deshacer\tCtrl+Z", L"&Rehacer\tCtrl+Y", L"", L"Cor&tar\tCtrl+X",
-                                         L"&Copiar\tCtrl+C", L"&Pegar\tCtrl+V", L"&Eliminar\tSupr", L"",
-                                         L"&Seleccionar todo\tCtrl+A"}));
+    EXPECT_EQ(captions, (std::vector<std::wstring>{L"&Deshacer\tCtrl+Z", L"&Rehacer\tCtrl+Y", L"",
+                                                   L"Cor&tar\tCtrl+X", L"&Copiar\tCtrl+C", L"&Pegar\tCtrl+V",
+                                                   L"&Eliminar\tSupr", L"", L"&Seleccionar todo\tCtrl+A"}));
     EXPECT_TRUE(undo_enabled);
     EXPECT_EQ(window.Editor().Selection(), (TextRange{0, kStatement.size()}));
 }
@@ -303,14 +318,16 @@ TEST(SqlEditorMenu, HasTheStandardCommandsInSpanish) {
 // Pictures for a person's eyes, when a folder for them is given.
 TEST(SqlEditorPictures, AreSavedAtThreeSizes) {
     wchar_t folder[MAX_PATH];
-    if (!GetEnvironmentVariableW(L"TESSEL_PICTURES", folder, MAX_PATH)) GTEST_SKIP() << "TESSEL_PICTURES is not set";
+    if (!GetEnvironmentVariableW(L"TESSEL_PICTURES", folder, MAX_PATH))
+        GTEST_SKIP() << "TESSEL_PICTURES is not set";
     for (int dpi : {96, 144, 192}) {
         EditorWindow window(win32::ModuleFolder() + L"SQL.ini");
         window.Editor().OnDpiChanged(dpi);
         window.Editor().SetText(kStatement + L"\r\n/* bloque */ CAST(1.5 AS INTEGER) ? #12/");
         window.Editor().SelectRange({7, 15});
         UpdateWindow(window.Editor().Handle());
-        EXPECT_TRUE(SavePicture(window.Handle(), std::wstring(folder) + L"\\editor" + std::to_wstring(dpi) + L".bmp"));
+        EXPECT_TRUE(SavePicture(window.Handle(),
+                                std::wstring(folder) + L"\\editor" + std::to_wstring(dpi) + L".bmp"));
     }
 }
 

@@ -10,8 +10,8 @@ namespace tessel::controls {
 
 namespace {
 
-// Icons are drawn four times too large and averaged, which gives smooth edges without a drawing library. A pixel that
-// nobody painted keeps this colour and counts as transparent; no icon uses it.
+// Icons are drawn four times too large and averaged, which gives smooth edges without a drawing library. A
+// pixel that nobody painted keeps this colour and counts as transparent; no icon uses it.
 constexpr int kOversampling = 4;
 constexpr COLORREF kUnpainted = RGB(1, 2, 3);
 
@@ -53,7 +53,9 @@ public:
 private:
     struct Pens {
         Pens(HDC dc, COLORREF fill, COLORREF line, int thickness)
-            : brush(CreateSolidBrush(fill)), pen(CreatePen(PS_SOLID, thickness, line)), brush_in(dc, brush.get()),
+            : brush(CreateSolidBrush(fill)),
+              pen(CreatePen(PS_SOLID, thickness, line)),
+              brush_in(dc, brush.get()),
               pen_in(dc, pen.get()) {}
         win32::UniqueBrush brush;
         win32::UniquePen pen;
@@ -90,7 +92,9 @@ void DrawGrid(const Canvas& canvas, COLORREF strong, COLORREF pale) {
     canvas.Fill(4, 19, 29, 20, strong);
 }
 
-void DrawTable(const Canvas& canvas) { DrawGrid(canvas, kBlue, kPaleBlue); }
+void DrawTable(const Canvas& canvas) {
+    DrawGrid(canvas, kBlue, kPaleBlue);
+}
 
 void DrawView(const Canvas& canvas) {
     DrawGrid(canvas, kGreen, kPaleGreen);
@@ -113,13 +117,20 @@ void DrawKey(const Canvas& canvas, COLORREF colour) {
 
 void Draw(BrowserIcon icon, const Canvas& canvas) {
     switch (icon) {
-        case BrowserIcon::Database: return DrawDatabase(canvas);
-        case BrowserIcon::Group: return DrawGroup(canvas);
-        case BrowserIcon::Table: return DrawTable(canvas);
-        case BrowserIcon::View: return DrawView(canvas);
-        case BrowserIcon::Field: return DrawField(canvas);
-        case BrowserIcon::PrimaryKey: return DrawKey(canvas, kGold);
-        case BrowserIcon::ForeignKey: return DrawKey(canvas, kGrey);
+        case BrowserIcon::Database:
+            return DrawDatabase(canvas);
+        case BrowserIcon::Group:
+            return DrawGroup(canvas);
+        case BrowserIcon::Table:
+            return DrawTable(canvas);
+        case BrowserIcon::View:
+            return DrawView(canvas);
+        case BrowserIcon::Field:
+            return DrawField(canvas);
+        case BrowserIcon::PrimaryKey:
+            return DrawKey(canvas, kGold);
+        case BrowserIcon::ForeignKey:
+            return DrawKey(canvas, kGrey);
     }
 }
 
@@ -141,7 +152,8 @@ struct PixelBitmap {
 };
 
 std::uint32_t Average(const std::uint32_t* pixels, int stride) {
-    constexpr std::uint32_t kEmpty = (GetRValue(kUnpainted) << 16) | (GetGValue(kUnpainted) << 8) | GetBValue(kUnpainted);
+    constexpr std::uint32_t kEmpty =
+        (GetRValue(kUnpainted) << 16) | (GetGValue(kUnpainted) << 8) | GetBValue(kUnpainted);
     std::uint32_t red = 0, green = 0, blue = 0, painted = 0;
     for (int y = 0; y < kOversampling; ++y) {
         for (int x = 0; x < kOversampling; ++x) {
@@ -185,7 +197,9 @@ win32::UniqueIcon MakeIcon(BrowserIcon icon, int size) {
 
 }  // namespace
 
-int BrowserIconSize(int dpi) { return win32::Scale(16, dpi); }
+int BrowserIconSize(int dpi) {
+    return win32::Scale(16, dpi);
+}
 
 HIMAGELIST MakeBrowserIcons(int dpi) {
     const int size = BrowserIconSize(dpi);

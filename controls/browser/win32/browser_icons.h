@@ -2,6 +2,7 @@
 #pragma once
 
 #include <windows.h>
+
 #include <commctrl.h>
 
 namespace tessel::controls {
@@ -12,7 +13,8 @@ inline constexpr int kBrowserIconCount = static_cast<int>(BrowserIcon::ForeignKe
 /// Edge of the icons in pixels.
 int BrowserIconSize(int dpi);
 
-/// An image list with the icons in the order of BrowserIcon; the caller destroys it. nullptr when Windows refuses.
+/// An image list with the icons in the order of BrowserIcon; the caller destroys it. nullptr when Windows
+/// refuses.
 HIMAGELIST MakeBrowserIcons(int dpi);
 
 }  // namespace tessel::controls

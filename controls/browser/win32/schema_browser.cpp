@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
@@ -22,14 +23,21 @@ constexpr int kItemPadding = 4;    // above and below the icon together, at 96 d
 constexpr int kIndent = 19;        // at 96 dpi
 
 constexpr const wchar_t* kSearchCue = L"Buscar…";
+constexpr const wchar_t* kSearchName = L"Buscar tablas y vistas";
+constexpr const wchar_t* kTreeName = L"Esquema";
 
-// What an item carries: its kind below, above it the index of the object or, for a field, of the field in its object.
+// What an item carries: its kind below, above it the index of the object or, for a field, of the field in its
+// object.
 constexpr int kKindBits = 3;
 LPARAM ItemData(BrowserItem::Kind kind, std::size_t index) {
     return static_cast<LPARAM>((index << kKindBits) | static_cast<std::size_t>(kind));
 }
-BrowserItem::Kind KindOf(LPARAM data) { return static_cast<BrowserItem::Kind>(data & ((1 << kKindBits) - 1)); }
-std::size_t IndexOf(LPARAM data) { return static_cast<std::size_t>(data) >> kKindBits; }
+BrowserItem::Kind KindOf(LPARAM data) {
+    return static_cast<BrowserItem::Kind>(data & ((1 << kKindBits) - 1));
+}
+std::size_t IndexOf(LPARAM data) {
+    return static_cast<std::size_t>(data) >> kKindBits;
+}
 
 bool IsObject(BrowserItem::Kind kind) {
     return kind == BrowserItem::Kind::Table || kind == BrowserItem::Kind::View;
@@ -65,8 +73,10 @@ SchemaBrowser::~SchemaBrowser() {
 
 bool SchemaBrowser::Create(HWND parent, int id, BrowserEvents* events) {
     events_ = events;
-    const win32::WindowClass window_class{L"TesselSchemaBrowser", 0, GetSysColorBrush(COLOR_WINDOW), IDC_ARROW};
-    if (!CreateWindowOf(window_class, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, parent, id))
+    const win32::WindowClass window_class{L"TesselSchemaBrowser", 0, GetSysColorBrush(COLOR_WINDOW),
+                                          IDC_ARROW};
+    if (!CreateWindowOf(window_class, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT,
+                        parent, id))
         return false;
     if (!OnCreate()) {
         Destroy();
@@ -77,16 +87,19 @@ bool SchemaBrowser::Create(HWND parent, int id, BrowserEvents* events) {
 
 bool SchemaBrowser::OnCreate() {
     const HINSTANCE module = win32::ThisModule();
-    search_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_EDITW, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, 0,
-                              0, 0, 0, Handle(), reinterpret_cast<HMENU>(INT_PTR{kIdSearch}), module, nullptr);
-    constexpr DWORD kTreeStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | TVS_HASBUTTONS | TVS_LINESATROOT |
-                                 TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP;
+    search_ =
+        CreateWindowExW(WS_EX_CLIENTEDGE, WC_EDITW, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL,
+                        0, 0, 0, 0, Handle(), reinterpret_cast<HMENU>(INT_PTR{kIdSearch}), module, nullptr);
+    constexpr DWORD kTreeStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | TVS_HASBUTTONS |
+                                 TVS_LINESATROOT | TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP;
     tree_ = CreateWindowExW(0, WC_TREEVIEWW, L"", kTreeStyle, 0, 0, 0, 0, Handle(),
                             reinterpret_cast<HMENU>(INT_PTR{kIdTree}), module, nullptr);
     if (!search_ || !tree_) return false;
     for (HWND child : {search_, tree_})
         if (!SetWindowSubclass(child, ChildProcedure, 1, reinterpret_cast<DWORD_PTR>(this))) return false;
     SendMessageW(search_, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(kSearchCue));
+    win32::SetAccessibleName(search_, kSearchName);
+    win32::SetAccessibleName(tree_, kTreeName);
     SetWindowTheme(tree_, L"Explorer", nullptr);
     TreeView_SetExtendedStyle(tree_, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
     OnDpiChanged(win32::DpiOf(Handle()));
@@ -134,8 +147,8 @@ void SchemaBrowser::Layout() {
     MoveWindow(tree_, 0, top, client.right, client.bottom > top ? client.bottom - top : 0, TRUE);
 }
 
-HTREEITEM SchemaBrowser::AddItem(HTREEITEM parent, HTREEITEM after, const std::wstring& text, BrowserIcon icon,
-                                 LPARAM data, bool has_children) const {
+HTREEITEM SchemaBrowser::AddItem(HTREEITEM parent, HTREEITEM after, const std::wstring& text,
+                                 BrowserIcon icon, LPARAM data, bool has_children) const {
     std::wstring buffer = text;
     TVINSERTSTRUCTW insert{};
     insert.hParent = parent;
@@ -167,7 +180,8 @@ void SchemaBrowser::FillTree() {
             TreeView_Expand(tree_, object_items_[object], TVE_EXPAND);
     bool found = false;
     if (had_selection && IsObject(selected.kind)) found = SelectItem(selected.name);
-    if (had_selection && selected.kind == BrowserItem::Kind::Field) found = SelectItem(selected.table, selected.name);
+    if (had_selection && selected.kind == BrowserItem::Kind::Field)
+        found = SelectItem(selected.table, selected.name);
     if (!found) {
         TreeView_SelectItem(tree_, root);
         TreeView_EnsureVisible(tree_, root);
@@ -181,14 +195,16 @@ void SchemaBrowser::FillTree() {
     }
 }
 
-/// Adds a group with its objects behind a sibling; a group without objects is left out. Answers the last group there.
+/// Adds a group with its objects behind a sibling; a group without objects is left out. Answers the last
+/// group there.
 HTREEITEM SchemaBrowser::FillGroup(schema::ObjectKind kind, HTREEITEM after) {
     const bool views = kind == schema::ObjectKind::View;
     const std::vector<std::size_t>& objects = views ? model_.Views() : model_.Tables();
     if (objects.empty()) return after;
     const BrowserIcon icon = views ? BrowserIcon::View : BrowserIcon::Table;
-    const HTREEITEM group = AddItem(TreeView_GetRoot(tree_), after, model_.GroupCaption(kind), BrowserIcon::Group,
-                                    ItemData(BrowserItem::Kind::Group, static_cast<std::size_t>(kind)), true);
+    const HTREEITEM group =
+        AddItem(TreeView_GetRoot(tree_), after, model_.GroupCaption(kind), BrowserIcon::Group,
+                ItemData(BrowserItem::Kind::Group, static_cast<std::size_t>(kind)), true);
     HTREEITEM last = nullptr;
     for (std::size_t object : objects) {
         const BrowserItem item = model_.ItemOfObject(object);
@@ -226,19 +242,23 @@ BrowserItem SchemaBrowser::Describe(HTREEITEM item) const {
     const LPARAM data = DataOf(item);
     switch (KindOf(data)) {
         case BrowserItem::Kind::Table:
-        case BrowserItem::Kind::View: return model_.ItemOfObject(IndexOf(data));
+        case BrowserItem::Kind::View:
+            return model_.ItemOfObject(IndexOf(data));
         case BrowserItem::Kind::Field:
             return model_.ItemOfField(IndexOf(DataOf(TreeView_GetParent(tree_, item))), IndexOf(data));
         case BrowserItem::Kind::Group:
-            return {BrowserItem::Kind::Group, model_.GroupCaption(static_cast<schema::ObjectKind>(IndexOf(data))), L""};
-        default: return {BrowserItem::Kind::Root, model_.Caption(), L""};
+            return {BrowserItem::Kind::Group,
+                    model_.GroupCaption(static_cast<schema::ObjectKind>(IndexOf(data))), L""};
+        default:
+            return {BrowserItem::Kind::Root, model_.Caption(), L""};
     }
 }
 
 std::vector<std::size_t> SchemaBrowser::ExpandedObjects() const {
     std::vector<std::size_t> expanded;
     for (std::size_t i = 0; i < object_items_.size(); ++i)
-        if (object_items_[i] && (TreeView_GetItemState(tree_, object_items_[i], TVIS_EXPANDED) & TVIS_EXPANDED))
+        if (object_items_[i] &&
+            (TreeView_GetItemState(tree_, object_items_[i], TVIS_EXPANDED) & TVIS_EXPANDED))
             expanded.push_back(i);
     return expanded;
 }

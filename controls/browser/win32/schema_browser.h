@@ -1,11 +1,12 @@
-// schemaView: the window of the schema browser, a search box above a tree of tables, views and fields. Owns the two
-// child windows, their layout, the icons and the lazy opening of objects. What the tree holds is browser_model.h's
-// business; what a gesture means is decided by whoever listens.
+// schemaView: the window of the schema browser, a search box above a tree of tables, views and fields. Owns
+// the two child windows, their layout, the icons and the lazy opening of objects. What the tree holds is
+// browser_model.h's business; what a gesture means is decided by whoever listens.
 //
 // The parent has nothing to forward: the children report to this window.
 #pragma once
 
 #include <windows.h>
+
 #include <commctrl.h>
 
 #include <string>
@@ -26,7 +27,8 @@ public:
     virtual void OnBrowserActivated(const BrowserItem& item) = 0;
     /// Another item is selected, or nullptr when none is.
     virtual void OnBrowserSelected(const BrowserItem* item) { (void)item; }
-    /// Right click, Shift+F10 or the menu key on an item, which is selected by then. `screen` is where a menu belongs.
+    /// Right click, Shift+F10 or the menu key on an item, which is selected by then. `screen` is where a menu
+    /// belongs.
     virtual void OnBrowserContextMenu(const BrowserItem& item, POINT screen) {
         (void)item;
         (void)screen;
@@ -39,8 +41,8 @@ public:
 
     /// Creates the browser without size. `events` may be nullptr and must outlive it.
     bool Create(HWND parent, int id, BrowserEvents* events);
-    /// Shows a schema under a root of that caption; nullptr shows the root alone. Not owned, must outlive the window
-    /// or be replaced by another Load.
+    /// Shows a schema under a root of that caption; nullptr shows the root alone. Not owned, must outlive the
+    /// window or be replaced by another Load.
     void Load(const schema::Schema* schema, std::wstring_view caption);
 
     HWND Tree() const { return tree_; }
@@ -48,7 +50,8 @@ public:
 
     /// Fills `item` with what is selected; false when nothing is.
     bool SelectedItem(BrowserItem& item) const;
-    /// Selects an object, or one of its fields, and scrolls to it. False when it is not there or filtered away.
+    /// Selects an object, or one of its fields, and scrolls to it. False when it is not there or filtered
+    /// away.
     bool SelectItem(std::wstring_view object, std::wstring_view field = L"");
 
     void OnDpiChanged(int dpi);
@@ -69,8 +72,8 @@ private:
     HTREEITEM FillGroup(schema::ObjectKind kind, HTREEITEM after);
     /// Adds the fields below an object that has none yet; other items stay as they are.
     void FillFields(HTREEITEM object_item);
-    HTREEITEM AddItem(HTREEITEM parent, HTREEITEM after, const std::wstring& text, BrowserIcon icon, LPARAM data,
-                      bool has_children) const;
+    HTREEITEM AddItem(HTREEITEM parent, HTREEITEM after, const std::wstring& text, BrowserIcon icon,
+                      LPARAM data, bool has_children) const;
     BrowserItem Describe(HTREEITEM item) const;
     LPARAM DataOf(HTREEITEM item) const;
     HTREEITEM ItemUnderPointer() const;

@@ -1,6 +1,7 @@
 // What the user does in the schema browser: messages of the browser and of its two children.
 #include <windowsx.h>
 
+#include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
 #include "controls/browser/win32/schema_browser.h"
 
@@ -11,16 +12,22 @@ namespace {
 constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT of newer headers
 
 bool IsKey(const MSG* message, WPARAM key) {
-    return message && (message->message == WM_KEYDOWN || message->message == WM_CHAR) && message->wParam == key;
+    return message && (message->message == WM_KEYDOWN || message->message == WM_CHAR) &&
+           message->wParam == key;
 }
 
 }  // namespace
 
 LRESULT SchemaBrowser::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
-        case WM_SIZE: Layout(); return 0;
-        case WM_SETFOCUS: SetFocus(tree_); return 0;
-        case WM_NOTIFY: return OnNotify(reinterpret_cast<NMHDR*>(lparam));
+        case WM_SIZE:
+            Layout();
+            return 0;
+        case WM_SETFOCUS:
+            SetFocus(tree_);
+            return 0;
+        case WM_NOTIFY:
+            return OnNotify(reinterpret_cast<NMHDR*>(lparam));
         case WM_COMMAND:
             if (reinterpret_cast<HWND>(lparam) == search_ && HIWORD(wparam) == EN_CHANGE) OnSearchChanged();
             return 0;
@@ -28,8 +35,11 @@ LRESULT SchemaBrowser::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             if (reinterpret_cast<HWND>(wparam) != tree_) break;
             OnContextMenu({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
             return 0;
-        case kDpiChangedAfterParent: OnDpiChanged(win32::DpiOf(Handle())); return 0;
-        default: break;
+        case kDpiChangedAfterParent:
+            OnDpiChanged(win32::DpiOf(Handle()));
+            return 0;
+        default:
+            break;
     }
     return Window::OnMessage(message, wparam, lparam);
 }
@@ -66,7 +76,8 @@ LRESULT SchemaBrowser::OnNotify(NMHDR* header) {
         case NM_RCLICK:
             if (const HTREEITEM item = ItemUnderPointer()) TreeView_SelectItem(tree_, item);
             return 0;
-        default: return 0;
+        default:
+            return 0;
     }
 }
 
@@ -107,7 +118,8 @@ void SchemaBrowser::OnContextMenu(POINT screen) {
 
 void SchemaBrowser::OnSearchChanged() {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(search_)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(search_, text.data(), static_cast<int>(text.size()))));
+    text.resize(
+        static_cast<std::size_t>(GetWindowTextW(search_, text.data(), static_cast<int>(text.size()))));
     // What is selected and open is read off the tree while the model still has the objects that it shows.
     if (model_.SetFilter(text)) FillTree();
 }
@@ -131,10 +143,11 @@ bool SchemaBrowser::OnSearchKey(WPARAM key) {
     return true;
 }
 
-LRESULT CALLBACK SchemaBrowser::ChildProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
-                                               DWORD_PTR data) {
+LRESULT CALLBACK SchemaBrowser::ChildProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam,
+                                               UINT_PTR id, DWORD_PTR data) {
     auto* self = reinterpret_cast<SchemaBrowser*>(data);
     if (message == WM_NCDESTROY) {
+        win32::ClearAccessibleName(hwnd);
         RemoveWindowSubclass(hwnd, ChildProcedure, id);
         (hwnd == self->tree_ ? self->tree_ : self->search_) = nullptr;
         return DefSubclassProc(hwnd, message, wparam, lparam);
@@ -158,7 +171,8 @@ LRESULT SchemaBrowser::OnTreeMessage(UINT message, WPARAM wparam, LPARAM lparam)
             // The tree would look for an item that begins with the character of Enter, and beep.
             if (wparam == VK_RETURN) return 0;
             break;
-        default: break;
+        default:
+            break;
     }
     return DefSubclassProc(tree_, message, wparam, lparam);
 }
@@ -177,7 +191,8 @@ LRESULT SchemaBrowser::OnSearchMessage(UINT message, WPARAM wparam, LPARAM lpara
         case WM_CHAR:
             if (wparam == VK_RETURN || wparam == VK_ESCAPE) return 0;
             break;
-        default: break;
+        default:
+            break;
     }
     return DefSubclassProc(search_, message, wparam, lparam);
 }

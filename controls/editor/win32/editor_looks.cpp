@@ -15,7 +15,9 @@ constexpr int kGapMargin = 1;
 constexpr DWORD kLargestIniFile = 1 << 20;
 
 // The component's colours have red in the lowest byte, as COLORREF has.
-sptr_t ColourValue(std::uint32_t rgb) { return RGB((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF); }
+sptr_t ColourValue(std::uint32_t rgb) {
+    return RGB((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF);
+}
 
 bool IsHighContrast() {
     HIGHCONTRASTW contrast{};
@@ -53,8 +55,8 @@ void ApplyLook(const ScintillaCalls& editor, int style, const StyleLook& look, b
 }  // namespace
 
 ColouringDefinition LoadColouring(const std::wstring& ini_path) {
-    const HANDLE file = CreateFileW(ini_path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
+    const HANDLE file = CreateFileW(ini_path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) return BuiltInColouring();
     std::string bytes;
     DWORD got = 0;
@@ -95,15 +97,16 @@ void FitNumberMargin(const ScintillaCalls& editor, int dpi) {
     editor.Send(SCI_SETMARGINWIDTHN, kGapMargin, win32::Scale(kGap, dpi));
 }
 
-// Each line keeps the lexer's state at its end, so the state at a line's start is the line before's. The component
-// forgets colours from the first changed byte on, hence the states before it are still right.
+// Each line keeps the lexer's state at its end, so the state at a line's start is the line before's. The
+// component forgets colours from the first changed byte on, hence the states before it are still right.
 void ColourUpTo(const ScintillaCalls& editor, const SqlWords& words, sptr_t end) {
     const sptr_t uncoloured = editor.Send(SCI_GETENDSTYLED);
     const sptr_t length = editor.Send(SCI_GETLENGTH);
     sptr_t line = editor.Send(SCI_LINEFROMPOSITION, static_cast<uptr_t>(uncoloured));
     const sptr_t begin = editor.Send(SCI_POSITIONFROMLINE, static_cast<uptr_t>(line));
     sql::LexerState state;
-    if (line > 0) state = UnpackState(static_cast<int>(editor.Send(SCI_GETLINESTATE, static_cast<uptr_t>(line - 1))));
+    if (line > 0)
+        state = UnpackState(static_cast<int>(editor.Send(SCI_GETLINESTATE, static_cast<uptr_t>(line - 1))));
     std::string styles;
     for (sptr_t at = begin; at < std::min(end, length); ++line) {
         const sptr_t next = editor.Send(SCI_POSITIONFROMLINE, static_cast<uptr_t>(line + 1));

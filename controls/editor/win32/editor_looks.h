@@ -1,5 +1,5 @@
-// Puts a colouring definition on the editing component: fonts and colours of the styles, the margin, and the styles of
-// a stretch of text. No state of its own beyond what the component keeps with its lines.
+// Puts a colouring definition on the editing component: fonts and colours of the styles, the margin, and the
+// styles of a stretch of text. No state of its own beyond what the component keeps with its lines.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,8 @@ namespace tessel::controls {
 /// The definition in the file, or the built-in one when it cannot be read.
 ColouringDefinition LoadColouring(const std::wstring& ini_path);
 
-/// Sets fonts and colours. `scale_percent` enlarges the fonts beyond what the component does for its window's dpi.
+/// Sets fonts and colours. `scale_percent` enlarges the fonts beyond what the component does for its window's
+/// dpi.
 void ApplyLooks(const ScintillaCalls& editor, const ColouringDefinition& definition, int scale_percent);
 
 /// Makes the number margin as wide as the last line's number, at least two digits.

@@ -6,13 +6,27 @@ namespace tessel::controls {
 
 namespace {
 
-bool IsAlways(const ScintillaCalls&) { return true; }
-bool IsWritable(const ScintillaCalls& editor) { return !editor.Send(SCI_GETREADONLY); }
-bool HasSelection(const ScintillaCalls& editor) { return !editor.Send(SCI_GETSELECTIONEMPTY); }
-bool CanChangeSelection(const ScintillaCalls& editor) { return IsWritable(editor) && HasSelection(editor); }
-bool CanUndo(const ScintillaCalls& editor) { return IsWritable(editor) && editor.Send(SCI_CANUNDO); }
-bool CanRedo(const ScintillaCalls& editor) { return IsWritable(editor) && editor.Send(SCI_CANREDO); }
-bool CanPaste(const ScintillaCalls& editor) { return editor.Send(SCI_CANPASTE) != 0; }
+bool IsAlways(const ScintillaCalls&) {
+    return true;
+}
+bool IsWritable(const ScintillaCalls& editor) {
+    return !editor.Send(SCI_GETREADONLY);
+}
+bool HasSelection(const ScintillaCalls& editor) {
+    return !editor.Send(SCI_GETSELECTIONEMPTY);
+}
+bool CanChangeSelection(const ScintillaCalls& editor) {
+    return IsWritable(editor) && HasSelection(editor);
+}
+bool CanUndo(const ScintillaCalls& editor) {
+    return IsWritable(editor) && editor.Send(SCI_CANUNDO);
+}
+bool CanRedo(const ScintillaCalls& editor) {
+    return IsWritable(editor) && editor.Send(SCI_CANREDO);
+}
+bool CanPaste(const ScintillaCalls& editor) {
+    return editor.Send(SCI_CANPASTE) != 0;
+}
 
 struct Command {
     const wchar_t* caption;  ///< nullptr is a separator
@@ -37,9 +51,9 @@ POINT CaretOnScreen(HWND hwnd, const ScintillaCalls& editor) {
     const auto line = static_cast<uptr_t>(editor.Send(SCI_LINEFROMPOSITION, static_cast<uptr_t>(position)));
     RECT client{};
     GetClientRect(hwnd, &client);
-    const sptr_t below =
-        editor.Send(SCI_POINTYFROMPOSITION, 0, position) + editor.Send(SCI_TEXTHEIGHT, line);
-    POINT point{static_cast<LONG>(editor.Send(SCI_POINTXFROMPOSITION, 0, position)), static_cast<LONG>(below)};
+    const sptr_t below = editor.Send(SCI_POINTYFROMPOSITION, 0, position) + editor.Send(SCI_TEXTHEIGHT, line);
+    POINT point{static_cast<LONG>(editor.Send(SCI_POINTXFROMPOSITION, 0, position)),
+                static_cast<LONG>(below)};
     if (!PtInRect(&client, point)) point = {0, 0};
     ClientToScreen(hwnd, &point);
     return point;
@@ -56,8 +70,8 @@ void ShowEditorMenu(HWND hwnd, const ScintillaCalls& editor, POINT screen) {
         AppendMenuW(menu.get(), flags, command.message, command.caption);
     }
     if (screen.x == -1 && screen.y == -1) screen = CaretOnScreen(hwnd, editor);
-    const BOOL chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, screen.x, screen.y,
-                                       0, hwnd, nullptr);
+    const BOOL chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, screen.x,
+                                       screen.y, 0, hwnd, nullptr);
     if (chosen && IsWindow(hwnd)) editor.Send(static_cast<unsigned>(chosen));
 }
 

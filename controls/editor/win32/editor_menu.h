@@ -7,8 +7,8 @@
 
 namespace tessel::controls {
 
-/// Shows the menu and carries out what was chosen. `screen` {-1, -1} means "asked for by the keyboard": the menu then
-/// opens at the caret.
+/// Shows the menu and carries out what was chosen. `screen` {-1, -1} means "asked for by the keyboard": the
+/// menu then opens at the caret.
 void ShowEditorMenu(HWND hwnd, const ScintillaCalls& editor, POINT screen);
 
 }  // namespace tessel::controls

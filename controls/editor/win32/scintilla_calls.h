@@ -1,5 +1,5 @@
-// Calls into the editing component without the message queue: the component hands out a function and an object for its
-// window, which are good on the window's own thread.
+// Calls into the editing component without the message queue: the component hands out a function and an
+// object for its window, which are good on the window's own thread.
 #pragma once
 
 #include <windows.h>
@@ -35,8 +35,8 @@ public:
     }
     /// A stretch of it, without moving anything.
     std::string_view Bytes(sptr_t begin, sptr_t end) const {
-        const auto* bytes = reinterpret_cast<const char*>(
-            Send(SCI_GETRANGEPOINTER, static_cast<uptr_t>(begin), end - begin));
+        const auto* bytes =
+            reinterpret_cast<const char*>(Send(SCI_GETRANGEPOINTER, static_cast<uptr_t>(begin), end - begin));
         return bytes ? std::string_view(bytes, static_cast<std::size_t>(end - begin)) : std::string_view();
     }
 

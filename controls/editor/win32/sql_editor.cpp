@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
 #include "common/win32/module.h"
 #include "controls/editor/editor_text.h"
@@ -20,17 +21,23 @@ namespace {
 
 constexpr UINT_PTR kSubclassId = 1;
 constexpr int kTabWidth = 4;
+constexpr const wchar_t* kAccessibleName = L"Consulta SQL";
 constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT of newer headers
 
 bool g_classes_registered = false;
 
-bool IsDown(int key) { return GetKeyState(key) < 0; }
+bool IsDown(int key) {
+    return GetKeyState(key) < 0;
+}
 
-// The component gives these keys editing commands that nobody expects of a text box; Ctrl+L would delete the line.
+// The component gives these keys editing commands that nobody expects of a text box; Ctrl+L would delete the
+// line.
 constexpr int kKeysWithoutCommand[] = {'D', 'L', 'T', 'U'};
 
 /// A character that a key with Ctrl produces and that is no text.
-bool IsControlCharacter(WPARAM ch) { return ch < 32 || ch == 127; }
+bool IsControlCharacter(WPARAM ch) {
+    return ch < 32 || ch == 127;
+}
 
 }  // namespace
 
@@ -56,7 +63,8 @@ public:
     void ApplyDpi(int dpi);
     void SetText(std::wstring_view text);
     bool HandleNotify(const SCNotification& notification);
-    static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR, DWORD_PTR data);
+    static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
+                                      DWORD_PTR data);
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT DialogCode(const MSG* key) const;
     void MoveFocus(bool back) const;
@@ -74,8 +82,9 @@ bool SqlEditor::Impl::Create(HWND parent, int id, const std::wstring& ini_path, 
     if (hwnd_ || !RegisterEditorClasses()) return false;
     events_ = events;
     definition_ = LoadColouring(ini_path);
-    hwnd_ = CreateWindowExW(0, L"Scintilla", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN, 0, 0, 0, 0,
-                            parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), win32::ThisModule(), nullptr);
+    hwnd_ = CreateWindowExW(0, L"Scintilla", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN, 0, 0,
+                            0, 0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                            win32::ThisModule(), nullptr);
     if (!hwnd_) return false;
     editor_ = ScintillaCalls(hwnd_);
     if (!editor_ || !SetWindowSubclass(hwnd_, Procedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this))) {
@@ -84,6 +93,7 @@ bool SqlEditor::Impl::Create(HWND parent, int id, const std::wstring& ini_path, 
         editor_ = {};
         return false;
     }
+    win32::SetAccessibleName(hwnd_, kAccessibleName);
     SetOptions();
     ApplyDpi(win32::DpiOf(hwnd_));
     return true;
@@ -116,7 +126,8 @@ void SqlEditor::Impl::ApplyDpi(int dpi) {
     ApplyLooks(editor_, definition_, MulDiv(100, dpi, win32::DpiOf(hwnd_)));
     DWORD caret_width = 1;
     SystemParametersInfoW(SPI_GETCARETWIDTH, 0, &caret_width, 0);
-    editor_.Send(SCI_SETCARETWIDTH, static_cast<uptr_t>(std::max(1, win32::Scale(static_cast<int>(caret_width), dpi))));
+    editor_.Send(SCI_SETCARETWIDTH,
+                 static_cast<uptr_t>(std::max(1, win32::Scale(static_cast<int>(caret_width), dpi))));
     FitNumberMargin(editor_, dpi);
 }
 
@@ -141,13 +152,18 @@ void SqlEditor::Impl::SetText(std::wstring_view text) {
 
 bool SqlEditor::Impl::HandleNotify(const SCNotification& notification) {
     switch (notification.nmhdr.code) {
-        case SCN_STYLENEEDED: ColourUpTo(editor_, definition_.words, notification.position); break;
-        case SCN_ZOOM: FitNumberMargin(editor_, dpi_); break;
+        case SCN_STYLENEEDED:
+            ColourUpTo(editor_, definition_.words, notification.position);
+            break;
+        case SCN_ZOOM:
+            FitNumberMargin(editor_, dpi_);
+            break;
         case SCN_MODIFIED:
             if (notification.linesAdded != 0) FitNumberMargin(editor_, dpi_);
             if (events_ && !setting_text_) events_->OnEditorTextChanged();
             break;
-        default: break;
+        default:
+            break;
     }
     return true;
 }
@@ -169,7 +185,8 @@ LRESULT CALLBACK SqlEditor::Impl::Procedure(HWND hwnd, UINT message, WPARAM wpar
 
 LRESULT SqlEditor::Impl::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
-        case WM_GETDLGCODE: return DialogCode(reinterpret_cast<const MSG*>(lparam));
+        case WM_GETDLGCODE:
+            return DialogCode(reinterpret_cast<const MSG*>(lparam));
         case WM_KEYDOWN:
             if (wparam == VK_TAB && IsDown(VK_CONTROL)) {
                 MoveFocus(IsDown(VK_SHIFT));
@@ -177,12 +194,13 @@ LRESULT SqlEditor::Impl::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             }
             break;
         case WM_CHAR:
-            // Ctrl with a key that has no command would write a control character into the statement. Tab and Enter
-            // do their work on the key itself.
+            // Ctrl with a key that has no command would write a control character into the statement. Tab and
+            // Enter do their work on the key itself.
             if (IsControlCharacter(wparam)) return 0;
             break;
         case WM_CONTEXTMENU:
-            ShowEditorMenu(hwnd_, editor_, {static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))});
+            ShowEditorMenu(hwnd_, editor_,
+                           {static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))});
             return 0;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE: {
@@ -195,7 +213,8 @@ LRESULT SqlEditor::Impl::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             ApplyDpi(win32::DpiOf(hwnd_));
             return result;
         }
-        default: break;
+        default:
+            break;
     }
     return DefSubclassProc(hwnd_, message, wparam, lparam);
 }
@@ -213,6 +232,7 @@ void SqlEditor::Impl::MoveFocus(bool back) const {
 }
 
 void SqlEditor::Impl::OnDestroyed() {
+    win32::ClearAccessibleName(hwnd_);
     RemoveWindowSubclass(hwnd_, Procedure, kSubclassId);
     hwnd_ = nullptr;
     editor_ = {};
@@ -225,9 +245,13 @@ bool SqlEditor::Create(HWND parent, int id, const std::wstring& ini_path, SqlEdi
     return impl_->Create(parent, id, ini_path, events);
 }
 
-HWND SqlEditor::Handle() const { return impl_->hwnd_; }
+HWND SqlEditor::Handle() const {
+    return impl_->hwnd_;
+}
 
-std::wstring SqlEditor::Text() const { return FromEditorBytes(impl_->editor_.Bytes()); }
+std::wstring SqlEditor::Text() const {
+    return FromEditorBytes(impl_->editor_.Bytes());
+}
 
 void SqlEditor::SetText(std::wstring_view text) {
     if (impl_->hwnd_) impl_->SetText(text);
@@ -256,11 +280,21 @@ TextRange SqlEditor::Selection() const {
     return {UnitsInBytes(bytes.substr(0, begin)), UnitsInBytes(bytes.substr(begin, end - begin))};
 }
 
-void SqlEditor::SetReadOnly(bool read_only) { impl_->editor_.Send(SCI_SETREADONLY, read_only); }
-bool SqlEditor::CanUndo() const { return impl_->editor_.Send(SCI_CANUNDO) != 0; }
-bool SqlEditor::CanRedo() const { return impl_->editor_.Send(SCI_CANREDO) != 0; }
-void SqlEditor::Undo() { impl_->editor_.Send(SCI_UNDO); }
-void SqlEditor::Redo() { impl_->editor_.Send(SCI_REDO); }
+void SqlEditor::SetReadOnly(bool read_only) {
+    impl_->editor_.Send(SCI_SETREADONLY, read_only);
+}
+bool SqlEditor::CanUndo() const {
+    return impl_->editor_.Send(SCI_CANUNDO) != 0;
+}
+bool SqlEditor::CanRedo() const {
+    return impl_->editor_.Send(SCI_CANREDO) != 0;
+}
+void SqlEditor::Undo() {
+    impl_->editor_.Send(SCI_UNDO);
+}
+void SqlEditor::Redo() {
+    impl_->editor_.Send(SCI_REDO);
+}
 
 void SqlEditor::OnDpiChanged(int dpi) {
     if (impl_->hwnd_ && dpi > 0) impl_->ApplyDpi(dpi);
@@ -271,7 +305,8 @@ bool SqlEditor::HandleNotify(NMHDR* header) {
     try {
         return impl_->HandleNotify(*reinterpret_cast<const SCNotification*>(header));
     } catch (...) {
-        // The component's frames lie between here and the next guard, and they are no place for our exceptions.
+        // The component's frames lie between here and the next guard, and they are no place for our
+        // exceptions.
         return true;
     }
 }

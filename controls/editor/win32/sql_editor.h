@@ -1,13 +1,15 @@
-// edtSQL: the window of the SQL editor, a wrapper of the Scintilla component. Owns the component's window, its options,
-// the line-number margin, the Spanish context menu and the traffic between UTF-16 texts and the component's bytes. What
-// is coloured how is decided in sql_colouring.h with the definition that sql_ini.h reads; this file only applies it.
+// edtSQL: the window of the SQL editor, a wrapper of the Scintilla component. Owns the component's window,
+// its options, the line-number margin, the Spanish context menu and the traffic between UTF-16 texts and the
+// component's bytes. What is coloured how is decided in sql_colouring.h with the definition that sql_ini.h
+// reads; this file only applies it.
 //
-// The window reports to its parent by WM_NOTIFY, as the component does. Whoever is the parent forwards these messages:
+// The window reports to its parent by WM_NOTIFY, as the component does. Whoever is the parent forwards these
+// messages:
 //
 //   case WM_NOTIFY: if (editor_.HandleNotify(reinterpret_cast<NMHDR*>(lparam))) return 0;
 //
-// Text comes back exactly as it was set: mixed line ends, NUL characters and lone surrogates included. Tab writes a
-// tab; Ctrl+Tab moves the focus on; Esc is the dialog's.
+// Text comes back exactly as it was set: mixed line ends, NUL characters and lone surrogates included. Tab
+// writes a tab; Ctrl+Tab moves the focus on; Esc is the dialog's.
 #pragma once
 
 #include <windows.h>
@@ -34,13 +36,14 @@ public:
     SqlEditor(const SqlEditor&) = delete;
     SqlEditor& operator=(const SqlEditor&) = delete;
 
-    /// Creates the window without size and reads the colouring definition; a missing file means the built-in one.
-    /// `events` may be nullptr and must outlive the editor.
+    /// Creates the window without size and reads the colouring definition; a missing file means the built-in
+    /// one. `events` may be nullptr and must outlive the editor.
     bool Create(HWND parent, int id, const std::wstring& ini_path, SqlEditorEvents* events);
     HWND Handle() const;
 
     std::wstring Text() const;
-    /// Replaces the whole text as one undoable step, with the caret at the start. The same text again changes nothing.
+    /// Replaces the whole text as one undoable step, with the caret at the start. The same text again changes
+    /// nothing.
     void SetText(std::wstring_view text);
     /// Colours and paints everything again.
     void Refresh();
@@ -66,9 +69,11 @@ private:
     std::unique_ptr<Impl> impl_;
 };
 
-/// Registers the component's window classes; SqlEditor::Create does it on first use. False when Windows refuses.
+/// Registers the component's window classes; SqlEditor::Create does it on first use. False when Windows
+/// refuses.
 bool RegisterEditorClasses();
-/// Unregisters them, with what the component holds. Call before the library may be unloaded, with no editor left.
+/// Unregisters them, with what the component holds. Call before the library may be unloaded, with no editor
+/// left.
 void ReleaseEditorClasses();
 
 }  // namespace tessel::controls

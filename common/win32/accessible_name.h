@@ -1,0 +1,15 @@
+// The name under which assistive programs announce a window of a standard class that has no caption of its
+// own.
+#pragma once
+
+#include <windows.h>
+
+namespace tessel::win32 {
+
+/// Gives the window that name; replaces an earlier one. Does nothing where the system has no such service.
+void SetAccessibleName(HWND hwnd, const wchar_t* name);
+
+/// Takes the name away again; call while the window is being destroyed, since the system keeps it by handle.
+void ClearAccessibleName(HWND hwnd);
+
+}  // namespace tessel::win32
