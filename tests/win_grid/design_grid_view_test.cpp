@@ -243,6 +243,15 @@ TEST_F(GridTest, PaintsWithAndWithoutContents) {
     EXPECT_TRUE(view_.State().Layout().Columns().empty());
 }
 
+TEST_F(GridTest, WorksWithoutVisualStyles) {
+    FillGrid();
+    SetWindowTheme(view_.Handle(), L" ", L" ");
+    frame_.Pump();
+    ClickCell(GridRow::Orden, 1);
+    EXPECT_TRUE(IsOn(GridRow::Orden, 1));
+    SavePicture(frame_.Handle(), "grid_classic");
+}
+
 TEST_F(GridTest, DestroyedWindowLeavesAnObjectOnWhichCallsAreHarmless) {
     view_.BeginEdit(GridRow::Campo, 0);
     DestroyWindow(view_.Handle());

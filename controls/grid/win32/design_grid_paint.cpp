@@ -34,22 +34,6 @@ bool IsHighContrast() {
            (contrast.dwFlags & HCF_HIGHCONTRASTON);
 }
 
-struct Colours {
-    explicit Colours(HWND hwnd) {
-        if (!IsWindowEnabled(hwnd)) text = face_text = GetSysColor(COLOR_GRAYTEXT);
-    }
-
-    COLORREF window = GetSysColor(COLOR_WINDOW);
-    COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
-    COLORREF face = GetSysColor(COLOR_BTNFACE);
-    COLORREF face_text = GetSysColor(COLOR_BTNTEXT);
-    COLORREF accent = GetSysColor(COLOR_HIGHLIGHT);
-    COLORREF accent_text = GetSysColor(COLOR_HIGHLIGHTTEXT);
-    COLORREF line = win32::Blend(window, text, kLinePart);
-    COLORREF face_line = win32::Blend(face, face_text, kLinePart);
-    bool high_contrast = IsHighContrast();
-};
-
 void FillRight(HDC dc, const RECT& rect, int thickness, COLORREF colour) {
     win32::FillSolid(dc, {rect.right - thickness, rect.top, rect.right, rect.bottom}, colour);
 }
@@ -82,10 +66,27 @@ private:
 
 }  // namespace
 
+/// The colours of one painting.
+struct GridColours {
+    explicit GridColours(HWND hwnd) {
+        if (!IsWindowEnabled(hwnd)) text = face_text = GetSysColor(COLOR_GRAYTEXT);
+    }
+
+    COLORREF window = GetSysColor(COLOR_WINDOW);
+    COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    COLORREF face = GetSysColor(COLOR_BTNFACE);
+    COLORREF face_text = GetSysColor(COLOR_BTNTEXT);
+    COLORREF accent = GetSysColor(COLOR_HIGHLIGHT);
+    COLORREF accent_text = GetSysColor(COLOR_HIGHLIGHTTEXT);
+    COLORREF line = win32::Blend(window, text, kLinePart);
+    COLORREF face_line = win32::Blend(face, face_text, kLinePart);
+    bool high_contrast = IsHighContrast();
+};
+
 void DesignGridView::OnPaint() {
     win32::BufferedPaint paint(Handle());
     const HDC dc = paint.Dc();
-    const Colours colours(Handle());
+    const GridColours colours(Handle());
     const GridLayout& layout = state_.Layout();
     win32::FillSolid(dc, paint.Client(), colours.window);
     const win32::Selected font(dc, font_.get());
@@ -96,23 +97,23 @@ void DesignGridView::OnPaint() {
         for (std::size_t i = range.first; grid_ && i < range.last; ++i)
             for (const GridRow row : model::kGridRows) {
                 const int column = layout.Columns()[i].column;
-                PaintCell(dc, layout.CellRect(row, column), row, column);
+                PaintCell(dc, colours, layout.CellRect(row, column), row, column);
             }
-        if (grid_) PaintFocusedCell(dc);
+        if (grid_) PaintFocusedCell(dc, colours);
     }
     {
         const Clip clip(dc, layout.HeaderArea());
         // Behind the last column the header goes on, empty.
-        PaintHeaderItem(dc, layout.HeaderArea(), -1);
+        PaintHeaderItem(dc, colours, layout.HeaderArea(), -1);
         for (std::size_t i = range.first; grid_ && i < range.last; ++i)
-            PaintHeaderItem(dc, layout.HeaderRect(layout.Columns()[i].column), layout.Columns()[i].column);
+            PaintHeaderItem(dc, colours, layout.HeaderRect(layout.Columns()[i].column),
+                            layout.Columns()[i].column);
     }
-    PaintCaptions(dc);
-    PaintHeaderItem(dc, layout.CornerArea(), -1);
+    PaintCaptions(dc, colours);
+    PaintHeaderItem(dc, colours, layout.CornerArea(), -1);
 }
 
-void DesignGridView::PaintHeaderItem(HDC dc, const GridRect& place, int column) {
-    const Colours colours(Handle());
+void DesignGridView::PaintHeaderItem(HDC dc, const GridColours& colours, const GridRect& place, int column) {
     const RECT rect = ToRect(place);
     const int line = std::max(1, Scaled(1));
     const bool focused = column >= 0 && column == state_.FocusedColumn();
@@ -148,8 +149,7 @@ void DesignGridView::PaintHeaderItem(HDC dc, const GridRect& place, int column) 
     win32::DrawTextLine(dc, area, grid_->Caption(column), text);
 }
 
-void DesignGridView::PaintCaptions(HDC dc) {
-    const Colours colours(Handle());
+void DesignGridView::PaintCaptions(HDC dc, const GridColours& colours) {
     const GridLayout& layout = state_.Layout();
     const Clip clip(dc, layout.CaptionsArea());
     const int line = std::max(1, Scaled(1));
@@ -174,8 +174,8 @@ void DesignGridView::PaintCaptions(HDC dc) {
     FillRight(dc, ToRect(layout.CaptionsArea()), line, colours.face_line);
 }
 
-void DesignGridView::PaintCell(HDC dc, const GridRect& place, GridRow row, int column) {
-    const Colours colours(Handle());
+void DesignGridView::PaintCell(HDC dc, const GridColours& colours, const GridRect& place, GridRow row,
+                               int column) {
     const RECT rect = ToRect(place);
     const int line = std::max(1, Scaled(1));
     FillRight(dc, rect, line, colours.line);
@@ -186,9 +186,8 @@ void DesignGridView::PaintCell(HDC dc, const GridRect& place, GridRow row, int c
     win32::DrawTextLine(dc, area, text, colours.text);
 }
 
-void DesignGridView::PaintFocusedCell(HDC dc) {
+void DesignGridView::PaintFocusedCell(HDC dc, const GridColours& colours) {
     if (!state_.IsFocusShown()) return;
-    const Colours colours(Handle());
     const GridLayout& layout = state_.Layout();
     const GridRow row = state_.FocusedRow();
     const int column = state_.FocusedColumn();

@@ -30,6 +30,8 @@
 
 namespace tessel::controls {
 
+struct GridColours;
+
 class GridEvents {
 public:
     virtual ~GridEvents() = default;
@@ -117,10 +119,10 @@ private:
     const std::wstring& FocusedText() const;
 
     void OnPaint();
-    void PaintHeaderItem(HDC dc, const GridRect& rect, int column);
-    void PaintCaptions(HDC dc);
-    void PaintCell(HDC dc, const GridRect& rect, model::GridRow row, int column);
-    void PaintFocusedCell(HDC dc);
+    void PaintHeaderItem(HDC dc, const GridColours& colours, const GridRect& rect, int column);
+    void PaintCaptions(HDC dc, const GridColours& colours);
+    void PaintCell(HDC dc, const GridColours& colours, const GridRect& rect, model::GridRow row, int column);
+    void PaintFocusedCell(HDC dc, const GridColours& colours);
     int Scaled(int dips) const;
 
     model::DesignGrid* grid_ = nullptr;
