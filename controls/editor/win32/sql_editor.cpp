@@ -21,6 +21,7 @@ namespace {
 
 constexpr UINT_PTR kSubclassId = 1;
 constexpr int kTabWidth = 4;
+constexpr int kTextGap = 4;  // between margin and text, at 96 dpi
 constexpr const wchar_t* kAccessibleName = L"Consulta SQL";
 constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT of newer headers
 
@@ -128,6 +129,7 @@ void SqlEditor::Impl::ApplyDpi(int dpi) {
     SystemParametersInfoW(SPI_GETCARETWIDTH, 0, &caret_width, 0);
     editor_.Send(SCI_SETCARETWIDTH,
                  static_cast<uptr_t>(std::max(1, win32::Scale(static_cast<int>(caret_width), dpi))));
+    editor_.Send(SCI_SETMARGINLEFT, 0, win32::Scale(kTextGap, dpi));
     FitNumberMargin(editor_, dpi);
 }
 
