@@ -55,16 +55,27 @@ constexpr std::array<ADOTypeInfo, 40> kADOTypes = {{
 
 constexpr std::wstring_view kInvalidArgument = L"Argumento o llamada a procedimiento no válidos.";
 
-/// What stands before and after the word in each accepted pattern.
-struct WordPattern {
-    wchar_t before;
-    wchar_t after;
-};
+/// What may stand before a function word and after it: every pair of these is an accepted pattern.
+constexpr std::wstring_view kBeforeWord = L" +-/)*";
+constexpr std::wstring_view kAfterWord = L" (";
 
-constexpr WordPattern kWordPatterns[] = {
-    {L' ', L' '}, {L' ', L'('}, {L'+', L'('}, {L'-', L'('}, {L'/', L'('}, {L')', L'('},
-    {L'*', L'('}, {L'+', L' '}, {L'-', L' '}, {L'/', L' '}, {L')', L' '}, {L'*', L' '},
-};
+bool IsOneOf(std::wstring_view signs, wchar_t ch) {
+    return signs.find(ch) != std::wstring_view::npos;
+}
+
+/// True when the text holds `word`, which is in lower case, at that place with an accepted sign after it.
+bool HasWordAt(std::wstring_view text, std::size_t at, std::wstring_view word) {
+    if (text.size() - at <= word.size() || !IsOneOf(kAfterWord, text[at + word.size()])) return false;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (LowerChar(text[at + i]) != word[i]) return false;
+    }
+    return true;
+}
+
+/// At the start of the text a word needs more after it than one character.
+bool StartsWithWord(std::wstring_view text, std::wstring_view word) {
+    return text.size() > word.size() + 1 && HasWordAt(text, 0, word);
+}
 
 /// What one pass over the expression keeps in mind.
 struct ParenScan {
@@ -99,7 +110,9 @@ bool IsEnclosed(std::wstring_view text) {
 
 }  // namespace
 
-const std::array<ADOTypeInfo, 40>& ADOTypeTable() { return kADOTypes; }
+const std::array<ADOTypeInfo, 40>& ADOTypeTable() {
+    return kADOTypes;
+}
 
 ValueClass ADOTypeClass(std::wstring_view typeName) {
     const auto found = std::ranges::find_if(
@@ -112,23 +125,26 @@ std::wstring_view ADOTypeName(int code) {
     return found == kADOTypes.end() ? std::wstring_view() : found->name;
 }
 
+// One pass over the text and no allocation: composition asks this of every column, several times a statement.
 bool IsAggregate(std::wstring_view expression) {
     constexpr std::wstring_view kWords[] = {L"sum", L"count", L"compute", L"avg", L"min", L"max"};
-    return std::ranges::any_of(kWords,
-                               [&](std::wstring_view word) { return HasFunctionWord(expression, word); });
+    const auto starts = [&](std::wstring_view word) { return StartsWithWord(expression, word); };
+    if (std::ranges::any_of(kWords, starts)) return true;
+    for (std::size_t at = 1; at < expression.size(); ++at) {
+        if (!IsOneOf(kBeforeWord, expression[at - 1])) continue;
+        const auto is_here = [&](std::wstring_view word) { return HasWordAt(expression, at, word); };
+        if (std::ranges::any_of(kWords, is_here)) return true;
+    }
+    return false;
 }
 
 bool HasFunctionWord(std::wstring_view expression, std::wstring_view word) {
-    const std::wstring text = Lower(expression);
     const std::wstring inner = Lower(TrimView(word));
-    for (const WordPattern& pattern : kWordPatterns) {
-        if (text.find(pattern.before + inner + pattern.after) != std::wstring::npos) return true;
+    for (std::size_t at = 1; at < expression.size(); ++at) {
+        if (IsOneOf(kBeforeWord, expression[at - 1]) && HasWordAt(expression, at, inner)) return true;
     }
-    // At the start the word counts as it was given, blanks included, and needs more after it than one character.
-    if (text.size() <= word.size() + 1) return false;
-    const std::wstring_view start = std::wstring_view(text).substr(0, word.size() + 1);
-    const std::wstring whole = Lower(word);
-    return start == whole + L' ' || start == whole + L'(';
+    // At the start the word counts as it was given, blanks included.
+    return StartsWithWord(expression, Lower(word));
 }
 
 Result<std::wstring> StripOuterParens(std::wstring& expression) {

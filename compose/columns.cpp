@@ -26,8 +26,24 @@ constexpr std::array<AggregateCall, 5> kAggregateCalls = {{{L"suma", L"Sum("},
                                                            {L"máximo", L"Max("},
                                                            {L"cuenta", L"count("}}};
 
+// The grouping word is compared untrimmed: " Suma" is no aggregate
+// (ColumnExpressions.GroupingWordWithALeadingBlankIsNotRecognised).
+const AggregateCall* CallOf(const model::ColInfo& column) {
+    for (const AggregateCall& aggregate : kAggregateCalls) {
+        if (column.GroupBy.size() != aggregate.word.size()) continue;
+        if (SameIgnoringCase(column.GroupBy, aggregate.word)) return &aggregate;
+    }
+    return nullptr;
+}
+
+/// IsAggregate of the column's expression, without writing it out: a call of ours is always one.
+bool IsAggregated(const model::ColInfo& column) {
+    return CallOf(column) || IsAggregate(column.Expresion);
+}
+
 bool IsExpressionGroup(const model::ColInfo& column) {
-    return SameIgnoringCase(column.GroupBy, kGroupExpression);
+    return column.GroupBy.size() == kGroupExpression.size() &&
+           SameIgnoringCase(column.GroupBy, kGroupExpression);
 }
 
 void AppendToList(std::wstring& list, std::wstring_view item) {
@@ -37,19 +53,15 @@ void AppendToList(std::wstring& list, std::wstring_view item) {
 
 }  // namespace
 
-// The grouping word is compared untrimmed: " Suma" is no aggregate
-// (ColumnExpressions.GroupingWordWithALeadingBlankIsNotRecognised).
 std::wstring ColumnExpression(const model::ColInfo& column) {
-    for (const AggregateCall& aggregate : kAggregateCalls) {
-        if (!SameIgnoringCase(column.GroupBy, aggregate.word)) continue;
-        std::wstring text;
-        text.reserve(aggregate.call.size() + column.Expresion.size() + 1);
-        text += aggregate.call;
-        text += column.Expresion;
-        text += L')';
-        return text;
-    }
-    return column.Expresion;
+    const AggregateCall* aggregate = CallOf(column);
+    if (!aggregate) return column.Expresion;
+    std::wstring text;
+    text.reserve(aggregate->call.size() + column.Expresion.size() + 1);
+    text += aggregate->call;
+    text += column.Expresion;
+    text += L')';
+    return text;
 }
 
 std::wstring SelectItem(const model::ColInfo& column) {
@@ -62,7 +74,7 @@ std::wstring SelectItem(const model::ColInfo& column) {
 
 bool IsTotalsQuery(const Columns& columns) {
     for (const model::ColInfo& column : columns) {
-        if (IsExpressionGroup(column) || IsAggregate(ColumnExpression(column))) return true;
+        if (IsExpressionGroup(column) || IsAggregated(column)) return true;
     }
     return false;
 }
@@ -73,7 +85,7 @@ std::wstring GroupByClause(const Columns& columns) {
     std::wstring list;
     bool totals = false;
     for (const model::ColInfo& column : columns) {
-        if (IsExpressionGroup(column) || IsAggregate(ColumnExpression(column))) {
+        if (IsExpressionGroup(column) || IsAggregated(column)) {
             totals = true;
             continue;
         }
