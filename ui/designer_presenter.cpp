@@ -4,6 +4,7 @@
 #include "compose/compose.h"
 #include "model/grid_editing.h"
 #include "model/pick_lists.h"
+#include "sqlparser/sql_parser.h"
 
 namespace tessel::ui {
 
@@ -25,6 +26,11 @@ private:
     DesignerView& view_;
     Pointer after_;
 };
+
+constexpr std::wstring_view kTreeNotUnderstood =
+    L"No se pudo interpretar la sintaxis de la instrucción, puede que sea demasiado compleja o contenga un error.";
+constexpr std::wstring_view kTreeOfNothing =
+    L"No hay ninguna instrucción que analizar, existe un error o es demasiado compleja.";
 
 }  // namespace
 
@@ -226,6 +232,21 @@ void DesignerPresenter::RemoveFocusedColumn() {
     grid.SetFocus(model::GridRow::Campo, column);
     grid.ShowColumn(column, false);
     model::SyncDiagramChecks(design_);
+}
+
+void DesignerPresenter::ShowSyntaxTree() {
+    if (busy_) return;
+    const std::wstring text = GetSQLText();
+    if (IsAllWhiteSpace(text)) {
+        view_.ShowMessage(kTreeOfNothing);
+        return;
+    }
+    sql::SqlParser parser;
+    if (parser.Parse(text) || !parser.GetStatement()) {
+        view_.ShowMessage(kTreeNotUnderstood);
+        return;
+    }
+    view_.ShowSyntaxTree(analyse::ShowTree(*parser.GetStatement()));
 }
 
 void DesignerPresenter::ClearDesign(bool bAsk) {

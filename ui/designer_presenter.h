@@ -68,6 +68,9 @@ public:
     /// "Limpiar todo": asks first when bAsk.
     void ClearDesign(bool bAsk);
 
+    /// "Ver árbol de sintaxis": shows how the parser understands the current SQL, or says that it does not.
+    void ShowSyntaxTree();
+
     /// Why the last analysis answered false; empty when it answered true.
     const std::optional<Diagnostic>& Reason() const { return reason_; }
 

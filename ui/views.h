@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "analyse/syntax_tree.h"
+
 namespace tessel::ui {
 
 enum class Tab : int { Design = 0, Sql = 1 };
@@ -47,6 +49,9 @@ public:
     virtual void ShowMessage(std::wstring_view text) = 0;
     /// Yes and No, question icon, No as the default. True for Yes.
     virtual bool AskYesNo(std::wstring_view text) = 0;
+
+    /// dlgArbol on the roots of a statement's tree; returns when the user closes it.
+    virtual void ShowSyntaxTree(const std::vector<analyse::TreeNode>& roots) = 0;
 
     /// Hides the window, which ends its modal call.
     virtual void Hide() = 0;

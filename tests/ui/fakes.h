@@ -68,6 +68,10 @@ public:
         messages.emplace_back(text);
         calls_.push_back(L"message");
     }
+    void ShowSyntaxTree(const std::vector<analyse::TreeNode>& roots) override {
+        calls_.push_back(L"tree");
+        tree = roots;
+    }
     bool AskYesNo(std::wstring_view text) override {
         questions.emplace_back(text);
         calls_.push_back(L"question");
@@ -87,6 +91,7 @@ public:
     bool answer = false;
     std::vector<std::wstring> messages;
     std::vector<std::wstring> questions;
+    std::vector<analyse::TreeNode> tree;
     std::function<void()> on_focus_lost;
     std::deque<std::function<void()>> pending_input;  ///< one for each ProcessEvents
 

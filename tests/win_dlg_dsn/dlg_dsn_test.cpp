@@ -292,6 +292,54 @@ TEST_F(DlgDsnTest, ArrowKeyLeavesTheSqlTabThatAStatementOpenedOn) {
     EXPECT_FALSE(Run(L"SELECT a FROM t UNION SELECT b FROM u"));
 }
 
+TEST_F(DlgDsnTest, SyntaxTreeIsShownExpandedAndEscClosesOnlyIt) {
+    const auto dialog = [] { return FindWindowW(L"TesselDialog", L"Árbol de sintaxis"); };
+    script_.Do([this] { Press(ui::kIdSyntaxTree); });
+    script_.Until([&] { return dialog() && IsWindowVisible(dialog()); }, "the tree is shown");
+    script_.Do([&] {
+        const HWND tree = FindWindowExW(dialog(), nullptr, WC_TREEVIEWW, nullptr);
+        EXPECT_EQ(TextOf(FindWindowExW(dialog(), nullptr, L"Button", nullptr)), L"&Cerrar");
+        std::vector<std::wstring> shown;
+        auto item = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0));
+        // Walking the visible items reaches everything only when everything is expanded.
+        while (item) {
+            wchar_t text[200] = L"";
+            TVITEMW info{};
+            info.mask = TVIF_HANDLE | TVIF_TEXT;
+            info.hItem = item;
+            info.pszText = text;
+            info.cchTextMax = 200;
+            SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&info));
+            shown.push_back(text);
+            item = reinterpret_cast<HTREEITEM>(
+                SendMessageW(tree, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, reinterpret_cast<LPARAM>(item)));
+        }
+        EXPECT_EQ(shown, (std::vector<std::wstring>{L"SELECT", L"Columnas", L"Clientes.Nombre Alias: Nombre", L"FROM",
+                                                    L"Tablas", L"Clientes", L"WHERE", L"(Clientes.Pais = 'Perú')"}));
+        PressKey(VK_ESCAPE);
+    });
+    script_.Until([&] { return dialog() == nullptr; }, "the tree is closed");
+    script_.Do([this] {
+        EXPECT_TRUE(IsWindowVisible(window_.Handle()));
+        EXPECT_TRUE(IsWindowEnabled(window_.Handle()));
+        Press(ui::kIdCancel);
+    });
+    EXPECT_FALSE(Run(L"SELECT Clientes.Nombre FROM Clientes WHERE Clientes.Pais = 'Perú'"));
+}
+
+TEST_F(DlgDsnTest, SyntaxTreeOfNothingIsSaid) {
+    script_.Do([this] { Press(ui::kIdSyntaxTree); });
+    script_.Until([] { return OpenMessageBox() != nullptr; }, "the message is shown");
+    script_.Do([] {
+        EXPECT_EQ(MessageBoxText(OpenMessageBox()),
+                  L"No hay ninguna instrucción que analizar, existe un error o es demasiado compleja.");
+        PressKey(VK_RETURN);
+    });
+    script_.Until([] { return OpenMessageBox() == nullptr; }, "the message is gone");
+    script_.Do([this] { Press(ui::kIdCancel); });
+    EXPECT_FALSE(Run(L""));
+}
+
 TEST_F(DlgDsnTest, SmallestSizeLeavesEveryButtonInside) {
     script_.Do([this] { MoveWindow(window_.Handle(), 0, 0, 10, 10, TRUE); });
     script_.Do([this] {

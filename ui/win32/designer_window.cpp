@@ -5,6 +5,7 @@
 #include "common/win32/activation_context.h"
 #include "common/win32/dpi.h"
 #include "ui/dlg_dsn_texts.h"
+#include "ui/win32/dlg_arbol.h"
 
 namespace tessel::ui {
 
@@ -12,6 +13,11 @@ namespace {
 
 constexpr int kMinimumWidth = 700;   // dips
 constexpr int kMinimumHeight = 460;  // dips
+
+BOOL CALLBACK PassOn(HWND child, LPARAM message) {
+    SendMessageW(child, static_cast<UINT>(message), 0, 0);
+    return TRUE;
+}
 
 }  // namespace
 
@@ -114,8 +120,11 @@ LRESULT DesignerWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             LayoutForm();
             return 0;
         }
+        case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
         case WM_THEMECHANGED:
+            // Windows tells top-level windows only.
+            EnumChildWindows(Handle(), PassOn, static_cast<LPARAM>(message));
             ApplyFonts();
             LayoutForm();
             break;
@@ -141,6 +150,9 @@ LRESULT DesignerWindow::OnCommand(int id, int notification) {
         case kIdClearAll:
             grid_.CancelEdit();
             presenter_.ClearDesign(true);
+            break;
+        case kIdSyntaxTree:
+            if (grid_.CommitEdit()) presenter_.ShowSyntaxTree();
             break;
         case kIdDistinct:
             presenter_.DistinctClicked(SendMessageW(distinct_, BM_GETCHECK, 0, 0) == BST_CHECKED);
@@ -276,6 +288,15 @@ bool DesignerWindow::AskYesNo(std::wstring_view text) {
                                    MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2);
     SetPointer(before);
     return answer == IDYES;
+}
+
+void DesignerWindow::ShowSyntaxTree(const std::vector<analyse::TreeNode>& roots) {
+    // A node's text is selected behind the dialog, when the editor is what the window shows.
+    const bool shows_text = presenter_.CurrentTab() == Tab::Sql;
+    dlgArbol dialog(roots, [&](TextRange range) {
+        if (shows_text) editor_.SelectRange(range);
+    });
+    dialog.ShowTree(Handle());
 }
 
 void DesignerWindow::Hide() {

@@ -119,6 +119,7 @@ private:
     void RedrawDiagram() override;
     void ShowMessage(std::wstring_view text) override;
     bool AskYesNo(std::wstring_view text) override;
+    void ShowSyntaxTree(const std::vector<analyse::TreeNode>& roots) override;
     void Hide() override;
 
     // EditorView
