@@ -142,7 +142,7 @@ void JoinPlanner::Gather(int index, Cluster& cluster) {
     Gather(node.right, cluster);
     if (node.on_node == sql::kNoNode) return;
     for (const NodeId condition : canonical_.ConjunctNodes(node.on_node)) {
-        const auto equality = ReadEquality(condition, TablesOf(node.left), TablesOf(node.right));
+        const auto equality = LeftName(condition, TablesOf(node.left), TablesOf(node.right));
         cluster.conditions.push_back({condition, equality, false});
     }
 }
@@ -169,12 +169,12 @@ bool JoinPlanner::TakeStep(Cluster& cluster, const Tables& free, Tables& chain) 
 std::optional<JoinPlanner::Equality> JoinPlanner::OuterEquality(int index) {
     const FromNode& node = Join(index);
     if (node.on_node == sql::kNoNode) return std::nullopt;
-    return ReadEquality(WithoutParens(statement_, node.on_node), TablesOf(node.left), TablesOf(node.right));
+    return LeftName(WithoutParens(statement_, node.on_node), TablesOf(node.left), TablesOf(node.right));
 }
 
 // A side without a table takes the only table of the operand that the other side leaves to it.
-std::optional<JoinPlanner::Equality> JoinPlanner::ReadEquality(NodeId node, const Tables& left,
-                                                               const Tables& right) {
+std::optional<JoinPlanner::Equality> JoinPlanner::LeftName(NodeId node, const Tables& left,
+                                                           const Tables& right) {
     const sql::Node& comparison = statement_.At(node);
     const bool is_equality = comparison.kind == NodeKind::Compare &&
                              comparison.op == static_cast<std::uint8_t>(sql::CompareOp::Equal);

@@ -59,7 +59,7 @@ private:
 
     void Gather(int index, Cluster& cluster);
     bool TakeStep(Cluster& cluster, const Tables& free, Tables& chain);
-    std::optional<Equality> ReadEquality(sql::NodeId node, const Tables& left, const Tables& right);
+    std::optional<Equality> LeftName(sql::NodeId node, const Tables& left, const Tables& right);
     std::optional<Equality> OuterEquality(int index);
     Field ReadSide(sql::NodeId node) const;
     void AddRelation(const Field& left, const Field& right, std::int32_t kind);

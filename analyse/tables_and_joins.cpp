@@ -19,7 +19,10 @@ constexpr std::size_t kMostTables = 256;
 
 Outcome CheckTables(const StatementScope& scope) {
     const Statement& statement = scope.Source();
-    if (statement.Tables.empty()) return Refusal{{0, 0}, std::wstring(messages::kNoTables)};
+    if (statement.Tables.empty()) {
+        const TextRange place = statement.Columns.empty() ? TextRange() : statement.Columns.front().range;
+        return Refusal{place, std::wstring(messages::kNoTables)};
+    }
     if (statement.Tables.size() > kMostTables) {
         return Refusal{statement.Tables[kMostTables].range, std::wstring(messages::kTooManyTables)};
     }

@@ -3,45 +3,23 @@
 #include "common/text.h"
 #include "compose/compose.h"
 #include "tests/analyse/support.h"
-#include "tests/compose/design_builder.h"
 
 namespace tessel::analyse {
 namespace {
 
 using model::GridRow;
+using test::Columns;
 using test::ColumnTexts;
 using test::RelationTexts;
 using test::TableNames;
 using Texts = std::vector<std::wstring>;
 
 const Texts kWhereMessage = {L"La cláusula Where es demasiado compleja para poder ser representada"};
-const Texts kHavingMessage = {L"La cláusula Having es demasiado compleja para poder ser representada"};
 
 constexpr const wchar_t* kTotals =
     L"SELECT Clientes.Nombre, Sum(Pedidos.Importe) AS Total FROM (Clientes INNER JOIN Pedidos ON "
     L"Clientes.IdCliente = "
     L"Pedidos.IdCliente) GROUP BY Clientes.Nombre ORDER BY Sum(Pedidos.Importe) DESC";
-
-/// The columns of an accepted statement; anything else fails the test.
-Texts Columns(const wchar_t* statement, const schema::Schema* schema = nullptr) {
-    model::Design design;
-    design.diagram.Bind(schema);
-    const Analysis analysis = AnalyseSQL(statement, design);
-    EXPECT_TRUE(analysis.accepted) << ToUtf8(statement)
-                                   << (analysis.error ? "\n" + ToUtf8(analysis.error->message) : "");
-    EXPECT_TRUE(analysis.messages.empty()) << ToUtf8(statement);
-    return ColumnTexts(design);
-}
-
-/// The message of an accepted statement whose clause does not fit, and the columns.
-Texts Messages(const wchar_t* statement, Texts* columns = nullptr) {
-    model::Design design;
-    const Analysis analysis = AnalyseSQL(statement, design);
-    EXPECT_TRUE(analysis.accepted) << ToUtf8(statement);
-    EXPECT_FALSE(analysis.error);
-    if (columns) *columns = ColumnTexts(design);
-    return analysis.messages;
-}
 
 TEST(Analysis, TotalsOverAJoinFillTablesRelationGroupingAndOrder) {
     model::Design design;
@@ -299,121 +277,6 @@ TEST(Ordering, AliasThatIsAlsoAFieldIsRefused) {
     EXPECT_FALSE(AnalyseSQL(L"SELECT a + 1 AS Total FROM t ORDER BY Total", design).accepted);
     EXPECT_TRUE(AnalyseSQL(L"SELECT a + 1 AS Suma FROM t ORDER BY Suma", design).accepted);
     EXPECT_TRUE(AnalyseSQL(L"SELECT t.Total AS Total FROM t ORDER BY Total", design).accepted);
-}
-
-TEST(Criteria, ComparisonIsOperatorBlankAndValueAsWritten) {
-    EXPECT_EQ(Columns(L"SELECT Pais FROM t WHERE Pais='Chile'"), Texts({L"Pais||||Si||= 'Chile'"}));
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE t.Precio>=( 3*2 )"),
-              Texts({L"a||||Si", L"t.Precio|Precio|t||No||>= ( 3*2 )"}));
-}
-
-TEST(Criteria, ColumnsAddedForThemAreHidden) {
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE b <> 3 AND c < d"),
-              Texts({L"a||||Si", L"b||||No||<> 3", L"c||||No||< d"}));
-}
-
-TEST(Criteria, ConstantOnTheLeftIsMirrored) {
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE 5 < a"), Texts({L"a||||Si||> 5"}));
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE @x >= a"), Texts({L"a||||Si||<= @x"}));
-}
-
-TEST(Criteria, NotBeforeAComparisonIsTheOppositeOperator) {
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE NOT a = 1"), Texts({L"a||||Si||<> 1"}));
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE NOT (a < 1)"), Texts({L"a||||Si||>= 1"}));
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE NOT 1 < a"), Texts({L"a||||Si||<= 1"}));
-}
-
-TEST(Criteria, PredicateWithoutOperatorIsShownWhole) {
-    EXPECT_EQ(Columns(L"SELECT Clientes.Nombre FROM Clientes WHERE Clientes.Nombre Like 'A*'"),
-              Texts({L"Clientes.Nombre|Nombre|Clientes||Si", L"(Clientes.Nombre Like 'A*')||||No||=True"}));
-    EXPECT_EQ(
-        Columns(L"SELECT a FROM t WHERE b Between 1 And 5 AND c In (1,2) AND d Is Null AND Not e Like 'x'"),
-        Texts({L"a||||Si", L"(b Between 1 And 5)||||No||=True", L"(c In (1,2))||||No||=True",
-               L"(d Is Null)||||No||=True", L"(Not e Like 'x')||||No||=True"}));
-}
-
-TEST(Criteria, ComparisonOfASubselectStaysAComparison) {
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE a > (SELECT Avg(a) FROM t)"),
-              Texts({L"a||||Si||> (SELECT Avg(a) FROM t)"}));
-}
-
-TEST(Criteria, BooleanFieldEqualsTrueAndAnyOtherValueIsNotFalse) {
-    const schema::Schema schema = test::MakeSchema({{L"t", {L"Activo:bool", L"Nivel"}}});
-    EXPECT_EQ(Columns(L"SELECT Nivel FROM t WHERE Activo", &schema),
-              Texts({L"Nivel||||Si", L"Activo||||No||=True"}));
-    EXPECT_EQ(Columns(L"SELECT Nivel FROM t WHERE Nivel", &schema), Texts({L"Nivel||||Si||<> False"}));
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE b"), Texts({L"a||||Si", L"b||||No||<> False"}));
-}
-
-TEST(Criteria, TwoAlternativesOfOneColumnAreItsTwoCells) {
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE a = 1 OR a = 2"), Texts({L"a||||Si||= 1|= 2"}));
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE (((t.a)=1)) OR (((t.a)=3))"), Texts({L"a||||Si||= 1|= 3"}));
-}
-
-TEST(Criteria, ParenthesesAroundTheWholeClauseAreNoGroup) {
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE (a = 1 OR a = 2)"), Texts({L"a||||Si||= 1|= 2"}));
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE ((a = 1) AND (b = 2))"),
-              Texts({L"a||||Si||= 1", L"b||||No||= 2"}));
-}
-
-TEST(Criteria, OrBelowAndDoesNotFitAndTheCellsStayEmpty) {
-    Texts columns;
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE (a = 1 OR b = 2) AND c = 3", &columns), kWhereMessage);
-    EXPECT_EQ(columns, Texts({L"a||||Si"}));
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE (a = 1 OR a = 2) AND c = 3", &columns), kWhereMessage);
-    EXPECT_EQ(columns, Texts({L"a||||Si"}));
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE NOT (a = 1 OR b = 2)"), kWhereMessage);
-}
-
-TEST(Criteria, TwoComparisonsOfOneColumnWithAndDoNotFit) {
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a >= 1 AND a <= 5"), kWhereMessage);
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE t.a >= 1 AND (b = 2 AND (A) <= 5)"), kWhereMessage);
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE [a] > 1 AND 5 > a"), kWhereMessage);
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE NOT (a > 1 AND a < 5)"), kWhereMessage);
-}
-
-TEST(Criteria, OtherConnectivesAtTheTopDoNotFit) {
-    for (const wchar_t* connective : {L"XOR", L"EQV", L"IMP"}) {
-        const std::wstring text = std::wstring(L"SELECT a FROM t WHERE a = 1 ") + connective + L" b = 2";
-        EXPECT_EQ(Messages(text.c_str()), kWhereMessage) << ToUtf8(text);
-    }
-}
-
-TEST(Criteria, AlternativesOnDifferentColumnsOrMoreThanTwoDoNotFit) {
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a = 1 OR b = 2"), kWhereMessage);
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a = 1 OR a = 2 OR a = 3"), kWhereMessage);
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE (a = 1 AND b = 2) OR (a = 3)"), kWhereMessage);
-}
-
-TEST(Criteria, BothClausesGiveOneMessageThatOfHaving) {
-    EXPECT_EQ(Messages(L"SELECT a FROM t GROUP BY a HAVING Count(*) > 1 AND Count(*) < 5"), kHavingMessage);
-    EXPECT_EQ(
-        Messages(L"SELECT a FROM t WHERE b = 1 OR c = 2 GROUP BY a HAVING Count(*) > 1 AND Count(*) < 5"),
-        kHavingMessage);
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE b = 1 OR c = 2 GROUP BY a HAVING Count(*) > 1"),
-              kWhereMessage);
-}
-
-TEST(Criteria, HavingGoesToTheColumnOfItsAggregate) {
-    EXPECT_EQ(
-        Columns(L"SELECT a, Sum(b) AS s FROM t GROUP BY a HAVING Sum(b) > 10 AND 3 < Max(c)"),
-        Texts({L"a|||Agrupado por|Si", L"Sum(b)|s||Expresión|Si||> 10", L"Max(c)|||Expresión|No||> 3"}));
-}
-
-TEST(Criteria, AggregateInsideParenthesesIsMadeVisible) {
-    EXPECT_EQ(Columns(L"SELECT a FROM t GROUP BY a HAVING Count(*) Between 2 And 5"),
-              Texts({L"a|||Agrupado por|Si", L"( Count(*) Between 2 And 5)|||Expresión|No||=True"}));
-}
-
-TEST(Criteria, FilterOnAGroupedColumnIsItsCriterion) {
-    EXPECT_EQ(Columns(L"SELECT a, Count(*) AS n FROM t WHERE a = 1 GROUP BY a"),
-              Texts({L"a|||Agrupado por|Si||= 1", L"Count(*)|n||Expresión|Si"}));
-}
-
-TEST(Criteria, FilterOnAColumnThatIsNotGroupedIsShownWhole) {
-    EXPECT_EQ(Columns(L"SELECT a, Count(*) AS n FROM t WHERE b = 1 AND c GROUP BY a"),
-              Texts({L"a|||Agrupado por|Si", L"Count(*)|n||Expresión|Si", L"(b = 1)||||No||=True",
-                     L"(c <> False)||||No||=True"}));
 }
 
 TEST(Analysis, MegabyteOfConditionsIsAMessageNotALoss) {

@@ -1,13 +1,15 @@
 // What the analysis tests share: a schema in a few words, and a design written as text.
 #pragma once
 
-#include <map>
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "analyse/analyse_sql.h"
 #include "common/identifiers.h"
+#include "common/text.h"
 #include "model/design.h"
 #include "schema/schema.h"
 
@@ -89,6 +91,29 @@ inline std::vector<std::wstring> TableNames(const model::Design& design) {
     std::vector<std::wstring> names;
     for (const model::DiagramTable& table : design.diagram.Tables()) names.push_back(table.name);
     return names;
+}
+
+using Texts = std::vector<std::wstring>;
+
+/// The columns of an accepted statement; anything else fails the test.
+inline Texts Columns(const wchar_t* statement, const schema::Schema* schema = nullptr) {
+    model::Design design;
+    design.diagram.Bind(schema);
+    const analyse::Analysis analysis = analyse::AnalyseSQL(statement, design);
+    EXPECT_TRUE(analysis.accepted) << ToUtf8(statement)
+                                   << (analysis.error ? "\n" + ToUtf8(analysis.error->message) : "");
+    EXPECT_TRUE(analysis.messages.empty()) << ToUtf8(statement);
+    return ColumnTexts(design);
+}
+
+/// The message of an accepted statement whose clause does not fit, and the columns.
+inline Texts Messages(const wchar_t* statement, Texts* columns = nullptr) {
+    model::Design design;
+    const analyse::Analysis analysis = analyse::AnalyseSQL(statement, design);
+    EXPECT_TRUE(analysis.accepted) << ToUtf8(statement);
+    EXPECT_FALSE(analysis.error);
+    if (columns) *columns = ColumnTexts(design);
+    return analysis.messages;
 }
 
 }  // namespace tessel::test
