@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "analyse/nested_aggregates.h"
 #include "analyse/nodes.h"
 #include "common/mdl_global.h"
 #include "common/text.h"
@@ -62,6 +63,12 @@ std::wstring ColumnBuilder::CellText(TextRange range) const {
     return scope_.TextWithTables(range, alias_replacements_);
 }
 
+std::wstring ColumnBuilder::FieldText(NodeId node) const {
+    const std::wstring text = CellText(node);
+    const bool misread = IsAggregate(text) && FirstAggregate(statement_, node) == sql::kNoNode;
+    return misread ? WithHiddenAggregates(text) : text;
+}
+
 Outcome ColumnBuilder::Write(GridRow row, int column, const std::wstring& text, TextRange place) {
     if (design_.grid.SetCell(row, column, text)) return std::nullopt;
     return Refusal{place, std::wstring(messages::kCellTooLong)};
@@ -91,7 +98,7 @@ Outcome ColumnBuilder::AddSelectItem(const Item& item) {
     if (select_columns_.size() == static_cast<std::size_t>(model::kGridColumnCount)) {
         return Refusal{item.range, std::wstring(messages::kTooManyColumns)};
     }
-    const std::wstring text = CellText(item.expression);
+    const std::wstring text = FieldText(item.node);
     const std::wstring alias = statement_.Text(item.alias);
     if (!FitsCell(text) || !FitsCell(alias)) return Refusal{item.range, std::wstring(messages::kCellTooLong)};
     if (HasText(text)) {
@@ -133,7 +140,7 @@ Outcome ColumnBuilder::AddGrouping() {
             continue;
         }
         model::ColInfo record;
-        record.Expresion = CellText(item.node);
+        record.Expresion = FieldText(item.node);
         record.GroupBy = kGrouped;
         if (Outcome refusal = SetColumn(record, form, place, column)) return refusal;
     }
@@ -172,7 +179,7 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
     }
     // A second column of the same expression has to be told from the first.
     model::ColInfo record;
-    record.Expresion = CellText(column == kNoColumn ? node : WithoutParens(statement_, node));
+    record.Expresion = FieldText(column == kNoColumn ? node : WithoutParens(statement_, node));
     while (HasText(record.Expresion)) record.Expresion = L"(" + record.Expresion + L")";
     record.OrderBy = item.descending ? kDescendingCode : kAscendingCode;
     if (is_totals_) record.GroupBy = kExpression;

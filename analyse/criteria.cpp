@@ -310,7 +310,7 @@ Outcome CriteriaBuilder::AddColumn(std::wstring text, const std::wstring& form, 
 // but not a parenthesis. Where it would overlook the name, a blank in front makes it visible.
 std::wstring CriteriaBuilder::ExpressionText(NodeId id, std::wstring_view before) const {
     const TextRange range = PlaceOf(id);
-    std::wstring text = columns_.CellText(range);
+    std::wstring text = columns_.FieldText(id);
     if (clause_ != Clause::Having || IsAggregate(std::wstring(before) + text)) return text;
     const NodeId aggregate = FirstAggregate(statement_, id);
     if (aggregate == sql::kNoNode) return text;

@@ -209,6 +209,11 @@ TEST(SelectLists, TableAliasBecomesTheTableName) {
                      L"[Mi tabla].d|d|[Mi tabla]||No||= 'c.d'"}));
 }
 
+TEST(SelectLists, AggregateOfASubselectIsNoTotal) {
+    EXPECT_EQ(Columns(L"SELECT a, (SELECT Max(b) FROM u) AS m FROM t"),
+              Texts({L"a||||Si", L"(SELECT\tMax(b) FROM u)|m|||Si"}));
+}
+
 TEST(SelectLists, SixtyColumnsFitAndSixtyOneDoNot) {
     std::wstring list = L"c1";
     for (int column = 2; column <= 60; ++column) list += L", c" + std::to_wstring(column);
