@@ -72,10 +72,11 @@ TEST_F(DlgDsnTest, ShowsAStatementAsADesign) {
 }
 
 TEST_F(DlgDsnTest, ClickOnTheSqlTabComposesAndClickBackAnalyses) {
+    const std::wstring composed = L"SELECT Clientes.Nombre AS Nombre \r\nFROM Clientes;";
     script_.Do([this] { ClickTab(Tab::Sql); });
-    script_.Until([this] { return IsWindowVisible(Control(ui::kIdEditor)) != FALSE; }, "the editor is visible");
+    script_.Until([&] { return EditorText() == composed; }, "the text is composed");
+    script_.Until([this] { return GetFocus() == Control(ui::kIdEditor); }, "the editor has the focus");
     script_.Do([this] {
-        EXPECT_EQ(EditorText(), L"SELECT Clientes.Nombre AS Nombre \r\nFROM Clientes;");
         EXPECT_FALSE(GridIsVisible());
         ClickTab(Tab::Design);
     });
@@ -101,7 +102,8 @@ TEST_F(DlgDsnTest, StatementThatIsNoDesignOpensOnTheSqlTabUntouched) {
 TEST_F(DlgDsnTest, TabZeroShowsOnlyTheReasonForATextThatIsNoDesign) {
     const std::wstring statement = L"SELECT a FROM t UNION SELECT b FROM u";
     script_.Do([this] { ClickTab(Tab::Design); });
-    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design; }, "tab 0");
+    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design && !GridIsVisible(); }, "tab 0");
+    script_.Until([this] { return IsWindowVisible(Control(ui::kIdReason)) != FALSE; }, "lblNo");
     script_.Do([&] {
         EXPECT_FALSE(GridIsVisible());
         EXPECT_FALSE(IsWindowVisible(Control(ui::kIdDiagram)));
@@ -284,9 +286,10 @@ TEST_F(DlgDsnTest, ArrowKeysOnTheTabStripSwitchTheTabs) {
 TEST_F(DlgDsnTest, ArrowKeyLeavesTheSqlTabThatAStatementOpenedOn) {
     script_.Do([this] { SetFocus(Control(ui::kIdTabs)); });
     script_.Do([] { PressKey(VK_LEFT); });
-    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design; }, "tab 0");
+    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design && !GridIsVisible(); }, "tab 0");
+    script_.Until([this] { return IsWindowVisible(Control(ui::kIdReason)) != FALSE; }, "lblNo");
     script_.Do([this] {
-        EXPECT_FALSE(GridIsVisible());
+        EXPECT_EQ(EditorText(), L"SELECT a FROM t UNION SELECT b FROM u");
         Press(ui::kIdCancel);
     });
     EXPECT_FALSE(Run(L"SELECT a FROM t UNION SELECT b FROM u"));
