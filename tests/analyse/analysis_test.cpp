@@ -284,6 +284,29 @@ TEST(Ordering, AliasThatIsAlsoAFieldIsRefused) {
     EXPECT_TRUE(AnalyseSQL(L"SELECT t.Total AS Total FROM t ORDER BY Total", design).accepted);
 }
 
+TEST(Analysis, DeepNestingIsAnswered) {
+    constexpr std::size_t kDepth = 450;
+    const auto nested = [](const std::wstring& open, const std::wstring& core, const std::wstring& close) {
+        std::wstring text;
+        for (std::size_t level = 0; level < kDepth; ++level) text += open;
+        text += core;
+        for (std::size_t level = 0; level < kDepth; ++level) text += close;
+        return text;
+    };
+    const std::wstring conditions[] = {
+        nested(L"(", L"a = 1", L")"),           nested(L"NOT ", L"a = 1", L""),
+        nested(L"(b = 2 AND ", L"a = 1", L")"), nested(L"(b = 2 OR ", L"a = 1", L")"),
+        nested(L"-", L"a", L"") + L" = 1",      nested(L"f(", L"a", L")") + L" = 1"};
+    for (const std::wstring& condition : conditions) {
+        model::Design design;
+        const Analysis analysis = AnalyseSQL(L"SELECT a FROM t WHERE " + condition, design);
+        EXPECT_TRUE(analysis.accepted || analysis.error) << ToUtf8(condition.substr(0, 20));
+    }
+    model::Design design;
+    ASSERT_TRUE(AnalyseSQL(L"SELECT a FROM t WHERE " + conditions[0], design).accepted);
+    EXPECT_EQ(ColumnTexts(design), Texts({L"a||||Si||= 1"}));
+}
+
 TEST(Analysis, MegabyteOfConditionsIsAMessageNotALoss) {
     std::wstring text = L"SELECT a FROM t WHERE a = 0";
     while (text.size() < 1'000'000) text += L" OR a = 1";
