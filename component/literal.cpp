@@ -100,4 +100,10 @@ HRESULT RenderLiteral(const VARIANT& value, std::wstring_view type_name, Literal
     return S_OK;
 }
 
+HRESULT RenderText(const VARIANT& value, std::wstring* text) {
+    UniqueVariant plain;
+    const HRESULT read = PlainValue(value, &plain);
+    return FAILED(read) ? read : TextOfValue(plain, text);
+}
+
 }  // namespace tessel::component

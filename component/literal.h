@@ -17,4 +17,7 @@ enum class LiteralSyntax { Sql, Vb };
 /// or of the object whose default property was asked for, and `literal` stays.
 HRESULT RenderLiteral(const VARIANT& value, std::wstring_view type_name, LiteralSyntax syntax, std::wstring* literal);
 
+/// The ordinary text of a value, of an object the text of its default property. Failures as above.
+HRESULT RenderText(const VARIANT& value, std::wstring* text);
+
 }  // namespace tessel::component

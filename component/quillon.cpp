@@ -1,10 +1,13 @@
 #include "component/quillon.h"
 
+#include <lmcons.h>
+
 #include <atomic>
 
 #include "common/text.h"
 #include "common/win32/dispatch.h"
 #include "component/errors.h"
+#include "component/literal.h"
 #include "component/pointer.h"
 #include "ui/win32/dlg_dsn.h"
 
@@ -181,6 +184,48 @@ std::vector<std::wstring> Quillon::ParameterNames() {
     // A collection that fails half way offers what it gave.
     static_cast<void>(walked);
     return names;
+}
+
+// A look-up that fails finds nothing: the macro then stays in the text, and no error of it may reach the host.
+ComPtr<::_cParameter> Quillon::FindParameter(std::wstring_view name) {
+    ComPtr<::_cParameter> parameter;
+    BSTR text = win32::Bstr(name).Detach();
+    const HRESULT found = GetParameter(&text, parameter.Put());
+    SysFreeString(text);
+    if (FAILED(found)) SetErrorInfo(0, nullptr);
+    return parameter;
+}
+
+std::optional<std::wstring> Quillon::ParameterLiteral(std::wstring_view name) {
+    const ComPtr<::_cParameter> parameter = FindParameter(name);
+    win32::Bstr literal;
+    if (!parameter) return std::nullopt;
+    if (SUCCEEDED(parameter->SQLExpresion(literal.Put()))) return std::wstring(literal.View());
+    SetErrorInfo(0, nullptr);
+    return std::nullopt;
+}
+
+std::optional<std::wstring> Quillon::ParameterText(std::wstring_view name) {
+    const ComPtr<::_cParameter> parameter = FindParameter(name);
+    UniqueVariant value;
+    std::wstring text;
+    if (!parameter || FAILED(parameter->get_Value(value.Put())) || FAILED(RenderText(value.Get(), &text)))
+        return std::nullopt;
+    return text;
+}
+
+std::optional<std::wstring> Quillon::UserName() {
+    wchar_t name[UNLEN + 1] = L"";
+    DWORD size = UNLEN + 1;
+    if (!GetUserNameW(name, &size)) return std::nullopt;
+    return std::wstring(name);
+}
+
+std::optional<std::wstring> Quillon::ComputerName() {
+    wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = L"";
+    DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
+    if (!GetComputerNameW(name, &size)) return std::nullopt;
+    return std::wstring(name);
 }
 
 }  // namespace tessel::component

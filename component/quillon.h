@@ -9,6 +9,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "component/dual_object.h"
@@ -34,7 +35,15 @@ private:
                                              const schema::Schema& schema, const std::wstring& caption,
                                              class HourglassPointer& pointer);
 
+    /// The host's parameter of that name, or an empty pointer, also when the look-up failed.
+    win32::ComPtr<::_cParameter> FindParameter(std::wstring_view name);
+
+    // DesignerOwner
     std::vector<std::wstring> ParameterNames() override;
+    std::optional<std::wstring> ParameterLiteral(std::wstring_view name) override;
+    std::optional<std::wstring> ParameterText(std::wstring_view name) override;
+    std::optional<std::wstring> UserName() override;
+    std::optional<std::wstring> ComputerName() override;
 
     win32::ComPtr<IDispatch> current_schema_;
     win32::ComPtr<IDispatch> parameters_;

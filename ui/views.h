@@ -2,6 +2,7 @@
 // implement them with a few lines. Views show what they are told and report gestures; they decide nothing.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -63,6 +64,13 @@ public:
     virtual ~DesignerOwner() = default;
     /// The names of the host's parameters in collection order; empty when there are none.
     virtual std::vector<std::wstring> ParameterNames() = 0;
+    /// What the macros of a statement stand for; nothing where the owner has no answer. The value of the host's
+    /// parameter of that name as an SQL literal, and as it is.
+    virtual std::optional<std::wstring> ParameterLiteral(std::wstring_view) { return std::nullopt; }
+    virtual std::optional<std::wstring> ParameterText(std::wstring_view) { return std::nullopt; }
+    /// The name of the user logged on, and the computer's network name.
+    virtual std::optional<std::wstring> UserName() { return std::nullopt; }
+    virtual std::optional<std::wstring> ComputerName() { return std::nullopt; }
 };
 
 }  // namespace tessel::ui
