@@ -13,6 +13,18 @@ namespace {
 constexpr std::wstring_view kAskClear = L"¿Seguro desea eliminar todas las columnas definidas?";
 constexpr std::wstring_view kCellTooLong = L"El texto de una celda no puede tener más de 255 caracteres.";
 
+/// The first shown column from there to the right, else to the left, so that the focus stays on something
+/// visible.
+int NearestShownColumn(const model::DesignGrid& grid, int column) {
+    for (int right = column; right < grid.ColumnCount(); ++right) {
+        if (grid.IsColumnShown(right)) return right;
+    }
+    for (int left = column; left > 0; --left) {
+        if (grid.IsColumnShown(left)) return left;
+    }
+    return 0;
+}
+
 /// Shows the hourglass while it lives and then the pointer that it was told to leave.
 class Hourglass {
 public:
@@ -28,7 +40,8 @@ private:
 };
 
 constexpr std::wstring_view kTreeNotUnderstood =
-    L"No se pudo interpretar la sintaxis de la instrucción, puede que sea demasiado compleja o contenga un error.";
+    L"No se pudo interpretar la sintaxis de la instrucción, puede que sea demasiado compleja o contenga un "
+    L"error.";
 constexpr std::wstring_view kTreeOfNothing =
     L"No hay ninguna instrucción que analizar, existe un error o es demasiado compleja.";
 
@@ -229,8 +242,8 @@ void DesignerPresenter::RemoveFocusedColumn() {
     }
     if (!removed) return;
     grid.SetCaption(column, L"");
-    grid.SetFocus(model::GridRow::Campo, column);
     grid.ShowColumn(column, false);
+    grid.SetFocus(model::GridRow::Campo, NearestShownColumn(grid, column));
     model::SyncDiagramChecks(design_);
 }
 

@@ -383,6 +383,8 @@ TEST_F(Gestures, RemovingTheFocusedColumnEmptiesAndHidesIt) {
     EXPECT_EQ(Cell(GridRow::Condicion, 1), L"");
     EXPECT_EQ(presenter_.Design().grid.Caption(1), L"");
     EXPECT_FALSE(presenter_.Design().grid.IsColumnShown(1));
+    EXPECT_EQ(presenter_.Design().grid.FocusedColumn(), 2);
+    EXPECT_EQ(presenter_.Design().grid.FocusedRow(), GridRow::Campo);
     EXPECT_EQ(Cell(GridRow::Campo, 0), L"t.a");
     presenter_.DiagramFieldChecked(L"t", L"c", true);
     EXPECT_EQ(Cell(GridRow::Campo, 1), L"t.c");
