@@ -130,6 +130,7 @@ void DesignerPresenter::SwitchToDesign() {
     if (IsAllWhiteSpace(text)) {
         ClearDesign(false);
         design_.diagram.Clear();
+        RefillFieldLists();
         design_.distinct = false;
         reason_.reset();
         view_.ShowDistinct(false);
@@ -150,9 +151,17 @@ void DesignerPresenter::SwitchToDesign() {
 bool DesignerPresenter::Analyse(std::wstring_view text) {
     const analyse::Analysis analysis = analyse::AnalyseSQL(text, design_);
     reason_ = analysis.accepted ? std::nullopt : analysis.error;
+    RefillFieldLists();
     view_.ShowDistinct(design_.distinct);
     for (const std::wstring& message : analysis.messages) view_.ShowMessage(message);
     return analysis.accepted;
+}
+
+// The lists of fields and tables follow the diagram also while the focus stays on their row.
+void DesignerPresenter::RefillFieldLists() {
+    const model::GridRow row = design_.grid.FocusedRow();
+    if (row == model::GridRow::Campo || row == model::GridRow::Tabla)
+        model::RefillPickLists(design_, row, {});
 }
 
 void DesignerPresenter::SetGridShown(bool shown) {
@@ -223,6 +232,7 @@ void DesignerPresenter::RelationDrawn(std::wstring_view left_table, std::wstring
 
 void DesignerPresenter::TableChosen(std::wstring_view name) {
     design_.diagram.AddTable(name, false);
+    RefillFieldLists();
 }
 
 void DesignerPresenter::DistinctClicked(bool checked) {
@@ -243,8 +253,8 @@ void DesignerPresenter::RemoveFocusedColumn() {
     if (!removed) return;
     grid.SetCaption(column, L"");
     grid.ShowColumn(column, false);
-    grid.SetFocus(model::GridRow::Campo, NearestShownColumn(grid, column));
     model::SyncDiagramChecks(design_);
+    GridFocusMoved(model::GridRow::Campo, NearestShownColumn(grid, column));
 }
 
 void DesignerPresenter::ShowSyntaxTree() {
@@ -268,6 +278,7 @@ void DesignerPresenter::ClearDesign(bool bAsk) {
     const Hourglass hourglass(view_);
     view_.ProcessEvents();
     model::ClearGrid(design_);
+    RefillFieldLists();
 }
 
 }  // namespace tessel::ui

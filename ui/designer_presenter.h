@@ -79,6 +79,7 @@ private:
 
     bool Analyse(std::wstring_view text);
     void SetGridShown(bool shown);
+    void RefillFieldLists();
     void SwitchToSql();
     void SwitchToDesign();
 

@@ -369,6 +369,15 @@ TEST_F(Gestures, CriteriaRowsOfferTheHostsParameters) {
     EXPECT_EQ(presenter_.Design().grid.PickList(0), Texts({L"@desde", L"@hasta"}));
 }
 
+TEST_F(Gestures, FieldListFollowsTheDiagramWhileTheFocusStays) {
+    presenter_.TableChosen(L"A");
+    EXPECT_EQ(presenter_.Design().grid.PickList(0), Texts({L"A.*"}));
+    presenter_.GridFocusMoved(GridRow::Visible, 0);
+    presenter_.SetDsn(kPlain);
+    EXPECT_EQ(presenter_.Design().grid.FocusedRow(), GridRow::Campo);
+    EXPECT_EQ(presenter_.Design().grid.PickList(0), Texts({L"Clientes.*"}));
+}
+
 TEST_F(Gestures, WithoutParametersTheCriteriaRowsKeepTheListBefore) {
     presenter_.GridFocusMoved(GridRow::Orden, 0);
     presenter_.GridFocusMoved(GridRow::Condicion, 0);
