@@ -18,6 +18,7 @@
 #include "sqlparser/sql_parser.h"
 #include "tools/design_json.h"
 #include "tools/help_text.h"
+#include "tools/macro_commands.h"
 #include "tools/schema_json.h"
 #include "tools/utf8_file.h"
 
@@ -288,6 +289,10 @@ int RunCommand(const std::vector<std::string>& arguments, std::istream& in, std:
     if (options.verb == "--help" || options.verb == "-h") {
         out << ToUtf8(kHelpText);
         return kDone;
+    }
+    if (IsMacroVerb(options.verb)) {
+        const auto error = RunMacroVerb(options.verb, rest, in, out);
+        return error ? Refuse(streams, kUnusable, error->message) : kDone;
     }
     const auto verb = Verbs().find(options.verb);
     if (verb == Verbs().end()) {

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kMinimumWidth = 700;   // dips
 constexpr int kMinimumHeight = 460;  // dips
+constexpr int kFirstColumnsWidth = 124;
 
 BOOL CALLBACK PassOn(HWND child, LPARAM message) {
     SendMessageW(child, static_cast<UINT>(message), 0, 0);
@@ -43,6 +44,9 @@ bool DesignerWindow::Create() {
         return false;
     }
     presenter_.Load();
+    // The first columns, the ones that most queries use, show a qualified name whole.
+    for (int column = 0; column < model::kInitialColumnCount; ++column)
+        presenter_.Design().grid.SetColumnWidth(column, kFirstColumnsWidth);
     grid_.Bind(&presenter_.Design().grid, this);
     diagram_.Bind(&presenter_.Design().diagram, this);
     presenter_.Design().grid.AddListener(this);
