@@ -33,8 +33,8 @@ TEST(MacrosVerb, ListsOneMacroALine) {
 
 TEST(ExpandVerb, ReplacesDatesParametersAndNames) {
     const Outcome outcome =
-        Answered({"expand", "--param", "Cliente=adVarChar=O'Brien", "--param", "n=adInteger=42", "--user", "maria", "--pc",
-             "PC-01", "x = @cliente AND n = @n AND f = @fecha AND u = @winuser AND p = @nombrepcwin AND @pages"});
+        Answered({"expand", "--param", "Cliente=adVarChar=O'Brien", "--param", "total=adInteger=42", "--user", "maria", "--pc",
+             "PC-01", "x = @cliente AND n = @total AND f = @fecha AND u = @winuser AND p = @nombrepcwin AND @pages"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.out, "x = 'O'Brien' AND n = 42 AND f = DATE() AND u = 'maria' AND p = 'PC-01' AND @pages");
 }
