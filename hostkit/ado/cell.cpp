@@ -1,0 +1,215 @@
+#include "hostkit/ado/cell.h"
+
+#include <cmath>
+#include <cwchar>
+
+namespace tessel::ado {
+
+using win32::UniqueVariant;
+
+namespace {
+
+constexpr std::size_t kPieceBytes = 32768;
+constexpr double kSecondsPerDay = 86400.0;
+constexpr double kNanosecondsPerSecond = 1e9;
+
+/// Reads a value of any length in pieces. `terminator` bytes end each piece and are not part of it.
+Status ReadPieces(Statement& statement, int number, SQLSMALLINT c_type, std::size_t terminator, std::string* bytes,
+                  bool* is_null) {
+    *is_null = false;
+    std::string piece(kPieceBytes, '\0');
+    const std::size_t room = kPieceBytes - terminator;
+    for (;;) {
+        SQLLEN length = 0;
+        const SQLRETURN result = SQLGetData(statement.Handle(), static_cast<SQLUSMALLINT>(number), c_type,
+                                            piece.data(), static_cast<SQLLEN>(piece.size()), &length);
+        if (result == SQL_NO_DATA) return {};
+        if (!SQL_SUCCEEDED(result)) return statement.Check(result);
+        if (length == SQL_NULL_DATA) {
+            *is_null = true;
+            return {};
+        }
+        const bool is_full = length == SQL_NO_TOTAL || static_cast<std::size_t>(length) > room;
+        bytes->append(piece.data(), is_full ? room : static_cast<std::size_t>(length));
+        if (!is_full || result == SQL_SUCCESS) return {};
+    }
+}
+
+Status ReadText(Statement& statement, int number, std::wstring* text, bool* is_null) {
+    std::string bytes;
+    Status read = ReadPieces(statement, number, SQL_C_WCHAR, sizeof(SQLWCHAR), &bytes, is_null);
+    text->assign(reinterpret_cast<const wchar_t*>(bytes.data()), bytes.size() / sizeof(wchar_t));
+    return read;
+}
+
+template <class Value>
+Status ReadFixed(Statement& statement, int number, SQLSMALLINT c_type, Value* value, bool* is_null) {
+    SQLLEN length = 0;
+    const SQLRETURN result = SQLGetData(statement.Handle(), static_cast<SQLUSMALLINT>(number), c_type, value,
+                                        sizeof *value, &length);
+    *is_null = length == SQL_NULL_DATA;
+    return statement.Check(result);
+}
+
+/// The automation date, whose fraction counts away from zero also before the year 1900.
+bool DateFrom(const SQL_TIMESTAMP_STRUCT& stamp, DATE* date) {
+    SYSTEMTIME day{};
+    day.wYear = static_cast<WORD>(stamp.year);
+    day.wMonth = stamp.month;
+    day.wDay = stamp.day;
+    DATE whole = 0;
+    if (stamp.year < 0 || !SystemTimeToVariantTime(&day, &whole)) return false;
+    const double seconds =
+        stamp.hour * 3600.0 + stamp.minute * 60.0 + stamp.second + stamp.fraction / kNanosecondsPerSecond;
+    *date = whole < 0 ? whole - seconds / kSecondsPerDay : whole + seconds / kSecondsPerDay;
+    return true;
+}
+
+void PutText(std::wstring_view text, UniqueVariant* target) { *target = UniqueVariant(text); }
+
+Status ReadDecimal(Statement& statement, int number, UniqueVariant* target) {
+    std::wstring text;
+    bool is_null = false;
+    Status read = ReadText(statement, number, &text, &is_null);
+    if (!read || is_null) return read;
+    DECIMAL decimal{};
+    if (DecimalFromText(text, &decimal)) {
+        target->Address()->decVal = decimal;
+        target->Address()->vt = VT_DECIMAL;
+        return {};
+    }
+    // What a decimal cannot hold keeps its value as a double, and what is no number at all as its text.
+    wchar_t* end = nullptr;
+    const double value = std::wcstod(text.c_str(), &end);
+    if (end != text.c_str() && *end == 0 && std::isfinite(value))
+        *target = UniqueVariant(value);
+    else
+        PutText(text, target);
+    return {};
+}
+
+Status ReadDate(Statement& statement, int number, AdoType type, UniqueVariant* target) {
+    SQL_TIMESTAMP_STRUCT stamp{};
+    bool is_null = false;
+    if (type == AdoType::DBTime) {
+        SQL_TIME_STRUCT time{};
+        Status read = ReadFixed(statement, number, SQL_C_TYPE_TIME, &time, &is_null);
+        if (!read || is_null) return read;
+        *target = UniqueVariant::Date((time.hour * 3600.0 + time.minute * 60.0 + time.second) / kSecondsPerDay);
+        return {};
+    }
+    Status read = ReadFixed(statement, number, SQL_C_TYPE_TIMESTAMP, &stamp, &is_null);
+    if (!read || is_null) return read;
+    DATE date = 0;
+    // A date outside the range of automation (the year 0) has no value there.
+    if (DateFrom(stamp, &date)) *target = UniqueVariant::Date(date);
+    return {};
+}
+
+Status ReadBytes(Statement& statement, int number, UniqueVariant* target) {
+    std::string bytes;
+    bool is_null = false;
+    Status read = ReadPieces(statement, number, SQL_C_BINARY, 0, &bytes, &is_null);
+    if (!read || is_null) return read;
+    SAFEARRAY* array = SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(bytes.size()));
+    if (!array) throw std::bad_alloc();
+    memcpy(array->pvData, bytes.data(), bytes.size());
+    target->Address()->parray = array;
+    target->Address()->vt = VT_ARRAY | VT_UI1;
+    return {};
+}
+
+template <class Value, class Member>
+Status ReadNumber(Statement& statement, int number, SQLSMALLINT c_type, VARTYPE type, Member member,
+                  UniqueVariant* target) {
+    Value value{};
+    bool is_null = false;
+    Status read = ReadFixed(statement, number, c_type, &value, &is_null);
+    if (!read || is_null) return read;
+    target->Address()->vt = type;
+    target->Address()->*member = value;
+    return {};
+}
+
+}  // namespace
+
+bool DecimalFromText(std::wstring_view text, DECIMAL* target) {
+    *target = DECIMAL{};
+    std::size_t at = 0;
+    const bool negative = !text.empty() && text[0] == L'-';
+    if (!text.empty() && (text[0] == L'-' || text[0] == L'+')) ++at;
+    unsigned scale = 0;
+    bool in_fraction = false, any_digit = false;
+    for (; at < text.size(); ++at) {
+        if (text[at] == L'.' && !in_fraction) {
+            in_fraction = true;
+            continue;
+        }
+        if (text[at] < L'0' || text[at] > L'9') return false;
+        // 96 bits times ten plus the digit, in three parts of 32 bits.
+        const ULONG parts[] = {target->Lo32, target->Mid32, target->Hi32};
+        ULONG next[3];
+        ULONGLONG carry = static_cast<ULONGLONG>(text[at] - L'0');
+        for (int i = 0; i < 3; ++i) {
+            carry += static_cast<ULONGLONG>(parts[i]) * 10;
+            next[i] = static_cast<ULONG>(carry);
+            carry >>= 32;
+        }
+        if (carry != 0 || (in_fraction && scale == 28)) {
+            // The digits behind what fits are cut off in a fraction and cannot be left out before the point.
+            if (in_fraction) break;
+            return false;
+        }
+        target->Lo32 = next[0];
+        target->Mid32 = next[1];
+        target->Hi32 = next[2];
+        any_digit = true;
+        if (in_fraction) ++scale;
+    }
+    for (; at < text.size(); ++at)
+        if (text[at] < L'0' || text[at] > L'9') return false;
+    target->scale = static_cast<BYTE>(scale);
+    target->sign = negative ? DECIMAL_NEG : 0;
+    return any_digit;
+}
+
+Status ReadCell(Statement& statement, int number, const Column& column, UniqueVariant* target) {
+    *target = UniqueVariant::Null();
+    switch (column.type) {
+        case AdoType::SmallInt:
+            return ReadNumber<SHORT>(statement, number, SQL_C_SSHORT, VT_I2, &VARIANT::iVal, target);
+        case AdoType::UnsignedTinyInt:
+            return ReadNumber<BYTE>(statement, number, SQL_C_UTINYINT, VT_UI1, &VARIANT::bVal, target);
+        case AdoType::Integer:
+            return ReadNumber<LONG>(statement, number, SQL_C_SLONG, VT_I4, &VARIANT::lVal, target);
+        case AdoType::BigInt:
+            return ReadNumber<LONGLONG>(statement, number, SQL_C_SBIGINT, VT_I8, &VARIANT::llVal, target);
+        case AdoType::Single:
+            return ReadNumber<FLOAT>(statement, number, SQL_C_FLOAT, VT_R4, &VARIANT::fltVal, target);
+        case AdoType::Double:
+            return ReadNumber<DOUBLE>(statement, number, SQL_C_DOUBLE, VT_R8, &VARIANT::dblVal, target);
+        case AdoType::Boolean: {
+            BYTE bit = 0;
+            bool is_null = false;
+            Status read = ReadFixed(statement, number, SQL_C_BIT, &bit, &is_null);
+            if (read && !is_null) *target = UniqueVariant(bit != 0);
+            return read;
+        }
+        case AdoType::Numeric:
+            return ReadDecimal(statement, number, target);
+        case AdoType::DBDate:
+        case AdoType::DBTime:
+        case AdoType::DBTimeStamp:
+            return ReadDate(statement, number, column.type, target);
+        default:
+            break;
+    }
+    if (IsBinary(column.type)) return ReadBytes(statement, number, target);
+    std::wstring text;
+    bool is_null = false;
+    Status read = ReadText(statement, number, &text, &is_null);
+    if (read && !is_null) PutText(text, target);
+    return read;
+}
+
+}  // namespace tessel::ado

@@ -1,0 +1,22 @@
+// Self-registration of the ADODB program identifiers, in a Wine prefix only: on Windows they belong to the system's
+// own ADO, and registering refuses to touch them.
+#pragma once
+
+#include <windows.h>
+
+namespace tessel::ado {
+
+extern const CLSID kConnectionClass;
+extern const CLSID kRecordsetClass;
+
+/// True under Wine, whose ntdll tells its version.
+bool IsWine();
+
+/// Writes the machine's keys. Outside Wine nothing is written and SELFREG_E_CLASS is answered, with the reason on the
+/// thread and on the standard error stream.
+HRESULT Register();
+
+/// Removes what Register wrote. Identifiers that point at another server stay.
+HRESULT Unregister();
+
+}  // namespace tessel::ado
