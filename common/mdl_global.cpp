@@ -55,17 +55,18 @@ constexpr std::array<ADOTypeInfo, 40> kADOTypes = {{
 
 constexpr std::wstring_view kInvalidArgument = L"Argumento o llamada a procedimiento no válidos.";
 
-/// What may stand before a function word and after it: every pair of these is an accepted pattern.
-constexpr std::wstring_view kBeforeWord = L" +-/)*";
-constexpr std::wstring_view kAfterWord = L" (";
+// What may stand before a function word and after it: every pair of these is an accepted pattern.
+constexpr bool MayStandBeforeWord(wchar_t ch) {
+    return ch == L' ' || ch == L'+' || ch == L'-' || ch == L'/' || ch == L')' || ch == L'*';
+}
 
-bool IsOneOf(std::wstring_view signs, wchar_t ch) {
-    return signs.find(ch) != std::wstring_view::npos;
+constexpr bool MayFollowWord(wchar_t ch) {
+    return ch == L' ' || ch == L'(';
 }
 
 /// True when the text holds `word`, which is in lower case, at that place with an accepted sign after it.
 bool HasWordAt(std::wstring_view text, std::size_t at, std::wstring_view word) {
-    if (text.size() - at <= word.size() || !IsOneOf(kAfterWord, text[at + word.size()])) return false;
+    if (text.size() - at <= word.size() || !MayFollowWord(text[at + word.size()])) return false;
     for (std::size_t i = 0; i < word.size(); ++i) {
         if (LowerChar(text[at + i]) != word[i]) return false;
     }
@@ -131,7 +132,7 @@ bool IsAggregate(std::wstring_view expression) {
     const auto starts = [&](std::wstring_view word) { return StartsWithWord(expression, word); };
     if (std::ranges::any_of(kWords, starts)) return true;
     for (std::size_t at = 1; at < expression.size(); ++at) {
-        if (!IsOneOf(kBeforeWord, expression[at - 1])) continue;
+        if (!MayStandBeforeWord(expression[at - 1])) continue;
         const auto is_here = [&](std::wstring_view word) { return HasWordAt(expression, at, word); };
         if (std::ranges::any_of(kWords, is_here)) return true;
     }
@@ -141,7 +142,7 @@ bool IsAggregate(std::wstring_view expression) {
 bool HasFunctionWord(std::wstring_view expression, std::wstring_view word) {
     const std::wstring inner = Lower(TrimView(word));
     for (std::size_t at = 1; at < expression.size(); ++at) {
-        if (IsOneOf(kBeforeWord, expression[at - 1]) && HasWordAt(expression, at, inner)) return true;
+        if (MayStandBeforeWord(expression[at - 1]) && HasWordAt(expression, at, inner)) return true;
     }
     // At the start the word counts as it was given, blanks included.
     return StartsWithWord(expression, Lower(word));
