@@ -36,7 +36,8 @@ bool ModalDialog::Run(HWND owner, const wchar_t* title, SIZE size, SIZE minimum)
     Layout();
     ShowWindow(Handle(), SW_SHOW);
     SetFocus(FirstFocus());
-    win32::RunModalLoop(Handle(), [this] { return closed_; }, {});
+    win32::RunModalLoop(
+        Handle(), [this] { return closed_; }, [this](const MSG& message) { return OnPreTranslate(message); });
     peers.Enable();
     Destroy();
     created_ = false;

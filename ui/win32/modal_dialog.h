@@ -27,11 +27,15 @@ protected:
     /// A control with that identifier reports `notification`; Esc arrives as IDCANCEL, Enter as DefaultButton().
     virtual void OnCommand(int id, int notification) = 0;
     virtual LRESULT OnNotify(NMHDR* header);
+    /// Sees every message before the dialog's keyboard handling; true swallows it.
+    virtual bool OnPreTranslate(const MSG&) { return false; }
     /// The control that gets the focus first.
     virtual HWND FirstFocus() const = 0;
     virtual int DefaultButton() const { return IDCANCEL; }
 
     void Close();
+    /// Lays the controls out anew, after one appeared or went.
+    void Layout();
     int Px(int dips) const;
     HFONT Font() const { return font_.get(); }
     /// A push button with the dialog's font.
@@ -39,10 +43,10 @@ protected:
     /// The usual size of a button in pixels, wide enough for the caption.
     SIZE ButtonSize(HWND button) const;
 
-private:
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+
+private:
     void Place(HWND owner, SIZE size);
-    void Layout();
 
     win32::UniqueFont font_;
     SIZE minimum_{};

@@ -1,0 +1,49 @@
+#include "common/win32/clipboard.h"
+
+#include <cstring>
+
+namespace tessel::win32 {
+
+namespace {
+
+/// The clipboard, opened for a scope.
+class OpenedClipboard {
+public:
+    explicit OpenedClipboard(HWND owner) : opened_(OpenClipboard(owner) != FALSE) {}
+    ~OpenedClipboard() {
+        if (opened_) CloseClipboard();
+    }
+    OpenedClipboard(const OpenedClipboard&) = delete;
+    OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+    explicit operator bool() const { return opened_; }
+
+private:
+    bool opened_;
+};
+
+HGLOBAL MemoryOf(std::wstring_view text) {
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, (text.size() + 1) * sizeof(wchar_t));
+    if (!memory) return nullptr;
+    void* target = GlobalLock(memory);
+    if (!target) {
+        GlobalFree(memory);
+        return nullptr;
+    }
+    if (!text.empty()) std::memcpy(target, text.data(), text.size() * sizeof(wchar_t));
+    GlobalUnlock(memory);
+    return memory;
+}
+
+}  // namespace
+
+bool CopyToClipboard(HWND owner, std::wstring_view text) {
+    const HGLOBAL memory = MemoryOf(text);
+    if (!memory) return false;
+    const OpenedClipboard clipboard(owner);
+    // The clipboard owns the memory once it took it.
+    if (clipboard && EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, memory)) return true;
+    GlobalFree(memory);
+    return false;
+}
+
+}  // namespace tessel::win32

@@ -1,0 +1,89 @@
+// dlgPVW, "Vista previa de datos": rows in a grid that asks only for the cells it shows, with a status line, a find
+// bar, and copying of rows and of the current cell. Nothing can be changed in it.
+#pragma once
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "common/result.h"
+#include "ui/preview_rows.h"
+#include "ui/win32/find_bar.h"
+#include "ui/win32/modal_dialog.h"
+
+namespace tessel::ui {
+
+class dlgPVW final : public ModalDialog {
+public:
+    enum ControlId : int { kIdRows = 301, kIdStatus = 302, kIdFindBar = 303 };
+    /// The widest a column is made when the window opens, in dips.
+    static constexpr int kWidestColumn = 150;
+
+    /// `rows` is not owned and must outlive the window.
+    explicit dlgPVW(PreviewRows& rows) : rows_(rows) {}
+
+    /// Shows the rows until the user closes the window. The reason when it could not be opened.
+    std::optional<Error> Show(HWND owner);
+
+    HWND List() const { return list_; }
+    CellPlace CurrentCell() const;
+    /// Looks for the text from the current cell on, in slices, while the window stays usable.
+    void Find(std::wstring_view text, bool backwards);
+    bool IsSearching() const { return search_.has_value(); }
+
+private:
+    bool OnCreateControls() override;
+    void OnLayout(SIZE client) override;
+    void OnCommand(int id, int notification) override;
+    LRESULT OnNotify(NMHDR* header) override;
+    bool OnPreTranslate(const MSG& message) override;
+    LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+    HWND FirstFocus() const override { return list_; }
+    int DefaultButton() const override { return find_bar_.HasFocus() ? FindBar::kIdNext : IDCANCEL; }
+
+    bool CreateList();
+    void AddColumns();
+    int FittingWidth(int column);
+    int TextWidth(const std::wstring& text) const;
+
+    bool OnKey(WPARAM key);
+    bool OnListKey(WPARAM key, bool control, bool shift);
+    void FillCell(NMLVDISPINFOW& info);
+    LRESULT DrawCell(NMLVCUSTOMDRAW& draw);
+    RECT CellBounds(CellPlace place) const;
+    void MoveToCell(CellPlace place);
+    void MoveToColumn(int column);
+    void ScrollToColumn(int column);
+    void UpdateStatus();
+    void ShowStatus(const std::wstring& text);
+
+    void OnMouseMove(POINT point);
+    void ShowMenu(POINT screen);
+    void SelectAll();
+    void CopyRows();
+    void CopyCell();
+    void Copy(const std::wstring& text);
+
+    void ShowFindBar();
+    void HideFindBar();
+    void FindAgain(bool backwards);
+    void SearchSlice();
+    void StopSearch();
+
+    PreviewRows& rows_;
+    HWND list_ = nullptr;
+    HWND status_ = nullptr;
+    HWND close_ = nullptr;
+    HWND tips_ = nullptr;
+    FindBar find_bar_;
+    int current_column_ = 0;
+    std::optional<CellPlace> tip_cell_;
+    std::wstring tip_text_;
+    std::optional<RowSearch> search_;
+    std::wstring group_separator_;
+};
+
+}  // namespace tessel::ui

@@ -1,0 +1,162 @@
+#include "ui/win32/recordset_rows.h"
+
+#include <algorithm>
+
+#include "common/mdl_global.h"
+#include "ui/preview_texts.h"
+
+namespace tessel::ui {
+
+using win32::CallResult;
+using win32::Dispatch;
+using win32::UniqueVariant;
+
+namespace {
+
+constexpr wchar_t kRecordsetProgId[] = L"ADODB.Recordset";
+constexpr LONG kClientCursor = 3;  // adUseClient
+constexpr int kGuidType = 72;      // adGUID
+constexpr std::int64_t kPageRows = 256;
+constexpr std::size_t kPagesKept = 16;
+constexpr std::size_t kBytesShown = 64;
+
+Error ErrorOf(const CallResult& failure) { return Error{failure.Message()}; }
+
+Result<Dispatch> CreateRecordset() {
+    CLSID clsid{};
+    win32::ComPtr<IDispatch> recordset;
+    HRESULT result = CLSIDFromProgID(kRecordsetProgId, &clsid);
+    if (SUCCEEDED(result))
+        result = CoCreateInstance(clsid, nullptr, CLSCTX_ALL, __uuidof(IDispatch), recordset.PutVoid());
+    if (FAILED(result)) return Error{preview_texts::kNoRecordset + win32::SystemMessage(result)};
+    return Dispatch(std::move(recordset));
+}
+
+/// An ADO type whose values are numbers. A GUID counts as one for literals, but nobody reads it as a number.
+bool IsNumberType(int type) {
+    return type != kGuidType && ADOTypeClass(ADOTypeName(type)) == ValueClass::Number;
+}
+
+std::wstring BytesAsText(const VARIANT& value) {
+    SAFEARRAY* array = value.parray;
+    LONG first = 0, last = -1;
+    void* data = nullptr;
+    if (!array || SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetLBound(array, 1, &first)) ||
+        FAILED(SafeArrayGetUBound(array, 1, &last)) || FAILED(SafeArrayAccessData(array, &data)))
+        return {};
+    const std::size_t size = static_cast<std::size_t>(static_cast<std::int64_t>(last) - first + 1);
+    const std::size_t shown = std::min(size, kBytesShown);
+    constexpr wchar_t kDigits[] = L"0123456789ABCDEF";
+    std::wstring text = L"0x";
+    for (std::size_t i = 0; i < shown; ++i) {
+        const unsigned char byte = static_cast<const unsigned char*>(data)[i];
+        text += kDigits[byte >> 4];
+        text += kDigits[byte & 15];
+    }
+    SafeArrayUnaccessData(array);
+    if (shown < size) text += L'…';
+    return text;
+}
+
+/// The value at a place of an array of fields by rows, or nullptr.
+const VARIANT* ValueIn(const std::optional<CallResult>& values, int field, std::int64_t row) {
+    if (!values || values->Value().Type() != (VT_ARRAY | VT_VARIANT)) return nullptr;
+    SAFEARRAY* array = values->Value().Get().parray;
+    LONG first[2] = {}, last[2] = {};
+    if (!array || SafeArrayGetDim(array) != 2) return nullptr;
+    for (UINT dimension = 0; dimension < 2; ++dimension)
+        if (FAILED(SafeArrayGetLBound(array, dimension + 1, &first[dimension])) ||
+            FAILED(SafeArrayGetUBound(array, dimension + 1, &last[dimension])))
+            return nullptr;
+    LONG place[2] = {first[0] + field, first[1] + static_cast<LONG>(row)};
+    if (place[0] > last[0] || place[1] > last[1]) return nullptr;
+    void* value = nullptr;
+    return SUCCEEDED(SafeArrayPtrOfIndex(array, place, &value)) ? static_cast<const VARIANT*>(value) : nullptr;
+}
+
+}  // namespace
+
+PreviewCell CellOfValue(const VARIANT& value) {
+    if (value.vt == VT_NULL || value.vt == VT_EMPTY) return {L"", true};
+    if (value.vt == VT_BSTR) return {std::wstring(win32::TextOf(value.bstrVal)), false};
+    if (value.vt == VT_BOOL) return {value.boolVal ? preview_texts::kYes : preview_texts::kNo, false};
+    if (value.vt == (VT_ARRAY | VT_UI1)) return {BytesAsText(value), false};
+    UniqueVariant text;
+    if (FAILED(UniqueVariant::CopyOf(value).ChangedTo(VT_BSTR, &text))) return {};
+    return {std::wstring(win32::TextOf(text.Get().bstrVal)), false};
+}
+
+Result<std::unique_ptr<PreviewRows>> RecordsetRows::Open(IDispatch* connection, std::wstring_view statement) {
+    const Result<Dispatch> created = CreateRecordset();
+    if (!created) return created.Reason();
+    const Dispatch& recordset = *created;
+    if (const CallResult placed = recordset.Put(L"CursorLocation", kClientCursor); !placed) return ErrorOf(placed);
+    if (const CallResult opened = recordset.Call(L"Open", statement, connection); !opened) return ErrorOf(opened);
+    return Over(recordset);
+}
+
+Result<std::unique_ptr<PreviewRows>> RecordsetRows::Over(const Dispatch& recordset) {
+    auto rows = std::unique_ptr<RecordsetRows>(new RecordsetRows(recordset));
+    if (auto failure = rows->ReadShape()) return *failure;
+    return std::unique_ptr<PreviewRows>(std::move(rows));
+}
+
+// A statement that returns no rows leaves a closed recordset, which has no fields.
+std::optional<Error> RecordsetRows::ReadShape() {
+    const Dispatch fields = recordset_.Get(L"Fields").Object();
+    const CallResult counted = fields.Get(L"Count");
+    if (!counted) return ErrorOf(counted);
+    const LONG count = counted.Number().value_or(0);
+    if (count <= 0) return Error{preview_texts::kNoRows};
+    for (LONG i = 0; i < count; ++i) {
+        const CallResult item = fields.Get(L"Item", i);
+        if (!item) return ErrorOf(item);
+        const Dispatch field = item.Object();
+        columns_.push_back({field.Get(L"Name").Text().value_or(std::wstring()),
+                            IsNumberType(static_cast<int>(field.Get(L"Type").Number().value_or(0)))});
+    }
+    const CallResult rows = recordset_.Get(L"RecordCount");
+    if (!rows) return ErrorOf(rows);
+    row_count_ = rows.Number().value_or(-1);
+    if (row_count_ < 0) return Error{preview_texts::kNoRowCount};
+    return std::nullopt;
+}
+
+PreviewCell RecordsetRows::Cell(std::int64_t row, int column) {
+    if (row < 0 || row >= row_count_ || column < 0 || column >= static_cast<int>(columns_.size())) return {};
+    const Page& page = PageAt(row / kPageRows);
+    const VARIANT* value = ValueIn(page.values, column, row % kPageRows);
+    return value ? CellOfValue(*value) : PreviewCell{};
+}
+
+const RecordsetRows::Page& RecordsetRows::PageAt(std::int64_t number) {
+    const auto kept =
+        std::find_if(pages_.begin(), pages_.end(), [&](const Page& page) { return page.number == number; });
+    if (kept != pages_.end()) {
+        kept->last_used = ++uses_;
+        return *kept;
+    }
+    if (pages_.size() < kPagesKept) return ReadPage(pages_.emplace_back(), number);
+    return ReadPage(*std::min_element(pages_.begin(), pages_.end(),
+                                      [](const Page& a, const Page& b) { return a.last_used < b.last_used; }),
+                    number);
+}
+
+// A page that cannot be read stays empty until it falls out, so that painting does not try again without end.
+const RecordsetRows::Page& RecordsetRows::ReadPage(Page& page, std::int64_t number) {
+    page = {number, ++uses_, std::nullopt};
+    const std::int64_t first = number * kPageRows;
+    const CallResult moved = recordset_.Put(L"AbsolutePosition", static_cast<LONG>(first + 1));
+    if (!moved) {
+        trouble_ = moved.Message();
+        return page;
+    }
+    page.values = recordset_.Call(L"GetRows", static_cast<LONG>(std::min(kPageRows, row_count_ - first)));
+    if (!*page.values)
+        trouble_ = page.values->Message();
+    else if (!ValueIn(page.values, 0, 0))
+        trouble_ = preview_texts::kBadPage;
+    return page;
+}
+
+}  // namespace tessel::ui
