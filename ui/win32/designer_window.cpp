@@ -5,6 +5,8 @@
 #include "common/win32/activation_context.h"
 #include "common/win32/dpi.h"
 #include "ui/dlg_dsn_texts.h"
+#include "ui/win32/dlg_pvw.h"
+#include "ui/win32/preview_database.h"
 #include "ui/win32/dlg_arbol.h"
 
 namespace tessel::ui {
@@ -22,7 +24,7 @@ BOOL CALLBACK PassOn(HWND child, LPARAM message) {
 
 }  // namespace
 
-DesignerWindow::DesignerWindow(DesignerOwner* owner) : presenter_(*this, *this, owner) {}
+DesignerWindow::DesignerWindow(DesignerOwner* owner) : presenter_(*this, *this, owner), macros_(owner) {}
 
 DesignerWindow::~DesignerWindow() {
     // The controls show the presenter's model: they let go of it while both are alive.
@@ -59,6 +61,11 @@ bool DesignerWindow::Create() {
 void DesignerWindow::LoadSchema(const schema::Schema* schema, std::wstring_view caption) {
     browser_.Load(schema, caption);
     presenter_.BindSchema(schema);
+}
+
+void DesignerWindow::SetConnection(IDispatch* connection) {
+    connection_ = win32::ComPtr<IDispatch>(connection);
+    UpdateCommands();
 }
 
 bool DesignerWindow::ShowModal() {
@@ -147,6 +154,9 @@ LRESULT DesignerWindow::OnCommand(int id, int notification) {
         case kIdCancel:
             presenter_.Cancel();
             break;
+        case kIdRunQuery:
+            RunQuery();
+            break;
         case kIdRemoveColumn:
             grid_.CancelEdit();
             presenter_.RemoveFocusedColumn();
@@ -196,6 +206,10 @@ bool DesignerWindow::OnKey(const MSG& message) {
         OnTabSelected();
         return true;
     }
+    if (message.wParam == VK_F5) {
+        if (IsWindowEnabled(run_query_)) RunQuery();
+        return true;
+    }
     if (message.wParam == VK_F6) {
         MoveToNextPane(shift);
         return true;
@@ -243,6 +257,23 @@ void DesignerWindow::UpdateCommands() {
     const bool focused_used = focused >= 0 && focused < grid.ColumnCount() && grid.IsColumnUsed(focused);
     EnableWindow(remove_column_, focused_used);
     EnableWindow(clear_all_, any_used);
+    EnableWindow(run_query_, static_cast<bool>(connection_));
+}
+
+void DesignerWindow::RunQuery() {
+    if (!grid_.CommitEdit()) return;
+    ConnectionDatabase database(connection_.Get());
+    RunStatement(presenter_.GetSQLText(), macros_, database, *this);
+}
+
+void DesignerWindow::PreviewTable(std::wstring_view table) {
+    ConnectionDatabase database(connection_.Get());
+    ui::ShowTable(table, database, *this);
+}
+
+std::optional<Error> DesignerWindow::ShowRows(PreviewRows& rows) {
+    dlgPVW dialog(rows);
+    return dialog.Show(Handle());
 }
 
 Pointer DesignerWindow::SetPointer(Pointer pointer) {

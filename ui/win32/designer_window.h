@@ -13,6 +13,7 @@
 #include <oaidl.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,7 @@
 #include "controls/grid/win32/design_grid_view.h"
 #include "controls/splitter/win32/splitter_bar.h"
 #include "ui/designer_presenter.h"
+#include "ui/preview.h"
 #include "ui/views.h"
 #include "ui/win32/panel.h"
 #include "ui/win32/reason_label.h"
@@ -59,6 +61,7 @@ enum ControlId : int {
 class DesignerWindow final : public win32::Window,
                              private DesignerView,
                              private EditorView,
+                             private PreviewView,
                              private controls::GridEvents,
                              private controls::DiagramEvents,
                              private controls::BrowserEvents,
@@ -71,8 +74,10 @@ public:
 
     bool Create();
     void LoadSchema(const schema::Schema* schema, std::wstring_view caption);
-    void SetConnection(IDispatch* connection) { connection_ = win32::ComPtr<IDispatch>(connection); }
+    void SetConnection(IDispatch* connection);
     bool ShowModal();
+    /// "Ver los datos de la tabla": every row of the table, in the preview.
+    void PreviewTable(std::wstring_view table);
 
     DesignerPresenter& Presenter() { return presenter_; }
     /// The editor's text as it stands, nothing composed.
@@ -105,6 +110,7 @@ private:
     void OnTabSelected();
     void MoveToNextPane(bool backwards);
     void UpdateCommands();
+    void RunQuery();
     void ShowPages();
     void FocusPage();
 
@@ -121,6 +127,9 @@ private:
     bool AskYesNo(std::wstring_view text) override;
     void ShowSyntaxTree(const std::vector<analyse::TreeNode>& roots) override;
     void Hide() override;
+
+    // PreviewView; its other members are DesignerView's
+    std::optional<Error> ShowRows(PreviewRows& rows) override;
 
     // EditorView
     std::wstring Text() const override;
@@ -142,6 +151,7 @@ private:
     // First, so that it outlives the controls, which show its model.
     DesignerPresenter presenter_;
     win32::ComPtr<IDispatch> connection_;
+    OwnerMacros macros_;
 
     Panel top_;
     Panel bottom_;

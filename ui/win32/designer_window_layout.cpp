@@ -133,7 +133,7 @@ bool DesignerWindow::CreateControls() {
         !CreateButton(help_, buttons_.Handle(), texts::kHelp, kIdHelp, 0, texts::kTipHelp))
         return false;
 
-    for (HWND unavailable : {add_table_, run_query_, help_}) EnableWindow(unavailable, FALSE);
+    for (HWND unavailable : {add_table_, help_}) EnableWindow(unavailable, FALSE);
 
     strip_.OnSize([this] { LayoutStrip(); });
     design_pane_.OnSize([this] { LayoutDesignPane(); });

@@ -15,6 +15,7 @@ namespace {
 
 constexpr wchar_t kRecordsetProgId[] = L"ADODB.Recordset";
 constexpr LONG kClientCursor = 3;  // adUseClient
+constexpr LONG kClosedState = 0;   // adStateClosed
 constexpr int kGuidType = 72;      // adGUID
 constexpr std::int64_t kPageRows = 256;
 constexpr std::size_t kPagesKept = 16;
@@ -101,8 +102,9 @@ Result<std::unique_ptr<PreviewRows>> RecordsetRows::Over(const Dispatch& records
     return std::unique_ptr<PreviewRows>(std::move(rows));
 }
 
-// A statement that returns no rows leaves a closed recordset, which has no fields.
+// A statement that returns no rows, such as an update, leaves a closed recordset, which has no fields.
 std::optional<Error> RecordsetRows::ReadShape() {
+    if (recordset_.Get(L"State").Number() == kClosedState) return Error{preview_texts::kNoRows};
     const Dispatch fields = recordset_.Get(L"Fields").Object();
     const CallResult counted = fields.Get(L"Count");
     if (!counted) return ErrorOf(counted);
