@@ -5,7 +5,7 @@
 //   visit click ID              clicks the control with that identifier
 //   visit keys NAME...          presses keys: TAB ENTER ESC DOWN UP LEFT RIGHT SPACE F2 F6 DEL HOME CTRL+TAB CTRL+END
 //   visit type TEXT             types a text
-//   visit gone                  waits until the designer is closed
+//   visit finish STAGE...       does a click or keys stage that closes the designer, and waits until it is closed
 //
 // Ends with status 0, or 1 and a line on the error output when the designer did not do what was waited for.
 #include <windows.h>
@@ -72,16 +72,14 @@ bool Press(const std::wstring& name) {
     return true;
 }
 
-}  // namespace
-
-int wmain(int count, wchar_t** arguments) {
-    if (count < 2) return Fail("a stage is missing: wait, click, keys, type, gone");
-    const std::wstring stage = arguments[1];
-    if (stage == L"gone") {
-        return WaitFor([] { return Designer() == nullptr; }) ? 0 : Fail("the designer is still open");
+int Carry(HWND window, int count, wchar_t** arguments) {
+    const std::wstring stage = count > 1 ? arguments[1] : L"";
+    if (stage == L"finish") {
+        const int status = Carry(window, count - 1, arguments + 1);
+        if (status != 0) return status;
+        // The host may open the next one at once, so it is this very window that must go.
+        return WaitFor([=] { return !IsWindow(window); }) ? 0 : Fail("the designer is still open");
     }
-    if (!WaitFor([] { return Designer() != nullptr; })) return Fail("no designer was opened");
-    const HWND window = Designer();
     if (stage == L"wait") {
         LetItWork();
         RECT frame{};
@@ -107,4 +105,12 @@ int wmain(int count, wchar_t** arguments) {
         return 0;
     }
     return Fail("unknown stage");
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    if (count < 2) return Fail("a stage is missing: wait, click, keys, type, finish");
+    if (!WaitFor([] { return Designer() != nullptr; })) return Fail("no designer was opened");
+    return Carry(Designer(), count, arguments);
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "common/identifiers.h"
 #include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
@@ -44,7 +45,8 @@ bool IsObject(BrowserItem::Kind kind) {
 }
 
 std::wstring FieldText(const BrowserField& field) {
-    return field.type_text.empty() ? field.name : field.name + L" – " + field.type_text;
+    const std::wstring name = Unbracketed(field.name);
+    return field.type_text.empty() ? name : name + L" – " + field.type_text;
 }
 
 BrowserIcon FieldIcon(const BrowserField& field) {
@@ -208,7 +210,8 @@ HTREEITEM SchemaBrowser::FillGroup(schema::ObjectKind kind, HTREEITEM after) {
     HTREEITEM last = nullptr;
     for (std::size_t object : objects) {
         const BrowserItem item = model_.ItemOfObject(object);
-        last = AddItem(group, last, item.name, icon, ItemData(item.kind, object), true);
+        // Without the brackets that a statement needs, so that typing the beginning of a name finds it.
+        last = AddItem(group, last, Unbracketed(item.name), icon, ItemData(item.kind, object), true);
         object_items_[object] = last;
     }
     TreeView_Expand(tree_, group, TVE_EXPAND);

@@ -13,7 +13,7 @@ namespace tessel::controls {
 namespace {
 
 constexpr int kShownItems = 12;
-constexpr int kComboId = 1;
+constexpr int kComboId = 21;  // apart from IDOK and IDCANCEL of a dialog around us
 constexpr UINT_PTR kSubclassId = 1;
 
 int TextWidth(HWND hwnd, HFONT font, std::wstring_view text) {
