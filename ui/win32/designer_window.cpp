@@ -5,9 +5,11 @@
 #include "common/win32/activation_context.h"
 #include "common/win32/dpi.h"
 #include "ui/dlg_dsn_texts.h"
+#include "ui/help_contexts.h"
+#include "ui/win32/dlg_arbol.h"
 #include "ui/win32/dlg_pvw.h"
 #include "ui/win32/preview_database.h"
-#include "ui/win32/dlg_arbol.h"
+#include "ui/win32/show_help.h"
 
 namespace tessel::ui {
 
@@ -24,7 +26,9 @@ BOOL CALLBACK PassOn(HWND child, LPARAM message) {
 
 }  // namespace
 
-DesignerWindow::DesignerWindow(DesignerOwner* owner) : presenter_(*this, *this, owner), macros_(owner) {}
+DesignerWindow::DesignerWindow(DesignerOwner* owner) : presenter_(*this, *this, owner), macros_(owner) {
+    SetHelp([](HWND help_owner, long context_id) { ShowHelp(help_owner, context_id); });
+}
 
 DesignerWindow::~DesignerWindow() {
     // The controls show the presenter's model: they let go of it while both are alive.
@@ -168,6 +172,9 @@ LRESULT DesignerWindow::OnCommand(int id, int notification) {
         case kIdSyntaxTree:
             if (grid_.CommitEdit()) presenter_.ShowSyntaxTree();
             break;
+        case kIdHelp:
+            show_help_(nullptr, help::kIndex);
+            break;
         case kIdDistinct:
             presenter_.DistinctClicked(SendMessageW(distinct_, BM_GETCHECK, 0, 0) == BST_CHECKED);
             break;
@@ -206,6 +213,10 @@ bool DesignerWindow::OnKey(const MSG& message) {
         OnTabSelected();
         return true;
     }
+    if (message.wParam == VK_F1) {
+        show_help_(nullptr, HelpTopic());
+        return true;
+    }
     if (message.wParam == VK_F5) {
         if (IsWindowEnabled(run_query_)) RunQuery();
         return true;
@@ -232,6 +243,17 @@ void DesignerWindow::MoveToNextPane(bool backwards) {
         if (focus == panes[i] || IsChild(panes[i], focus)) current = i;
     const std::size_t step = backwards ? panes.size() - 1 : 1;
     SetFocus(panes[(current + step) % panes.size()]);
+}
+
+long DesignerWindow::HelpTopic() const {
+    const HWND focus = GetFocus();
+    const auto is_in = [focus](HWND pane) { return pane && (focus == pane || IsChild(pane, focus)); };
+    if (is_in(browser_.Handle())) return help::kBrowser;
+    if (is_in(diagram_.Handle())) return help::kDiagram;
+    if (is_in(editor_.Handle())) return help::kSqlTab;
+    // The grid's rows are numbered from 1 in the help, as their ID is.
+    if (is_in(grid_.Handle())) return help::OfGridRow(static_cast<int>(presenter_.Design().grid.FocusedRow()));
+    return help::kWindow;
 }
 
 void DesignerWindow::ShowPages() {

@@ -12,10 +12,12 @@
 #include <windows.h>
 #include <oaidl.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "common/win32/com.h"
@@ -80,6 +82,8 @@ public:
     void PreviewTable(std::wstring_view table);
 
     DesignerPresenter& Presenter() { return presenter_; }
+    /// Replaces what "Ay&uda" and F1 call, which is ShowHelp, so that a test opens no help window.
+    void SetHelp(std::function<void(HWND owner, long context_id)> show_help) { show_help_ = std::move(show_help); }
     /// The editor's text as it stands, nothing composed.
     std::wstring EditorText() const { return editor_.Text(); }
 
@@ -109,6 +113,8 @@ private:
     bool OnKey(const MSG& message);
     void OnTabSelected();
     void MoveToNextPane(bool backwards);
+    /// The help topic of the pane that has the focus.
+    long HelpTopic() const;
     void UpdateCommands();
     void RunQuery();
     void ShowPages();
@@ -180,6 +186,7 @@ private:
     HWND clear_all_ = nullptr;
     HWND distinct_ = nullptr;
 
+    std::function<void(HWND, long)> show_help_;
     win32::UniqueFont font_;
     int dpi_ = 96;
     Pointer pointer_ = Pointer::Default;

@@ -133,7 +133,7 @@ bool DesignerWindow::CreateControls() {
         !CreateButton(help_, buttons_.Handle(), texts::kHelp, kIdHelp, 0, texts::kTipHelp))
         return false;
 
-    for (HWND unavailable : {add_table_, help_}) EnableWindow(unavailable, FALSE);
+    EnableWindow(add_table_, FALSE);
 
     strip_.OnSize([this] { LayoutStrip(); });
     design_pane_.OnSize([this] { LayoutDesignPane(); });

@@ -1,0 +1,74 @@
+// "Ay&uda" and F1 in the designer window: the button opens the help itself, the key the topic of the pane in use.
+#include <vector>
+
+#include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
+#include "ui/help_contexts.h"
+
+namespace tessel::testing {
+
+namespace {
+
+class DesignerHelp : public DlgDsnTest {
+protected:
+    struct Call {
+        HWND owner;
+        long context_id;
+        bool operator==(const Call&) const = default;
+    };
+
+    DesignerHelp() {
+        window_.SetHelp([this](HWND owner, long context_id) { calls_.push_back({owner, context_id}); });
+    }
+
+    void F1In(HWND pane) {
+        script_.Do([pane] { SetFocus(pane); });
+        script_.Do([] { PostMessageW(GetFocus(), WM_KEYDOWN, VK_F1, 1); });
+        const std::size_t expected = ++presses_;
+        script_.Until([this, expected] { return calls_.size() == expected; }, "F1");
+    }
+
+    std::vector<Call> calls_;
+    std::size_t presses_ = 0;
+};
+
+}  // namespace
+
+TEST_F(DesignerHelp, ButtonIsEnabledAndOpensTheHelpWithoutOwnerAndContext) {
+    script_.Do([this] {
+        EXPECT_TRUE(IsWindowEnabled(Control(ui::kIdHelp)));
+        Press(ui::kIdHelp);
+    });
+    script_.Until([this] { return !calls_.empty(); }, "help");
+    script_.Do([this] { Press(ui::kIdCancel); });
+    EXPECT_FALSE(Run(kTotalsByCustomer));
+    EXPECT_EQ(calls_, (std::vector<Call>{{nullptr, 0}}));
+}
+
+TEST_F(DesignerHelp, F1OpensTheTopicOfThePaneThatHasTheFocus) {
+    F1In(Control(ui::kIdBrowser));
+    F1In(Control(ui::kIdDiagram));
+    F1In(Control(ui::kIdAccept));
+    script_.Do([this] { ClickTab(ui::Tab::Sql); });
+    script_.Until([this] { return IsWindowVisible(Control(ui::kIdEditor)) != FALSE; }, "editor");
+    F1In(Control(ui::kIdEditor));
+    script_.Do([this] { Press(ui::kIdCancel); });
+    EXPECT_FALSE(Run(kTotalsByCustomer));
+    EXPECT_EQ(calls_, (std::vector<Call>{{nullptr, ui::help::kBrowser},
+                                         {nullptr, ui::help::kDiagram},
+                                         {nullptr, ui::help::kWindow},
+                                         {nullptr, ui::help::kSqlTab}}));
+}
+
+TEST_F(DesignerHelp, F1InTheGridOpensTheTopicOfTheFocusedRow) {
+    for (const model::GridRow row : model::kGridRows) {
+        script_.Do([this, row] { window_.Presenter().Design().grid.SetFocus(row, 0); });
+        F1In(Control(ui::kIdGrid));
+    }
+    script_.Do([this] { Press(ui::kIdCancel); });
+    EXPECT_FALSE(Run(kTotalsByCustomer));
+    std::vector<Call> expected;
+    for (long row = 1; row <= 8; ++row) expected.push_back({nullptr, 200 + row});
+    EXPECT_EQ(calls_, expected);
+}
+
+}  // namespace tessel::testing
