@@ -145,6 +145,8 @@ LRESULT dlgPVW::OnNotify(NMHDR* header) {
             FillCell(*reinterpret_cast<NMLVDISPINFOW*>(header));
             return 0;
         case LVN_ITEMCHANGED:
+            OnItemChanged(*reinterpret_cast<NMLISTVIEW*>(header));
+            return 0;
         case LVN_ODSTATECHANGED:
             UpdateStatus();
             return 0;
@@ -202,8 +204,10 @@ RECT dlgPVW::CellBounds(CellPlace place) const {
     return bounds;
 }
 
-CellPlace dlgPVW::CurrentCell() const {
-    return {static_cast<std::int64_t>(ListView_GetNextItem(list_, -1, LVNI_FOCUSED)), current_column_};
+void dlgPVW::OnItemChanged(const NMLISTVIEW& change) {
+    const bool focused = (change.uNewState & LVIS_FOCUSED) != 0;
+    if (focused && change.iItem >= 0) current_row_ = change.iItem;
+    UpdateStatus();
 }
 
 void dlgPVW::UpdateStatus() {

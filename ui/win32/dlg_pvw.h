@@ -5,6 +5,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,7 +30,8 @@ public:
     std::optional<Error> Show(HWND owner);
 
     HWND List() const { return list_; }
-    CellPlace CurrentCell() const;
+    /// The cell with the focus; row -1 when there is none.
+    CellPlace CurrentCell() const { return {current_row_, current_column_}; }
     /// Looks for the text from the current cell on, in slices, while the window stays usable.
     void Find(std::wstring_view text, bool backwards);
     bool IsSearching() const { return search_.has_value(); }
@@ -51,6 +53,7 @@ private:
 
     bool OnKey(WPARAM key);
     bool OnListKey(WPARAM key, bool control, bool shift);
+    void OnItemChanged(const NMLISTVIEW& change);
     void FillCell(NMLVDISPINFOW& info);
     LRESULT DrawCell(NMLVCUSTOMDRAW& draw);
     RECT CellBounds(CellPlace place) const;
@@ -79,6 +82,8 @@ private:
     HWND close_ = nullptr;
     HWND tips_ = nullptr;
     FindBar find_bar_;
+    // Told by the list, because asking it for the focused row may cost a walk over all of them.
+    std::int64_t current_row_ = -1;
     int current_column_ = 0;
     std::optional<CellPlace> tip_cell_;
     std::wstring tip_text_;
