@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "common/win32/activation_context.h"
 #include "common/win32/dpi.h"
 #include "ui/dlg_dsn_texts.h"
@@ -59,6 +61,7 @@ bool DesignerWindow::Create() {
     ShowPages();
     UpdateCommands();
     LayoutForm();
+    DivideDesignPage();
     return true;
 }
 
@@ -97,8 +100,10 @@ LRESULT DesignerWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             if (wparam != SIZE_MINIMIZED) LayoutForm();
             return 0;
         case WM_GETMINMAXINFO: {
+            // Never larger than the screen, which at a high scale may be small in dips.
             auto* info = reinterpret_cast<MINMAXINFO*>(lparam);
-            info->ptMinTrackSize = {Px(kMinimumWidth), Px(kMinimumHeight)};
+            info->ptMinTrackSize = {std::min<LONG>(Px(kMinimumWidth), GetSystemMetrics(SM_CXSCREEN)),
+                                    std::min<LONG>(Px(kMinimumHeight), GetSystemMetrics(SM_CYSCREEN))};
             return 0;
         }
         case WM_ERASEBKGND: {

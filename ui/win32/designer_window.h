@@ -98,6 +98,7 @@ private:
     void LayoutTopButtons();
     void LayoutBottomButtons();
     void LayoutStrip();
+    void DivideDesignPage();
     void LayoutDesignPane();
     void LayoutGridButtons();
     void LayoutSqlPage();

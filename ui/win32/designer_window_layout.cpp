@@ -28,7 +28,7 @@ constexpr int kButtonMinimum = 86;
 constexpr int kMargin = 8;
 constexpr int kGap = 6;
 constexpr int kBrowserWidth = 220;
-constexpr int kDiagramHeight = 250;
+constexpr int kGridHeight = 270;  // buttons, header, eight rows and the scroll bar
 constexpr int kSplitterMinimum = 80;
 constexpr int kCheckMark = 20;  // the box of a check button with its gap
 constexpr int kTwipsPerInch = 1440;
@@ -118,7 +118,6 @@ bool DesignerWindow::CreateControls() {
         return false;
     page_splitter_.SetPanes(diagram_.Handle(), design_pane_.Handle());
     page_splitter_.SetMinimums(kSplitterMinimum, kSplitterMinimum);
-    page_splitter_.SetPosition(kDiagramHeight);
     // lblNo lies under the grid and its buttons.
     SetWindowPos(reason_.Handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     // The pages lie over the tab strip's body.
@@ -226,6 +225,12 @@ void DesignerWindow::LayoutStrip() {
         Place(hwnd, FromTwips(kPageLeft), FromTwips(kPageTop), page.width ? FromTwips(*page.width) : now.cx,
               page.height ? FromTwips(*page.height) : now.cy);
     }
+}
+
+/// The first division between diagram and grid: the grid gets the height of its rows when there is room for both.
+void DesignerWindow::DivideDesignPage() {
+    const int page = MulDiv(ClientSize(page_splitter_.Handle()).cy, 96, dpi_);
+    page_splitter_.SetPosition(std::max(std::min(page - kGridHeight, page * 6 / 10), page * 3 / 10));
 }
 
 void DesignerWindow::LayoutDesignPane() {
