@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cwchar>
 
+#include "hostkit/ado/decimal.h"
+
 namespace tessel::ado {
 
 using win32::UniqueVariant;
@@ -65,8 +67,6 @@ bool DateFrom(const SQL_TIMESTAMP_STRUCT& stamp, DATE* date) {
     return true;
 }
 
-void PutText(std::wstring_view text, UniqueVariant* target) { *target = UniqueVariant(text); }
-
 Status ReadDecimal(Statement& statement, int number, UniqueVariant* target) {
     std::wstring text;
     bool is_null = false;
@@ -78,13 +78,18 @@ Status ReadDecimal(Statement& statement, int number, UniqueVariant* target) {
         target->Address()->vt = VT_DECIMAL;
         return {};
     }
-    // What a decimal cannot hold keeps its value as a double, and what is no number at all as its text.
+    // A number with an exponent goes through a double, and stays one when a decimal cannot hold it; what is no number
+    // at all keeps its text.
     wchar_t* end = nullptr;
     const double value = std::wcstod(text.c_str(), &end);
-    if (end != text.c_str() && *end == 0 && std::isfinite(value))
+    if (end == text.c_str() || *end != 0 || !std::isfinite(value)) {
+        *target = UniqueVariant(std::wstring_view(text));
+    } else if (SUCCEEDED(VarDecFromR8(value, &decimal))) {
+        target->Address()->decVal = decimal;
+        target->Address()->vt = VT_DECIMAL;
+    } else {
         *target = UniqueVariant(value);
-    else
-        PutText(text, target);
+    }
     return {};
 }
 
@@ -131,47 +136,17 @@ Status ReadNumber(Statement& statement, int number, SQLSMALLINT c_type, VARTYPE 
     return {};
 }
 
-}  // namespace
-
-bool DecimalFromText(std::wstring_view text, DECIMAL* target) {
-    *target = DECIMAL{};
-    std::size_t at = 0;
-    const bool negative = !text.empty() && text[0] == L'-';
-    if (!text.empty() && (text[0] == L'-' || text[0] == L'+')) ++at;
-    unsigned scale = 0;
-    bool in_fraction = false, any_digit = false;
-    for (; at < text.size(); ++at) {
-        if (text[at] == L'.' && !in_fraction) {
-            in_fraction = true;
-            continue;
-        }
-        if (text[at] < L'0' || text[at] > L'9') return false;
-        // 96 bits times ten plus the digit, in three parts of 32 bits.
-        const ULONG parts[] = {target->Lo32, target->Mid32, target->Hi32};
-        ULONG next[3];
-        ULONGLONG carry = static_cast<ULONGLONG>(text[at] - L'0');
-        for (int i = 0; i < 3; ++i) {
-            carry += static_cast<ULONGLONG>(parts[i]) * 10;
-            next[i] = static_cast<ULONG>(carry);
-            carry >>= 32;
-        }
-        if (carry != 0 || (in_fraction && scale == 28)) {
-            // The digits behind what fits are cut off in a fraction and cannot be left out before the point.
-            if (in_fraction) break;
-            return false;
-        }
-        target->Lo32 = next[0];
-        target->Mid32 = next[1];
-        target->Hi32 = next[2];
-        any_digit = true;
-        if (in_fraction) ++scale;
-    }
-    for (; at < text.size(); ++at)
-        if (text[at] < L'0' || text[at] > L'9') return false;
-    target->scale = static_cast<BYTE>(scale);
-    target->sign = negative ? DECIMAL_NEG : 0;
-    return any_digit;
+/// An engine without column types (SQLite) calls every whole number an INTEGER, also one that 32 bits do not hold; it
+/// keeps its value in a wider type.
+Status ReadInteger(Statement& statement, int number, UniqueVariant* target) {
+    Status read = ReadNumber<LONGLONG>(statement, number, SQL_C_SBIGINT, VT_I8, &VARIANT::llVal, target);
+    if (!read || target->Type() != VT_I8) return read;
+    const LONGLONG value = target->Get().llVal;
+    if (value == static_cast<LONG>(value)) *target = UniqueVariant(static_cast<LONG>(value));
+    return read;
 }
+
+}  // namespace
 
 Status ReadCell(Statement& statement, int number, const Column& column, UniqueVariant* target) {
     *target = UniqueVariant::Null();
@@ -181,7 +156,7 @@ Status ReadCell(Statement& statement, int number, const Column& column, UniqueVa
         case AdoType::UnsignedTinyInt:
             return ReadNumber<BYTE>(statement, number, SQL_C_UTINYINT, VT_UI1, &VARIANT::bVal, target);
         case AdoType::Integer:
-            return ReadNumber<LONG>(statement, number, SQL_C_SLONG, VT_I4, &VARIANT::lVal, target);
+            return ReadInteger(statement, number, target);
         case AdoType::BigInt:
             return ReadNumber<LONGLONG>(statement, number, SQL_C_SBIGINT, VT_I8, &VARIANT::llVal, target);
         case AdoType::Single:
@@ -208,7 +183,7 @@ Status ReadCell(Statement& statement, int number, const Column& column, UniqueVa
     std::wstring text;
     bool is_null = false;
     Status read = ReadText(statement, number, &text, &is_null);
-    if (read && !is_null) PutText(text, target);
+    if (read && !is_null) *target = UniqueVariant(std::wstring_view(text));
     return read;
 }
 

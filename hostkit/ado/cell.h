@@ -10,8 +10,4 @@ namespace tessel::ado {
 /// The cell of the current row; columns count from 1 and are to be read in rising order.
 Status ReadCell(Statement& statement, int number, const Column& column, win32::UniqueVariant* target);
 
-/// A value for the type made by our own code, without a database: DECIMAL from its invariant text. False when the
-/// text is no number that a DECIMAL holds.
-bool DecimalFromText(std::wstring_view text, DECIMAL* target);
-
 }  // namespace tessel::ado

@@ -55,7 +55,7 @@ constexpr FixedType kFixedTypes[] = {
 /// The largest size that ADO reports; drivers answer 0 or a huge number for texts without a limit.
 constexpr long kUnlimited = 0x7FFFFFFF;
 
-/// "DECIMAL(10,2)" gives 10 and 2; nothing is changed where the name carries no numbers.
+/// "DECIMAL(10,2)" gives 10 and 2. A name without numbers leaves the precision as it is and the scale unknown.
 void ReadPrecision(std::wstring_view type_name, Column* column) {
     int numbers[2] = {0, 0};
     int count = 0;
@@ -70,11 +70,26 @@ void ReadPrecision(std::wstring_view type_name, Column* column) {
     column->scale = numbers[1];
 }
 
-/// A driver that keeps no decimals of its own (SQLite's) calls such columns texts, yet knows their declared type.
-bool IsDecimalInDisguise(const OdbcColumn& source) {
-    if (source.type != SQL_VARCHAR && source.type != SQL_WVARCHAR) return false;
-    const std::wstring name = Lower(source.type_name);
-    return name.starts_with(L"decimal") || name.starts_with(L"numeric");
+struct DeclaredType {
+    const wchar_t* name;
+    AdoType type;
+};
+
+constexpr DeclaredType kDeclaredTypes[] = {
+    {L"decimal", AdoType::Numeric},        {L"numeric", AdoType::Numeric},
+    {L"longtext", AdoType::LongVarChar},   {L"mediumtext", AdoType::LongVarChar},
+    {L"blob", AdoType::LongVarBinary},
+};
+
+/// The driver of an engine without column types (SQLite's) describes some declared types only roughly: decimals as
+/// texts or doubles, long texts and bytes as short ones. The declared name tells more.
+AdoType TypeOfDeclared(const OdbcColumn& source) {
+    const bool is_rough = source.type == SQL_VARCHAR || source.type == SQL_WVARCHAR || source.type == SQL_DOUBLE ||
+                          source.type == SQL_BINARY;
+    const std::wstring name = is_rough ? Lower(source.type_name) : std::wstring();
+    for (const DeclaredType& declared : kDeclaredTypes)
+        if (name.starts_with(declared.name)) return declared.type;
+    return TypeOf(source.type);
 }
 
 }  // namespace
@@ -110,10 +125,12 @@ long SchemaTypeOf(AdoType type) {
 Column ColumnFrom(const OdbcColumn& source) {
     Column column;
     column.name = source.name;
-    column.type = IsDecimalInDisguise(source) ? AdoType::Numeric : TypeOf(source.type);
-    column.defined_size = source.size == 0 || source.size > static_cast<SQLULEN>(kUnlimited)
-                              ? kUnlimited
-                              : static_cast<long>(source.size);
+    column.type = TypeOfDeclared(source);
+    const bool is_declared = column.type != TypeOf(source.type);
+    const bool is_long = column.type == AdoType::LongVarChar || column.type == AdoType::LongVarWChar ||
+                         column.type == AdoType::LongVarBinary;
+    const bool is_unlimited = source.size == 0 || source.size > static_cast<SQLULEN>(kUnlimited);
+    column.defined_size = is_unlimited || (is_long && is_declared) ? kUnlimited : static_cast<long>(source.size);
     for (const FixedType& fixed : kFixedTypes) {
         if (fixed.type != column.type) continue;
         column.defined_size = fixed.bytes;
@@ -121,19 +138,13 @@ Column ColumnFrom(const OdbcColumn& source) {
         column.attributes |= kFixedLength;
     }
     if (column.type == AdoType::Numeric) {
-        column.scale = 0;
-        if (source.type == SQL_DECIMAL || source.type == SQL_NUMERIC) {
-            column.precision = static_cast<int>(source.size);
-            column.scale = source.digits;
-        } else {
-            ReadPrecision(source.type_name, &column);
-        }
+        if (source.size > 0) column.precision = static_cast<int>(source.size);
+        if (!is_declared) column.scale = source.digits;
+        if (is_declared) ReadPrecision(source.type_name, &column);
     }
     const bool is_fixed_text =
         column.type == AdoType::Char || column.type == AdoType::WChar || column.type == AdoType::Binary;
     if (is_fixed_text) column.attributes |= kFixedLength;
-    const bool is_long = column.type == AdoType::LongVarChar || column.type == AdoType::LongVarWChar ||
-                         column.type == AdoType::LongVarBinary;
     if (is_long) column.attributes |= kLongData;
     if (source.nullable) column.attributes |= kIsNullable | kMayBeNull;
     return column;

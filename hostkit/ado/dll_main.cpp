@@ -2,6 +2,7 @@
 #include <windows.h>
 #include <olectl.h>
 
+#include "hostkit/ado/class_ids.h"
 #include "hostkit/ado/recordset.h"
 #include "hostkit/ado/registration.h"
 

@@ -6,9 +6,6 @@
 
 namespace tessel::ado {
 
-extern const CLSID kConnectionClass;
-extern const CLSID kRecordsetClass;
-
 /// True under Wine, whose ntdll tells its version.
 bool IsWine();
 

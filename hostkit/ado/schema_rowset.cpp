@@ -274,9 +274,10 @@ private:
         builder->PutText(L"TABLE_NAME", row[2]);
         builder->PutText(L"COLUMN_NAME", row[3]);
         builder->PutNumber(L"ORDINAL_POSITION", NumberOf(row[16]));
-        const bool has_default = row[12] && !row[12]->empty();
+        // ODBC writes the word NULL for a default that is Null, which is none.
+        const bool has_default = row[12] && !row[12]->empty() && *row[12] != L"NULL";
         builder->Put(L"COLUMN_HASDEFAULT", UniqueVariant(has_default));
-        builder->PutText(L"COLUMN_DEFAULT", row[12]);
+        if (has_default) builder->PutText(L"COLUMN_DEFAULT", row[12]);
         builder->PutNumber(L"COLUMN_FLAGS", column.attributes);
         builder->Put(L"IS_NULLABLE", UniqueVariant(source.nullable));
         builder->PutNumber(L"DATA_TYPE", SchemaTypeOf(column.type));
@@ -284,7 +285,8 @@ private:
             builder->PutNumber(L"CHARACTER_MAXIMUM_LENGTH", column.defined_size);
         if (column.precision != kNoPrecision && column.type < AdoType::DBDate)
             builder->PutNumber(L"NUMERIC_PRECISION", column.precision);
-        if (column.type == AdoType::Numeric) builder->PutNumber(L"NUMERIC_SCALE", column.scale);
+        if (column.type == AdoType::Numeric && column.scale != kNoPrecision)
+            builder->PutNumber(L"NUMERIC_SCALE", column.scale);
         builder->PutText(L"DESCRIPTION", row[11]);
         builder->Add();
     }

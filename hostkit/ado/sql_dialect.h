@@ -7,7 +7,7 @@
 
 namespace tessel::ado {
 
-/// The statement with the keyword DISTINCTROW, which only the Jet engine knows, written as DISTINCT. String literals,
+/// The statement with the keyword DISTINCTROW, which only the Jet engine knows, written as DISTINCT in its own letter case. String literals,
 /// quoted and bracketed names and comments stay as they are; so does everything else.
 [[nodiscard]] std::wstring StatementForEngine(std::wstring_view sql);
 
