@@ -263,9 +263,9 @@ TEST_F(DlgDsnTest, DistinctCheckBoxFollowsTheStatementAndChangesIt) {
 
 TEST_F(DlgDsnTest, ControlTabSwitchesTheTabs) {
     script_.Do([] { PressKey(VK_TAB, false, true); });
-    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Sql; }, "tab 1");
+    script_.Until([this] { return GetFocus() == Control(ui::kIdEditor); }, "the switch is over");
     script_.Do([] { PressKey(VK_TAB, false, true); });
-    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design; }, "tab 0");
+    script_.Until([this] { return GetFocus() == Control(ui::kIdGrid); }, "the switch back is over");
     script_.Do([this] { Press(ui::kIdCancel); });
     EXPECT_FALSE(Run(L"SELECT Clientes.Nombre FROM Clientes"));
 }
@@ -274,11 +274,11 @@ TEST_F(DlgDsnTest, ArrowKeysOnTheTabStripSwitchTheTabs) {
     script_.Do([this] { SetFocus(Control(ui::kIdTabs)); });
     script_.Do([] { PressKey(VK_RIGHT); });
     script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Sql; }, "tab 1");
-    script_.Until([this] { return IsWindowVisible(Control(ui::kIdEditor)) && !GridIsVisible(); }, "the SQL page");
+    script_.Until([this] { return GetFocus() == Control(ui::kIdEditor); }, "the switch is over");
     script_.Do([this] { SetFocus(Control(ui::kIdTabs)); });
     script_.Do([] { PressKey(VK_LEFT); });
     script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design; }, "tab 0");
-    script_.Until([this] { return GridIsVisible(); }, "the design page");
+    script_.Until([this] { return GetFocus() == Control(ui::kIdGrid); }, "the switch is over");
     script_.Do([this] { Press(ui::kIdCancel); });
     EXPECT_FALSE(Run(L"SELECT Clientes.Nombre FROM Clientes"));
 }
