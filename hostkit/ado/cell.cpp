@@ -16,8 +16,8 @@ constexpr double kSecondsPerDay = 86400.0;
 constexpr double kNanosecondsPerSecond = 1e9;
 
 /// Reads a value of any length in pieces. `terminator` bytes end each piece and are not part of it.
-Status ReadPieces(Statement& statement, int number, SQLSMALLINT c_type, std::size_t terminator, std::string* bytes,
-                  bool* is_null) {
+Status ReadPieces(Statement& statement, int number, SQLSMALLINT c_type, std::size_t terminator,
+                  std::string* bytes, bool* is_null) {
     *is_null = false;
     std::string piece(kPieceBytes, '\0');
     const std::size_t room = kPieceBytes - terminator;
@@ -78,8 +78,8 @@ Status ReadDecimal(Statement& statement, int number, UniqueVariant* target) {
         target->Address()->vt = VT_DECIMAL;
         return {};
     }
-    // A number with an exponent goes through a double, and stays one when a decimal cannot hold it; what is no number
-    // at all keeps its text.
+    // A number with an exponent goes through a double, and stays one when a decimal cannot hold it; what is
+    // no number at all keeps its text.
     wchar_t* end = nullptr;
     const double value = std::wcstod(text.c_str(), &end);
     if (end == text.c_str() || *end != 0 || !std::isfinite(value)) {
@@ -100,7 +100,8 @@ Status ReadDate(Statement& statement, int number, AdoType type, UniqueVariant* t
         SQL_TIME_STRUCT time{};
         Status read = ReadFixed(statement, number, SQL_C_TYPE_TIME, &time, &is_null);
         if (!read || is_null) return read;
-        *target = UniqueVariant::Date((time.hour * 3600.0 + time.minute * 60.0 + time.second) / kSecondsPerDay);
+        *target =
+            UniqueVariant::Date((time.hour * 3600.0 + time.minute * 60.0 + time.second) / kSecondsPerDay);
         return {};
     }
     Status read = ReadFixed(statement, number, SQL_C_TYPE_TIMESTAMP, &stamp, &is_null);
@@ -136,8 +137,8 @@ Status ReadNumber(Statement& statement, int number, SQLSMALLINT c_type, VARTYPE 
     return {};
 }
 
-/// An engine without column types (SQLite) calls every whole number an INTEGER, also one that 32 bits do not hold; it
-/// keeps its value in a wider type.
+/// An engine without column types (SQLite) calls every whole number an INTEGER, also one that 32 bits do not
+/// hold; it keeps its value in a wider type.
 Status ReadInteger(Statement& statement, int number, UniqueVariant* target) {
     Status read = ReadNumber<LONGLONG>(statement, number, SQL_C_SBIGINT, VT_I8, &VARIANT::llVal, target);
     if (!read || target->Type() != VT_I8) return read;

@@ -1,5 +1,5 @@
-// Reads the cells of a fetched row into Variants of the types that ADO gives: texts of any length and bytes in
-// pieces, decimals exactly, dates with their fractions of a second.
+// Reads the cells of a fetched row into Variants of the types that ADO gives: texts of any length and bytes
+// in pieces, decimals exactly, dates with their fractions of a second.
 #pragma once
 
 #include "common/win32/com.h"

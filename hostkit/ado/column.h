@@ -1,7 +1,9 @@
-// What is known of a column of rows: its name and its ADO description, mapped from the ODBC type the way ADO maps it.
+// What is known of a column of rows: its name and its ADO description, mapped from the ODBC type the way ADO
+// maps it.
 #pragma once
 
 #include <windows.h>
+
 #include <sql.h>
 #include <sqlext.h>
 

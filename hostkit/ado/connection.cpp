@@ -12,7 +12,8 @@ namespace tessel::ado {
 namespace {
 
 /// Answered by our Connection alone, so that a Recordset recognises it.
-constexpr IID kConnectionIdentity = {0x8ef5f1ba, 0x3a0c, 0x4d0a, {0x9f, 0x27, 0x5b, 0x1c, 0x6e, 0x94, 0xd2, 0x70}};
+constexpr IID kConnectionIdentity = {
+    0x8ef5f1ba, 0x3a0c, 0x4d0a, {0x9f, 0x27, 0x5b, 0x1c, 0x6e, 0x94, 0xd2, 0x70}};
 
 enum : DISPID {
     kConnectionString = DISPID_VALUE,
@@ -55,7 +56,8 @@ constexpr Member kMembers[] = {
 constexpr long kCommandTable = 2;
 constexpr long kCommandTableDirect = 512;
 
-/// The criteria array of OpenSchema; Empty, Null and empty places restrict nothing. Arrays by reference count too.
+/// The criteria array of OpenSchema; Empty, Null and empty places restrict nothing. Arrays by reference count
+/// too.
 Status ReadCriteria(const VARIANT& value, SchemaCriteria* criteria) {
     SAFEARRAY* array = nullptr;
     if ((value.vt & VT_ARRAY) != 0) array = (value.vt & VT_BYREF) != 0 ? *value.pparray : value.parray;
@@ -111,29 +113,47 @@ ComPtr<Connection> Connection::From(IDispatch* object) {
     return ComPtr<Connection>::Adopt(static_cast<Connection*>(found));
 }
 
-std::span<const Member> Connection::Members() const { return kMembers; }
+std::span<const Member> Connection::Members() const {
+    return kMembers;
+}
 
 Status Connection::InvokeMember(DISPID id, const Invocation& call, UniqueVariant* result) {
     switch (id) {
         case kConnectionString:
             if (call.IsPut() && IsOpen()) return AdoError::ObjectOpen;
             return TextSetting(call, &connection_string_, result);
-        case kOpen: return Open(call);
-        case kClose: return Close();
-        case kState: *result = UniqueVariant(IsOpen() ? 1 : 0); return {};
-        case kDefaultDatabase: return DefaultDatabase(call, result);
-        case kErrors: return ErrorsMember(call, result);
-        case kExecute: return Execute(call, result);
-        case kOpenSchema: return OpenSchema(call, result);
-        case kConnectionTimeout: return Setting(call, &connection_timeout_, result);
-        case kCommandTimeout: return Setting(call, &command_timeout_, result);
-        case kCursorLocation: return Setting(call, &cursor_location_, result);
-        case kProvider: return TextSetting(call, &provider_, result);
-        case kVersion: *result = UniqueVariant(L"2.8"); return {};
+        case kOpen:
+            return Open(call);
+        case kClose:
+            return Close();
+        case kState:
+            *result = UniqueVariant(IsOpen() ? 1 : 0);
+            return {};
+        case kDefaultDatabase:
+            return DefaultDatabase(call, result);
+        case kErrors:
+            return ErrorsMember(call, result);
+        case kExecute:
+            return Execute(call, result);
+        case kOpenSchema:
+            return OpenSchema(call, result);
+        case kConnectionTimeout:
+            return Setting(call, &connection_timeout_, result);
+        case kCommandTimeout:
+            return Setting(call, &command_timeout_, result);
+        case kCursorLocation:
+            return Setting(call, &cursor_location_, result);
+        case kProvider:
+            return TextSetting(call, &provider_, result);
+        case kVersion:
+            *result = UniqueVariant(L"2.8");
+            return {};
         case kBeginTrans:
         case kCommitTrans:
-        case kRollbackTrans: return Transaction(id, result);
-        default: return UnknownMember();
+        case kRollbackTrans:
+            return Transaction(id, result);
+        default:
+            return UnknownMember();
     }
 }
 
@@ -157,7 +177,8 @@ Status Connection::Open(const Invocation& call) {
     return OpenWith(text, user, password);
 }
 
-Status Connection::OpenWith(const std::wstring& text, const std::wstring& user, const std::wstring& password) {
+Status Connection::OpenWith(const std::wstring& text, const std::wstring& user,
+                            const std::wstring& password) {
     if (IsOpen()) return AdoError::ObjectOpen;
     connection_string_ = text;
     transactions_ = 0;
@@ -180,7 +201,8 @@ Status Connection::DefaultDatabase(const Invocation& call, UniqueVariant* result
     }
     std::wstring name = session_->CurrentCatalogue();
     // An engine whose databases are files names none: the file's own name serves.
-    if (name.empty()) name = FileStem(ConnectionAttribute(OdbcConnectionString(connection_string_, {}, {}), L"DATABASE"));
+    if (name.empty())
+        name = FileStem(ConnectionAttribute(OdbcConnectionString(connection_string_, {}, {}), L"DATABASE"));
     if (name.empty()) name = FileStem(session_->DatabaseName());
     *result = UniqueVariant(std::wstring_view(name));
     return {};

@@ -33,7 +33,8 @@ std::size_t EndOfValue(std::wstring_view text, std::size_t at) {
 std::wstring Unquoted(std::wstring_view value) {
     if (value.size() >= 2) {
         const wchar_t first = value.front(), last = value.back();
-        const bool quoted = (first == L'{' && last == L'}') || ((first == L'"' || first == L'\'') && last == first);
+        const bool quoted =
+            (first == L'{' && last == L'}') || ((first == L'"' || first == L'\'') && last == first);
         if (quoted) value = value.substr(1, value.size() - 2);
     }
     return std::wstring(value);
@@ -58,8 +59,11 @@ std::wstring OdbcName(const std::wstring& name) {
     static const struct {
         const wchar_t* ole_db;
         const wchar_t* odbc;
-    } kNames[] = {{L"data source", L"DSN"},       {L"user id", L"UID"},  {L"user", L"UID"},
-                  {L"password", L"PWD"},          {L"initial catalog", L"DATABASE"}};
+    } kNames[] = {{L"data source", L"DSN"},
+                  {L"user id", L"UID"},
+                  {L"user", L"UID"},
+                  {L"password", L"PWD"},
+                  {L"initial catalog", L"DATABASE"}};
     for (const auto& row : kNames)
         if (SameName(name, row.ole_db)) return row.odbc;
     return name;
@@ -88,7 +92,8 @@ void Replace(std::vector<Attribute>* attributes, const wchar_t* name, std::wstri
 
 }  // namespace
 
-std::wstring OdbcConnectionString(std::wstring_view text, std::wstring_view user, std::wstring_view password) {
+std::wstring OdbcConnectionString(std::wstring_view text, std::wstring_view user,
+                                  std::wstring_view password) {
     std::vector<Attribute> attributes;
     Collect(text, &attributes);
     Replace(&attributes, L"UID", user);

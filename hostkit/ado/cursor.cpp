@@ -111,7 +111,8 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Cursor> MakeStaticCursor(std::shared_ptr<const RowSet> rows, std::shared_ptr<Session> session) {
+std::unique_ptr<Cursor> MakeStaticCursor(std::shared_ptr<const RowSet> rows,
+                                         std::shared_ptr<Session> session) {
     return std::make_unique<StaticCursor>(std::move(rows), std::move(session));
 }
 

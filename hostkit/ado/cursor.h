@@ -1,5 +1,5 @@
-// Where a recordset stands in its rows. A static cursor holds all rows in memory and moves freely; a forward cursor
-// fetches one row at a time and keeps none. Both close when their session does.
+// Where a recordset stands in its rows. A static cursor holds all rows in memory and moves freely; a forward
+// cursor fetches one row at a time and keeps none. Both close when their session does.
 #pragma once
 
 #include <memory>
@@ -46,7 +46,8 @@ protected:
 };
 
 /// A cursor over rows in memory, standing on the first one. It lives as long as `session` is open.
-std::unique_ptr<Cursor> MakeStaticCursor(std::shared_ptr<const RowSet> rows, std::shared_ptr<Session> session);
+std::unique_ptr<Cursor> MakeStaticCursor(std::shared_ptr<const RowSet> rows,
+                                         std::shared_ptr<Session> session);
 
 /// A cursor over an executed statement. `sql` repeats it when the host returns to the first row.
 Status MakeForwardCursor(std::unique_ptr<Statement> statement, SharedColumns columns, std::wstring sql,

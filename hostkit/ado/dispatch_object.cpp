@@ -68,9 +68,13 @@ Invocation::Invocation(WORD flags, const DISPPARAMS& parameters) {
     for (UINT i = parameters.cArgs; i > first; --i) arguments_.push_back(&parameters.rgvarg[i - 1]);
 }
 
-Status Invocation::PutText(std::wstring* target) const { return ToText(PutValue(), target); }
+Status Invocation::PutText(std::wstring* target) const {
+    return ToText(PutValue(), target);
+}
 
-Status Invocation::PutNumber(long* target) const { return ToNumber(PutValue(), target); }
+Status Invocation::PutNumber(long* target) const {
+    return ToNumber(PutValue(), target);
+}
 
 bool Invocation::Has(std::size_t index) const {
     if (index >= arguments_.size()) return false;
@@ -126,8 +130,8 @@ STDMETHODIMP DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, 
     return count == 1 && ids[0] != DISPID_UNKNOWN ? S_OK : DISP_E_UNKNOWNNAME;
 }
 
-STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                                    EXCEPINFO* exception, UINT*) {
+STDMETHODIMP DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
+                                    VARIANT* result, EXCEPINFO* exception, UINT*) {
     if (result) VariantInit(result);
     if (!parameters) return E_POINTER;
     const UINT named_allowed = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0 ? 1 : 0;
@@ -149,14 +153,16 @@ Status ToText(const VARIANT& value, std::wstring* target) {
         return {};
     }
     UniqueVariant text;
-    if (FAILED(VariantChangeType(text.Address(), const_cast<VARIANT*>(&value), 0, VT_BSTR))) return AdoError::BadArgument;
+    if (FAILED(VariantChangeType(text.Address(), const_cast<VARIANT*>(&value), 0, VT_BSTR)))
+        return AdoError::BadArgument;
     *target = win32::TextOf(text.Get().bstrVal);
     return {};
 }
 
 Status ToNumber(const VARIANT& value, long* target) {
     UniqueVariant number;
-    if (FAILED(VariantChangeType(number.Address(), const_cast<VARIANT*>(&value), 0, VT_I4))) return AdoError::BadArgument;
+    if (FAILED(VariantChangeType(number.Address(), const_cast<VARIANT*>(&value), 0, VT_I4)))
+        return AdoError::BadArgument;
     *target = number.Get().lVal;
     return {};
 }

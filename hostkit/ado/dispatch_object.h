@@ -1,11 +1,12 @@
 // The base of the automation objects: IDispatch over a hand-written table of names, without a type library.
 //
-// A class lists its members, names and numbers, and answers InvokeMember. Names ignore letter case. Arguments arrive
-// in the order in which the caller wrote them, whatever their form: by value, by reference, by reference to a
-// Variant, left out. A failure becomes an automation error with source and text.
+// A class lists its members, names and numbers, and answers InvokeMember. Names ignore letter case. Arguments
+// arrive in the order in which the caller wrote them, whatever their form: by value, by reference, by
+// reference to a Variant, left out. A failure becomes an automation error with source and text.
 #pragma once
 
 #include <windows.h>
+
 #include <oaidl.h>
 
 #include <optional>
@@ -101,7 +102,8 @@ Status FindItem(const VARIANT& key, std::size_t count, NameOf name_of, std::size
     }
     long number = -1;
     // Empty converts to 0 and would select the first item.
-    if (key.vt == VT_EMPTY || !ToNumber(key, &number) || number < 0 || static_cast<std::size_t>(number) >= count)
+    if (key.vt == VT_EMPTY || !ToNumber(key, &number) || number < 0 ||
+        static_cast<std::size_t>(number) >= count)
         return AdoError::ItemNotFound;
     *index = static_cast<std::size_t>(number);
     return {};

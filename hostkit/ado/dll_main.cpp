@@ -1,5 +1,6 @@
 // The entry points of the in-process server tesselado.dll.
 #include <windows.h>
+
 #include <olectl.h>
 
 #include "hostkit/ado/class_ids.h"
@@ -16,11 +17,17 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* object) {
     return CLASS_E_CLASSNOTAVAILABLE;
 }
 
-STDAPI DllCanUnloadNow() { return win32::ServerCount::IsIdle() ? S_OK : S_FALSE; }
+STDAPI DllCanUnloadNow() {
+    return win32::ServerCount::IsIdle() ? S_OK : S_FALSE;
+}
 
-STDAPI DllRegisterServer() { return ado::Register(); }
+STDAPI DllRegisterServer() {
+    return ado::Register();
+}
 
-STDAPI DllUnregisterServer() { return ado::Unregister(); }
+STDAPI DllUnregisterServer() {
+    return ado::Unregister();
+}
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
     if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(module);

@@ -16,16 +16,23 @@ enum FieldMember : DISPID {
 };
 
 constexpr Member kFieldMembers[] = {
-    {L"Value", kValue},           {L"Name", kName},
-    {L"Type", kType},             {L"DefinedSize", kDefinedSize},
-    {L"ActualSize", kActualSize}, {L"Precision", kPrecision},
-    {L"NumericScale", kNumericScale}, {L"Attributes", kAttributes},
+    {L"Value", kValue},
+    {L"Name", kName},
+    {L"Type", kType},
+    {L"DefinedSize", kDefinedSize},
+    {L"ActualSize", kActualSize},
+    {L"Precision", kPrecision},
+    {L"NumericScale", kNumericScale},
+    {L"Attributes", kAttributes},
 };
 
 enum CollectionMember : DISPID { kItem = DISPID_VALUE, kCount = 1, kRefresh };
 
 constexpr Member kCollectionMembers[] = {
-    {L"Item", kItem}, {L"Count", kCount}, {L"Refresh", kRefresh}, {L"_NewEnum", DISPID_NEWENUM},
+    {L"Item", kItem},
+    {L"Count", kCount},
+    {L"Refresh", kRefresh},
+    {L"_NewEnum", DISPID_NEWENUM},
 };
 
 bool IsWide(AdoType type) {
@@ -34,21 +41,38 @@ bool IsWide(AdoType type) {
 
 }  // namespace
 
-std::span<const Member> Field::Members() const { return kFieldMembers; }
+std::span<const Member> Field::Members() const {
+    return kFieldMembers;
+}
 
 Status Field::InvokeMember(DISPID id, const Invocation& call, UniqueVariant* result) {
     // These cursors are read-only.
     if (call.IsPut()) return id == kValue ? AdoError::NotSupported : UnknownMember();
     switch (id) {
-        case kValue: return recordset_->CellValue(index_, result);
-        case kName: *result = UniqueVariant(std::wstring_view(column_.name)); return {};
-        case kType: *result = UniqueVariant(static_cast<LONG>(column_.type)); return {};
-        case kDefinedSize: *result = UniqueVariant(column_.defined_size); return {};
-        case kActualSize: return ActualSize(result);
-        case kPrecision: *result = UniqueVariant(column_.precision); return {};
-        case kNumericScale: *result = UniqueVariant(column_.scale); return {};
-        case kAttributes: *result = UniqueVariant(column_.attributes); return {};
-        default: return UnknownMember();
+        case kValue:
+            return recordset_->CellValue(index_, result);
+        case kName:
+            *result = UniqueVariant(std::wstring_view(column_.name));
+            return {};
+        case kType:
+            *result = UniqueVariant(static_cast<LONG>(column_.type));
+            return {};
+        case kDefinedSize:
+            *result = UniqueVariant(column_.defined_size);
+            return {};
+        case kActualSize:
+            return ActualSize(result);
+        case kPrecision:
+            *result = UniqueVariant(column_.precision);
+            return {};
+        case kNumericScale:
+            *result = UniqueVariant(column_.scale);
+            return {};
+        case kAttributes:
+            *result = UniqueVariant(column_.attributes);
+            return {};
+        default:
+            return UnknownMember();
     }
 }
 
@@ -66,7 +90,9 @@ Status Field::ActualSize(UniqueVariant* result) const {
     return {};
 }
 
-std::span<const Member> FieldCollection::Members() const { return kCollectionMembers; }
+std::span<const Member> FieldCollection::Members() const {
+    return kCollectionMembers;
+}
 
 Status FieldCollection::Item(const VARIANT& key, UniqueVariant* result) const {
     const ColumnList* columns = nullptr;
@@ -94,7 +120,8 @@ Status FieldCollection::InvokeMember(DISPID id, const Invocation& call, UniqueVa
             *result = EnumeratorOver(std::move(values));
             return {};
         }
-        default: return UnknownMember();
+        default:
+            return UnknownMember();
     }
 }
 

@@ -1,5 +1,5 @@
-// The Fields collection of a recordset and its items. A Field shows the current row: the same object reads another
-// value after a move.
+// The Fields collection of a recordset and its items. A Field shows the current row: the same object reads
+// another value after a move.
 #pragma once
 
 #include "hostkit/ado/recordset.h"

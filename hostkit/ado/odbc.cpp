@@ -30,13 +30,16 @@ ErrorList ReadRecords(SQLSMALLINT kind, SQLHANDLE handle) {
     return records;
 }
 
-SQLPOINTER Integer(long value) { return reinterpret_cast<SQLPOINTER>(static_cast<LONG_PTR>(value)); }
+SQLPOINTER Integer(long value) {
+    return reinterpret_cast<SQLPOINTER>(static_cast<LONG_PTR>(value));
+}
 
 }  // namespace
 
 Status Session::Failure(SQLSMALLINT kind, SQLHANDLE handle) const {
     *errors_ = ReadRecords(kind, handle);
-    if (errors_->empty()) errors_->push_back({L"Error no especificado del controlador ODBC.", L"HY000", 0, E_FAIL});
+    if (errors_->empty())
+        errors_->push_back({L"Error no especificado del controlador ODBC.", L"HY000", 0, E_FAIL});
     return Status(E_FAIL, errors_->front().description, kProviderSource);
 }
 
@@ -88,7 +91,8 @@ std::wstring Session::CurrentCatalogue() const {
     SQLWCHAR text[512] = {};
     SQLINTEGER bytes = 0;
     if (!IsOpen()) return {};
-    const SQLRETURN result = SQLGetConnectAttrW(connection_, SQL_ATTR_CURRENT_CATALOG, text, sizeof text, &bytes);
+    const SQLRETURN result =
+        SQLGetConnectAttrW(connection_, SQL_ATTR_CURRENT_CATALOG, text, sizeof text, &bytes);
     return SQL_SUCCEEDED(result) ? text : L"";
 }
 
@@ -101,7 +105,8 @@ std::wstring Session::DatabaseName() const {
 
 Status Session::UseCatalogue(const std::wstring& name) {
     if (!IsOpen()) return AdoError::ObjectClosed;
-    const SQLRETURN result = SQLSetConnectAttrW(connection_, SQL_ATTR_CURRENT_CATALOG, OdbcText(name), SQL_NTS);
+    const SQLRETURN result =
+        SQLSetConnectAttrW(connection_, SQL_ATTR_CURRENT_CATALOG, OdbcText(name), SQL_NTS);
     return SQL_SUCCEEDED(result) ? Status() : Failure(SQL_HANDLE_DBC, connection_);
 }
 
@@ -134,7 +139,9 @@ Statement::Statement(std::shared_ptr<Session> session, SQLHSTMT handle)
     session_->statements_.push_back(this);
 }
 
-Statement::~Statement() { Close(); }
+Statement::~Statement() {
+    Close();
+}
 
 void Statement::Close() {
     if (!IsOpen()) return;
@@ -145,7 +152,8 @@ void Statement::Close() {
 
 void Statement::SetTimeout(long seconds) {
     // Drivers without a timeout refuse the attribute, which changes nothing for the caller.
-    if (IsOpen() && seconds > 0) SQLSetStmtAttrW(handle_, SQL_ATTR_QUERY_TIMEOUT, Integer(seconds), SQL_IS_UINTEGER);
+    if (IsOpen() && seconds > 0)
+        SQLSetStmtAttrW(handle_, SQL_ATTR_QUERY_TIMEOUT, Integer(seconds), SQL_IS_UINTEGER);
 }
 
 Status Statement::Check(SQLRETURN result) const {

@@ -1,11 +1,12 @@
-// ODBC with owners: a Session is a connected environment, a Statement one statement handle of it. Failures are
-// gathered from all diagnostic records into the connection's error list and answered as a Status.
+// ODBC with owners: a Session is a connected environment, a Statement one statement handle of it. Failures
+// are gathered from all diagnostic records into the connection's error list and answered as a Status.
 //
-// Closing a session first takes away the handles of the statements still open on it; their owners then find them
-// closed. Everything happens in one apartment.
+// Closing a session first takes away the handles of the statements still open on it; their owners then find
+// them closed. Everything happens in one apartment.
 #pragma once
 
 #include <windows.h>
+
 #include <sql.h>
 #include <sqlext.h>
 #include <sqlucode.h>
@@ -85,6 +86,8 @@ private:
 };
 
 /// A text argument for ODBC's wide functions, which take it as not const.
-inline SQLWCHAR* OdbcText(const std::wstring& text) { return const_cast<SQLWCHAR*>(text.c_str()); }
+inline SQLWCHAR* OdbcText(const std::wstring& text) {
+    return const_cast<SQLWCHAR*>(text.c_str());
+}
 
 }  // namespace tessel::ado

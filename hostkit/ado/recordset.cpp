@@ -65,7 +65,9 @@ Status GoToStart(Cursor& cursor, const Invocation& call, std::size_t index) {
 
 }  // namespace
 
-std::span<const Member> Recordset::Members() const { return kMembers; }
+std::span<const Member> Recordset::Members() const {
+    return kMembers;
+}
 
 void Recordset::Attach(ComPtr<Connection> connection, std::wstring source, long cursor_location,
                        std::unique_ptr<Cursor> cursor) {
@@ -91,16 +93,27 @@ Status Recordset::CellValue(std::size_t column, UniqueVariant* result) const {
 
 Status Recordset::InvokeMember(DISPID id, const Invocation& call, UniqueVariant* result) {
     switch (id) {
-        case kFields: return FieldsMember(call, result);
-        case kOpen: return Open(call);
-        case kClose: return Close();
-        case kState: *result = UniqueVariant(IsOpen() ? 1 : 0); return {};
-        case kCursorLocation: return Setting(call, &cursor_location_, result);
-        case kCursorType: return Setting(call, &cursor_type_, result);
-        case kLockType: return Setting(call, &lock_type_, result);
-        case kActiveConnection: return ActiveConnection(call, result);
-        case kSource: return Source(call, result);
-        default: break;
+        case kFields:
+            return FieldsMember(call, result);
+        case kOpen:
+            return Open(call);
+        case kClose:
+            return Close();
+        case kState:
+            *result = UniqueVariant(IsOpen() ? 1 : 0);
+            return {};
+        case kCursorLocation:
+            return Setting(call, &cursor_location_, result);
+        case kCursorType:
+            return Setting(call, &cursor_type_, result);
+        case kLockType:
+            return Setting(call, &lock_type_, result);
+        case kActiveConnection:
+            return ActiveConnection(call, result);
+        case kSource:
+            return Source(call, result);
+        default:
+            break;
     }
     for (const Member& member : kMembers) {
         if (member.id != id) continue;
@@ -111,12 +124,20 @@ Status Recordset::InvokeMember(DISPID id, const Invocation& call, UniqueVariant*
 
 Status Recordset::Navigate(DISPID id, const Invocation& call, UniqueVariant* result) {
     switch (id) {
-        case kEof: *result = UniqueVariant(cursor_->AtEnd()); return {};
-        case kBof: *result = UniqueVariant(cursor_->AtBegin()); return {};
-        case kMoveFirst: return cursor_->First();
-        case kMoveLast: return cursor_->Last();
-        case kMoveNext: return cursor_->MoveBy(1);
-        case kMovePrevious: return cursor_->MoveBy(-1);
+        case kEof:
+            *result = UniqueVariant(cursor_->AtEnd());
+            return {};
+        case kBof:
+            *result = UniqueVariant(cursor_->AtBegin());
+            return {};
+        case kMoveFirst:
+            return cursor_->First();
+        case kMoveLast:
+            return cursor_->Last();
+        case kMoveNext:
+            return cursor_->MoveBy(1);
+        case kMovePrevious:
+            return cursor_->MoveBy(-1);
         case kMove: {
             long count = 0;
             if (!call.Has(0)) return AdoError::BadArgument;
@@ -124,10 +145,15 @@ Status Recordset::Navigate(DISPID id, const Invocation& call, UniqueVariant* res
             if (Status moved = GoToStart(*cursor_, call, 1); !moved) return moved;
             return cursor_->MoveBy(count);
         }
-        case kAbsolutePosition: return AbsolutePosition(call, result);
-        case kRecordCount: *result = UniqueVariant(cursor_->Count()); return {};
-        case kGetRows: return GetRows(call, result);
-        default: return UnknownMember();
+        case kAbsolutePosition:
+            return AbsolutePosition(call, result);
+        case kRecordCount:
+            *result = UniqueVariant(cursor_->Count());
+            return {};
+        case kGetRows:
+            return GetRows(call, result);
+        default:
+            return UnknownMember();
     }
 }
 
@@ -162,7 +188,8 @@ Status Recordset::ActiveConnection(const Invocation& call, UniqueVariant* result
     }
     if (IsOpen()) return AdoError::ObjectOpen;
     const VARIANT& value = call.PutValue();
-    const bool is_nothing = value.vt == VT_EMPTY || value.vt == VT_NULL || (value.vt == VT_DISPATCH && !value.pdispVal);
+    const bool is_nothing =
+        value.vt == VT_EMPTY || value.vt == VT_NULL || (value.vt == VT_DISPATCH && !value.pdispVal);
     if (!is_nothing) return UseConnection(value);
     connection_.Reset();
     return {};
@@ -223,8 +250,9 @@ Status Recordset::SelectColumns(const VARIANT& value, std::vector<std::size_t>* 
     SAFEARRAY* array = (value.vt & VT_BYREF) != 0 ? *value.pparray : value.parray;
     VARTYPE type = VT_EMPTY;
     LONG first = 0, last = -1;
-    if (!array || SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetVartype(array, &type)) || type != VT_VARIANT ||
-        FAILED(SafeArrayGetLBound(array, 1, &first)) || FAILED(SafeArrayGetUBound(array, 1, &last)))
+    if (!array || SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetVartype(array, &type)) ||
+        type != VT_VARIANT || FAILED(SafeArrayGetLBound(array, 1, &first)) ||
+        FAILED(SafeArrayGetUBound(array, 1, &last)))
         return AdoError::BadArgument;
     for (LONG i = first; i <= last; ++i) {
         UniqueVariant key;
@@ -244,7 +272,8 @@ Status Recordset::GetRows(const Invocation& call, UniqueVariant* result) {
     std::vector<UniqueVariant> cells;
     ULONG rows = 0;
     for (; (wanted < 0 || rows < static_cast<ULONG>(wanted)) && !cursor_->AtEnd(); ++rows) {
-        for (const std::size_t column : selected) cells.push_back(UniqueVariant::CopyOf(cursor_->Row()[column].Get()));
+        for (const std::size_t column : selected)
+            cells.push_back(UniqueVariant::CopyOf(cursor_->Row()[column].Get()));
         if (Status moved = cursor_->MoveBy(1); !moved) return moved;
     }
     // The left index is the field and varies fastest, so the cells already lie in the array's own order.

@@ -18,7 +18,8 @@ struct ClassEntry {
     const wchar_t* prog_id;
 };
 
-const ClassEntry kClasses[] = {{kConnectionClass, L"ADODB.Connection"}, {kRecordsetClass, L"ADODB.Recordset"}};
+const ClassEntry kClasses[] = {{kConnectionClass, L"ADODB.Connection"},
+                               {kRecordsetClass, L"ADODB.Recordset"}};
 constexpr wchar_t kClassesRoot[] = L"Software\\Classes\\";
 constexpr wchar_t kDescription[] = L"Tessel: objetos ADO sobre ODBC";
 
@@ -36,8 +37,8 @@ std::wstring ModulePath() {
 
 HRESULT WriteKey(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
     const DWORD bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
-    return HRESULT_FROM_WIN32(
-        RegSetKeyValueW(HKEY_LOCAL_MACHINE, (kClassesRoot + key).c_str(), name, REG_SZ, value.c_str(), bytes));
+    return HRESULT_FROM_WIN32(RegSetKeyValueW(HKEY_LOCAL_MACHINE, (kClassesRoot + key).c_str(), name, REG_SZ,
+                                              value.c_str(), bytes));
 }
 
 HRESULT DeleteKey(const std::wstring& key) {
@@ -48,8 +49,8 @@ HRESULT DeleteKey(const std::wstring& key) {
 std::wstring ReadKey(const std::wstring& key) {
     wchar_t text[64] = {};
     DWORD bytes = sizeof text;
-    const LSTATUS read = RegGetValueW(HKEY_LOCAL_MACHINE, (kClassesRoot + key).c_str(), nullptr, RRF_RT_REG_SZ,
-                                      nullptr, text, &bytes);
+    const LSTATUS read = RegGetValueW(HKEY_LOCAL_MACHINE, (kClassesRoot + key).c_str(), nullptr,
+                                      RRF_RT_REG_SZ, nullptr, text, &bytes);
     return read == ERROR_SUCCESS ? text : L"";
 }
 
@@ -82,7 +83,8 @@ bool IsWine() {
 
 HRESULT Register() {
     if (!IsWine()) {
-        std::fputs("tesselado.dll: only for Wine; this system has an ADO of its own, which stays as it is.\n", stderr);
+        std::fputs("tesselado.dll: only for Wine; this system has an ADO of its own, which stays as it is.\n",
+                   stderr);
         return win32::RaiseError(SELFREG_E_CLASS, GUID_NULL, L"tesselado",
                                  L"Estos objetos ADO son solo para Wine: este sistema tiene los suyos.");
     }
@@ -101,7 +103,8 @@ HRESULT Unregister() {
             const std::wstring clsid = GuidText(entry.clsid);
             const std::wstring prog_id = entry.prog_id;
             if (FAILED(DeleteKey(L"CLSID\\" + clsid))) result = SELFREG_E_CLASS;
-            if (ReadKey(prog_id + L"\\CLSID") == clsid && FAILED(DeleteKey(prog_id))) result = SELFREG_E_CLASS;
+            if (ReadKey(prog_id + L"\\CLSID") == clsid && FAILED(DeleteKey(prog_id)))
+                result = SELFREG_E_CLASS;
         }
         return result;
     });

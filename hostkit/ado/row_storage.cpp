@@ -12,16 +12,22 @@ namespace {
 /// Bytes of the value behind the type; 0 for Null, and for texts and byte arrays, which carry their length.
 std::size_t FixedBytes(VARTYPE type) {
     switch (type) {
-        case VT_UI1: return 1;
+        case VT_UI1:
+            return 1;
         case VT_BOOL:
-        case VT_I2: return 2;
+        case VT_I2:
+            return 2;
         case VT_I4:
-        case VT_R4: return 4;
+        case VT_R4:
+            return 4;
         case VT_I8:
         case VT_R8:
-        case VT_DATE: return 8;
-        case VT_DECIMAL: return sizeof(DECIMAL);
-        default: return 0;
+        case VT_DATE:
+            return 8;
+        case VT_DECIMAL:
+            return sizeof(DECIMAL);
+        default:
+            return 0;
     }
 }
 

@@ -1,5 +1,5 @@
-// Rows kept in memory, packed: one byte of type and the bare value a cell, one number a row. A client cursor over
-// some ten thousand rows needs a fraction of what Variants would.
+// Rows kept in memory, packed: one byte of type and the bare value a cell, one number a row. A client cursor
+// over some ten thousand rows needs a fraction of what Variants would.
 #pragma once
 
 #include <cstddef>

@@ -25,39 +25,82 @@ constexpr AdoType kText = AdoType::VarWChar;
 constexpr AdoType kNumber = AdoType::Integer;
 
 constexpr SchemaColumn kTables[] = {
-    {L"TABLE_CATALOG", kText}, {L"TABLE_SCHEMA", kText}, {L"TABLE_NAME", kText},
-    {L"TABLE_TYPE", kText},    {L"TABLE_GUID", AdoType::Guid}, {L"DESCRIPTION", kText},
-    {L"TABLE_PROPID", kNumber}, {L"DATE_CREATED", AdoType::DBTimeStamp}, {L"DATE_MODIFIED", AdoType::DBTimeStamp},
+    {L"TABLE_CATALOG", kText},
+    {L"TABLE_SCHEMA", kText},
+    {L"TABLE_NAME", kText},
+    {L"TABLE_TYPE", kText},
+    {L"TABLE_GUID", AdoType::Guid},
+    {L"DESCRIPTION", kText},
+    {L"TABLE_PROPID", kNumber},
+    {L"DATE_CREATED", AdoType::DBTimeStamp},
+    {L"DATE_MODIFIED", AdoType::DBTimeStamp},
 };
 constexpr SchemaColumn kViews[] = {
-    {L"TABLE_CATALOG", kText}, {L"TABLE_SCHEMA", kText}, {L"TABLE_NAME", kText},
-    {L"VIEW_DEFINITION", kText}, {L"CHECK_OPTION", AdoType::Boolean}, {L"IS_UPDATABLE", AdoType::Boolean},
-    {L"DESCRIPTION", kText}, {L"DATE_CREATED", AdoType::DBTimeStamp}, {L"DATE_MODIFIED", AdoType::DBTimeStamp},
+    {L"TABLE_CATALOG", kText},
+    {L"TABLE_SCHEMA", kText},
+    {L"TABLE_NAME", kText},
+    {L"VIEW_DEFINITION", kText},
+    {L"CHECK_OPTION", AdoType::Boolean},
+    {L"IS_UPDATABLE", AdoType::Boolean},
+    {L"DESCRIPTION", kText},
+    {L"DATE_CREATED", AdoType::DBTimeStamp},
+    {L"DATE_MODIFIED", AdoType::DBTimeStamp},
 };
 constexpr SchemaColumn kColumns[] = {
-    {L"TABLE_CATALOG", kText}, {L"TABLE_SCHEMA", kText}, {L"TABLE_NAME", kText}, {L"COLUMN_NAME", kText},
-    {L"COLUMN_GUID", AdoType::Guid}, {L"COLUMN_PROPID", kNumber}, {L"ORDINAL_POSITION", kNumber},
-    {L"COLUMN_HASDEFAULT", AdoType::Boolean}, {L"COLUMN_DEFAULT", kText}, {L"COLUMN_FLAGS", kNumber},
-    {L"IS_NULLABLE", AdoType::Boolean}, {L"DATA_TYPE", kNumber}, {L"TYPE_GUID", AdoType::Guid},
-    {L"CHARACTER_MAXIMUM_LENGTH", kNumber}, {L"CHARACTER_OCTET_LENGTH", kNumber}, {L"NUMERIC_PRECISION", kNumber},
-    {L"NUMERIC_SCALE", kNumber}, {L"DATETIME_PRECISION", kNumber}, {L"DESCRIPTION", kText},
+    {L"TABLE_CATALOG", kText},
+    {L"TABLE_SCHEMA", kText},
+    {L"TABLE_NAME", kText},
+    {L"COLUMN_NAME", kText},
+    {L"COLUMN_GUID", AdoType::Guid},
+    {L"COLUMN_PROPID", kNumber},
+    {L"ORDINAL_POSITION", kNumber},
+    {L"COLUMN_HASDEFAULT", AdoType::Boolean},
+    {L"COLUMN_DEFAULT", kText},
+    {L"COLUMN_FLAGS", kNumber},
+    {L"IS_NULLABLE", AdoType::Boolean},
+    {L"DATA_TYPE", kNumber},
+    {L"TYPE_GUID", AdoType::Guid},
+    {L"CHARACTER_MAXIMUM_LENGTH", kNumber},
+    {L"CHARACTER_OCTET_LENGTH", kNumber},
+    {L"NUMERIC_PRECISION", kNumber},
+    {L"NUMERIC_SCALE", kNumber},
+    {L"DATETIME_PRECISION", kNumber},
+    {L"DESCRIPTION", kText},
 };
 constexpr SchemaColumn kPrimaryKeys[] = {
-    {L"TABLE_CATALOG", kText}, {L"TABLE_SCHEMA", kText}, {L"TABLE_NAME", kText}, {L"COLUMN_NAME", kText},
-    {L"COLUMN_GUID", AdoType::Guid}, {L"COLUMN_PROPID", kNumber}, {L"ORDINAL", kNumber}, {L"PK_NAME", kText},
+    {L"TABLE_CATALOG", kText},       {L"TABLE_SCHEMA", kText},
+    {L"TABLE_NAME", kText},          {L"COLUMN_NAME", kText},
+    {L"COLUMN_GUID", AdoType::Guid}, {L"COLUMN_PROPID", kNumber},
+    {L"ORDINAL", kNumber},           {L"PK_NAME", kText},
 };
 constexpr SchemaColumn kForeignKeys[] = {
-    {L"PK_TABLE_CATALOG", kText}, {L"PK_TABLE_SCHEMA", kText}, {L"PK_TABLE_NAME", kText},
-    {L"PK_COLUMN_NAME", kText}, {L"PK_COLUMN_GUID", AdoType::Guid}, {L"PK_COLUMN_PROPID", kNumber},
-    {L"FK_TABLE_CATALOG", kText}, {L"FK_TABLE_SCHEMA", kText}, {L"FK_TABLE_NAME", kText},
-    {L"FK_COLUMN_NAME", kText}, {L"FK_COLUMN_GUID", AdoType::Guid}, {L"FK_COLUMN_PROPID", kNumber},
-    {L"ORDINAL", kNumber}, {L"UPDATE_RULE", kText}, {L"DELETE_RULE", kText}, {L"PK_NAME", kText},
-    {L"FK_NAME", kText}, {L"DEFERRABILITY", kNumber},
+    {L"PK_TABLE_CATALOG", kText},
+    {L"PK_TABLE_SCHEMA", kText},
+    {L"PK_TABLE_NAME", kText},
+    {L"PK_COLUMN_NAME", kText},
+    {L"PK_COLUMN_GUID", AdoType::Guid},
+    {L"PK_COLUMN_PROPID", kNumber},
+    {L"FK_TABLE_CATALOG", kText},
+    {L"FK_TABLE_SCHEMA", kText},
+    {L"FK_TABLE_NAME", kText},
+    {L"FK_COLUMN_NAME", kText},
+    {L"FK_COLUMN_GUID", AdoType::Guid},
+    {L"FK_COLUMN_PROPID", kNumber},
+    {L"ORDINAL", kNumber},
+    {L"UPDATE_RULE", kText},
+    {L"DELETE_RULE", kText},
+    {L"PK_NAME", kText},
+    {L"FK_NAME", kText},
+    {L"DEFERRABILITY", kNumber},
 };
 
 /// A name argument of a catalogue function; null stands for no restriction.
-SQLWCHAR* NameOrNull(const Text& text) { return text ? OdbcText(*text) : nullptr; }
-SQLSMALLINT LengthOf(const Text& text) { return text ? SQL_NTS : 0; }
+SQLWCHAR* NameOrNull(const Text& text) {
+    return text ? OdbcText(*text) : nullptr;
+}
+SQLSMALLINT LengthOf(const Text& text) {
+    return text ? SQL_NTS : 0;
+}
 
 std::optional<long> NumberOf(const Text& text) {
     if (!text || text->empty()) return std::nullopt;
@@ -164,10 +207,12 @@ public:
         Status read = ForEachTable(0, [&](const CatalogueRow& table) {
             return Visit(
                 [&](SQLHSTMT handle) {
-                    return SQLPrimaryKeysW(handle, NameOrNull(table[0]), LengthOf(table[0]), NameOrNull(table[1]),
-                                           LengthOf(table[1]), NameOrNull(table[2]), LengthOf(table[2]));
+                    return SQLPrimaryKeysW(handle, NameOrNull(table[0]), LengthOf(table[0]),
+                                           NameOrNull(table[1]), LengthOf(table[1]), NameOrNull(table[2]),
+                                           LengthOf(table[2]));
                 },
-                6, [&](const CatalogueRow& row) {
+                6,
+                [&](const CatalogueRow& row) {
                     builder.PutText(L"TABLE_CATALOG", row[0]);
                     builder.PutText(L"TABLE_SCHEMA", row[1]);
                     builder.PutText(L"TABLE_NAME", row[2]);
@@ -197,7 +242,9 @@ public:
     }
 
 private:
-    Text Criterion(std::size_t index) const { return index < criteria_.size() ? criteria_[index] : std::nullopt; }
+    Text Criterion(std::size_t index) const {
+        return index < criteria_.size() ? criteria_[index] : std::nullopt;
+    }
     /// A server lists the tables of all its databases unless one is named.
     Text CatalogueOr(const Text& catalogue) const { return catalogue ? catalogue : current_catalogue_; }
 
@@ -236,13 +283,14 @@ private:
         const Text catalogue = CatalogueOr(wanted_catalogue);
         return Visit(
             [&](SQLHSTMT handle) {
-                return SQLTablesW(handle, NameOrNull(catalogue), LengthOf(catalogue), nullptr, 0, nullptr, 0, nullptr,
-                                  0);
+                return SQLTablesW(handle, NameOrNull(catalogue), LengthOf(catalogue), nullptr, 0, nullptr, 0,
+                                  nullptr, 0);
             },
             4, visitor);
     }
 
-    /// Calls for each table that the criteria from `first` on allow: ODBC's key functions take one table a call.
+    /// Calls for each table that the criteria from `first` on allow: ODBC's key functions take one table a
+    /// call.
     Status ForEachTable(std::size_t first, const std::function<Status(const CatalogueRow&)>& body) {
         std::vector<CatalogueRow> tables;
         const Text schema = Criterion(first + 1), name = Criterion(first + 2);
@@ -308,12 +356,18 @@ private:
 
     static Text RuleText(const Text& number) {
         switch (NumberOf(number).value_or(-1)) {
-            case SQL_CASCADE: return L"CASCADE";
-            case SQL_RESTRICT: return L"RESTRICT";
-            case SQL_SET_NULL: return L"SET NULL";
-            case SQL_NO_ACTION: return L"NO ACTION";
-            case SQL_SET_DEFAULT: return L"SET DEFAULT";
-            default: return std::nullopt;
+            case SQL_CASCADE:
+                return L"CASCADE";
+            case SQL_RESTRICT:
+                return L"RESTRICT";
+            case SQL_SET_NULL:
+                return L"SET NULL";
+            case SQL_NO_ACTION:
+                return L"NO ACTION";
+            case SQL_SET_DEFAULT:
+                return L"SET DEFAULT";
+            default:
+                return std::nullopt;
         }
     }
 
@@ -328,11 +382,16 @@ Status ReadSchemaRowset(Session& session, SchemaRowset rowset, const SchemaCrite
                         std::shared_ptr<RowSet>* target) {
     SchemaBuilder builder(session, criteria);
     switch (rowset) {
-        case SchemaRowset::Tables: return builder.Tables(target);
-        case SchemaRowset::Views: return builder.Views(target);
-        case SchemaRowset::Columns: return builder.ColumnsOf(target);
-        case SchemaRowset::PrimaryKeys: return builder.PrimaryKeys(target);
-        case SchemaRowset::ForeignKeys: return builder.ForeignKeys(target);
+        case SchemaRowset::Tables:
+            return builder.Tables(target);
+        case SchemaRowset::Views:
+            return builder.Views(target);
+        case SchemaRowset::Columns:
+            return builder.ColumnsOf(target);
+        case SchemaRowset::PrimaryKeys:
+            return builder.PrimaryKeys(target);
+        case SchemaRowset::ForeignKeys:
+            return builder.ForeignKeys(target);
     }
     return AdoError::NotSupported;
 }

@@ -1,5 +1,6 @@
-// The rowsets of Connection.OpenSchema, put together from ODBC's catalogue functions, with the columns that OLE DB
-// gives them. Criteria are compared exactly but for letter case; the patterns of ODBC never reach the host.
+// The rowsets of Connection.OpenSchema, put together from ODBC's catalogue functions, with the columns that
+// OLE DB gives them. Criteria are compared exactly but for letter case; the patterns of ODBC never reach the
+// host.
 #pragma once
 
 #include <memory>

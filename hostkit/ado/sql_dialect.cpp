@@ -8,8 +8,8 @@ namespace {
 
 constexpr std::wstring_view kDistinctRow = L"distinctrow";
 
-/// The position after a text that is closed by `close`, where a doubled `close` stands for itself. An unclosed text
-/// reaches to the end.
+/// The position after a text that is closed by `close`, where a doubled `close` stands for itself. An
+/// unclosed text reaches to the end.
 std::size_t AfterQuoted(std::wstring_view sql, std::size_t at, wchar_t close) {
     for (++at; at < sql.size(); ++at) {
         if (sql[at] != close) continue;
@@ -28,8 +28,8 @@ std::size_t After(std::wstring_view sql, std::size_t at, std::wstring_view end) 
 }
 
 bool IsWordCharacter(wchar_t ch) {
-    return (ch >= L'0' && ch <= L'9') || (ch >= L'a' && ch <= L'z') || (ch >= L'A' && ch <= L'Z') || ch == L'_' ||
-           ch == L'@' || ch == L'$' || ch == L'#' || ch >= 0xC0;
+    return (ch >= L'0' && ch <= L'9') || (ch >= L'a' && ch <= L'z') || (ch >= L'A' && ch <= L'Z') ||
+           ch == L'_' || ch == L'@' || ch == L'$' || ch == L'#' || ch >= 0xC0;
 }
 
 /// The end of the quoted text, comment or word that starts here; `at` + 1 for any other character.

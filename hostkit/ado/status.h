@@ -1,5 +1,5 @@
-// How a member of the ADO objects failed: the HRESULT, the source and the Spanish text that the host sees as an
-// automation error. Provider errors also stand, record by record, in the connection's Errors collection.
+// How a member of the ADO objects failed: the HRESULT, the source and the Spanish text that the host sees as
+// an automation error. Provider errors also stand, record by record, in the connection's Errors collection.
 #pragma once
 
 #include <windows.h>

@@ -23,7 +23,8 @@ TEST(StatementForEngine, DistinctRowBecomesDistinctOnlyWhereItIsAKeyword) {
         {L"SELECT `DISTINCTROW`", L"SELECT `DISTINCTROW`"},
         {L"SELECT [DISTINCTROW] FROM [a DISTINCTROW b]", L"SELECT [DISTINCTROW] FROM [a DISTINCTROW b]"},
         {L"SELECT t.DISTINCTROW", L"SELECT t.DISTINCTROW"},
-        {L"SELECT DISTINCTROWS, ADISTINCTROW, DISTINCTROW_1", L"SELECT DISTINCTROWS, ADISTINCTROW, DISTINCTROW_1"},
+        {L"SELECT DISTINCTROWS, ADISTINCTROW, DISTINCTROW_1",
+         L"SELECT DISTINCTROWS, ADISTINCTROW, DISTINCTROW_1"},
         {L"-- DISTINCTROW\nSELECT DISTINCTROW", L"-- DISTINCTROW\nSELECT DISTINCT"},
         {L"/* DISTINCTROW */ SELECT DISTINCTROW", L"/* DISTINCTROW */ SELECT DISTINCT"},
         {L"SELECT (SELECT DISTINCTROW a FROM b)", L"SELECT (SELECT DISTINCT a FROM b)"},
@@ -36,7 +37,8 @@ TEST(StatementForEngine, DistinctRowBecomesDistinctOnlyWhereItIsAKeyword) {
 }
 
 TEST(StatementForEngine, EverythingElseStaysAsItIs) {
-    const std::wstring sql = L"SELECT TOP 5 [Año], \"x\"\"y\" FROM t WHERE f = #1/2/2020# AND s Like 'A*' -- fin";
+    const std::wstring sql =
+        L"SELECT TOP 5 [Año], \"x\"\"y\" FROM t WHERE f = #1/2/2020# AND s Like 'A*' -- fin";
     EXPECT_EQ(StatementForEngine(sql), sql);
 }
 
@@ -52,8 +54,8 @@ TEST(OdbcConnectionString, WordsOfOleDbBecomeThoseOfOdbc) {
         {L"Driver=SQLite3;Database=/a/b.db", L"", L"", L"Driver=SQLite3;Database=/a/b.db;"},
         {L"Driver={MariaDB Unicode};Pwd={a;b}", L"", L"", L"Driver={MariaDB Unicode};Pwd={a;b};"},
         {L"Provider=MSDASQL;DSN=ventas", L"", L"", L"DSN=ventas;"},
-        {L"Provider=MSDASQL.1;Persist Security Info=False;Data Source=ventas;User ID=ana;Password=x", L"", L"",
-         L"DSN=ventas;UID=ana;PWD=x;"},
+        {L"Provider=MSDASQL.1;Persist Security Info=False;Data Source=ventas;User ID=ana;Password=x", L"",
+         L"", L"DSN=ventas;UID=ana;PWD=x;"},
         {L"Provider=MSDASQL;Extended Properties=\"Driver=SQLite3;Database=/x\"", L"", L"",
          L"Driver=SQLite3;Database=/x;"},
         {L"DSN=a;UID=ana;PWD=x", L"eva", L"y", L"DSN=a;UID=eva;PWD=y;"},

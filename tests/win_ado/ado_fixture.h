@@ -1,8 +1,9 @@
-// Loads tesselado.dll from the test program's own folder and makes its objects through the class factory, so that
-// nothing needs to be registered.
+// Loads tesselado.dll from the test program's own folder and makes its objects through the class factory, so
+// that nothing needs to be registered.
 #pragma once
 
 #include <gtest/gtest.h>
+
 #include <windows.h>
 
 #include <cstdlib>
@@ -34,13 +35,15 @@ inline HMODULE Library() {
 
 inline bool CanUnload() {
     using Function = HRESULT(WINAPI*)();
-    const auto function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(Library(), "DllCanUnloadNow")));
+    const auto function =
+        reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(Library(), "DllCanUnloadNow")));
     return function && function() == S_OK;
 }
 
 inline Dispatch Create(const CLSID& clsid) {
     using Function = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
-    const auto function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(Library(), "DllGetClassObject")));
+    const auto function =
+        reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(Library(), "DllGetClassObject")));
     win32::ComPtr<IClassFactory> factory;
     if (!function || FAILED(function(clsid, __uuidof(IClassFactory), factory.PutVoid()))) return {};
     win32::ComPtr<IDispatch> object;
@@ -48,8 +51,12 @@ inline Dispatch Create(const CLSID& clsid) {
     return Dispatch(object);
 }
 
-inline Dispatch NewConnection() { return Create(ado::kConnectionClass); }
-inline Dispatch NewRecordset() { return Create(ado::kRecordsetClass); }
+inline Dispatch NewConnection() {
+    return Create(ado::kConnectionClass);
+}
+inline Dispatch NewRecordset() {
+    return Create(ado::kRecordsetClass);
+}
 
 inline std::wstring VentasString() {
     const char* folder = std::getenv("TESSEL_BINARY_DIR");
@@ -63,7 +70,9 @@ inline Dispatch Open(const std::wstring& text) {
     EXPECT_TRUE(opened) << ToUtf8(opened.Message());
     return connection;
 }
-inline Dispatch OpenVentas() { return Open(VentasString()); }
+inline Dispatch OpenVentas() {
+    return Open(VentasString());
+}
 
 /// Runs a statement whose result is not looked at.
 inline void Do(const Dispatch& connection, const std::wstring& sql) {
@@ -80,13 +89,25 @@ inline Dispatch Query(const Dispatch& connection, const std::wstring& sql, int c
     return rows;
 }
 
-inline Dispatch FieldOf(const Dispatch& rows, const std::wstring& name) { return rows.Get(L"Fields", name).Object(); }
-inline CallResult ValueOf(const Dispatch& rows, const std::wstring& name) { return FieldOf(rows, name).Get(L"Value"); }
-inline std::wstring TextOf(const CallResult& result) { return result.Text().value_or(L"<sin texto>"); }
-inline LONG NumberOf(const CallResult& result) { return result.Number().value_or(-987654); }
-inline bool IsTrue(const CallResult& result) { return result.Boolean().value_or(false); }
+inline Dispatch FieldOf(const Dispatch& rows, const std::wstring& name) {
+    return rows.Get(L"Fields", name).Object();
+}
+inline CallResult ValueOf(const Dispatch& rows, const std::wstring& name) {
+    return FieldOf(rows, name).Get(L"Value");
+}
+inline std::wstring TextOf(const CallResult& result) {
+    return result.Text().value_or(L"<sin texto>");
+}
+inline LONG NumberOf(const CallResult& result) {
+    return result.Number().value_or(-987654);
+}
+inline bool IsTrue(const CallResult& result) {
+    return result.Boolean().value_or(false);
+}
 
 /// Failure messages print texts as UTF-8; comparisons go through this.
-inline std::string U8(const CallResult& result) { return ToUtf8(TextOf(result)); }
+inline std::string U8(const CallResult& result) {
+    return ToUtf8(TextOf(result));
+}
 
 }  // namespace tessel::tests

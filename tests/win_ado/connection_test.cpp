@@ -17,7 +17,8 @@ TEST(AdoConnection, OpensAndClosesAndTellsItsState) {
 TEST(AdoConnection, TakesItsStringFromThePropertyAndOmittedArguments) {
     const Dispatch connection = NewConnection();
     ASSERT_TRUE(connection.Put(L"ConnectionString", VentasString()));
-    ASSERT_TRUE(connection.Call(L"Open", UniqueVariant::Missing(), UniqueVariant::Missing(), UniqueVariant::Missing()));
+    ASSERT_TRUE(connection.Call(L"Open", UniqueVariant::Missing(), UniqueVariant::Missing(),
+                                UniqueVariant::Missing()));
     EXPECT_EQ(NumberOf(connection.Get(L"State")), 1);
     EXPECT_EQ(connection.Put(L"ConnectionString", L"x").Code(), kObjectOpen);
 }
@@ -100,7 +101,8 @@ TEST(AdoConnection, ExecuteWritesRecordsAffectedBackInEveryForm) {
     Do(connection, L"CREATE TABLE t (a INTEGER)");
     Do(connection, L"INSERT INTO t VALUES (1), (2), (3)");
     UniqueVariant variable;
-    ASSERT_TRUE(connection.Call(L"Execute", L"UPDATE t SET a = a + 1", UniqueVariant::ReferenceTo(variable.Address())));
+    ASSERT_TRUE(connection.Call(L"Execute", L"UPDATE t SET a = a + 1",
+                                UniqueVariant::ReferenceTo(variable.Address())));
     EXPECT_EQ(variable.Type(), VT_I4);
     EXPECT_EQ(variable.Get().lVal, 3);
     LONG number = 0;
@@ -114,7 +116,8 @@ TEST(AdoConnection, ExecuteWritesRecordsAffectedBackInEveryForm) {
 }
 
 TEST(AdoConnection, ExecuteOfATableReadsItsRows) {
-    const Dispatch rows = OpenVentas().Call(L"Execute", L"Transportistas", UniqueVariant::Missing(), 2).Object();
+    const Dispatch rows =
+        OpenVentas().Call(L"Execute", L"Transportistas", UniqueVariant::Missing(), 2).Object();
     EXPECT_EQ(U8(ValueOf(rows, L"Nombre")), "Rápido del Sur");
     EXPECT_EQ(NumberOf(rows.Get(L"RecordCount")), -1);
 }

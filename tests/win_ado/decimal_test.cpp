@@ -40,7 +40,8 @@ TEST(DecimalFromText, KeepsEveryDigitThatFits) {
 }
 
 TEST(DecimalFromText, RefusesWhatIsNoSuchNumber) {
-    for (const wchar_t* text : {L"", L"-", L".", L"1e5", L"12a", L"1.2.3", L" 1", L"1,5", L"79228162514264337593543950336"}) {
+    for (const wchar_t* text :
+         {L"", L"-", L".", L"1e5", L"12a", L"1.2.3", L" 1", L"1,5", L"79228162514264337593543950336"}) {
         DECIMAL decimal;
         EXPECT_FALSE(DecimalFromText(text, &decimal)) << testing::PrintToString(std::wstring(text));
     }

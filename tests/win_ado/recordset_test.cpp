@@ -81,7 +81,8 @@ TEST(AdoRecordset, FieldsAreFoundByNameByNumberAndByDefaultMembers) {
     EXPECT_EQ(NumberOf(fields.Get(L"Count")), 2);
     EXPECT_EQ(TextOf(rows.Get(L"Fields", 1).Object().Get(L"Name")), L"Region");
     EXPECT_EQ(U8(fields.Get(L"Item", L"REGION").Object().Get(L"Value")), "Península Ibérica");
-    const CallResult by_default = rows.InvokeId(DISPID_VALUE, DISPATCH_PROPERTYGET, {UniqueVariant(L"region").Detach()});
+    const CallResult by_default =
+        rows.InvokeId(DISPID_VALUE, DISPATCH_PROPERTYGET, {UniqueVariant(L"region").Detach()});
     EXPECT_EQ(U8(by_default.Object().DefaultValue()), "Península Ibérica");
     EXPECT_EQ(rows.Get(L"Fields", L"NoHay").Code(), kItemNotFound);
     EXPECT_EQ(rows.Get(L"Fields", 2).Code(), kItemNotFound);
@@ -128,7 +129,8 @@ TEST(AdoRecordset, GetRowsGivesFieldsByRowsAndMovesOn) {
         EXPECT_EQ(UpperBound(two, 2), 1);
         EXPECT_EQ(Cell(two, 0, 1).Get().lVal, 2);
         EXPECT_EQ(ToUtf8(win32::TextOf(Cell(two, 1, 0).Get().bstrVal)), "Península Ibérica");
-        const CallResult rest = rows.Call(L"GetRows", UniqueVariant::Missing(), UniqueVariant::Missing(), L"IdRegion");
+        const CallResult rest =
+            rows.Call(L"GetRows", UniqueVariant::Missing(), UniqueVariant::Missing(), L"IdRegion");
         ASSERT_TRUE(rest);
         EXPECT_EQ(UpperBound(rest, 1), 0);
         EXPECT_EQ(UpperBound(rest, 2), 2);
@@ -212,11 +214,13 @@ TEST(AdoRecordset, DistinctRowReachesTheEngineAsDistinct) {
 
 TEST(AdoRecordset, AllRowsOfALargeTableArrive) {
     const Dispatch connection = OpenVentas();
-    const Dispatch counted = Query(connection, L"SELECT count(*) AS n, sum(Cantidad) AS s FROM [Detalle de pedidos]");
+    const Dispatch counted =
+        Query(connection, L"SELECT count(*) AS n, sum(Cantidad) AS s FROM [Detalle de pedidos]");
     const Dispatch rows = Query(connection, L"SELECT * FROM [Detalle de pedidos]");
     EXPECT_EQ(NumberOf(rows.Get(L"RecordCount")), NumberOf(ValueOf(counted, L"n")));
     EXPECT_GT(NumberOf(rows.Get(L"RecordCount")), 30000);
-    const CallResult all = rows.Call(L"GetRows", UniqueVariant::Missing(), UniqueVariant::Missing(), L"Cantidad");
+    const CallResult all =
+        rows.Call(L"GetRows", UniqueVariant::Missing(), UniqueVariant::Missing(), L"Cantidad");
     ASSERT_TRUE(all);
     LONG sum = 0;
     for (LONG i = 0; i <= UpperBound(all, 2); ++i) sum += Cell(all, 0, i).Get().iVal;
@@ -224,10 +228,11 @@ TEST(AdoRecordset, AllRowsOfALargeTableArrive) {
 }
 
 TEST(AdoRecordset, TotalsQueryOfTwoJoinedTablesRuns) {
-    const Dispatch rows = Query(OpenVentas(),
-                                L"SELECT Clientes.Nombre, Sum(Pedidos.Importe) AS Total FROM (Clientes INNER JOIN "
-                                L"Pedidos ON Clientes.IdCliente = Pedidos.IdCliente) GROUP BY Clientes.Nombre "
-                                L"ORDER BY Sum(Pedidos.Importe) DESC");
+    const Dispatch rows =
+        Query(OpenVentas(),
+              L"SELECT Clientes.Nombre, Sum(Pedidos.Importe) AS Total FROM (Clientes INNER JOIN "
+              L"Pedidos ON Clientes.IdCliente = Pedidos.IdCliente) GROUP BY Clientes.Nombre "
+              L"ORDER BY Sum(Pedidos.Importe) DESC");
     EXPECT_GT(NumberOf(rows.Get(L"RecordCount")), 100);
     EXPECT_EQ(ValueOf(rows, L"Total").Value().Type(), VT_R8);
 }

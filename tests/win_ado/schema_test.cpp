@@ -59,28 +59,34 @@ std::wstring NamesOf(const Dispatch& rows) {
 TEST(OpenSchema, TablesListsTablesAndViews) {
     const Dispatch connection = OpenVentas();
     const auto lines = Read(connection.Call(L"OpenSchema", 20), {L"TABLE_NAME", L"TABLE_TYPE"});
-    for (const char* line : {"Clientes|TABLE", "Pedidos|TABLE", "Detalle de pedidos|TABLE", "Categorías|TABLE",
-                             "Empleados|TABLE", "Proveedores|TABLE", "Líneas de envío|TABLE", "Ventas por país|VIEW",
-                             "ProductosActivos|VIEW"})
+    for (const char* line : {"Clientes|TABLE", "Pedidos|TABLE", "Detalle de pedidos|TABLE",
+                             "Categorías|TABLE", "Empleados|TABLE", "Proveedores|TABLE",
+                             "Líneas de envío|TABLE", "Ventas por país|VIEW", "ProductosActivos|VIEW"})
         EXPECT_TRUE(Contains(lines, line)) << line;
     EXPECT_EQ(lines.size(), 17u);
 }
 
 TEST(OpenSchema, CriteriaAreExactButForCase) {
     const Dispatch connection = OpenVentas();
-    EXPECT_EQ(Read(connection.Call(L"OpenSchema", 20, Criteria({L"", L"", L"", L"view"})), {L"TABLE_NAME"}).size(), 3u);
-    const auto one = Read(connection.Call(L"OpenSchema", 20, Criteria({L"", L"", L"líneas de envío"})), {L"TABLE_NAME"});
+    EXPECT_EQ(
+        Read(connection.Call(L"OpenSchema", 20, Criteria({L"", L"", L"", L"view"})), {L"TABLE_NAME"}).size(),
+        3u);
+    const auto one =
+        Read(connection.Call(L"OpenSchema", 20, Criteria({L"", L"", L"líneas de envío"})), {L"TABLE_NAME"});
     EXPECT_EQ(one, std::vector<std::string>{"Líneas de envío"});
     // A pattern of ODBC is only a name here.
-    EXPECT_TRUE(Read(connection.Call(L"OpenSchema", 20, Criteria({L"", L"", L"Client%"})), {L"TABLE_NAME"}).empty());
-    EXPECT_TRUE(Read(connection.Call(L"OpenSchema", 4, Criteria({L"", L"", L"Client_s"})), {L"TABLE_NAME"}).empty());
+    EXPECT_TRUE(
+        Read(connection.Call(L"OpenSchema", 20, Criteria({L"", L"", L"Client%"})), {L"TABLE_NAME"}).empty());
+    EXPECT_TRUE(
+        Read(connection.Call(L"OpenSchema", 4, Criteria({L"", L"", L"Client_s"})), {L"TABLE_NAME"}).empty());
     EXPECT_EQ(connection.Call(L"OpenSchema", 20, L"Clientes").Code(), kBadArgument);
 }
 
 TEST(OpenSchema, CriteriaComeByReferenceToo) {
     const Dispatch connection = OpenVentas();
     UniqueVariant variable = Criteria({L"", L"", L"Pedidos"});
-    const CallResult opened = connection.Call(L"OpenSchema", 20, UniqueVariant::ReferenceTo(variable.Address()));
+    const CallResult opened =
+        connection.Call(L"OpenSchema", 20, UniqueVariant::ReferenceTo(variable.Address()));
     EXPECT_EQ(Read(opened, {L"TABLE_NAME"}), std::vector<std::string>{"Pedidos"});
 }
 
@@ -94,55 +100,66 @@ TEST(OpenSchema, ColumnsTellTypeSizePrecisionAndNullability) {
     const auto lines = Read(connection.Call(L"OpenSchema", 4, Criteria({L"", L"", L"Productos"})),
                             {L"ORDINAL_POSITION", L"COLUMN_NAME", L"DATA_TYPE", L"CHARACTER_MAXIMUM_LENGTH",
                              L"NUMERIC_PRECISION", L"NUMERIC_SCALE"});
-    EXPECT_EQ(lines, (std::vector<std::string>{
-                         "1|IdProducto|3|-|10|-", "2|Nombre|129|60|-|-", "3|IdProveedor|3|-|10|-",
-                         "4|IdCategoría|3|-|10|-", "5|Cantidad por unidad|129|30|-|-", "6|PrecioUnitario|131|-|10|2",
-                         "7|Existencias|2|-|5|-", "8|Suspendido|11|-|-|-", "9|Peso|5|-|15|-"}));
+    EXPECT_EQ(lines,
+              (std::vector<std::string>{
+                  "1|IdProducto|3|-|10|-", "2|Nombre|129|60|-|-", "3|IdProveedor|3|-|10|-",
+                  "4|IdCategoría|3|-|10|-", "5|Cantidad por unidad|129|30|-|-", "6|PrecioUnitario|131|-|10|2",
+                  "7|Existencias|2|-|5|-", "8|Suspendido|11|-|-|-", "9|Peso|5|-|15|-"}));
     const Dispatch rows =
         connection.Call(L"OpenSchema", 4, Criteria({L"", L"", L"Pedidos", L"Observaciones"})).Object();
     EXPECT_EQ(NumberOf(rows.Get(L"RecordCount")), 1);
     EXPECT_TRUE(IsTrue(ValueOf(rows, L"IS_NULLABLE")));
     EXPECT_EQ(NumberOf(ValueOf(rows, L"COLUMN_FLAGS")) & 0x80, 0x80);
     EXPECT_FALSE(IsTrue(ValueOf(rows, L"COLUMN_HASDEFAULT")));
-    const Dispatch key = connection.Call(L"OpenSchema", 4, Criteria({L"", L"", L"Pedidos", L"IdPedido"})).Object();
+    const Dispatch key =
+        connection.Call(L"OpenSchema", 4, Criteria({L"", L"", L"Pedidos", L"IdPedido"})).Object();
     EXPECT_EQ(ValueOf(key, L"IS_NULLABLE").Boolean(), false);
 }
 
 TEST(OpenSchema, PrimaryKeysOfOneTableOrOfAll) {
     const Dispatch connection = OpenVentas();
-    const auto composite = Read(connection.Call(L"OpenSchema", 28, Criteria({L"", L"", L"Detalle de pedidos"})),
-                                {L"TABLE_NAME", L"COLUMN_NAME", L"ORDINAL"});
-    EXPECT_EQ(composite, (std::vector<std::string>{"Detalle de pedidos|IdPedido|1", "Detalle de pedidos|IdProducto|2"}));
+    const auto composite =
+        Read(connection.Call(L"OpenSchema", 28, Criteria({L"", L"", L"Detalle de pedidos"})),
+             {L"TABLE_NAME", L"COLUMN_NAME", L"ORDINAL"});
+    EXPECT_EQ(composite,
+              (std::vector<std::string>{"Detalle de pedidos|IdPedido|1", "Detalle de pedidos|IdProducto|2"}));
     EXPECT_EQ(Read(connection.Call(L"OpenSchema", 28), {L"COLUMN_NAME"}).size(), 16u);
 }
 
 TEST(OpenSchema, ForeignKeysInBothDirections) {
     const Dispatch connection = OpenVentas();
-    const auto columns = {L"FK_TABLE_NAME", L"FK_COLUMN_NAME", L"PK_TABLE_NAME", L"PK_COLUMN_NAME", L"ORDINAL"};
+    const auto columns = {L"FK_TABLE_NAME", L"FK_COLUMN_NAME", L"PK_TABLE_NAME", L"PK_COLUMN_NAME",
+                          L"ORDINAL"};
     const auto all = Read(connection.Call(L"OpenSchema", 27), columns);
-    for (const char* line : {"Pedidos|IdCliente|Clientes|IdCliente|1", "Empleados|IdJefe|Empleados|IdEmpleado|1",
-                             "Productos|IdCategoría|Categorías|IdCategoría|1",
-                             "Devoluciones|IdPedido|Detalle de pedidos|IdPedido|1",
-                             "Devoluciones|IdProducto|Detalle de pedidos|IdProducto|2"})
+    for (const char* line :
+         {"Pedidos|IdCliente|Clientes|IdCliente|1", "Empleados|IdJefe|Empleados|IdEmpleado|1",
+          "Productos|IdCategoría|Categorías|IdCategoría|1",
+          "Devoluciones|IdPedido|Detalle de pedidos|IdPedido|1",
+          "Devoluciones|IdProducto|Detalle de pedidos|IdProducto|2"})
         EXPECT_TRUE(Contains(all, line)) << line;
     EXPECT_EQ(all.size(), 17u);
     const auto to = Read(connection.Call(L"OpenSchema", 27, Criteria({L"", L"", L"Clientes"})), columns);
     EXPECT_EQ(to, std::vector<std::string>{"Pedidos|IdCliente|Clientes|IdCliente|1"});
-    const auto from = Read(connection.Call(L"OpenSchema", 27, Criteria({L"", L"", L"", L"", L"", L"Territorios"})), columns);
+    const auto from = Read(
+        connection.Call(L"OpenSchema", 27, Criteria({L"", L"", L"", L"", L"", L"Territorios"})), columns);
     EXPECT_EQ(from, std::vector<std::string>{"Territorios|IdRegion|Regiones|IdRegion|1"});
 }
 
 TEST(OpenSchema, RowsetsHaveTheColumnsOfOleDb) {
     const Dispatch connection = OpenVentas();
-    EXPECT_EQ(NamesOf(connection.Call(L"OpenSchema", 20).Object()),
-              L"TABLE_CATALOG TABLE_SCHEMA TABLE_NAME TABLE_TYPE TABLE_GUID DESCRIPTION TABLE_PROPID DATE_CREATED "
-              L"DATE_MODIFIED ");
-    EXPECT_EQ(NamesOf(connection.Call(L"OpenSchema", 28).Object()),
-              L"TABLE_CATALOG TABLE_SCHEMA TABLE_NAME COLUMN_NAME COLUMN_GUID COLUMN_PROPID ORDINAL PK_NAME ");
-    EXPECT_EQ(NamesOf(connection.Call(L"OpenSchema", 27).Object()),
-              L"PK_TABLE_CATALOG PK_TABLE_SCHEMA PK_TABLE_NAME PK_COLUMN_NAME PK_COLUMN_GUID PK_COLUMN_PROPID "
-              L"FK_TABLE_CATALOG FK_TABLE_SCHEMA FK_TABLE_NAME FK_COLUMN_NAME FK_COLUMN_GUID FK_COLUMN_PROPID ORDINAL "
-              L"UPDATE_RULE DELETE_RULE PK_NAME FK_NAME DEFERRABILITY ");
+    EXPECT_EQ(
+        NamesOf(connection.Call(L"OpenSchema", 20).Object()),
+        L"TABLE_CATALOG TABLE_SCHEMA TABLE_NAME TABLE_TYPE TABLE_GUID DESCRIPTION TABLE_PROPID DATE_CREATED "
+        L"DATE_MODIFIED ");
+    EXPECT_EQ(
+        NamesOf(connection.Call(L"OpenSchema", 28).Object()),
+        L"TABLE_CATALOG TABLE_SCHEMA TABLE_NAME COLUMN_NAME COLUMN_GUID COLUMN_PROPID ORDINAL PK_NAME ");
+    EXPECT_EQ(
+        NamesOf(connection.Call(L"OpenSchema", 27).Object()),
+        L"PK_TABLE_CATALOG PK_TABLE_SCHEMA PK_TABLE_NAME PK_COLUMN_NAME PK_COLUMN_GUID PK_COLUMN_PROPID "
+        L"FK_TABLE_CATALOG FK_TABLE_SCHEMA FK_TABLE_NAME FK_COLUMN_NAME FK_COLUMN_GUID FK_COLUMN_PROPID "
+        L"ORDINAL "
+        L"UPDATE_RULE DELETE_RULE PK_NAME FK_NAME DEFERRABILITY ");
 }
 
 TEST(OpenSchema, OtherRowsetsAreNotSupported) {
