@@ -11,6 +11,8 @@ namespace tessel::model {
 
 namespace {
 
+constexpr std::wstring_view kAllFields = L"*";
+
 std::wstring TypeText(const schema::Field& field) {
     if (field.ado_type == 0) return {};
     std::wstring text(ADOTypeName(field.ado_type));
@@ -76,6 +78,7 @@ void Diagram::Bind(const schema::Schema* schema) {
 void Diagram::Reset() {
     relations_.clear();
     for (DiagramTable& table : tables_) {
+        table.all_checked = false;
         for (DiagramField& field : table.fields) field.checked = false;
     }
     DropLostSelection();
@@ -227,6 +230,12 @@ bool Diagram::SetRelationKind(int key, JoinKind kind) {
 bool Diagram::SetChecked(std::wstring_view table, std::wstring_view field, bool checked) {
     DiagramTable* shown = Find(table);
     if (!shown) return false;
+    if (TrimView(field) == kAllFields) {
+        if (shown->all_checked == checked) return true;
+        shown->all_checked = checked;
+        NotifyChanged();
+        return true;
+    }
     const auto found = std::ranges::find_if(
         shown->fields, [&](const DiagramField& f) { return SameIdentifier(f.name, field); });
     if (found == shown->fields.end()) return false;
@@ -239,6 +248,11 @@ bool Diagram::SetChecked(std::wstring_view table, std::wstring_view field, bool 
 void Diagram::SetChecks(const std::vector<CheckedField>& checked) {
     bool changed = false;
     for (DiagramTable& table : tables_) {
+        const bool all = std::ranges::any_of(checked, [&](const CheckedField& entry) {
+            return SameIdentifier(entry.table, table.name) && TrimView(entry.field) == kAllFields;
+        });
+        changed = changed || all != table.all_checked;
+        table.all_checked = all;
         for (DiagramField& field : table.fields) {
             const bool now = std::ranges::any_of(checked, [&](const CheckedField& entry) {
                 return SameIdentifier(entry.table, table.name) && SameIdentifier(entry.field, field.name);

@@ -39,6 +39,7 @@ struct DiagramTable {
     schema::ObjectKind kind = schema::ObjectKind::Table;
     bool known = false;  ///< the schema has an object of this name
     std::vector<DiagramField> fields;
+    bool all_checked = false;  ///< the mark of "*", all fields, which every table offers
     DiagramRect rect;
     bool placed = false;  ///< rect was set by the user or by a layout
     friend bool operator==(const DiagramTable&, const DiagramTable&) = default;

@@ -33,6 +33,8 @@ public:
 
     HDC Dc() const { return memory_ ? memory_.get() : paint_.hdc; }
     const RECT& Client() const { return client_; }
+    /// What needs painting; everything else of the client area stays as it is.
+    const RECT& Area() const { return paint_.rcPaint; }
 
 private:
     HWND hwnd_;

@@ -185,6 +185,19 @@ TEST_F(DiagramTest, ResetRemovesRelationsAndMarksAndKeepsTables) {
     EXPECT_EQ(TableNames(), (Texts{L"Clientes", L"Pedidos"}));
 }
 
+TEST_F(DiagramTest, AllFieldsHaveAMarkOfTheirOwn) {
+    diagram.AddTable(L"Clientes", true);
+    EXPECT_TRUE(diagram.SetChecked(L"CLIENTES", L"*", true));
+    EXPECT_TRUE(diagram.Tables()[0].all_checked);
+    for (const DiagramField& field : diagram.Tables()[0].fields) EXPECT_FALSE(field.checked);
+    diagram.SetChecks({{L"Clientes", L"nombre"}});
+    EXPECT_FALSE(diagram.Tables()[0].all_checked);
+    diagram.SetChecks({{L"Clientes", L" * "}});
+    EXPECT_TRUE(diagram.Tables()[0].all_checked);
+    diagram.Reset();
+    EXPECT_FALSE(diagram.Tables()[0].all_checked);
+}
+
 TEST_F(DiagramTest, ATableIsUnplacedUntilItsRectangleIsSet) {
     diagram.AddTable(L"Clientes", false);
     EXPECT_FALSE(diagram.Tables()[0].placed);

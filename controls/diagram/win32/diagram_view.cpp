@@ -1,8 +1,54 @@
 #include "controls/diagram/win32/diagram_view.h"
 
+#include <commctrl.h>
+#include <windowsx.h>
+
+#include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
+#include "common/win32/module.h"
+#include "controls/diagram/diagram_texts.h"
 
 namespace tessel::controls {
+
+namespace {
+
+constexpr UINT kRefresh = WM_USER + 1;  // scroll bars and places of new tables, once after any number of changes
+constexpr UINT_PTR kAutoScrollTimer = 1;
+constexpr UINT kAutoScrollPeriod_ms = 40;
+constexpr int kScrollLine_px = 40;
+constexpr UINT kDpiChangedAfterParent = 0x02E3;
+
+diagram::Point PointOf(LPARAM lparam) { return {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)}; }
+
+diagram::Modifiers HeldKeys() { return {GetKeyState(VK_SHIFT) < 0, GetKeyState(VK_CONTROL) < 0}; }
+
+LPCWSTR CursorName(diagram::Cursor cursor) {
+    switch (cursor) {
+        case diagram::Cursor::Move:
+            return IDC_SIZEALL;
+        case diagram::Cursor::SizeWE:
+            return IDC_SIZEWE;
+        case diagram::Cursor::SizeNS:
+            return IDC_SIZENS;
+        case diagram::Cursor::SizeNWSE:
+            return IDC_SIZENWSE;
+        case diagram::Cursor::SizeNESW:
+            return IDC_SIZENESW;
+        case diagram::Cursor::Hand:
+            return IDC_HAND;
+        case diagram::Cursor::Link:
+            return IDC_CROSS;
+        case diagram::Cursor::No:
+            return IDC_NO;
+        case diagram::Cursor::Arrow:
+            break;
+    }
+    return IDC_ARROW;
+}
+
+}  // namespace
+
+DiagramView::DiagramView() : state_(static_cast<diagram::DiagramHost&>(*this)) {}
 
 DiagramView::~DiagramView() {
     Bind(nullptr, nullptr);
@@ -10,8 +56,33 @@ DiagramView::~DiagramView() {
 }
 
 bool DiagramView::Create(HWND parent, int id) {
-    return CreateWindowOf({L"TesselDiagram", CS_DBLCLKS}, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS, 0,
-                          parent, id);
+    return CreateWindowOf({L"TesselDiagram", CS_DBLCLKS}, L"",
+                          WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_HSCROLL | WS_VSCROLL, 0, parent,
+                          id);
+}
+
+void DiagramView::OnCreated() {
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_BAR_CLASSES};
+    InitCommonControlsEx(&classes);
+    tip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
+                           CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, Handle(), nullptr,
+                           win32::ThisModule(), nullptr);
+    ReadSettings();
+    if (!tip_) return;
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = Handle();
+    tool.rect = {0, 0, 32767, 32767};
+    tool.lpszText = LPSTR_TEXTCALLBACKW;
+    SendMessageW(tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void DiagramView::ReadSettings() {
+    dpi_ = win32::DpiOf(Handle());
+    painter_.SetDpi(dpi_);
+    state_.SetDpi(dpi_);
+    state_.SetMetrics(painter_.Metrics(), &painter_);
+    if (tip_) SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, win32::Scale(480, dpi_));
 }
 
 void DiagramView::Bind(model::Diagram* diagram, DiagramEvents* events) {
@@ -19,33 +90,325 @@ void DiagramView::Bind(model::Diagram* diagram, DiagramEvents* events) {
     diagram_ = diagram;
     events_ = events;
     if (diagram_) diagram_->AddListener(this);
-    Redraw();
+    state_.Bind(diagram);
 }
 
-void DiagramView::Redraw() {
-    if (IsCreated()) InvalidateRect(Handle(), nullptr, FALSE);
+void DiagramView::Redraw() { state_.ModelChanged(); }
+
+void DiagramView::OnChanged() { state_.ModelChanged(); }
+
+void DiagramView::Repaint() {
+    if (!IsCreated()) return;
+    InvalidateRect(Handle(), nullptr, FALSE);
+    if (refresh_pending_ || refreshing_) return;
+    refresh_pending_ = PostMessageW(Handle(), kRefresh, 0, 0) != 0;
 }
 
-RECT DiagramView::TableRect(std::wstring_view) const { return {}; }
-RECT DiagramView::FieldRect(std::wstring_view, std::wstring_view) const { return {}; }
-RECT DiagramView::CheckRect(std::wstring_view, std::wstring_view) const { return {}; }
-POINT DiagramView::RelationPoint(int) const { return {}; }
-void DiagramView::SetZoom(int) {}
+// Showing or hiding a scroll bar changes the client area, which comes back here as a change of size.
+void DiagramView::Refresh() {
+    refresh_pending_ = false;
+    if (refreshing_) return;
+    refreshing_ = true;
+    state_.Update();
+    for (int round = 0; round < 2; ++round) {
+        const diagram::Viewport& view = state_.View();
+        const diagram::Rect extent = view.Extent();
+        ShowScrollBar(SB_HORZ, view.ToPixels(extent.left), view.ToPixels(diagram::Right(extent)),
+                      view.Client().width, view.Scroll().x);
+        ShowScrollBar(SB_VERT, view.ToPixels(extent.top), view.ToPixels(diagram::Bottom(extent)),
+                      view.Client().height, view.Scroll().y);
+    }
+    refreshing_ = false;
+}
 
-void DiagramView::OnChanged() { Redraw(); }
+void DiagramView::ShowScrollBar(int bar, int low, int high, int page, int position) {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    info.nMin = low;
+    info.nMax = std::max(low, high - 1);
+    info.nPage = static_cast<UINT>(std::max(0, page));
+    info.nPos = position;
+    SetScrollInfo(Handle(), bar, &info, TRUE);
+}
+
+void DiagramView::OnResized() {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    state_.SetClient({client.right, client.bottom});
+}
+
+void DiagramView::OnPaint() {
+    state_.Update();
+    win32::BufferedPaint paint(Handle());
+    painter_.Paint(paint.Dc(), paint.Area(), state_, GetFocus() == Handle());
+}
+
+void DiagramView::OnScrollBar(int bar, int code) {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_ALL;
+    GetScrollInfo(Handle(), bar, &info);
+    const int line = win32::Scale(kScrollLine_px, dpi_);
+    int position = info.nPos;
+    switch (code) {
+        case SB_LINEUP:
+            position -= line;
+            break;
+        case SB_LINEDOWN:
+            position += line;
+            break;
+        case SB_PAGEUP:
+            position -= static_cast<int>(info.nPage);
+            break;
+        case SB_PAGEDOWN:
+            position += static_cast<int>(info.nPage);
+            break;
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION:
+            position = info.nTrackPos;
+            break;
+        case SB_TOP:
+            position = info.nMin;
+            break;
+        case SB_BOTTOM:
+            position = info.nMax;
+            break;
+        default:
+            return;
+    }
+    diagram::Point scroll = state_.View().Scroll();
+    (bar == SB_HORZ ? scroll.x : scroll.y) = position;
+    state_.ScrollTo(scroll);
+    Refresh();
+}
+
+void DiagramView::OnWheel(WPARAM wparam, LPARAM lparam, bool sideways) {
+    int& rest = sideways ? wheel_rest_sideways_ : wheel_rest_;
+    rest += GET_WHEEL_DELTA_WPARAM(wparam);
+    const int steps = rest / WHEEL_DELTA;
+    rest %= WHEEL_DELTA;
+    POINT point{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
+    ScreenToClient(Handle(), &point);
+    const WORD keys = GET_KEYSTATE_WPARAM(wparam);
+    state_.Wheel({point.x, point.y}, steps, {(keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0}, sideways);
+}
+
+void DiagramView::OnContextMenu(LPARAM lparam) {
+    if (lparam != -1) {
+        POINT point{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
+        ScreenToClient(Handle(), &point);
+        state_.ContextMenu({point.x, point.y});
+        return;
+    }
+    if (diagram_) ContextMenu(diagram_->SelectedElement(), state_.SelectionPoint());
+}
+
+bool DiagramView::OnSetCursor() {
+    POINT point{};
+    GetCursorPos(&point);
+    ScreenToClient(Handle(), &point);
+    SetCursor(LoadCursorW(nullptr, CursorName(state_.PointerAt({point.x, point.y}))));
+    return true;
+}
+
+void DiagramView::FollowCapture() {
+    if (state_.HoldsMouse()) {
+        if (GetCapture() == Handle()) return;
+        SetCapture(Handle());
+        SetTimer(Handle(), kAutoScrollTimer, kAutoScrollPeriod_ms, nullptr);
+    } else {
+        KillTimer(Handle(), kAutoScrollTimer);
+        if (GetCapture() == Handle()) ReleaseCapture();
+    }
+}
+
+LRESULT DiagramView::OnMouse(UINT message, WPARAM, LPARAM lparam) {
+    const diagram::Point point = PointOf(lparam);
+    switch (message) {
+        case WM_LBUTTONDOWN:
+            SetFocus(Handle());
+            state_.MouseDown(diagram::Button::Left, point);
+            break;
+        case WM_MBUTTONDOWN:
+            SetFocus(Handle());
+            state_.MouseDown(diagram::Button::Middle, point);
+            break;
+        case WM_RBUTTONDOWN:
+            SetFocus(Handle());
+            state_.MouseDown(diagram::Button::Right, point);
+            break;
+        case WM_LBUTTONDBLCLK:
+            state_.DoubleClick(point);
+            break;
+        case WM_LBUTTONUP:
+            state_.MouseUp(diagram::Button::Left, point);
+            break;
+        case WM_MBUTTONUP:
+            state_.MouseUp(diagram::Button::Middle, point);
+            break;
+        default:
+            if (!tracking_) {
+                TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
+                tracking_ = TrackMouseEvent(&track) != 0;
+            }
+            state_.MouseMove(point);
+            if (state_.HoldsMouse()) OnSetCursor();
+            break;
+    }
+    if (IsCreated()) FollowCapture();
+    return 0;
+}
+
+LRESULT DiagramView::DialogCode(LPARAM lparam) const {
+    LRESULT code = DLGC_WANTARROWS | DLGC_WANTCHARS;
+    const auto* message = reinterpret_cast<const MSG*>(lparam);
+    if (!message || message->message != WM_KEYDOWN) return code;
+    const bool on_relation = diagram_ && diagram_->SelectedElement() == model::DiagramElement::Relation;
+    // Enter and Esc belong to the dialog unless they mean something here and now.
+    if ((message->wParam == VK_RETURN && on_relation) || (message->wParam == VK_ESCAPE && state_.HoldsMouse()))
+        code |= DLGC_WANTMESSAGE;
+    return code;
+}
+
+LRESULT DiagramView::OnKeyDown(WPARAM wparam, LPARAM lparam) {
+    struct KeyName {
+        WPARAM code;
+        diagram::Key key;
+    };
+    static constexpr KeyName kKeys[] = {
+        {VK_LEFT, diagram::Key::Left},          {VK_RIGHT, diagram::Key::Right},
+        {VK_UP, diagram::Key::Up},              {VK_DOWN, diagram::Key::Down},
+        {VK_HOME, diagram::Key::Home},          {VK_END, diagram::Key::End},
+        {VK_PRIOR, diagram::Key::PageUp},       {VK_NEXT, diagram::Key::PageDown},
+        {VK_SPACE, diagram::Key::Space},        {VK_DELETE, diagram::Key::Delete},
+        {VK_RETURN, diagram::Key::Enter},       {VK_ESCAPE, diagram::Key::Escape},
+        {VK_ADD, diagram::Key::Plus},           {VK_OEM_PLUS, diagram::Key::Plus},
+        {VK_SUBTRACT, diagram::Key::Minus},     {VK_OEM_MINUS, diagram::Key::Minus},
+        {'0', diagram::Key::Zero},              {VK_NUMPAD0, diagram::Key::Zero},
+    };
+    for (const KeyName& name : kKeys) {
+        if (name.code != wparam) continue;
+        if (!state_.KeyDown(name.key, HeldKeys())) break;
+        if (IsCreated()) FollowCapture();
+        return 0;
+    }
+    return Window::OnMessage(WM_KEYDOWN, wparam, lparam);
+}
+
+void DiagramView::RelayToTip(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (!tip_) return;
+    if (tip_hit_ != state_.Hover() || state_.HoldsMouse()) {
+        tip_hit_ = state_.Hover();
+        SendMessageW(tip_, TTM_POP, 0, 0);
+    }
+    MSG relayed{};
+    relayed.hwnd = Handle();
+    relayed.message = message;
+    relayed.wParam = wparam;
+    relayed.lParam = lparam;
+    SendMessageW(tip_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
+}
+
+std::wstring DiagramView::TipText() const {
+    const diagram::Hit& hover = state_.Hover();
+    if (!diagram_ || state_.HoldsMouse()) return {};
+    if (hover.kind == diagram::HitKind::Relation) {
+        const model::DiagramRelation* relation = diagram_->FindRelation(hover.relation);
+        return relation ? diagram::RelationText(relation->info) : std::wstring();
+    }
+    if (hover.table < 0 || hover.table >= static_cast<int>(diagram_->Tables().size())) return {};
+    const model::DiagramTable& table = diagram_->Tables()[static_cast<std::size_t>(hover.table)];
+    if (hover.kind == diagram::HitKind::Title) return diagram::TableText(table);
+    if (hover.row == 0) return diagram::AllFieldsText(table);
+    const model::DiagramField* field = diagram::RowField(table, hover.row);
+    return field ? diagram::FieldText(*field) : std::wstring();
+}
 
 LRESULT DiagramView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
+        case WM_CREATE:
+            OnCreated();
+            return 0;
+        case WM_DESTROY:
+            tip_ = nullptr;
+            state_.Cancel();
+            return 0;
         case WM_ERASEBKGND:
             return 1;
-        case WM_PAINT: {
-            win32::BufferedPaint paint(Handle());
-            win32::FillSolid(paint.Dc(), paint.Client(), GetSysColor(COLOR_WINDOW));
+        case WM_PAINT:
+            OnPaint();
+            return 0;
+        case WM_SIZE:
+            OnResized();
+            return 0;
+        case kRefresh:
+            Refresh();
+            return 0;
+        case WM_GETDLGCODE:
+            return DialogCode(lparam);
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+            InvalidateRect(Handle(), nullptr, FALSE);
+            return 0;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONUP:
+        case WM_LBUTTONDBLCLK:
+        case WM_MBUTTONDOWN:
+        case WM_MBUTTONUP:
+        case WM_RBUTTONDOWN:
+        case WM_MOUSEMOVE:
+            OnMouse(message, wparam, lparam);
+            if (IsCreated()) RelayToTip(message, wparam, lparam);
+            return 0;
+        case WM_MOUSELEAVE:
+            tracking_ = false;
+            state_.MouseLeave();
+            return 0;
+        case WM_MOUSEWHEEL:
+        case WM_MOUSEHWHEEL:
+            OnWheel(wparam, lparam, message == WM_MOUSEHWHEEL);
+            return 0;
+        case WM_CAPTURECHANGED:
+            if (reinterpret_cast<HWND>(lparam) != Handle()) state_.Cancel();
+            return 0;
+        case WM_TIMER:
+            if (wparam == kAutoScrollTimer) state_.AutoScroll();
+            return 0;
+        case WM_SETCURSOR:
+            if (LOWORD(lparam) == HTCLIENT && OnSetCursor()) return TRUE;
+            break;
+        case WM_CONTEXTMENU:
+            OnContextMenu(lparam);
+            return 0;
+        case WM_KEYDOWN:
+            return OnKeyDown(wparam, lparam);
+        case WM_CHAR:
+            if (wparam > VK_SPACE) state_.Typed(static_cast<wchar_t>(wparam));
+            return 0;
+        case WM_HSCROLL:
+            OnScrollBar(SB_HORZ, LOWORD(wparam));
+            return 0;
+        case WM_VSCROLL:
+            OnScrollBar(SB_VERT, LOWORD(wparam));
+            return 0;
+        case WM_NOTIFY: {
+            auto* header = reinterpret_cast<NMHDR*>(lparam);
+            if (header->hwndFrom != tip_ || header->code != TTN_GETDISPINFOW) break;
+            tip_text_ = TipText();
+            reinterpret_cast<NMTTDISPINFOW*>(lparam)->lpszText = tip_text_.data();
             return 0;
         }
+        case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE:
+        case WM_THEMECHANGED:
+        case kDpiChangedAfterParent:
+            ReadSettings();
+            return 0;
         default:
-            return Window::OnMessage(message, wparam, lparam);
+            break;
     }
+    return Window::OnMessage(message, wparam, lparam);
 }
 
 }  // namespace tessel::controls

@@ -12,6 +12,8 @@
 
 #include "common/change_source.h"
 #include "common/win32/window.h"
+#include "controls/diagram/diagram_state.h"
+#include "controls/diagram/win32/diagram_painter.h"
 #include "model/diagram.h"
 
 namespace tessel::controls {
@@ -36,9 +38,9 @@ public:
     virtual void OnDiagramRelationActivated(int key) { (void)key; }
 };
 
-class DiagramView : public win32::Window, private ChangeListener {
+class DiagramView : public win32::Window, private ChangeListener, private diagram::DiagramHost {
 public:
-    DiagramView() = default;
+    DiagramView();
     ~DiagramView() override;
 
     /// Creates the control as a child of `parent`, of no size yet. False when Windows refuses.
@@ -46,25 +48,64 @@ public:
     /// Shows another diagram and reports to `events`. Neither is owned; both may be nullptr and must outlive the
     /// binding.
     void Bind(model::Diagram* diagram, DiagramEvents* events);
-    /// Repaints everything.
+    /// Reads the model again and repaints everything.
     void Redraw();
 
-    /// Where something is shown, in client pixels; an empty rectangle when it is not there.
+    /// Where something is shown, in client pixels; an empty rectangle when it is not there or scrolled out of its
+    /// box.
     RECT TableRect(std::wstring_view table) const;
     RECT FieldRect(std::wstring_view table, std::wstring_view field) const;
     RECT CheckRect(std::wstring_view table, std::wstring_view field) const;
-    /// A point on the relation's line.
+    /// The point half-way along the relation's line; {-1, -1} when there is none.
     POINT RelationPoint(int key) const;
 
-    /// 25 to 400; other values are brought into that range.
+    /// 25 to 400; other values are brought into that range. The middle of the view stays where it is.
     void SetZoom(int percent);
+    int Zoom() const { return state_.View().Zoom(); }
 
 private:
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+    LRESULT OnMouse(UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT OnKeyDown(WPARAM wparam, LPARAM lparam);
+    LRESULT DialogCode(LPARAM lparam) const;
+    void OnCreated();
+    void OnResized();
+    void OnPaint();
+    void OnWheel(WPARAM wparam, LPARAM lparam, bool sideways);
+    void OnScrollBar(int bar, int code);
+    void OnContextMenu(LPARAM lparam);
+    bool OnSetCursor();
+    void ReadSettings();
+    void Refresh();
+    void ShowScrollBar(int bar, int low, int high, int page, int position);
+    void FollowCapture();
+    void RelayToTip(UINT message, WPARAM wparam, LPARAM lparam);
+    std::wstring TipText() const;
+    RECT BoxPart(std::wstring_view table, std::wstring_view field, bool check) const;
+
     void OnChanged() override;
+
+    void Repaint() override;
+    void FieldChecked(std::wstring_view table, std::wstring_view field, bool checked) override;
+    void RelationDrawn(std::wstring_view left_table, std::wstring_view left_field, std::wstring_view right_table,
+                       std::wstring_view right_field) override;
+    void ContextMenu(model::DiagramElement element, diagram::Point client_px) override;
+    void DeleteWanted(model::DiagramElement element) override;
+    void RelationActivated(int key) override;
 
     model::Diagram* diagram_ = nullptr;
     DiagramEvents* events_ = nullptr;
+    diagram::DiagramPainter painter_;
+    mutable diagram::DiagramState state_;  ///< queries bring it up to date first
+    HWND tip_ = nullptr;                   ///< owned by our window
+    diagram::Hit tip_hit_;
+    std::wstring tip_text_;
+    int dpi_ = 0;
+    int wheel_rest_ = 0;
+    int wheel_rest_sideways_ = 0;
+    bool refresh_pending_ = false;
+    bool refreshing_ = false;
+    bool tracking_ = false;
 };
 
 }  // namespace tessel::controls

@@ -1,0 +1,150 @@
+// The table diagram without its window: what is selected, hovered, dragged and scrolled, and what mouse and keyboard
+// do. The window passes events in client pixels and paints what this class holds.
+//
+// A gesture changes the model when it is finished, not while it goes on, and then once; given up, it leaves nothing
+// behind. Only places and the selection are written to the model; what changes the query is reported to the host.
+// The model may change at any time, also in the middle of a gesture: everything here that outlives an event names
+// tables and relations, and the layout is read again when it is next needed.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "controls/diagram/diagram_layout.h"
+#include "controls/diagram/diagram_viewport.h"
+
+namespace tessel::controls::diagram {
+
+/// Who shows the state: its window, or a test.
+class DiagramHost {
+public:
+    virtual ~DiagramHost() = default;
+    virtual void Repaint() = 0;
+    virtual void FieldChecked(std::wstring_view table, std::wstring_view field, bool checked) = 0;
+    virtual void RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
+                               std::wstring_view right_table, std::wstring_view right_field) = 0;
+    virtual void ContextMenu(model::DiagramElement element, Point client_px) = 0;
+    virtual void DeleteWanted(model::DiagramElement element) = 0;
+    virtual void RelationActivated(int key) = 0;
+};
+
+enum class Button { Left, Middle, Right };
+enum class Key { Left, Right, Up, Down, Home, End, PageUp, PageDown, Space, Delete, Enter, Escape, Plus, Minus, Zero };
+struct Modifiers {
+    bool shift = false;
+    bool ctrl = false;
+};
+enum class Cursor { Arrow, Move, SizeWE, SizeNS, SizeNWSE, SizeNESW, Hand, Link, No };
+
+/// A relation being drawn: from a field's row to the pointer, over `target` when it may be dropped there.
+struct Rubber {
+    int table = -1;
+    int row = -1;
+    Point to;  ///< plane
+    Hit target;
+};
+
+class DiagramState {
+public:
+    explicit DiagramState(DiagramHost& host) : host_(host) {}
+
+    void Bind(model::Diagram* diagram);
+    /// Fonts changed. The measurer is not owned and must outlive the state.
+    void SetMetrics(const BoxMetrics& metrics, const TextMeasurer* measurer);
+    /// The model announced a change; it is read again at the next Update.
+    void ModelChanged();
+    /// Brings the layout up to date and gives new tables a place, which writes to the model.
+    void Update();
+
+    void SetDpi(int dpi);
+    void SetClient(Size client_px);
+    void SetZoom(int percent, Point anchor_px);
+    void ScrollTo(Point scroll_px);
+
+    void MouseDown(Button button, Point client_px);
+    void MouseMove(Point client_px);
+    void MouseUp(Button button, Point client_px);
+    void DoubleClick(Point client_px);
+    void MouseLeave();
+    /// `steps` notches, positive away from the user.
+    void Wheel(Point client_px, int steps, Modifiers modifiers, bool sideways);
+    /// False when the key means nothing here.
+    bool KeyDown(Key key, Modifiers modifiers);
+    /// A letter goes to the next field that begins with it.
+    void Typed(wchar_t letter);
+    /// Gives up a gesture: Esc, or the mouse was taken away.
+    void Cancel();
+    /// While a gesture holds the mouse outside the client area, to be called some times a second.
+    void AutoScroll();
+    bool HoldsMouse() const { return gesture_ != Gesture::None; }
+    /// Selects what is at the point and asks the host for its menu.
+    void ContextMenu(Point client_px);
+    /// Where a menu asked for by keyboard belongs.
+    Point SelectionPoint();
+
+    const model::Diagram* Model() const { return diagram_; }
+    const Layout& Shapes() const { return layout_; }
+    const Viewport& View() const { return view_; }
+    const Hit& Hover() const { return hover_; }
+    /// The row with the keyboard in the selected table; -1 is its title.
+    int FocusRow() const { return focus_row_; }
+    std::optional<Rubber> RubberLine() const;
+    Cursor PointerAt(Point client_px) const;
+    Hit HitAt(Point client_px) const;
+
+private:
+    enum class Gesture { None, Press, Check, Move, Resize, Link, Scroll, Pan };
+
+    const model::DiagramTable* TableAt(int index) const;
+    int SelectedIndex() const;
+    void PlaceNewTables();
+    void ApplyOwnState();
+    void Shift(int table, const Rect& rect);
+    void StoreRect(int table, const Rect& rect);
+    void ScrollBox(int table, int scroll);
+    void Select(int table, int row);
+    void SelectElement(const Hit& hit);
+    void ToggleCheck(int table, int row);
+    void BeginGesture(Gesture gesture, const Hit& hit, Point client_px);
+    void EndGesture();
+    bool PassedThreshold(Point client_px);
+    void MoveTo(Point client_px);
+    void ResizeTo(Point client_px);
+    bool CanJoin(const Hit& target) const;
+    void RevealFocus();
+    bool ArrowKey(Key key, Modifiers modifiers);
+    void RowKey(Key key);
+    void StepElement(int direction);
+    bool ZoomKey(Key key);
+
+    DiagramHost& host_;
+    model::Diagram* diagram_ = nullptr;
+    const TextMeasurer* measurer_ = nullptr;
+    BoxMetrics metrics_;
+    Layout layout_;
+    Viewport view_;
+    bool stale_ = true;
+    bool placing_ = false;
+
+    std::vector<std::wstring> raised_;  ///< tables brought to the front, the foremost last
+    std::unordered_map<std::wstring, int> box_scroll_;
+    std::unordered_map<std::wstring, Rect> known_places_;  ///< also of tables that went; they may come back
+    std::wstring focus_table_;
+    int focus_row_ = -1;
+    Hit hover_;
+
+    Gesture gesture_ = Gesture::None;
+    Button gesture_button_ = Button::Left;
+    std::wstring gesture_table_;
+    Hit gesture_hit_;
+    Point gesture_start_;  ///< client pixels
+    Point gesture_scroll_;
+    Rect gesture_rect_;
+    Point pointer_;
+    bool moved_ = false;
+};
+
+}  // namespace tessel::controls::diagram

@@ -1,0 +1,20 @@
+// What the table diagram says to its user, in Spanish: tooltips and the caption of the first row.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "model/diagram.h"
+
+namespace tessel::controls::diagram {
+
+/// The caption of the row "*".
+[[nodiscard]] std::wstring_view AllFieldsCaption();
+/// "Clientes.IdCliente = Pedidos.IdCliente (interna)".
+[[nodiscard]] std::wstring RelationText(const model::RelInfo& relation);
+/// A field's type and keys: "IdCliente: adInteger, clave principal".
+[[nodiscard]] std::wstring FieldText(const model::DiagramField& field);
+[[nodiscard]] std::wstring AllFieldsText(const model::DiagramTable& table);
+[[nodiscard]] std::wstring TableText(const model::DiagramTable& table);
+
+}  // namespace tessel::controls::diagram

@@ -1,0 +1,75 @@
+// What DiagramView tells others: where things are shown, and what the user did.
+#include "controls/diagram/win32/diagram_view.h"
+
+namespace tessel::controls {
+
+namespace {
+
+RECT ToRect(const diagram::Rect& rect) {
+    return {rect.left, rect.top, diagram::Right(rect), diagram::Bottom(rect)};
+}
+
+}  // namespace
+
+RECT DiagramView::TableRect(std::wstring_view table) const {
+    state_.Update();
+    const int index = state_.Shapes().TableIndex(table);
+    return index < 0 ? RECT{} : ToRect(state_.View().ToClient(state_.Shapes().BoxOf(index).Frame()));
+}
+
+RECT DiagramView::BoxPart(std::wstring_view table, std::wstring_view field, bool check) const {
+    state_.Update();
+    const int index = state_.Shapes().TableIndex(table);
+    if (!diagram_ || index < 0) return {};
+    const diagram::Box& box = state_.Shapes().BoxOf(index);
+    const int row = diagram::RowOf(diagram_->Tables()[static_cast<std::size_t>(index)], field);
+    if (row < 0) return {};
+    const diagram::Rect part = diagram::Intersection(check ? box.Check(row) : box.Row(row), box.Field());
+    return diagram::IsEmpty(part) ? RECT{} : ToRect(state_.View().ToClient(part));
+}
+
+RECT DiagramView::FieldRect(std::wstring_view table, std::wstring_view field) const {
+    return BoxPart(table, field, false);
+}
+
+RECT DiagramView::CheckRect(std::wstring_view table, std::wstring_view field) const {
+    return BoxPart(table, field, true);
+}
+
+POINT DiagramView::RelationPoint(int key) const {
+    state_.Update();
+    const diagram::Line* line = state_.Shapes().FindLine(key);
+    if (!line) return {-1, -1};
+    const diagram::Point point = state_.View().ToClient(diagram::Halfway(line->path));
+    return {point.x, point.y};
+}
+
+void DiagramView::SetZoom(int percent) {
+    const diagram::Size client = state_.View().Client();
+    state_.SetZoom(percent, {client.width / 2, client.height / 2});
+}
+
+void DiagramView::FieldChecked(std::wstring_view table, std::wstring_view field, bool checked) {
+    if (events_) events_->OnDiagramFieldChecked(table, field, checked);
+}
+
+void DiagramView::RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
+                                std::wstring_view right_table, std::wstring_view right_field) {
+    if (events_) events_->OnDiagramRelationDrawn(left_table, left_field, right_table, right_field);
+}
+
+void DiagramView::ContextMenu(model::DiagramElement element, diagram::Point client_px) {
+    POINT screen{client_px.x, client_px.y};
+    ClientToScreen(Handle(), &screen);
+    if (events_) events_->OnDiagramContextMenu(element, screen);
+}
+
+void DiagramView::DeleteWanted(model::DiagramElement element) {
+    if (events_) events_->OnDiagramDelete(element);
+}
+
+void DiagramView::RelationActivated(int key) {
+    if (events_) events_->OnDiagramRelationActivated(key);
+}
+
+}  // namespace tessel::controls
