@@ -72,6 +72,13 @@ Canonical::Canonical(const StatementScope& scope) : scope_(scope), statement_(sc
         AppendIdentifier(scope.TableKey(table), L'{', L'}', mark);
         table_marks_.push_back(std::move(mark));
     }
+    sql::Lexer lexer(statement_.source);
+    for (sql::Token token = lexer.NextSignificant(); token.kind != sql::TokenKind::End;
+         token = lexer.NextSignificant()) {
+        if (token.kind == sql::TokenKind::Parameter && statement_.source[token.begin] == L'?') {
+            places_.push_back(token.begin);
+        }
+    }
 }
 
 std::wstring Canonical::Expression(NodeId id) const {
@@ -302,6 +309,8 @@ void Canonical::AppendTested(NodeId id, bool negated, std::wstring& out) const {
 
 void Canonical::AppendTokens(TextRange range, std::wstring& out) const {
     const std::wstring text = scope_.TextWithTables(range, table_marks_);
+    const auto first_place = std::ranges::lower_bound(places_, range.offset);
+    auto place = static_cast<std::size_t>(first_place - places_.begin());
     sql::Lexer lexer(text);
     for (sql::Token token = lexer.NextSignificant(); token.kind != sql::TokenKind::End;
          token = lexer.NextSignificant()) {
@@ -310,6 +319,7 @@ void Canonical::AppendTokens(TextRange range, std::wstring& out) const {
                              token.kind == sql::TokenKind::BracketName ||
                              token.kind == sql::TokenKind::BackQuoteName;
         out += is_name ? IdentifierKey(slice) : std::wstring(slice);
+        if (slice == L"?") out += std::to_wstring(place++);
         out += L' ';
     }
 }

@@ -2,8 +2,9 @@
 //
 // Levelled out: white space, letter case of words, brackets, redundant parentheses, table aliases, a
 // qualifier that could be left out, operands of AND and OR in another order, sides of a comparison exchanged,
-// NOT before a predicate, and a condition compared with True. Everything else counts, literals to the letter.
-// Nested selects are compared token by token.
+// NOT before a predicate, and a condition compared with True. Everything else counts, literals to the letter,
+// and of the parameters written "?" also which one it is, for their values are given by place. Nested selects
+// are compared token by token.
 #pragma once
 
 #include <set>
@@ -45,6 +46,7 @@ private:
     const StatementScope& scope_;
     const sql::Statement& statement_;
     std::vector<std::wstring> table_marks_;
+    std::vector<std::size_t> places_;  ///< offsets of the parameters "?" in the source
 };
 
 }  // namespace tessel::analyse

@@ -167,10 +167,11 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
     if (selected == kAmbiguous) return Refusal{place, std::wstring(messages::kAmbiguousOrder)};
     const NodeId node =
         selected == kOwnExpression ? item.node : statement_.Columns[static_cast<std::size_t>(selected)].node;
+    // Neither a constant of the select list nor sorting again by the same key changes anything.
+    if (selected != kOwnExpression && IsSameForEveryRow(statement_, node)) return std::nullopt;
     const std::wstring form = canonical_.Expression(node);
     int column =
         selected == kOwnExpression ? FindColumn(form) : select_columns_[static_cast<std::size_t>(selected)];
-    // Sorting again by the same key changes nothing.
     if (!sorted_.insert(form).second) return std::nullopt;
     if (column > last_column) {
         last_column = column;

@@ -172,7 +172,8 @@ std::optional<JoinPlanner::Equality> JoinPlanner::OuterEquality(int index) {
     return LeftName(WithoutParens(statement_, node.on_node), TablesOf(node.left), TablesOf(node.right));
 }
 
-// A side without a table takes the only table of the operand that the other side leaves to it.
+// A side without a table takes the only table of the operand that the other side leaves to it, unless it is
+// known to be ambiguous.
 std::optional<JoinPlanner::Equality> JoinPlanner::LeftName(NodeId node, const Tables& left,
                                                            const Tables& right) {
     const sql::Node& comparison = statement_.At(node);
@@ -191,6 +192,7 @@ std::optional<JoinPlanner::Equality> JoinPlanner::LeftName(NodeId node, const Ta
         if (operand.size() != 1) return;
         const std::wstring key = IdentifierKey(statement_.Slice(side.text));
         if (scope_.IsTableKnown(*operand.begin()) && !scope_.HasField(*operand.begin(), key)) return;
+        if (scope_.IsAmbiguousField(key)) return;
         side.table = *operand.begin();
         scope_.Settle(name, side.table);
     };

@@ -106,6 +106,12 @@ bool IsConstant(const Statement& statement, NodeId id) {
                                [&](NodeId child) { return IsConstant(statement, child); });
 }
 
+bool IsSameForEveryRow(const Statement& statement, NodeId id) {
+    return IsConstant(statement, id) && statement.At(id).kind != NodeKind::Macro &&
+           std::ranges::all_of(ChildrenOf(statement, id),
+                               [&](NodeId child) { return IsSameForEveryRow(statement, child); });
+}
+
 NodeId FirstAggregate(const Statement& statement, NodeId id) {
     const Node& node = statement.At(id);
     if (IsAggregateCall(statement, node)) return id;

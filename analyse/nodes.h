@@ -28,6 +28,9 @@ namespace tessel::analyse {
 /// True when the expression names no field and calls nothing: literals, parameters, macros and what is
 /// computed from them.
 [[nodiscard]] bool IsConstant(const sql::Statement& statement, sql::NodeId id);
+/// True for a constant of which every row has the same value: one without macros, which may stand for
+/// anything.
+[[nodiscard]] bool IsSameForEveryRow(const sql::Statement& statement, sql::NodeId id);
 
 /// The first call of an aggregate function inside the expression, or kNoNode.
 [[nodiscard]] sql::NodeId FirstAggregate(const sql::Statement& statement, sql::NodeId id);

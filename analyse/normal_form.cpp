@@ -53,6 +53,17 @@ bool AnyTableMayHave(const StatementScope& scope, const std::wstring& field) {
     return false;
 }
 
+/// True when the columns of a "*" are not all known, so that one of them may have any name.
+bool HasUnknownColumns(const StatementScope& scope) {
+    const Statement& statement = scope.Source();
+    const bool star = std::ranges::any_of(
+        statement.Columns, [&](const Item& item) { return statement.At(item.node).kind == NodeKind::Star; });
+    for (int table = 0; star && table < scope.TableCount(); ++table) {
+        if (!scope.IsTableKnown(table)) return true;
+    }
+    return false;
+}
+
 // An output name that repeats the field's own name changes nothing, and one that the design adds because
 // every column has a caption changes no row. A name that the user gave must stay.
 bool SameOutputName(const NormalForm::SelectItem& original, const NormalForm::SelectItem& composed) {
@@ -119,24 +130,27 @@ int SelectItemOfSortKey(const StatementScope& scope, const Canonical& canonical,
 
     const std::wstring as_field = canonical.Expression(inner);
     bool is_field = AnyTableMayHave(scope, keys[0]);
+    bool is_other_column = HasUnknownColumns(scope);
+    bool is_field_itself = false;
     int by_alias = kOwnExpression;
     for (std::size_t index = 0; index < statement.Columns.size(); ++index) {
         const Item& item = statement.Columns[index];
         const bool same_expression = canonical.Expression(item.node) == as_field;
         is_field = is_field || same_expression;
-        if (IdentifierKey(statement.Slice(item.alias)) != keys[0] || same_expression) continue;
-        // The alias of the field of that very name is the field.
         const NodeId aliased = WithoutParens(statement, item.node);
         const bool is_name = statement.At(aliased).kind == NodeKind::Name;
         const std::vector<std::wstring> aliased_keys =
             is_name ? NameKeys(statement, aliased) : std::vector<std::wstring>();
-        const bool field_itself = aliased_keys.size() == 2 && aliased_keys.back() == keys[0];
+        const bool names_field = aliased_keys.size() == 2 && aliased_keys.back() == keys[0];
+        if (item.alias.length == 0 && names_field) is_other_column = true;
+        if (IdentifierKey(statement.Slice(item.alias)) != keys[0] || same_expression) continue;
         if (by_alias != kOwnExpression) return kAmbiguous;
         by_alias = static_cast<int>(index);
-        if (field_itself) return by_alias;
+        is_field_itself = names_field;
     }
-    if (by_alias != kOwnExpression && is_field) return kAmbiguous;
-    return by_alias;
+    if (by_alias == kOwnExpression) return kOwnExpression;
+    // The alias of the field of that very name is the field.
+    return is_other_column || (is_field && !is_field_itself) ? kAmbiguous : by_alias;
 }
 
 NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
@@ -161,6 +175,7 @@ NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
     for (const Item& item : statement.OrderItems) {
         const int column = SelectItemOfSortKey(scope, canonical, item.node);
         const NodeId node = column < 0 ? item.node : statement.Columns[static_cast<std::size_t>(column)].node;
+        if (column >= 0 && IsSameForEveryRow(statement, node)) continue;
         std::wstring expression = canonical.Expression(node);
         if (!sorted_by.insert(expression).second) continue;
         form.order.push_back({std::move(expression), item.descending});

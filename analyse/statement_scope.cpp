@@ -106,6 +106,12 @@ int StatementScope::TableOfField(const std::wstring& field_key) const {
     return found;
 }
 
+bool StatementScope::IsAmbiguousField(const std::wstring& field_key) const {
+    int owners = 0;
+    for (int table = 0; table < TableCount(); ++table) owners += HasField(table, field_key) ? 1 : 0;
+    return owners > 1;
+}
+
 int StatementScope::TableOfName(NodeId name) const {
     if (const auto found = settled_.find(name); found != settled_.end()) return found->second;
     const std::vector<std::wstring> keys = NameKeys(statement_, name);

@@ -37,6 +37,8 @@ public:
     /// True when the schema knows the table, and then whether it has the field.
     bool IsTableKnown(int table) const;
     bool HasField(int table, const std::wstring& field_key) const;
+    /// True when the schema gives the field to more than one table of FROM.
+    bool IsAmbiguousField(const std::wstring& field_key) const;
     bool IsBooleanField(int table, const std::wstring& field_key) const;
 
     /// Fixes the table of an unqualified Name for which TableOfField has no answer.

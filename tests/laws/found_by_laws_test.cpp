@@ -1,0 +1,55 @@
+// Statements that once were accepted although their design said something else.
+#include <gtest/gtest.h>
+
+#include "compose/compose.h"
+#include "tests/analyse/support.h"
+
+namespace tessel::laws {
+namespace {
+
+using Tables = test::FixedSchema::Tables;
+
+std::string Composed(const wchar_t* statement, const schema::Schema* schema = nullptr) {
+    model::Design design;
+    design.diagram.Bind(schema);
+    const analyse::Analysis analysis = analyse::AnalyseSQL(statement, design);
+    return analysis.accepted ? ToUtf8(compose::BuildSQL(design)) : "refused";
+}
+
+TEST(FoundByLaws, SortingByAConstantOfTheListIsNotSortingByAColumnNumber) {
+    EXPECT_EQ(Composed(L"SELECT a, 5 AS x FROM t ORDER BY x"), "SELECT a, 5 AS x \r\nFROM t;");
+    EXPECT_EQ(Composed(L"SELECT a, 0 FROM t ORDER BY 2, 1"), "SELECT a, 0 \r\nFROM t \r\nORDER BY a;");
+}
+
+TEST(FoundByLaws, MacroInTheListIsNoConstant) {
+    EXPECT_EQ(Composed(L"SELECT a, @m AS x FROM t ORDER BY x"),
+              "SELECT a, @m AS x \r\nFROM t \r\nORDER BY @m;");
+}
+
+TEST(FoundByLaws, ParametersByPlaceKeepTheirPlaces) {
+    EXPECT_EQ(Composed(L"SELECT a, b FROM t WHERE a = ? AND b = ?"),
+              "SELECT a, b \r\nFROM t \r\nWHERE (a = ?) AND (b = ?);");
+    EXPECT_EQ(Composed(L"SELECT b, a FROM t WHERE a = ? AND b = ?"), "refused");
+    EXPECT_EQ(Composed(L"SELECT a + ? AS x FROM t ORDER BY x"), "refused");
+}
+
+TEST(FoundByLaws, NameThatTwoTablesHaveIsNotGivenToTheJoinedOne) {
+    const schema::Schema schema =
+        test::MakeSchema(Tables{{L"A", {L"Id", L"País"}}, {L"B", {L"Id", L"País"}}, {L"C", {L"Otro"}}});
+    EXPECT_EQ(Composed(L"SELECT A.Id FROM A INNER JOIN B ON País = B.País", &schema), "refused");
+    EXPECT_EQ(Composed(L"SELECT A.Id FROM A INNER JOIN C ON Otro = A.Id", &schema),
+              "SELECT A.Id AS Id \r\nFROM (A INNER JOIN C ON A.Id = C.Otro) ;");
+}
+
+TEST(FoundByLaws, AliasToSortByBesideAStarOfUnknownColumnsIsAmbiguous) {
+    EXPECT_EQ(Composed(L"SELECT a.x AS y, b.* FROM a, b ORDER BY y"), "refused");
+}
+
+TEST(FoundByLaws, AliasToSortByBesideAColumnOfThatNameIsAmbiguous) {
+    EXPECT_EQ(Composed(L"SELECT a.x AS y, b.y FROM a, b ORDER BY y"), "refused");
+    EXPECT_EQ(Composed(L"SELECT a.y AS y, b.x FROM a, b ORDER BY y"),
+              "SELECT a.y AS y, b.x AS x \r\nFROM a, b \r\nORDER BY a.y;");
+}
+
+}  // namespace
+}  // namespace tessel::laws
