@@ -86,6 +86,9 @@ public:
     void SetHelp(std::function<void(HWND owner, long context_id)> show_help) { show_help_ = std::move(show_help); }
     /// The editor's text as it stands, nothing composed.
     std::wstring EditorText() const { return editor_.Text(); }
+    /// The controls, for whoever wants to know where something is shown.
+    const controls::DiagramView& DiagramControl() const { return diagram_; }
+    const controls::DesignGridView& GridControl() const { return grid_; }
 
 private:
     // Creation and layout (designer_window_layout.cpp).
