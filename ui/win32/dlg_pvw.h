@@ -53,6 +53,7 @@ private:
 
     bool OnKey(WPARAM key);
     bool OnListKey(WPARAM key, bool control, bool shift);
+    bool MoveByKey(WPARAM key);
     void OnItemChanged(const NMLISTVIEW& change);
     void FillCell(NMLVDISPINFOW& info);
     LRESULT DrawCell(NMLVCUSTOMDRAW& draw);
