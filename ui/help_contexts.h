@@ -1,7 +1,8 @@
 // The context numbers of the help file's topics: what ShowHelp and F1 ask for. One constant a topic of
-// packaging/help/topics; the project file packaging/help/tesseldsn.hhp gives each the same number in [MAP] and its
-// page in [ALIAS], and tests/help holds the three together. Numbers, once given, stay: a help file and a component of
-// different ages may meet on one machine. No number is below 1, which would ask for the index.
+// packaging/help/topics; the project file packaging/help/tesseldsn.hhp gives each the same number in [MAP]
+// and its page in [ALIAS], and tests/help holds the three together. Numbers, once given, stay: a help file
+// and a component of different ages may meet on one machine. No number is below 1, which would ask for the
+// index.
 #pragma once
 
 namespace tessel::ui::help {
@@ -50,6 +51,8 @@ inline constexpr long kLimits = 510;
 inline constexpr long kKeyboard = 520;
 
 /// The topic of a row of the design grid, 1 to 8; of the whole grid for any other number.
-[[nodiscard]] constexpr long OfGridRow(int row) { return row >= 1 && row <= 8 ? kGrid + row : kGrid; }
+[[nodiscard]] constexpr long OfGridRow(int row) {
+    return row >= 1 && row <= 8 ? kGrid + row : kGrid;
+}
 
 }  // namespace tessel::ui::help

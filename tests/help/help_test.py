@@ -7,6 +7,7 @@ usage: help_test.py [TESTCASE...]       (Python's unittest)
 import html
 import importlib.machinery
 import importlib.util
+import json
 import os
 import pathlib
 import re
@@ -212,6 +213,24 @@ class Messages(unittest.TestCase):
         reason = "".join(re.findall(r'L"((?:[^"\\]|\\.)*)"', reason))
         self.assert_explained(reason, "mensajes_programa.html")
         self.assert_explained(reason, "vista_diseno.html")
+
+
+@unittest.skipUnless("TESSELSQL" in os.environ, "TESSELSQL does not name the program")
+class Examples(unittest.TestCase):
+    def test_every_statement_of_the_help_can_be_designed(self):
+        statements = []
+        for name, topic in build_help.read_topics().items():
+            for example in re.findall(r"<pre>(.*?)</pre>", topic.body, re.DOTALL):
+                if example.startswith("SELECT "):
+                    statements.append((name, html.unescape(example)))
+        self.assertGreaterEqual(len(statements), 6)
+        for name, statement in statements:
+            with self.subTest(topic=name, statement=statement):
+                done = subprocess.run([os.environ["TESSELSQL"], "roundtrip"], input=statement, capture_output=True,
+                                      encoding="utf-8", check=True)
+                answer = json.loads(done.stdout)
+                self.assertTrue(answer["accepted"], answer.get("error"))
+                self.assertEqual(answer["messages"], [])
 
 
 class Compiled(unittest.TestCase):

@@ -1,8 +1,11 @@
-// "Ay&uda" and F1 in the designer window: the button opens the help itself, the key the topic of the pane in use.
+// "Ay&uda" and F1 in the designer window: the button opens the help itself, the key the topic of the pane in
+// use.
 #include <vector>
 
+#include "common/win32/module.h"
 #include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
 #include "ui/help_contexts.h"
+#include "ui/win32/show_help.h"
 
 namespace tessel::testing {
 
@@ -69,6 +72,34 @@ TEST_F(DesignerHelp, F1InTheGridOpensTheTopicOfTheFocusedRow) {
     std::vector<Call> expected;
     for (long row = 1; row <= 8; ++row) expected.push_back({nullptr, 200 + row});
     EXPECT_EQ(calls_, expected);
+}
+
+namespace {
+
+/// The help viewer's window, or nullptr.
+HWND HelpWindow() {
+    return FindWindowW(L"HH Parent", nullptr);
+}
+
+}  // namespace
+
+// The real viewer, where the help file was built beside this program and the system has a viewer.
+TEST_F(DlgDsnTest, HelpWindowOpensBesideTheDesignerWhichGoesOn) {
+    const ui::HelpPlatform platform = ui::WindowsHelp();
+    if (!platform.file_exists(platform.component_folder + ui::kHelpFileName)) GTEST_SKIP() << "no help file";
+    if (!win32::LoadSystemLibrary(L"hhctrl.ocx")) GTEST_SKIP() << "no help viewer";
+    script_.Do([this] { Press(ui::kIdHelp); });
+    script_.Until([] { return HelpWindow() != nullptr; }, "help window");
+    script_.Do([this] {
+        EXPECT_TRUE(IsWindowEnabled(HelpWindow()));
+        EXPECT_TRUE(IsWindowEnabled(window_.Handle()));
+        SetFocus(Control(ui::kIdGrid));
+        PostMessageW(Control(ui::kIdGrid), WM_KEYDOWN, VK_F1, 1);
+    });
+    script_.Do([this] { Press(ui::kIdCancel); });
+    EXPECT_FALSE(Run(kTotalsByCustomer));
+    EXPECT_TRUE(IsWindow(HelpWindow()));
+    DestroyWindow(HelpWindow());
 }
 
 }  // namespace tessel::testing

@@ -168,10 +168,12 @@ TEST(HelpPlatform, MissingFileIsSaidWithTheCriticalStopIconAndOneButton) {
         const HWND box = OpenMessageBox();
         text = MessageBoxText(box);
         has_ok = GetDlgItem(box, IDOK) != nullptr;
-        has_second_button = GetDlgItem(box, IDCANCEL) != nullptr && GetDlgItem(box, IDOK) != GetDlgItem(box, IDCANCEL) &&
+        has_second_button = GetDlgItem(box, IDCANCEL) != nullptr &&
+                            GetDlgItem(box, IDOK) != GetDlgItem(box, IDCANCEL) &&
                             IsWindowVisible(GetDlgItem(box, IDCANCEL));
         for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-            if (reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0)) == LoadIconW(nullptr, IDI_ERROR))
+            if (reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0)) ==
+                LoadIconW(nullptr, IDI_ERROR))
                 icon_style = GetWindowLongPtrW(child, GWL_STYLE);
         PostMessageW(box, WM_COMMAND, IDOK, 0);
     });

@@ -25,12 +25,13 @@ bool IsFile(const std::wstring& path) {
 
 std::wstring SharedFolder() {
     wchar_t path[MAX_PATH];
-    if (FAILED(SHGetFolderPathW(nullptr, CSIDL_PROGRAM_FILES_COMMON, nullptr, SHGFP_TYPE_CURRENT, path))) return {};
+    if (FAILED(SHGetFolderPathW(nullptr, CSIDL_PROGRAM_FILES_COMMON, nullptr, SHGFP_TYPE_CURRENT, path)))
+        return {};
     return WithSeparator(path) + kSharedFolder;
 }
 
-/// HtmlHelpA, or nullptr on a system without a help viewer. The library is never freed: the help window is its own
-/// and may stay open longer than the designer.
+/// HtmlHelpA, or nullptr on a system without a help viewer. The library is never freed: the help window is
+/// its own and may stay open longer than the designer.
 HtmlHelpFunction LoadHtmlHelp() {
     static const HMODULE library = win32::LoadSystemLibrary(L"hhctrl.ocx");
     if (!library) return nullptr;
@@ -88,7 +89,9 @@ HelpPlatform WindowsHelp() {
     return platform;
 }
 
-void ShowHelp(HWND owner, long context_id) { ShowHelp(owner, context_id, WindowsHelp()); }
+void ShowHelp(HWND owner, long context_id) {
+    ShowHelp(owner, context_id, WindowsHelp());
+}
 
 void ShowHelp(HWND owner, long context_id, const HelpPlatform& platform) {
     const std::wstring path = FindHelpFile(platform);
