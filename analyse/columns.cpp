@@ -140,7 +140,9 @@ Outcome ColumnBuilder::AddGrouping() {
             continue;
         }
         model::ColInfo record;
-        record.Expresion = FieldText(item.node);
+        // A condition keeps its parentheses, as it has them where it filters.
+        const NodeId inner = WithoutParens(statement_, item.node);
+        record.Expresion = FieldText(canonical_.IsTruthValue(inner) ? item.node : inner);
         record.GroupBy = kGrouped;
         if (Outcome refusal = SetColumn(record, form, place, column)) return refusal;
     }
@@ -170,8 +172,7 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
     // Neither a constant of the select list nor sorting again by the same key changes anything.
     if (selected != kOwnExpression && IsSameForEveryRow(statement_, node)) return std::nullopt;
     const std::wstring form = canonical_.Expression(node);
-    int column =
-        selected == kOwnExpression ? FindColumn(form) : select_columns_[static_cast<std::size_t>(selected)];
+    int column = FindColumn(form);
     if (!sorted_.insert(form).second) return std::nullopt;
     if (column > last_column) {
         last_column = column;
@@ -180,7 +181,7 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
     }
     // A second column of the same expression has to be told from the first.
     model::ColInfo record;
-    record.Expresion = FieldText(column == kNoColumn ? node : WithoutParens(statement_, node));
+    record.Expresion = FieldText(WithoutParens(statement_, node));
     while (HasText(record.Expresion)) record.Expresion = L"(" + record.Expresion + L")";
     record.OrderBy = item.descending ? kDescendingCode : kAscendingCode;
     if (is_totals_) record.GroupBy = kExpression;

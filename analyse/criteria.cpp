@@ -203,7 +203,10 @@ Outcome CriteriaBuilder::FillCriteria(NodeId root, bool alone) {
     if (IsLogical(statement_.At(inner), LogicalOp::Or)) {
         return alone ? FillAlternatives(inner) : FillWhole(inner);
     }
+    std::set<std::wstring> shown_whole;
     for (const NodeId operand : canonical_.ConjunctNodes(inner)) {
+        // The same test again changes nothing.
+        if (!ReadComparison(operand) && !shown_whole.insert(canonical_.Condition(operand)).second) continue;
         if (Outcome refusal = FillPredicate(operand)) return refusal;
     }
     return std::nullopt;

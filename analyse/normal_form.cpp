@@ -177,6 +177,8 @@ NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
         const NodeId node = column < 0 ? item.node : statement.Columns[static_cast<std::size_t>(column)].node;
         if (column >= 0 && IsSameForEveryRow(statement, node)) continue;
         std::wstring expression = canonical.Expression(node);
+        // A key that other readers may take for another column is like no other key.
+        if (column == kAmbiguous) expression += L" or another column";
         if (!sorted_by.insert(expression).second) continue;
         form.order.push_back({std::move(expression), item.descending});
     }

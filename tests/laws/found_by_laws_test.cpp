@@ -51,5 +51,16 @@ TEST(FoundByLaws, AliasToSortByBesideAColumnOfThatNameIsAmbiguous) {
               "SELECT a.y AS y, b.x AS x \r\nFROM a, b \r\nORDER BY a.y;");
 }
 
+TEST(FoundByLaws, NumberOfAColumnIsNotReplacedByANameThatAnAliasTakes) {
+    EXPECT_EQ(Composed(L"SELECT Id, Cantidad AS Id FROM t ORDER BY 1"), "refused");
+    EXPECT_EQ(Composed(L"SELECT t.Id, Cantidad AS x FROM t ORDER BY 1"),
+              "SELECT t.Id AS Id, Cantidad AS x \r\nFROM t \r\nORDER BY t.Id;");
+}
+
+TEST(FoundByLaws, KeysInParenthesesAreShownWithoutThem) {
+    EXPECT_EQ(Composed(L"SELECT Count(*) FROM t GROUP BY (a) ORDER BY (b)"),
+              Composed(L"SELECT Count(*) FROM t GROUP BY a ORDER BY b"));
+}
+
 }  // namespace
 }  // namespace tessel::laws

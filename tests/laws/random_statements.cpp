@@ -422,7 +422,10 @@ void RandomStatements::MakeOrder(StatementParts& statement) {
                 return SameIdentifier(candidate.name, item.alias);
             });
         });
-        if (same_alias > 1 || (field && bare_names_)) statement.order_known = false;
+        const bool by_number = std::ranges::all_of(statement.order, [](const SortPart& key) {
+            return key.column >= 0 && key.text.find_first_not_of(L"0123456789") == std::wstring::npos;
+        });
+        if (!by_number && (same_alias > 1 || (field && bare_names_))) statement.order_known = false;
     }
 }
 

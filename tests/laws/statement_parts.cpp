@@ -88,12 +88,14 @@ std::wstring Text(const StatementParts& statement, bool with_keys, Random* noise
     text += list + L" FROM ";
     for (const FromPart& part : statement.from) {
         if (&part != &statement.from.front()) text += L", ";
-        text += FromText(part, false, noise);
+        // After a comma, parentheses tell engines apart that join in another order.
+        const bool first = &part == &statement.from.front();
+        text += FromText(part, false, first ? noise : nullptr);
     }
     if (statement.where) text += L" WHERE " + ConditionText(*statement.where, noise);
     for (const std::wstring& key : statement.group) {
         text += &key == &statement.group.front() ? L" GROUP BY " : L", ";
-        text += InParens(key, noise);
+        text += key;
     }
     if (statement.having) text += L" HAVING " + ConditionText(*statement.having, noise);
     for (const SortPart& key : statement.order) {

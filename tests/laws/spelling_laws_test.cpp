@@ -1,0 +1,185 @@
+// How a statement is written does not change its design; and what a design composes is read back as that
+// design.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "analyse/analyse_sql.h"
+#include "common/text.h"
+#include "compose/compose.h"
+#include "tests/laws/random_statements.h"
+#include "tests/laws/respelling.h"
+
+namespace tessel::laws {
+namespace {
+
+constexpr int kStatementsPerDatabase = 50;
+constexpr int kMostFailures = 10;
+const std::wstring kRelation = L"relation ";
+
+/// What the analysis makes of a text.
+struct Reading {
+    analyse::Analysis analysis;
+    std::vector<std::wstring> lines;
+    std::wstring composed;
+};
+
+Reading Read(const std::wstring& text, const schema::Schema* schema) {
+    Reading reading;
+    model::Design design;
+    design.diagram.Bind(schema);
+    reading.analysis = analyse::AnalyseSQL(text, design);
+    reading.lines = DesignLines(design);
+    if (reading.analysis.accepted) reading.composed = compose::BuildSQL(design);
+    return reading;
+}
+
+std::string Print(const std::vector<std::wstring>& lines) {
+    std::wstring text;
+    for (const std::wstring& line : lines) text += L"  " + line + L"\n";
+    return ToUtf8(text);
+}
+
+std::string Print(const Reading& reading) {
+    std::string text = reading.analysis.accepted ? "accepted\n" : "refused\n";
+    if (reading.analysis.error) text += ToUtf8(reading.analysis.error->message) + '\n';
+    for (const std::wstring& message : reading.analysis.messages) text += ToUtf8(message) + '\n';
+    return text + Print(reading.lines);
+}
+
+/// A cell keeps the parentheses that its expression is written with.
+std::wstring WordsOf(const std::wstring& line) {
+    std::wstring words = WithoutSpelling(line);
+    std::erase_if(words, [](wchar_t ch) { return ch == L'(' || ch == L')' || ch == L' '; });
+    return words;
+}
+
+/// The same expression twice is found by its text, so that another spelling of it counts as another one.
+bool IsTwice(const Reading& reading) {
+    return reading.analysis.error &&
+           reading.analysis.error->message.find(L"dos veces la misma expresión") != std::wstring::npos;
+}
+
+bool SameDesign(const Reading& a, const Reading& b) {
+    if (a.analysis.accepted != b.analysis.accepted || a.analysis.messages != b.analysis.messages)
+        return false;
+    if (a.lines.size() != b.lines.size()) return false;
+    for (std::size_t index = 0; index < a.lines.size(); ++index) {
+        if (WordsOf(a.lines[index]) != WordsOf(b.lines[index])) return false;
+    }
+    return true;
+}
+
+/// The design without what the first composition settles: the tables' order, which becomes that of the joins,
+/// the direction of inner joins, and the grouping by hidden filters, which every totals query has.
+std::vector<std::wstring> SettledLines(const Reading& reading) {
+    std::vector<std::wstring> lines;
+    for (const std::wstring& text : reading.lines) {
+        std::wstring& line = lines.emplace_back(text);
+        // Each side of an equality of inner joins is as good as the other.
+        const std::size_t sign = line.find(L" = ");
+        if (line.starts_with(kRelation) && sign != std::wstring::npos) {
+            const std::wstring left = line.substr(kRelation.size(), sign - kRelation.size());
+            const std::wstring right = line.substr(sign + 3);
+            if (right < left) line = kRelation + right + L" = " + left;
+        }
+        static const std::wstring grouped = L"|Agrupado por|No|";
+        if (const std::size_t at = line.find(grouped); at != std::wstring::npos) {
+            line.replace(at, grouped.size(), L"||No|");
+        }
+        line = WithoutSpelling(line);
+    }
+    std::ranges::sort(lines);
+    return lines;
+}
+
+/// The words of an accepted design that is composed, read and composed again.
+std::string Instability(const Reading& first, const schema::Schema* schema) {
+    const Reading second = Read(first.composed, schema);
+    if (!second.analysis.accepted || !second.analysis.messages.empty())
+        return "is not read back: " + Print(second);
+    if (SettledLines(second) != SettledLines(first))
+        return "is read back as another design:\n" + Print(second.lines);
+    const Reading third = Read(second.composed, schema);
+    const bool stays = third.lines == second.lines && third.composed == second.composed;
+    return stays ? "" : "becomes\n" + ToUtf8(second.composed) + "\nand then\n" + ToUtf8(third.composed);
+}
+
+/// Calls `check(statement, schema, random)` for random statements; it answers what is wrong, or nothing.
+template <typename Check>
+void ForRandomStatements(int rounds, Check check) {
+    const std::uint64_t seed = Seed();
+    int failures = 0;
+    for (int done = 0, number = 0; done < rounds && failures < kMostFailures; ++number) {
+        const std::uint64_t database_seed = seed + static_cast<std::uint64_t>(number);
+        Random random(database_seed);
+        const Database database = RandomDatabase(random);
+        const schema::Schema schema = database.MakeSchema();
+        RandomStatements statements(random, database);
+        for (int index = 0; index < kStatementsPerDatabase && done < rounds; ++index, ++done) {
+            const schema::Schema* known = random.Chance(50) ? &schema : nullptr;
+            StatementParts statement = statements.Next(true);
+            // The same choices for each simpler candidate, so that what is left still fails for the same
+            // reason.
+            const Random choices = random;
+            const std::string wrong = check(statement, known, random);
+            if (wrong.empty()) continue;
+            ++failures;
+            const auto fails = [&](const StatementParts& candidate) {
+                Random again = choices;
+                return !check(candidate, known, again).empty();
+            };
+            for (bool shrunk = fails(statement); shrunk;) {
+                shrunk = false;
+                for (const StatementParts& candidate : Simpler(statement)) {
+                    if (!fails(candidate)) continue;
+                    statement = candidate;
+                    shrunk = true;
+                    break;
+                }
+            }
+            Random again = choices;
+            ADD_FAILURE() << "TESSEL_SEED=" << database_seed << " TESSEL_ROUNDS=" << index + 1
+                          << (known ? "" : " (without schema)") << '\n'
+                          << wrong << "\nshrunk:\n"
+                          << check(statement, known, again);
+        }
+    }
+}
+
+TEST(SpellingLaws, DesignOfAStatementIsReadBackAsItself) {
+    ForRandomStatements(
+        Rounds(2000), [](const StatementParts& statement, const schema::Schema* schema, Random&) {
+            const std::wstring text = TextOf(statement);
+            const Reading first = Read(text, schema);
+            if (!first.analysis.accepted) return std::string();
+            const std::string wrong = Instability(first, schema);
+            if (wrong.empty()) return std::string();
+            return ToUtf8(text) + "\ngives\n" + Print(first) + ToUtf8(first.composed) + "\nwhich " + wrong;
+        });
+}
+
+std::string CheckSpelling(const StatementParts& statement, const std::wstring& spelled,
+                          const schema::Schema* schema) {
+    const Reading plain = Read(TextOf(statement), schema);
+    const Reading other = Read(spelled, schema);
+    if (IsTwice(plain) || IsTwice(other) || SameDesign(plain, other)) return {};
+    return ToUtf8(TextOf(statement)) + "\nis " + Print(plain) + ToUtf8(spelled) + "\nis " + Print(other);
+}
+
+TEST(SpellingLaws, RedundantParenthesesChangeNothing) {
+    ForRandomStatements(Rounds(2000),
+                        [](const StatementParts& statement, const schema::Schema* schema, Random& random) {
+                            return CheckSpelling(statement, TextOf(statement, &random), schema);
+                        });
+}
+
+TEST(SpellingLaws, WhiteSpaceCommentsCaseAndSemicolonChangeNothing) {
+    ForRandomStatements(Rounds(2000),
+                        [](const StatementParts& statement, const schema::Schema* schema, Random& random) {
+                            return CheckSpelling(statement, Respelled(TextOf(statement), random), schema);
+                        });
+}
+
+}  // namespace
+}  // namespace tessel::laws
