@@ -85,10 +85,9 @@ HRESULT RegisterLibrary(RegistrationScope scope, const std::wstring& path) {
 
 HRESULT UnregisterLibrary(RegistrationScope scope) {
     if (scope == RegistrationScope::User) return UnregisterLibraryForUser();
+    if (!IsLibraryRegistered(HKEY_LOCAL_MACHINE)) return S_OK;
     const SYSKIND kind = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
-    const HRESULT done =
-        UnRegisterTypeLib(kLibraryId, kLibraryMajor, kLibraryMinor, kLibraryLocale, kind);
-    return done == TYPE_E_REGISTRYACCESS || done == TYPE_E_LIBNOTREGISTERED ? S_OK : done;
+    return UnRegisterTypeLib(kLibraryId, kLibraryMajor, kLibraryMinor, kLibraryLocale, kind);
 }
 
 HRESULT WriteAll(RegistrationScope scope) {

@@ -26,6 +26,7 @@ const InterfaceEntry kInterfaces[] = {
 };
 
 std::wstring LibraryKey() { return L"Software\\Classes\\TypeLib\\" + GuidText(kLibraryId); }
+std::wstring LocaleKey() { return LibraryKey() + L"\\" + kVersion + L"\\" + kLocale; }
 std::wstring InterfaceKey(REFGUID iid) { return L"Software\\Classes\\Interface\\" + GuidText(iid); }
 
 HRESULT Write(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
@@ -33,9 +34,9 @@ HRESULT Write(const std::wstring& key, const wchar_t* name, const std::wstring& 
     return HRESULT_FROM_WIN32(RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), name, REG_SZ, value.c_str(), bytes));
 }
 
-bool Exists(const std::wstring& key) {
+bool Exists(HKEY root, const std::wstring& key) {
     HKEY opened = nullptr;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return false;
+    if (RegOpenKeyExW(root, key.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return false;
     RegCloseKey(opened);
     return true;
 }
@@ -53,13 +54,15 @@ std::wstring GuidText(REFGUID guid) {
     return length > 0 ? std::wstring(text, static_cast<std::size_t>(length) - 1) : std::wstring();
 }
 
+bool IsLibraryRegistered(HKEY root) { return Exists(root, LocaleKey() + L"\\" + kPlatform); }
+
 HRESULT RegisterLibraryForUser(const std::wstring& module_path) {
     const std::wstring version = LibraryKey() + L"\\" + kVersion;
     const std::wstring folder = module_path.substr(0, module_path.find_last_of(L"\\/") + 1);
     HRESULT result = Write(version, nullptr, kLibraryName);
     if (SUCCEEDED(result)) result = Write(version + L"\\FLAGS", nullptr, L"0");
     if (SUCCEEDED(result)) result = Write(version + L"\\HELPDIR", nullptr, folder);
-    if (SUCCEEDED(result)) result = Write(version + L"\\" + kLocale + L"\\" + kPlatform, nullptr, module_path);
+    if (SUCCEEDED(result)) result = Write(LocaleKey() + L"\\" + kPlatform, nullptr, module_path);
     for (const InterfaceEntry& entry : kInterfaces) {
         const std::wstring key = InterfaceKey(entry.iid);
         if (SUCCEEDED(result)) result = Write(key, nullptr, entry.name);
@@ -71,9 +74,9 @@ HRESULT RegisterLibraryForUser(const std::wstring& module_path) {
 }
 
 HRESULT UnregisterLibraryForUser() {
-    const std::wstring locale = LibraryKey() + L"\\" + kVersion + L"\\" + kLocale;
-    HRESULT result = Delete(locale + L"\\" + kPlatform);
-    if (Exists(locale + L"\\win32") || Exists(locale + L"\\win64")) return result;
+    HRESULT result = Delete(LocaleKey() + L"\\" + kPlatform);
+    for (const wchar_t* platform : {L"\\win32", L"\\win64"})
+        if (Exists(HKEY_CURRENT_USER, LocaleKey() + platform)) return result;
     for (const InterfaceEntry& entry : kInterfaces)
         if (const HRESULT deleted = Delete(InterfaceKey(entry.iid)); FAILED(deleted)) result = deleted;
     if (const HRESULT deleted = Delete(LibraryKey()); FAILED(deleted)) result = deleted;

@@ -21,6 +21,9 @@ inline constexpr LCID kLibraryLocale = 0x409;
 /// "{XXXXXXXX-…}".
 std::wstring GuidText(REFGUID guid);
 
+/// This architecture's library is registered under HKEY_LOCAL_MACHINE or HKEY_CURRENT_USER.
+bool IsLibraryRegistered(HKEY root);
+
 HRESULT RegisterLibraryForUser(const std::wstring& module_path);
 HRESULT UnregisterLibraryForUser();
 

@@ -134,7 +134,11 @@ CallResult Dispatch::InvokeName(const wchar_t* name, WORD flags, const UniqueVar
         std::vector<VARIANTARG> reversed;
         reversed.reserve(count);
         for (std::size_t i = count; i > 0; --i) reversed.push_back(arguments[i - 1].Get());
-        return InvokeId(id, flags, std::move(reversed));
+        CallResult result = InvokeId(id, flags, std::move(reversed));
+        // Wine's JScript answers E_FAIL to "method or property" for a plain property; asked as a property it answers.
+        const bool either = flags == (DISPATCH_METHOD | DISPATCH_PROPERTYGET);
+        if (either && count == 0 && result.Code() == E_FAIL) return InvokeId(id, DISPATCH_PROPERTYGET, {});
+        return result;
     } catch (...) {
         return CallResult(E_OUTOFMEMORY, {}, {});
     }

@@ -1,0 +1,38 @@
+cmake_minimum_required(VERSION 3.25)
+
+# The library exports its five entry points and nothing else, needs nothing beyond what every Windows has, and is
+# stripped when it is a release.
+execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} OUTPUT_VARIABLE headers COMMAND_ERROR_IS_FATAL ANY)
+
+string(REGEX MATCHALL "DLL Name: [^\n]+" imports "${headers}")
+set(allowed advapi32 comctl32 comdlg32 gdi32 imm32 kernel32 msimg32 msvcrt ole32 oleaut32 shell32 user32 uxtheme)
+foreach(import IN LISTS imports)
+  string(REGEX REPLACE "DLL Name: ([^.]+)\\..*" "\\1" name "${import}")
+  string(TOLOWER "${name}" name)
+  if(NOT name IN_LIST allowed)
+    message(SEND_ERROR "${LIBRARY} needs ${name}")
+  endif()
+endforeach()
+list(LENGTH imports count)
+if(count EQUAL 0)
+  message(SEND_ERROR "no imports found in the output of ${OBJDUMP}")
+endif()
+
+string(REGEX MATCH "\\[Ordinal/Name Pointer\\] Table.*" table "${headers}")
+string(REGEX MATCHALL "\n[ \t]+\\[ *[0-9]+\\] [A-Za-z_@0-9]+" lines "${table}")
+set(exports "")
+foreach(line IN LISTS lines)
+  string(REGEX REPLACE ".*\\] " "" name "${line}")
+  list(APPEND exports ${name})
+endforeach()
+set(expected DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer)
+if(NOT exports STREQUAL expected)
+  message(SEND_ERROR "${LIBRARY} exports ${exports}")
+endif()
+
+if(CONFIG STREQUAL "Release")
+  execute_process(COMMAND ${OBJDUMP} -t ${LIBRARY} OUTPUT_VARIABLE symbols ERROR_QUIET)
+  if(NOT symbols MATCHES "no symbols")
+    message(SEND_ERROR "${LIBRARY} is not stripped")
+  endif()
+endif()
