@@ -1,9 +1,13 @@
 #include "analyse/analyse_sql.h"
 
+#include <algorithm>
+
 #include "analyse/canonical.h"
 #include "analyse/columns.h"
 #include "analyse/criteria.h"
 #include "analyse/faithfulness.h"
+#include "analyse/group_conditions.h"
+#include "analyse/nodes.h"
 #include "analyse/refusal.h"
 #include "analyse/statement_scope.h"
 #include "analyse/tables_and_joins.h"
@@ -47,6 +51,7 @@ public:
         if (Outcome refusal = PlanJoins(scope_, canonical_, table_names, plan_)) return refusal;
         for (const model::RelInfo& relation : plan_.relations) design_.diagram.AddRelation(relation);
         columns_.emplace(scope_, canonical_, table_names, design_);
+        if (FiltersRowsOfOneGroup()) columns_->HideAggregates();
         design_.distinct = statement_.Distinct;
         return columns_->AddSelectList();
     }
@@ -60,12 +65,25 @@ public:
     }
 
 private:
+    /// Whether criteria of WHERE or of joins would have composition group a query of one total row.
+    bool FiltersRowsOfOneGroup() {
+        const bool totals = columns_->IsTotals() && !columns_->HasGroupBy();
+        if (!totals || statement_.having != sql::kNoNode || statement_.top_range.length > 0) return false;
+        return FiltersRows();
+    }
+
+    bool FiltersRows() {
+        const CriteriaBuilder where(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Where);
+        const bool where_fits = statement_.where != sql::kNoNode && where.CriteriaFit(statement_.where);
+        return where_fits || !plan_.criteria.empty();
+    }
+
     Outcome BuildCriteria(std::vector<std::wstring>& shown_messages) {
         CriteriaBuilder where(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Where);
         const bool has_where = statement_.where != sql::kNoNode;
         const bool where_fits = has_where && where.CriteriaFit(statement_.where);
         left_out_.where = has_where && !where_fits;
-        if ((where_fits || !plan_.criteria.empty()) && columns_->IsTotals() && !columns_->HasGroupBy()) {
+        if (FiltersRows() && columns_->IsTotals() && !columns_->HasGroupBy()) {
             const TextRange place = where_fits ? statement_.where_range : statement_.from_range;
             return Refusal{place, std::wstring(messages::kTotalsFilter)};
         }
@@ -80,13 +98,29 @@ private:
         const bool has_having = statement_.having != sql::kNoNode;
         left_out_.having = has_having && !having.CriteriaFit(statement_.having);
         if (has_having && !left_out_.having) {
-            if (Outcome refusal = having.FillCriteria(statement_.having, true)) return refusal;
+            const bool alone = !where_fits && plan_.criteria.empty();
+            if (Outcome refusal = BuildHaving(where, having, alone)) return refusal;
         }
         // One box for both clauses: the text of the later one replaces that of the earlier.
         if (left_out_.having) {
             shown_messages.emplace_back(kHavingTooComplex);
         } else if (left_out_.where) {
             shown_messages.emplace_back(kWhereTooComplex);
+        }
+        return std::nullopt;
+    }
+
+    // Conditions on the keys of the groups are criteria of the grouped columns, which composition writes into
+    // WHERE. `alone` tells that no other criteria of WHERE stand in the grid.
+    Outcome BuildHaving(CriteriaBuilder& where, CriteriaBuilder& having, bool alone) {
+        const GroupConditions groups(scope_, canonical_);
+        const std::vector<sql::NodeId> conditions = canonical_.ConjunctNodes(statement_.having);
+        const auto on_keys = [&](sql::NodeId condition) { return groups.MayStandInWhere(condition); };
+        if (std::ranges::all_of(conditions, on_keys)) return where.FillCriteria(statement_.having, alone);
+        if (std::ranges::none_of(conditions, on_keys)) return having.FillCriteria(statement_.having, true);
+        for (const sql::NodeId condition : conditions) {
+            CriteriaBuilder& builder = on_keys(condition) ? where : having;
+            if (Outcome refusal = builder.FillCriteria(condition, false)) return refusal;
         }
         return std::nullopt;
     }

@@ -65,8 +65,15 @@ std::wstring ColumnBuilder::CellText(TextRange range) const {
 
 std::wstring ColumnBuilder::FieldText(NodeId node) const {
     const std::wstring text = CellText(node);
-    const bool misread = IsAggregate(text) && FirstAggregate(statement_, node) == sql::kNoNode;
-    return misread ? WithHiddenAggregates(text) : text;
+    if (!IsAggregate(text)) return text;
+    if (FirstAggregate(statement_, node) == sql::kNoNode) return WithHiddenAggregates(text);
+    // The aggregate test of the composition does not look behind a parenthesis.
+    return hides_aggregates_ ? WithHiddenAggregates(L"(" + text + L")") : text;
+}
+
+void ColumnBuilder::HideAggregates() {
+    hides_aggregates_ = true;
+    is_totals_ = false;
 }
 
 Outcome ColumnBuilder::Write(GridRow row, int column, const std::wstring& text, TextRange place) {

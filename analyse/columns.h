@@ -39,7 +39,12 @@ public:
     [[nodiscard]] Outcome SetColumn(const model::ColInfo& record, const std::wstring& canonical_form,
                                     TextRange place, int& column);
 
-    /// The statement computes totals: it has GROUP BY, or aggregates outside WHERE.
+    /// Keeps composition from seeing the aggregates. A filter in a totals query without GROUP BY is composed
+    /// into WHERE and GROUP BY, which would turn the one row of an empty result into none; without visible
+    /// aggregates neither the grid nor composition takes the query for one of totals. Call it first.
+    void HideAggregates();
+
+    /// The statement computes totals: it has GROUP BY, or aggregates outside WHERE that composition sees.
     bool IsTotals() const { return is_totals_; }
     bool HasGroupBy() const { return !statement_.GroupItems.empty(); }
     bool IsGrouped(int column) const;
@@ -66,6 +71,7 @@ private:
     std::set<std::wstring> sorted_;    ///< canonical forms of the sort keys so far
     std::vector<int> select_columns_;  ///< by index in Statement::Columns
     bool is_totals_ = false;
+    bool hides_aggregates_ = false;
 };
 
 }  // namespace tessel::analyse

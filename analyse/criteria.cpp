@@ -125,28 +125,22 @@ bool CriteriaBuilder::GroupFits(NodeId id, std::set<std::wstring>& compared) con
     return true;
 }
 
+// Alternatives that are not the two cells of one column are shown whole, as far as a cell can hold them.
 bool CriteriaBuilder::AlternativesFit(NodeId id) const {
     const std::vector<NodeId> alternatives = OperandsOf(statement_, id, LogicalOp::Or);
-    if (alternatives.size() != 2) return false;
-    const std::wstring subject = Subject(alternatives[0]);
-    return !subject.empty() && subject == Subject(alternatives[1]);
+    const bool groups_fit = std::ranges::all_of(alternatives, [&](NodeId alternative) {
+        std::set<std::wstring> compared;
+        return GroupFits(alternative, compared);
+    });
+    if (!groups_fit) return false;
+    return AreCellsOfOneColumn(alternatives) || Utf16Length(WholeText(id)) <= model::kMaxCellLength;
 }
 
-// What a predicate is about: the compared expression, or the one that is tested.
-std::wstring CriteriaBuilder::Subject(NodeId predicate) const {
-    if (const auto comparison = ReadComparison(predicate)) return comparison->form;
-    bool negated = false;
-    const NodeId inner = WithoutNot(statement_, predicate, negated);
-    switch (statement_.At(inner).kind) {
-        case NodeKind::Like:
-        case NodeKind::Between:
-        case NodeKind::InList:
-        case NodeKind::InSelect:
-        case NodeKind::IsNull:
-            return canonical_.Expression(statement_.At(inner).first_child);
-        default:
-            return {};
-    }
+bool CriteriaBuilder::AreCellsOfOneColumn(const std::vector<NodeId>& alternatives) const {
+    if (alternatives.size() != 2) return false;
+    const auto first = ReadComparison(alternatives[0]);
+    const auto second = ReadComparison(alternatives[1]);
+    return first && second && first->form == second->form;
 }
 
 bool CriteriaBuilder::ColumnStandsRight(NodeId left, NodeId right) const {
@@ -213,18 +207,12 @@ Outcome CriteriaBuilder::FillCriteria(NodeId root, bool alone) {
 }
 
 Outcome CriteriaBuilder::FillAlternatives(NodeId id) {
-    std::vector<std::wstring> cells;
-    NodeId expression = sql::kNoNode;
-    std::wstring form;
     const std::vector<NodeId> alternatives = OperandsOf(statement_, id, LogicalOp::Or);
-    for (const NodeId alternative : alternatives) {
-        const auto comparison = ReadComparison(alternative);
-        if (!comparison) return FillWhole(id);
-        if (expression == sql::kNoNode) expression = comparison->expression;
-        form = comparison->form;
-        cells.push_back(CellTextOf(*comparison));
-    }
-    return MayFilter(form) ? AddCells(expression, form, cells, PlaceOf(id)) : FillWhole(id);
+    if (!AreCellsOfOneColumn(alternatives)) return FillWhole(id);
+    const auto first = ReadComparison(alternatives[0]);
+    const auto second = ReadComparison(alternatives[1]);
+    if (!first || !second || !MayFilter(first->form)) return FillWhole(id);
+    return AddCells(first->expression, first->form, {CellTextOf(*first), CellTextOf(*second)}, PlaceOf(id));
 }
 
 Outcome CriteriaBuilder::FillPredicate(NodeId id) {
@@ -249,20 +237,24 @@ Outcome CriteriaBuilder::FillBareCondition(NodeId id) {
 }
 
 Outcome CriteriaBuilder::FillWhole(NodeId id) {
+    const std::wstring form = canonical_.Condition(id);
+    int column = UsableColumn(form);
+    if (column == kNoColumn) {
+        if (Outcome refusal = AddColumn(WholeText(id), form, PlaceOf(id), column)) return refusal;
+    }
+    return columns_.Write(GridRow::Condicion, column, std::wstring(kIsTrue), PlaceOf(id));
+}
+
+/// The condition as an expression that equals True when it holds.
+std::wstring CriteriaBuilder::WholeText(NodeId id) const {
     const NodeId inner = WithoutParens(statement_, id);
-    const bool is_truth = canonical_.IsTruthValue(inner);
     std::wstring text = ExpressionText(inner, L"(");
-    if (!is_truth) {
+    if (!canonical_.IsTruthValue(inner)) {
         const bool is_predicate = IsPredicate(statement_.At(inner));
         text = is_predicate ? L"(" + text + L") " : text + L" ";
         text += kIsNotFalse;
     }
-    const std::wstring form = canonical_.Condition(inner);
-    int column = UsableColumn(form);
-    if (column == kNoColumn) {
-        if (Outcome refusal = AddColumn(L"(" + text + L")", form, PlaceOf(id), column)) return refusal;
-    }
-    return columns_.Write(GridRow::Condicion, column, std::wstring(kIsTrue), PlaceOf(id));
+    return L"(" + text + L")";
 }
 
 Outcome CriteriaBuilder::AddCells(NodeId expression, const std::wstring& form,

@@ -12,6 +12,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "analyse/columns.h"
 
@@ -27,8 +28,9 @@ public:
         : canonical_(canonical), statement_(scope.Source()), columns_(columns), clause_(clause) {}
 
     /// Whether the condition can be laid out in criteria cells. What does not fit is shown by a message and
-    /// left out: alternatives inside a group or on different columns, more than two of them, two comparisons
-    /// of one column that must both hold, and connectives other than AND and OR.
+    /// left out: alternatives inside a group, two comparisons of one column that must both hold, connectives
+    /// other than AND and OR at the top, and alternatives on different columns, or more than two, whose text
+    /// is longer than a cell.
     bool CriteriaFit(sql::NodeId root) const;
 
     /// Lays out a condition of a join, whatever its shape.
@@ -50,7 +52,7 @@ private:
 
     bool GroupFits(sql::NodeId id, std::set<std::wstring>& compared) const;
     bool AlternativesFit(sql::NodeId id) const;
-    std::wstring Subject(sql::NodeId predicate) const;
+    bool AreCellsOfOneColumn(const std::vector<sql::NodeId>& alternatives) const;
     std::optional<Comparison> ReadComparison(sql::NodeId id) const;
     bool ColumnStandsRight(sql::NodeId left, sql::NodeId right) const;
     sql::NodeId TestedPredicate(sql::NodeId id) const;
@@ -59,6 +61,7 @@ private:
     Outcome FillPredicate(sql::NodeId id);
     Outcome FillBareCondition(sql::NodeId id);
     Outcome FillWhole(sql::NodeId id);
+    std::wstring WholeText(sql::NodeId id) const;
     Outcome AddCells(sql::NodeId expression, const std::wstring& form, const std::vector<std::wstring>& cells,
                      TextRange place);
     bool MayFilter(const std::wstring& form) const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "analyse/from_form.h"
+#include "analyse/group_conditions.h"
 #include "analyse/nodes.h"
 #include "common/identifiers.h"
 
@@ -90,15 +91,12 @@ bool SameSelect(const NormalForm& original, const NormalForm& composed) {
     return true;
 }
 
-Set Union(const Set& a, const Set& b) {
-    Set result = a;
-    result.insert(b.begin(), b.end());
-    return result;
-}
-
-/// Every condition a row must pass, with WHERE or without it.
-Set RowConditions(const NormalForm& form, bool with_where) {
-    return with_where ? Union(form.join_conditions, form.where) : form.join_conditions;
+/// Every condition a row must pass, without those of the clauses that are left out.
+Set RowConditions(const NormalForm& form, LeftOut left_out) {
+    Set conditions = form.join_conditions;
+    if (!left_out.where) conditions.insert(form.where.begin(), form.where.end());
+    if (!left_out.having) conditions.insert(form.group_conditions.begin(), form.group_conditions.end());
+    return conditions;
 }
 
 // Grouping also by a condition that every row passes leaves the groups what they were, as long as there are
@@ -106,7 +104,7 @@ Set RowConditions(const NormalForm& form, bool with_where) {
 bool SameGroups(const NormalForm& original, const NormalForm& composed) {
     if (original.grouped != composed.grouped) return false;
     if (!std::ranges::includes(composed.group, original.group)) return false;
-    const Set conditions = RowConditions(composed, true);
+    const Set conditions = RowConditions(composed, {});
     return std::ranges::all_of(composed.group, [&](const std::wstring& key) {
         return original.group.contains(key) || conditions.contains(key);
     });
@@ -168,7 +166,13 @@ NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
     form.from = std::move(from.units);
     form.join_conditions = std::move(from.conditions);
     form.where = canonical.Conjuncts(statement.where);
-    form.having = canonical.Conjuncts(statement.having);
+    const GroupConditions groups(scope, canonical);
+    if (statement.having != sql::kNoNode) {
+        for (const NodeId condition : canonical.ConjunctNodes(statement.having)) {
+            Set& conditions = groups.MayStandInWhere(condition) ? form.group_conditions : form.having;
+            conditions.insert(canonical.Condition(condition));
+        }
+    }
     form.grouped = !statement.GroupItems.empty();
     for (const Item& item : statement.GroupItems) form.group.insert(canonical.Expression(item.node));
     std::set<std::wstring> sorted_by;
@@ -189,7 +193,7 @@ std::optional<Clause> FirstDifference(const NormalForm& original, const NormalFo
                                       LeftOut left_out) {
     if (original.distinct != composed.distinct) return Clause::Distinct;
     if (original.from != composed.from) return Clause::From;
-    if (RowConditions(original, !left_out.where) != RowConditions(composed, true)) return Clause::Where;
+    if (RowConditions(original, left_out) != RowConditions(composed, {})) return Clause::Where;
     if (!SameGroups(original, composed)) return Clause::GroupBy;
     if (!left_out.having && original.having != composed.having) return Clause::Having;
     if (left_out.having && !composed.having.empty()) return Clause::Having;

@@ -4,8 +4,9 @@
 // What the form leaves out: the order of inner joins and of the conditions that hold together (also whether a
 // condition on inner-joined tables stands in ON or in WHERE), RIGHT joins (written as LEFT joins with
 // exchanged operands), the nesting of chained LEFT joins, the names of table aliases, DISTINCT or
-// DISTINCTROW, ordinals and aliases in ORDER BY, repeated sort keys and constants among them, and what
-// canonical.h levels out inside expressions.
+// DISTINCTROW, whether a condition on the keys of GROUP BY stands in HAVING or in WHERE (group_conditions.h),
+// ordinals and aliases in ORDER BY, repeated sort keys and constants among them, and what canonical.h levels out
+// inside expressions.
 //
 // What the comparison forgives besides is named by the functions in normal_form.cpp: output names that the
 // design adds or that repeat the field's name, and grouping by a condition that WHERE demands.
@@ -42,6 +43,7 @@ struct NormalForm {
     bool grouped = false;
     std::set<std::wstring> group;
     std::set<std::wstring> having;
+    std::set<std::wstring> group_conditions;  ///< of HAVING, as far as they could stand in WHERE
     std::vector<SortKey> order;
     std::set<std::wstring> unqualified;  ///< keys of the unqualified names that occur
 };

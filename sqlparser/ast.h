@@ -53,6 +53,7 @@ enum class NodeKind : std::uint8_t {
     Subquery,  ///< ( SELECT … ) as an expression; one child: Select
     Select,    ///< a nested select; `payload` is its index in Statement::nested
     Tuple,     ///< (a, b)
+    Omitted,   ///< an argument left out before a comma, f(a,,b); an empty range
 };
 
 enum class NameJoin : std::uint8_t { First, Point, Bang };

@@ -115,6 +115,9 @@ public:
             case NodeKind::Tuple:
                 List(L"tuple", node);
                 break;
+            case NodeKind::Omitted:
+                out_ += L"(omitted)";
+                break;
         }
     }
 

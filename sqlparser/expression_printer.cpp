@@ -25,6 +25,7 @@ void ExpressionPrinter::Expression(NodeId id) {
         case NodeKind::Macro:
         case NodeKind::Parameter:
         case NodeKind::NamePart:
+        case NodeKind::Omitted:
             out_ += s_.Slice(node.Range());
             break;
         case NodeKind::Null:

@@ -19,7 +19,7 @@ NodeId Grammar::Call(NodeId name, Keyword callee) {
     return At(TokenKind::Word) ? CallTail(call) : call;
 }
 
-// A few standard functions separate their arguments by words: EXTRACT(YEAR FROM d), SUBSTRING(a FROM 1 FOR
+// Jet's functions may leave out arguments between commas: InStr(, a, b). A few standard functions separate their arguments by words: EXTRACT(YEAR FROM d), SUBSTRING(a FROM 1 FOR
 // 2).
 void Grammar::CallArguments(Children& children, std::uint8_t& flags, Keyword callee) {
     if (At(TokenKind::Star)) {
@@ -37,7 +37,8 @@ void Grammar::CallArguments(Children& children, std::uint8_t& flags, Keyword cal
                           callee == Keyword::Substring || callee == Keyword::Overlay ||
                           callee == Keyword::Convert;
     for (;;) {
-        const NodeId argument = Expression();
+        const NodeId argument =
+            At(TokenKind::Comma) ? Finish(Make(NodeKind::Omitted, token_.begin), {}) : Expression();
         if (blocked_) return;
         Append(children, argument, height_);
         if (Accept(TokenKind::Comma)) continue;

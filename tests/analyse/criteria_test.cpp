@@ -92,18 +92,35 @@ TEST(Criteria, OtherConnectivesAtTheTopDoNotFit) {
     }
 }
 
-TEST(Criteria, AlternativesOnDifferentColumnsOrMoreThanTwoDoNotFit) {
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a = 1 OR b = 2"), kWhereMessage);
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a = 1 OR a = 2 OR a = 3"), kWhereMessage);
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE (a = 1 AND b = 2) OR (a = 3)"), kWhereMessage);
+TEST(Criteria, OtherAlternativesAreShownWhole) {
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE a = 1 OR b = 2"),
+              Texts({L"a||||Si", L"(a = 1 OR b = 2)||||No||=True"}));
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE a = 1 OR a = 2 OR a = 3"),
+              Texts({L"a||||Si", L"(a = 1 OR a = 2 OR a = 3)||||No||=True"}));
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE (((t.a)=1) AND ((t.b)=2)) OR (((t.a)=3))"),
+              Texts({L"a||||Si", L"((((t.a)=1) AND ((t.b)=2)) OR (((t.a)=3)))||||No||=True"}));
+    EXPECT_EQ(Columns(L"SELECT a FROM t GROUP BY a HAVING Sum(b) > 1 OR Count(*) > 2"),
+              Texts({L"a|||Agrupado por|Si", L"(Sum(b) > 1 OR Count(*) > 2)|||Expresión|No||=True"}));
+}
+
+TEST(Criteria, AlternativesWithAGroupThatDoesNotFitDoNotFitEither) {
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a = 1 OR (b = 2 AND (c = 3 OR d = 4))"), kWhereMessage);
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE (a >= 1 AND a <= 5) OR b = 2"), kWhereMessage);
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a = 1 OR NOT (b = 2 OR c = 3)"), kWhereMessage);
+}
+
+TEST(Criteria, AlternativesLongerThanACellDoNotFit) {
+    std::wstring text = L"SELECT a FROM t WHERE b = 1";
+    while (text.size() < 22 + 253) text += L" OR b = 1";
+    EXPECT_EQ(Messages(text.c_str()), kWhereMessage);
 }
 
 TEST(Criteria, BothClausesGiveOneMessageThatOfHaving) {
     EXPECT_EQ(Messages(L"SELECT a FROM t GROUP BY a HAVING Count(*) > 1 AND Count(*) < 5"), kHavingMessage);
     EXPECT_EQ(
-        Messages(L"SELECT a FROM t WHERE b = 1 OR c = 2 GROUP BY a HAVING Count(*) > 1 AND Count(*) < 5"),
+        Messages(L"SELECT a FROM t WHERE b = 1 XOR c = 2 GROUP BY a HAVING Count(*) > 1 AND Count(*) < 5"),
         kHavingMessage);
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE b = 1 OR c = 2 GROUP BY a HAVING Count(*) > 1"),
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE b = 1 XOR c = 2 GROUP BY a HAVING Count(*) > 1"),
               kWhereMessage);
 }
 
@@ -121,6 +138,30 @@ TEST(Criteria, AggregateInsideParenthesesIsMadeVisible) {
 TEST(Criteria, FilterOnAGroupedColumnIsItsCriterion) {
     EXPECT_EQ(Columns(L"SELECT a, Count(*) AS n FROM t WHERE a = 1 GROUP BY a"),
               Texts({L"a|||Agrupado por|Si||= 1", L"Count(*)|n||Expresión|Si"}));
+}
+
+TEST(Criteria, HavingOnTheKeysOfTheGroupsIsACriterionOfTheirColumns) {
+    EXPECT_EQ(Columns(L"SELECT a, Sum(b) AS s FROM t GROUP BY a HAVING (((a)=\"x\") AND ((Sum(b))>5))"),
+              Texts({L"a|||Agrupado por|Si||= \"x\"", L"Sum(b)|s||Expresión|Si||> 5"}));
+    EXPECT_EQ(Columns(L"SELECT Count(*) AS n FROM t GROUP BY a HAVING a = 1 OR a = 2"),
+              Texts({L"Count(*)|n||Expresión|Si", L"a|||Agrupado por|No||= 1|= 2"}));
+    EXPECT_EQ(Columns(L"SELECT a, Sum(b) AS s FROM t WHERE a > 1 GROUP BY a HAVING a < 9"),
+              Texts({L"a|||Agrupado por|Si||> 1", L"Sum(b)|s||Expresión|Si", L"(a < 9)||||No||=True"}));
+}
+
+TEST(Criteria, HavingOnKeysBesideAWhereThatDoesNotFitKeepsItsCriterion) {
+    Texts columns;
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE b = 1 XOR c = 2 GROUP BY a HAVING a = 1", &columns), kWhereMessage);
+    EXPECT_EQ(columns, Texts({L"a|||Agrupado por|Si||= 1", L"Count(*)|||Expresión|No"}));
+}
+
+TEST(Criteria, FilterOfOneTotalRowHidesTheAggregateFromComposition) {
+    EXPECT_EQ(Columns(L"SELECT Sum(x) AS s FROM t WHERE y = 1"), Texts({L"(Sum(x))|s|||Si", L"y||||No||= 1"}));
+    EXPECT_EQ(Columns(L"SELECT Max(x) / Min(x) AS s FROM t WHERE y Is Null"),
+              Texts({L"(Max(x) /\tMin(x))|s|||Si", L"(y Is Null)||||No||=True"}));
+    EXPECT_EQ(Columns(L"SELECT Count(*) AS n FROM A INNER JOIN B ON A.x = B.x AND A.y = B.y"),
+              Texts({L"(Count(*))|n|||Si", L"A.y|y|A||No||= B.y"}));
+    EXPECT_EQ(Columns(L"SELECT Sum(x) AS s FROM t"), Texts({L"Sum(x)|s||Expresión|Si"}));
 }
 
 TEST(Criteria, FilterOnAColumnThatIsNotGroupedIsShownWhole) {

@@ -209,11 +209,59 @@ TEST(NormalForms, GroupingByAConditionOfWhereDoesNotCount) {
                     L"SELECT Count(*) FROM A WHERE ((y > 3) =True) GROUP BY (y > 3)", Clause::GroupBy);
 }
 
-TEST(NormalForms, HavingIsNotWhere) {
-    ExpectDifferent(L"SELECT x, Count(*) FROM A GROUP BY x HAVING x = 1",
-                    L"SELECT x, Count(*) FROM A WHERE x = 1 GROUP BY x", Clause::Where);
+TEST(NormalForms, ConditionOnGroupKeysMayStandInHavingOrInWhere) {
+    ExpectSame(L"SELECT x, Count(*) FROM A GROUP BY x HAVING x = 1",
+               L"SELECT x, Count(*) FROM A WHERE x = 1 GROUP BY x");
+    ExpectSame(L"SELECT x, Sum(y) FROM A GROUP BY x HAVING x Like 'a*' AND Sum(y) > 3",
+               L"SELECT x, Sum(y) FROM A WHERE x Like 'a*' GROUP BY x HAVING Sum(y) > 3");
+    ExpectSame(L"SELECT Count(*) FROM A GROUP BY x, y HAVING x = y Or Left(x, 1) = Nz([Forms]![f]![c], 'a')",
+               L"SELECT Count(*) FROM A WHERE x = y Or Left(x, 1) = Nz([Forms]![f]![c], 'a') GROUP BY x, y");
+    ExpectSame(L"SELECT Count(*) FROM A GROUP BY Year(x) HAVING Year(x) In (2019, 2020)",
+               L"SELECT Count(*) FROM A WHERE Year(x) In (2019, 2020) GROUP BY Year(x)");
+}
+
+TEST(NormalForms, AnyOtherConditionOfHavingIsNotOneOfWhere) {
+    const std::wstring conditions[] = {L"y = 1",           L"Count(*) > 1", L"x = 1 OR Count(*) > 1",
+                                       L"x > Rnd(x)",      L"x = total",    L"x = (SELECT Max(z) FROM B)",
+                                       L"StrComp(x, 'a', 0) = 0"};
+    for (const std::wstring& condition : conditions) {
+        ExpectDifferent((L"SELECT x, y + 1 AS total FROM A GROUP BY x HAVING " + condition).c_str(),
+                        (L"SELECT x, y + 1 AS total FROM A WHERE " + condition + L" GROUP BY x").c_str(),
+                        Clause::Where);
+    }
+    ExpectDifferent(L"SELECT Left(x, 1) AS y FROM A GROUP BY y HAVING y = 1",
+                    L"SELECT Left(x, 1) AS y FROM A WHERE y = 1 GROUP BY y", Clause::Where);
+    ExpectDifferent(L"SELECT Count(*) FROM A HAVING 1 = 2", L"SELECT Count(*) FROM A WHERE 1 = 2", Clause::Where);
+}
+
+TEST(NormalForms, HavingCounts) {
     ExpectDifferent(L"SELECT x FROM A GROUP BY x HAVING Count(*) > 1", L"SELECT x FROM A GROUP BY x",
                     Clause::Having);
+}
+
+TEST(NormalForms, DistinctInsideAnAggregateCounts) {
+    ExpectDifferent(L"SELECT Count(DISTINCT x) FROM A", L"SELECT Count(x) FROM A", Clause::Select);
+    ExpectDifferent(L"SELECT y FROM A GROUP BY y HAVING Sum(DISTINCT x) > 1",
+                    L"SELECT y FROM A GROUP BY y HAVING Sum(x) > 1", Clause::Having);
+}
+
+TEST(NormalForms, NullIsComparedAsWritten) {
+    ExpectDifferent(L"SELECT x FROM A WHERE x = Null", L"SELECT x FROM A WHERE x Is Null", Clause::Where);
+    ExpectDifferent(L"SELECT x FROM A WHERE x <> 1", L"SELECT x FROM A WHERE x <> 1 OR x Is Null", Clause::Where);
+    ExpectDifferent(L"SELECT x FROM A WHERE Nz(x, 0) = 0", L"SELECT x FROM A WHERE x = 0", Clause::Where);
+    ExpectDifferent(L"SELECT x FROM A WHERE x Is Null", L"SELECT x FROM A WHERE x Is Not Null", Clause::Where);
+}
+
+TEST(NormalForms, NotOverAGroupIsNotDistributed) {
+    ExpectDifferent(L"SELECT x FROM A WHERE NOT (x = 1 AND y = 2)", L"SELECT x FROM A WHERE x <> 1 AND y <> 2",
+                    Clause::Where);
+    ExpectDifferent(L"SELECT x FROM A WHERE NOT (x = 1 OR y = 2)", L"SELECT x FROM A WHERE x <> 1 OR y <> 2",
+                    Clause::Where);
+}
+
+TEST(NormalForms, OmittedArgumentsCount) {
+    ExpectDifferent(L"SELECT f(x, , y) FROM A", L"SELECT f(x, y) FROM A", Clause::Select);
+    ExpectSame(L"SELECT f(x,,y) FROM A", L"SELECT f(x, , y) FROM A");
 }
 
 TEST(NormalForms, SortKeysKeepOrderAndDirection) {

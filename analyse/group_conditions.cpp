@@ -1,0 +1,102 @@
+#include "analyse/group_conditions.h"
+
+#include <algorithm>
+
+#include "analyse/nodes.h"
+#include "common/identifiers.h"
+
+namespace tessel::analyse {
+
+namespace {
+
+using sql::NodeId;
+using sql::NodeKind;
+
+/// Functions whose answer depends on nothing but their arguments. Those that tell "a" from "A" are missing:
+/// grouping may take both for one key.
+constexpr std::wstring_view kPureFunctions[] = {
+    L"abs",         L"cbool",      L"ccur",      L"cdate",   L"cdbl",   L"chr",       L"cint",
+    L"clng",        L"coalesce",   L"csng",      L"cstr",    L"cvdate", L"dateadd",   L"datediff",
+    L"datepart",    L"dateserial", L"datevalue", L"day",     L"fix",    L"format",    L"hour",
+    L"iif",         L"int",        L"isdate",    L"isempty", L"isnull", L"isnumeric", L"lcase",
+    L"left",        L"len",        L"lower",     L"ltrim",   L"mid",    L"minute",    L"month",
+    L"monthname",   L"nz",         L"right",     L"round",   L"rtrim",  L"second",    L"sgn",
+    L"str",         L"switch",     L"trim",      L"ucase",   L"upper",  L"val",       L"weekday",
+    L"weekdayname", L"year"};
+
+/// A control of an open form or report: one value for the whole statement.
+bool IsFormReference(const std::vector<std::wstring>& keys) {
+    return keys.size() > 2 && (keys[0] == L"forms" || keys[0] == L"reports");
+}
+
+}  // namespace
+
+GroupConditions::GroupConditions(const StatementScope& scope, const Canonical& canonical)
+    : scope_(scope), canonical_(canonical), statement_(scope.Source()) {
+    for (const sql::Item& item : statement_.GroupItems) keys_.insert(canonical.Expression(item.node));
+}
+
+bool GroupConditions::MayStandInWhere(NodeId condition) const {
+    return !keys_.empty() && DependsOnKeys(condition) && !NamesAnAlias(condition);
+}
+
+bool GroupConditions::DependsOnKeys(NodeId id) const {
+    if (keys_.contains(canonical_.Expression(id))) return true;
+    const sql::Node& node = statement_.At(id);
+    switch (node.kind) {
+        case NodeKind::Number:
+        case NodeKind::String:
+        case NodeKind::Date:
+        case NodeKind::Null:
+        case NodeKind::True:
+        case NodeKind::False:
+        case NodeKind::Parameter:
+        case NodeKind::Macro:
+        case NodeKind::Omitted:
+            return true;
+        case NodeKind::Name:
+            return scope_.TableOfName(id) == kNoTable && IsFormReference(NameKeys(statement_, id));
+        case NodeKind::Call:
+            return IsCallOfKeys(id);
+        case NodeKind::Paren:
+        case NodeKind::Unary:
+        case NodeKind::Binary:
+        case NodeKind::Compare:
+        case NodeKind::Logical:
+        case NodeKind::Not:
+        case NodeKind::Like:
+        case NodeKind::Between:
+        case NodeKind::InList:
+        case NodeKind::IsNull:
+            break;
+        default:
+            return false;
+    }
+    return std::ranges::all_of(ChildrenOf(statement_, id),
+                               [&](NodeId child) { return DependsOnKeys(child); });
+}
+
+bool GroupConditions::IsCallOfKeys(NodeId id) const {
+    std::vector<NodeId> children = ChildrenOf(statement_, id);
+    std::wstring name = IdentifierKey(statement_.Slice(statement_.At(children.front()).Range()));
+    if (name.ends_with(L'$')) name.pop_back();
+    if (std::ranges::find(kPureFunctions, name) == std::end(kPureFunctions)) return false;
+    children.erase(children.begin());
+    return std::ranges::all_of(children, [&](NodeId child) { return DependsOnKeys(child); });
+}
+
+// Some engines let HAVING, but not WHERE, call a column by its alias.
+bool GroupConditions::NamesAnAlias(NodeId id) const {
+    const sql::Node& node = statement_.At(id);
+    if (node.kind != NodeKind::Name) {
+        return std::ranges::any_of(ChildrenOf(statement_, id),
+                                   [&](NodeId child) { return NamesAnAlias(child); });
+    }
+    const std::vector<std::wstring> keys = NameKeys(statement_, id);
+    return keys.size() == 1 && std::ranges::any_of(statement_.Columns, [&](const sql::Item& item) {
+               return IdentifierKey(statement_.Slice(item.alias)) == keys[0] &&
+                      canonical_.Expression(item.node) != canonical_.Expression(id);
+           });
+}
+
+}  // namespace tessel::analyse
