@@ -22,7 +22,7 @@ namespace {
 
 using namespace tessel::testing;
 
-constexpr DWORD kPatienceMilliseconds = 60000;
+constexpr DWORD kPatienceMilliseconds = 240000;
 constexpr DWORD kPauseMilliseconds = 20;
 constexpr wchar_t kDesignerClass[] = L"TesselDlgDsn";
 
