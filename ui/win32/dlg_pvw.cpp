@@ -12,10 +12,11 @@ namespace tessel::ui {
 
 namespace {
 
-constexpr int kMargin = 10;         // dips
-constexpr int kGap = 6;             // dips
-constexpr int kEditWidth = 220;     // dips
-constexpr int kCellPadding = 14;    // dips left and right of a text together
+constexpr int kMargin = 10;           // dips
+constexpr int kGap = 6;               // dips
+constexpr int kEditWidth = 220;       // dips
+constexpr int kCellPadding = 14;      // dips left and right of a text together
+constexpr int kTextInset = 5;         // dips from the edge of a cell to its text
 constexpr int kNarrowestColumn = 32;  // dips
 constexpr std::int64_t kRowsMeasured = 50;
 
@@ -40,9 +41,9 @@ std::optional<Error> dlgPVW::Show(HWND owner) {
 bool dlgPVW::OnCreateControls() {
     group_separator_ = UserGroupSeparator();
     if (!CreateList() || !find_bar_.Create(Handle(), Font())) return false;
-    status_ = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_CENTERIMAGE | SS_NOPREFIX | SS_ENDELLIPSIS, 0, 0, 0,
-                              0, Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdStatus)),
-                              win32::ThisModule(), nullptr);
+    status_ = CreateWindowExW(
+        0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_CENTERIMAGE | SS_NOPREFIX | SS_ENDELLIPSIS, 0, 0, 0, 0,
+        Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdStatus)), win32::ThisModule(), nullptr);
     close_ = AddButton(preview_texts::kClose, IDCANCEL, true);
     tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
                             CW_USEDEFAULT, 0, 0, 0, Handle(), nullptr, win32::ThisModule(), nullptr);
@@ -60,10 +61,11 @@ bool dlgPVW::OnCreateControls() {
 }
 
 bool dlgPVW::CreateList() {
-    constexpr DWORD kStyle =
-        WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER;
-    list_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"", kStyle, 0, 0, 0, 0, Handle(),
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdRows)), win32::ThisModule(), nullptr);
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA |
+                             LVS_SHOWSELALWAYS | LVS_NOSORTHEADER;
+    list_ =
+        CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"", kStyle, 0, 0, 0, 0, Handle(),
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdRows)), win32::ThisModule(), nullptr);
     if (!list_) return false;
     win32::SetAccessibleName(list_, preview_texts::kRows);
     SendMessageW(list_, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
@@ -73,12 +75,13 @@ bool dlgPVW::CreateList() {
     AddColumns();
     const std::int64_t count = std::min(rows_.RowCount(), kMostRows);
     SendMessageW(list_, LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOSCROLL);
-    if (count > 0) ListView_SetItemState(list_, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    if (count > 0)
+        ListView_SetItemState(list_, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     return true;
 }
 
-// The leftmost column is always left-aligned when it is inserted; one that gets there because its left neighbour was
-// deleted keeps its alignment.
+// The leftmost column is always left-aligned when it is inserted; one that gets there because its left
+// neighbour was deleted keeps its alignment.
 void dlgPVW::AddColumns() {
     LVCOLUMNW column{};
     column.mask = LVCF_FMT | LVCF_WIDTH | LVCF_TEXT;
@@ -101,13 +104,15 @@ int dlgPVW::FittingWidth(int column) {
     const int widest = Px(kWidestColumn);
     for (std::int64_t row = 0; row < measured && width < widest; ++row) {
         const PreviewCell cell = rows_.Cell(row, column);
-        width = std::max(width, TextWidth(cell.is_null ? preview_texts::kNull : OneLine(cell.text, kCellLimit)));
+        width =
+            std::max(width, TextWidth(cell.is_null ? preview_texts::kNull : OneLine(cell.text, kCellLimit)));
     }
     return std::clamp(width + Px(kCellPadding), Px(kNarrowestColumn), widest);
 }
 
 int dlgPVW::TextWidth(const std::wstring& text) const {
-    return static_cast<int>(SendMessageW(list_, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str())));
+    return static_cast<int>(
+        SendMessageW(list_, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str())));
 }
 
 void dlgPVW::OnLayout(SIZE client) {
@@ -170,33 +175,50 @@ void dlgPVW::FillCell(NMLVDISPINFOW& info) {
     lstrcpynW(info.item.pszText, text.c_str(), info.item.cchTextMax);
 }
 
-// Null is grey, and the current cell of the row with the focus has a frame.
+// Null is grey. Two kinds of cells are drawn here: the current one, which has a frame, and numbers in the
+// leftmost column, which some systems always draw left-aligned.
 LRESULT dlgPVW::DrawCell(NMLVCUSTOMDRAW& draw) {
-    const CellPlace place{static_cast<std::int64_t>(draw.nmcd.dwItemSpec), draw.iSubItem};
     switch (draw.nmcd.dwDrawStage) {
         case CDDS_PREPAINT:
             return CDRF_NOTIFYITEMDRAW;
         case CDDS_ITEMPREPAINT:
             return CDRF_NOTIFYSUBITEMDRAW;
-        case CDDS_ITEMPREPAINT | CDDS_SUBITEM: {
-            const bool selected = ListView_GetItemState(list_, draw.nmcd.dwItemSpec, LVIS_SELECTED) != 0;
-            if (!selected)
-                draw.clrText = GetSysColor(rows_.Cell(place.row, place.column).is_null ? COLOR_GRAYTEXT
-                                                                                       : COLOR_WINDOWTEXT);
-            return CDRF_NEWFONT | (place == CurrentCell() ? CDRF_NOTIFYPOSTPAINT : 0);
-        }
-        case CDDS_ITEMPOSTPAINT | CDDS_SUBITEM:
-            if (place == CurrentCell() && GetFocus() == list_) {
-                const RECT bounds = CellBounds(place);
-                DrawFocusRect(draw.nmcd.hdc, &bounds);
-            }
-            return CDRF_DODEFAULT;
+        case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
+            break;
         default:
             return CDRF_DODEFAULT;
     }
+    const CellPlace place{static_cast<std::int64_t>(draw.nmcd.dwItemSpec), draw.iSubItem};
+    if (place == CurrentCell() || (place.column == 0 && rows_.Columns().front().right_aligned)) {
+        DrawWholeCell(draw.nmcd.hdc, place);
+        return CDRF_SKIPDEFAULT;
+    }
+    if (ListView_GetItemState(list_, draw.nmcd.dwItemSpec, LVIS_SELECTED) == 0)
+        draw.clrText =
+            GetSysColor(rows_.Cell(place.row, place.column).is_null ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT);
+    return CDRF_NEWFONT;
 }
 
-/// The cell's rectangle in the list. The rectangle of column 0 would be the whole row's if asked for its bounds.
+void dlgPVW::DrawWholeCell(HDC dc, CellPlace place) {
+    RECT bounds = CellBounds(place);
+    bounds.bottom -= 1;  // the grid line
+    const PreviewCell cell = rows_.Cell(place.row, place.column);
+    const bool selected = ListView_GetItemState(list_, static_cast<int>(place.row), LVIS_SELECTED) != 0;
+    const bool focused = GetFocus() == list_;
+    int back = COLOR_WINDOW;
+    int front = cell.is_null ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT;
+    if (selected) back = focused ? COLOR_HIGHLIGHT : COLOR_BTNFACE;
+    if (selected && focused) front = COLOR_HIGHLIGHTTEXT;
+    win32::FillSolid(dc, bounds, GetSysColor(back));
+    if (focused && place == CurrentCell()) FrameRect(dc, &bounds, GetSysColorBrush(front));
+    const bool right = rows_.Columns()[static_cast<std::size_t>(place.column)].right_aligned;
+    InflateRect(&bounds, -Px(kTextInset), 0);
+    const std::wstring text = cell.is_null ? preview_texts::kNull : OneLine(cell.text, kCellLimit);
+    win32::DrawTextLine(dc, bounds, text, GetSysColor(front), right ? DT_RIGHT : DT_LEFT);
+}
+
+/// The cell's rectangle in the list. The rectangle of column 0 would be the whole row's if asked for its
+/// bounds.
 RECT dlgPVW::CellBounds(CellPlace place) const {
     RECT bounds{};
     ListView_GetSubItemRect(list_, static_cast<int>(place.row), place.column,
@@ -219,7 +241,8 @@ void dlgPVW::UpdateStatus() {
     std::wstring text = preview_texts::kRow + Grouped(current + 1, group_separator_) + preview_texts::kOf +
                         Grouped(count, group_separator_);
     const int selected = ListView_GetSelectedCount(list_);
-    if (selected > 1) text += L" (" + Grouped(selected, group_separator_) + preview_texts::kSelectedRows + L")";
+    if (selected > 1)
+        text += L" (" + Grouped(selected, group_separator_) + preview_texts::kSelectedRows + L")";
     ShowStatus(text);
 }
 
@@ -234,7 +257,8 @@ void dlgPVW::ShowStatus(const std::wstring& text) {
 void dlgPVW::OnMouseMove(POINT point) {
     LVHITTESTINFO hit{};
     hit.pt = point;
-    const int row = static_cast<int>(SendMessageW(list_, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+    const int row =
+        static_cast<int>(SendMessageW(list_, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
     std::optional<CellPlace> cell;
     if (row >= 0) cell = CellPlace{row, hit.iSubItem};
     if (cell == tip_cell_) return;
@@ -247,7 +271,8 @@ void dlgPVW::OnMouseMove(POINT point) {
         tool.rect = CellBounds(*cell);
         const std::wstring text = rows_.Cell(cell->row, cell->column).text;
         const bool lines = text.find(L'\n') != std::wstring::npos;
-        if (lines || TextWidth(OneLine(text, kCellLimit)) + Px(kCellPadding) > tool.rect.right - tool.rect.left)
+        if (lines ||
+            TextWidth(OneLine(text, kCellLimit)) + Px(kCellPadding) > tool.rect.right - tool.rect.left)
             tip_text_ = text;
     }
     tool.lpszText = tip_text_.data();

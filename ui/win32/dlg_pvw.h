@@ -1,8 +1,9 @@
-// dlgPVW, "Vista previa de datos": rows in a grid that asks only for the cells it shows, with a status line, a find
-// bar, and copying of rows and of the current cell. Nothing can be changed in it.
+// dlgPVW, "Vista previa de datos": rows in a grid that asks only for the cells it shows, with a status line,
+// a find bar, and copying of rows and of the current cell. Nothing can be changed in it.
 #pragma once
 
 #include <windows.h>
+
 #include <commctrl.h>
 
 #include <cstdint>
@@ -57,6 +58,7 @@ private:
     void OnItemChanged(const NMLISTVIEW& change);
     void FillCell(NMLVDISPINFOW& info);
     LRESULT DrawCell(NMLVCUSTOMDRAW& draw);
+    void DrawWholeCell(HDC dc, CellPlace place);
     RECT CellBounds(CellPlace place) const;
     void MoveToCell(CellPlace place);
     void MoveToColumn(int column);

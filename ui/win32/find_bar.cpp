@@ -1,5 +1,7 @@
 #include "ui/win32/find_bar.h"
 
+#include <algorithm>
+
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
 #include "ui/preview_texts.h"
@@ -8,8 +10,8 @@ namespace tessel::ui {
 
 namespace {
 
-HWND CreateControl(HWND parent, HFONT font, const wchar_t* class_name, const wchar_t* caption, int id, DWORD style,
-                   DWORD ex_style = 0) {
+HWND CreateControl(HWND parent, HFONT font, const wchar_t* class_name, const wchar_t* caption, int id,
+                   DWORD style, DWORD ex_style = 0) {
     const HWND control =
         CreateWindowExW(ex_style, class_name, caption, WS_CHILD | style, 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), win32::ThisModule(), nullptr);
@@ -62,10 +64,17 @@ void FindBar::Layout(const RECT& bounds, int gap, int edit_width, const ButtonWi
         label = win32::TextSize(dc, preview_texts::kFindLabel);
     }
     ReleaseDC(label_, dc);
+    const int next = button_size(next_).cx;
+    const int previous = button_size(previous_).cx;
+    const int room = bounds.right - bounds.left - label.cx - next - previous - 3 * gap;
     place(label_, label.cx);
-    place(text_, edit_width);
-    place(next_, button_size(next_).cx);
-    place(previous_, button_size(previous_).cx);
+    // An edit writes at its top, so it is as high as its text and lies in the middle.
+    const int edit_height = std::min<int>(label.cy + gap, height);
+    const int edit = std::clamp(room, 0, edit_width);
+    MoveWindow(text_, left, bounds.top + (height - edit_height) / 2, edit, edit_height, TRUE);
+    left += edit + gap;
+    place(next_, next);
+    place(previous_, previous);
 }
 
 }  // namespace tessel::ui

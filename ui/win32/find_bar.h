@@ -1,5 +1,5 @@
-// A strip with a label, an edit and buttons for the next and the previous place. It searches nothing itself: its
-// buttons report to the window it was created for, as commands.
+// A strip with a label, an edit and buttons for the next and the previous place. It searches nothing itself:
+// its buttons report to the window it was created for, as commands.
 #pragma once
 
 #include <windows.h>
@@ -24,7 +24,8 @@ public:
     std::wstring Text() const;
 
     using ButtonWidth = std::function<SIZE(HWND button)>;
-    /// Lays the controls out from the left edge of `bounds`; `button_size` tells how big a button is.
+    /// Lays the controls out from the left edge of `bounds`, the edit narrower than `edit_width` where room
+    /// is short; `button_size` tells how big a button is.
     void Layout(const RECT& bounds, int gap, int edit_width, const ButtonWidth& button_size);
 
 private:
