@@ -54,13 +54,13 @@ bool AnyTableMayHave(const StatementScope& scope, const std::wstring& field) {
     return false;
 }
 
-/// True when the columns of a "*" are not all known, so that one of them may have any name.
-bool HasUnknownColumns(const StatementScope& scope) {
+/// True when a "*" may bring a column of that name.
+bool StarMayBring(const StatementScope& scope, const std::wstring& field) {
     const Statement& statement = scope.Source();
     const bool star = std::ranges::any_of(
         statement.Columns, [&](const Item& item) { return statement.At(item.node).kind == NodeKind::Star; });
     for (int table = 0; star && table < scope.TableCount(); ++table) {
-        if (!scope.IsTableKnown(table)) return true;
+        if (!scope.IsTableKnown(table) || scope.HasField(table, field)) return true;
     }
     return false;
 }
@@ -128,7 +128,7 @@ int SelectItemOfSortKey(const StatementScope& scope, const Canonical& canonical,
 
     const std::wstring as_field = canonical.Expression(inner);
     bool is_field = AnyTableMayHave(scope, keys[0]);
-    bool is_other_column = HasUnknownColumns(scope);
+    bool is_other_column = StarMayBring(scope, keys[0]);
     bool is_field_itself = false;
     int by_alias = kOwnExpression;
     for (std::size_t index = 0; index < statement.Columns.size(); ++index) {

@@ -43,6 +43,10 @@ TEST(FoundByLaws, NameThatTwoTablesHaveIsNotGivenToTheJoinedOne) {
 
 TEST(FoundByLaws, AliasToSortByBesideAStarOfUnknownColumnsIsAmbiguous) {
     EXPECT_EQ(Composed(L"SELECT a.x AS y, b.* FROM a, b ORDER BY y"), "refused");
+    const schema::Schema schema = test::MakeSchema(Tables{{L"a", {L"x", L"z"}}, {L"b", {L"x", L"w"}}});
+    EXPECT_EQ(Composed(L"SELECT a.x AS x, b.* FROM a, b ORDER BY x", &schema), "refused");
+    EXPECT_EQ(Composed(L"SELECT a.x AS y, b.* FROM a, b ORDER BY y", &schema),
+              "SELECT a.x AS y, b.* \r\nFROM a, b \r\nORDER BY a.x;");
 }
 
 TEST(FoundByLaws, AliasToSortByBesideAColumnOfThatNameIsAmbiguous) {

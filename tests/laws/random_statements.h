@@ -57,6 +57,7 @@ private:
     std::wstring Test(const Sources& sources);
     std::wstring SubSelect();
     std::wstring Sign();
+    std::wstring Pattern();
 
     // The other clauses.
     void MakeList(StatementParts& statement);
@@ -68,7 +69,8 @@ private:
     const Database& database_;
     Sources sources_;
     std::vector<std::wstring> group_;
-    bool bare_names_ = false;  ///< this statement leaves out the table where it can
+    std::vector<std::wstring> patterns_;  ///< of Like, still unused in this statement
+    bool bare_names_ = false;             ///< this statement leaves out the table where it can
 };
 
 }  // namespace tessel::laws
