@@ -1,0 +1,47 @@
+SELECT
+---
+SELECT FROM t
+---
+SELECT a, FROM t
+---
+SELECT a FROM
+---
+SELECT a FROM t WHERE
+---
+SELECT a FROM t WHERE a =
+---
+SELECT a FROM t WHERE (a = 1
+---
+SELECT a FROM t WHERE a = 1)
+---
+SELECT a FROM t GROUP a
+---
+SELECT a FROM t ORDER a
+---
+SELECT a FROM t INNER JOIN
+---
+SELECT a FROM t INNER u ON t.k = u.k
+---
+SELECT a FROM (t INNER JOIN u ON t.k = u.k
+---
+SELECT 'sin cerrar FROM t
+---
+SELECT [sin cerrar FROM t
+---
+SELECT a FROM t WHERE f BETWEEN 1
+---
+SELECT a FROM t WHERE f IN ()
+---
+SELECT a FROM t WHERE f IS 3
+---
+SELECT a b c FROM t
+---
+UPDATE t SET a = 1
+---
+DELETE FROM t
+---
+INSERT INTO t (a) VALUES (1)
+---
+TRANSFORM Sum(a) SELECT b FROM t GROUP BY b PIVOT c
+---
+hola

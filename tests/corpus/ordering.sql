@@ -1,0 +1,45 @@
+SELECT a, b FROM t ORDER BY b, a;
+---
+SELECT a, b FROM t ORDER BY a DESC, b DESC;
+---
+SELECT a, b FROM t ORDER BY c;
+---
+SELECT a, b FROM t ORDER BY 2;
+---
+SELECT a, b FROM t ORDER BY 2 DESC, 1;
+---
+SELECT a AS x, b AS y FROM t ORDER BY x, y DESC;
+---
+SELECT t.a AS x FROM t ORDER BY t.a;
+---
+SELECT t.* FROM t ORDER BY t.a, t.b DESC;
+---
+SELECT t.*, u.b FROM t INNER JOIN u ON t.k = u.k ORDER BY u.b;
+---
+SELECT a FROM t ORDER BY a, a DESC;
+---
+SELECT a AS b, b AS c FROM t ORDER BY b;
+---
+SELECT a FROM t ORDER BY 5;
+---
+SELECT a FROM t ORDER BY IIf(a Is Null,1,0), a;
+---
+SELECT a FROM t ORDER BY Len(a) DESC, UCase(a);
+---
+SELECT DISTINCT a FROM t ORDER BY a DESC;
+---
+SELECT a FROM t WHERE a > 1 ORDER BY b ASC, c DESC;
+---
+SELECT TOP 10 a FROM t;
+---
+SELECT TOP 5 PERCENT a, b FROM t ORDER BY b DESC;
+---
+SELECT DISTINCT TOP 3 a FROM t;
+---
+SELECT TOP 1 Pedidos.Fecha FROM Clientes INNER JOIN Pedidos ON Clientes.Id = Pedidos.Id WHERE Pedidos.Total > 5 ORDER BY Pedidos.Fecha DESC;
+---
+SELECT TOP 0 a FROM t;
+---
+SELECT a FROM t ORDER BY a LIMIT 10;
+---
+SELECT a FROM t ORDER BY a OFFSET 5 ROWS FETCH NEXT 10 ROWS ONLY;
