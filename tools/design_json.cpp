@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 #include <utility>
 
 #include "common/identifiers.h"
@@ -25,6 +26,13 @@ constexpr std::array<std::pair<const char*, GridRow>, model::kGridRowCount> kCel
 }};
 
 Error Unusable(const std::string& message) { return {FromUtf8(message)}; }
+
+/// A complaint that begins with the member's name in quotes.
+Error UnusableMember(const char* name, std::string_view place, std::string_view complaint) {
+    std::string message = "\"";
+    message.append(name).append("\" de ").append(place).append(complaint);
+    return Unusable(message);
+}
 
 /// The member as text, empty when it is missing or null. Nothing when it is something else.
 std::optional<std::wstring> TextMember(const Json& object, const char* name) {
@@ -77,7 +85,7 @@ std::optional<Error> ReadDiagram(const Json& json, model::Design& design) {
                                                                {"RightField", &relation.info.RightField}};
         for (const auto& [name, target] : names) {
             auto text = TextMember(item, name);
-            if (!text) return Unusable(std::string("\"") + name + "\" de una relación no es un texto");
+            if (!text) return UnusableMember(name, "una relación", " no es un texto");
             *target = std::move(*text);
         }
         const auto kind = item.find("JType");
@@ -109,10 +117,11 @@ std::optional<Error> ReadColumns(const Json& json, model::DesignGrid& grid) {
         if (!item.is_object()) return Unusable(place + " no es un objeto");
         for (const auto& [name, row] : kCellNames) {
             const auto text = TextMember(item, name);
-            if (!text) return Unusable("\"" + std::string(name) + "\" de " + place + " no es un texto");
-            if (!grid.SetCell(row, column, *text))
-                return Unusable("\"" + std::string(name) + "\" de " + place + " tiene más de " +
-                                std::to_string(model::kMaxCellLength) + " caracteres");
+            if (!text) return UnusableMember(name, place, " no es un texto");
+            if (!grid.SetCell(row, column, *text)) {
+                return UnusableMember(name, place,
+                                      " tiene más de " + std::to_string(model::kMaxCellLength) + " caracteres");
+            }
         }
         grid.SetCaption(column, grid.Cell(GridRow::Titulo, column));
         ++column;
