@@ -24,7 +24,8 @@ void Report(const Error& error, PreviewDatabase& database, PreviewView& view) {
     view.ShowMessage(ErrorReport(error.message, database.ProviderErrors()));
 }
 
-Result<std::unique_ptr<PreviewRows>> Open(std::wstring_view statement, PreviewDatabase& database, PreviewView& view) {
+Result<std::unique_ptr<PreviewRows>> Open(std::wstring_view statement, PreviewDatabase& database,
+                                          PreviewView& view) {
     const Hourglass hourglass(view);
     return database.OpenRecordset(statement);
 }
@@ -46,8 +47,12 @@ std::optional<std::wstring> OwnerMacros::ParameterText(std::wstring_view name) {
     return owner_ ? owner_->ParameterText(name) : std::nullopt;
 }
 
-std::optional<std::wstring> OwnerMacros::UserName() { return owner_ ? owner_->UserName() : std::nullopt; }
-std::optional<std::wstring> OwnerMacros::ComputerName() { return owner_ ? owner_->ComputerName() : std::nullopt; }
+std::optional<std::wstring> OwnerMacros::UserName() {
+    return owner_ ? owner_->UserName() : std::nullopt;
+}
+std::optional<std::wstring> OwnerMacros::ComputerName() {
+    return owner_ ? owner_->ComputerName() : std::nullopt;
+}
 
 void RunStatement(std::wstring_view text, macros::MacroSource& macro_source, PreviewDatabase& database,
                   PreviewView& view) {
@@ -63,8 +68,8 @@ std::wstring ErrorReport(std::wstring_view error_text, const std::vector<Provide
     std::wstring report(error_text);
     report += L"\r\n\r\n";
     for (const ProviderError& error : errors)
-        report += error.source + L" -> " + error.description + L" (" + error.number + L") (" + error.native_error +
-                  L")\r\n";
+        report += error.source + L" -> " + error.description + L" (" + error.number + L") (" +
+                  error.native_error + L")\r\n";
     return report;
 }
 

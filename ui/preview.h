@@ -1,6 +1,6 @@
-// The preview's commands without a window and without a database: run the statement being designed, or show all rows
-// of a table. They decide which message appears and what is sent to the database; opening the recordset and showing
-// its rows are their surroundings' work.
+// The preview's commands without a window and without a database: run the statement being designed, or show
+// all rows of a table. They decide which message appears and what is sent to the database; opening the
+// recordset and showing its rows are their surroundings' work.
 //
 // Nothing is kept between two commands: a command's rows live until its window closes.
 #pragma once
@@ -60,8 +60,8 @@ private:
     DesignerOwner* owner_;
 };
 
-/// "Ejecutar consulta (vista previa de resultados)" on the designer's current text. The macros are expanded in a copy;
-/// a text of white space only gives a message and reaches no database.
+/// "Ejecutar consulta (vista previa de resultados)" on the designer's current text. The macros are expanded
+/// in a copy; a text of white space only gives a message and reaches no database.
 void RunStatement(std::wstring_view text, macros::MacroSource& macro_source, PreviewDatabase& database,
                   PreviewView& view);
 
@@ -69,6 +69,7 @@ void RunStatement(std::wstring_view text, macros::MacroSource& macro_source, Pre
 void ShowTable(std::wstring_view table, PreviewDatabase& database, PreviewView& view);
 
 /// The text of an error followed by an empty line and one line for each of the provider's errors.
-[[nodiscard]] std::wstring ErrorReport(std::wstring_view error_text, const std::vector<ProviderError>& errors);
+[[nodiscard]] std::wstring ErrorReport(std::wstring_view error_text,
+                                       const std::vector<ProviderError>& errors);
 
 }  // namespace tessel::ui

@@ -1,6 +1,6 @@
-// The rows of a preview without a window and without a database: what a table of rows answers, the search through
-// it, and its rows as text for the clipboard. The window asks for the cells that it shows and for nothing else, so a
-// source may have millions of rows.
+// The rows of a preview without a window and without a database: what a table of rows answers, the search
+// through it, and its rows as text for the clipboard. The window asks for the cells that it shows and for
+// nothing else, so a source may have millions of rows.
 #pragma once
 
 #include <cstdint>
@@ -40,8 +40,8 @@ public:
     virtual std::wstring Trouble() const = 0;
 };
 
-/// A search for a text in any cell, letter case aside, row by row, that begins beside a cell and ends there after
-/// going all the way round. It works in slices, so that a window stays alive meanwhile.
+/// A search for a text in any cell, letter case aside, row by row, that begins beside a cell and ends there
+/// after going all the way round. It works in slices, so that a window stays alive meanwhile.
 class RowSearch {
 public:
     enum class State { Searching, Found, NotFound };

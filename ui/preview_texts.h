@@ -3,7 +3,8 @@
 
 namespace tessel::ui::preview_texts {
 
-inline constexpr wchar_t kNothingToRun[] = L"No hay ninguna consulta que ejecutar o existe un error en la definición";
+inline constexpr wchar_t kNothingToRun[] =
+    L"No hay ninguna consulta que ejecutar o existe un error en la definición";
 inline constexpr wchar_t kNoConnection[] = L"No hay una conexión válida u ocurrió un error desconocido.";
 inline constexpr wchar_t kNoRecordset[] = L"No se pudo crear el objeto ADODB.Recordset: ";
 inline constexpr wchar_t kNoRows[] = L"La instrucción se ejecutó, pero no devuelve filas que mostrar.";

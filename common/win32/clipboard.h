@@ -7,8 +7,8 @@
 
 namespace tessel::win32 {
 
-/// Replaces the clipboard's contents with the text. False when another program holds the clipboard or memory is
-/// short; what the clipboard held before may be gone then.
+/// Replaces the clipboard's contents with the text. False when another program holds the clipboard or memory
+/// is short; what the clipboard held before may be gone then.
 bool CopyToClipboard(HWND owner, std::wstring_view text);
 
 }  // namespace tessel::win32

@@ -28,7 +28,8 @@ public:
     std::int64_t RowCount() const override { return static_cast<std::int64_t>(rows_.size()); }
     ui::PreviewCell Cell(std::int64_t row, int column) override {
         ++cells_read;
-        const std::wstring& text = rows_.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(column));
+        const std::wstring& text =
+            rows_.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(column));
         if (text == L"(null)") return {L"", true};
         return {text, false};
     }

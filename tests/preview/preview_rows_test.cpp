@@ -13,13 +13,13 @@ namespace {
 using test::LiteralRows;
 
 LiteralRows Cities() {
-    return LiteralRows({L"Nombre", L"Ciudad"}, {{L"Ana", L"Madrid"},
-                                                {L"Óscar", L"(null)"},
-                                                {L"Madrid y Cía", L"Mérida"},
-                                                {L"Luz", L"MADRIDEJOS"}});
+    return LiteralRows(
+        {L"Nombre", L"Ciudad"},
+        {{L"Ana", L"Madrid"}, {L"Óscar", L"(null)"}, {L"Madrid y Cía", L"Mérida"}, {L"Luz", L"MADRIDEJOS"}});
 }
 
-std::optional<CellPlace> Find(PreviewRows& rows, std::wstring_view text, CellPlace from, bool backwards = false) {
+std::optional<CellPlace> Find(PreviewRows& rows, std::wstring_view text, CellPlace from,
+                              bool backwards = false) {
     RowSearch search(text, from, backwards);
     RowSearch::State state = RowSearch::State::Searching;
     int slices = 0;

@@ -101,10 +101,9 @@ std::unique_ptr<ui::PreviewRows> NumberedRows(LONG count, std::shared_ptr<Record
 }
 
 test::LiteralRows Cities() {
-    return test::LiteralRows({L"Nombre", L"Ciudad"}, {{L"Ana", L"Madrid"},
-                                                      {L"Óscar", L"(null)"},
-                                                      {L"Madrid y Cía", L"Mérida"},
-                                                      {L"Luz", L"MADRIDEJOS"}});
+    return test::LiteralRows(
+        {L"Nombre", L"Ciudad"},
+        {{L"Ana", L"Madrid"}, {L"Óscar", L"(null)"}, {L"Madrid y Cía", L"Mérida"}, {L"Luz", L"MADRIDEJOS"}});
 }
 
 TEST_F(PreviewWindow, HasItsTitleItsButtonAndOneColumnForEachField) {
@@ -143,8 +142,8 @@ TEST_F(PreviewWindow, ANumberInTheFirstColumnIsRightAlignedToo) {
 }
 
 TEST_F(PreviewWindow, NarrowColumnsKeepTheirWidthsAndAWideOneIsCutTo150) {
-    test::LiteralRows rows({L"a", L"Mediana", L"Larga"}, {{L"1", L"veinte letras o así", std::wstring(200, L'm')},
-                                                          {L"22", L"", L"x"}});
+    test::LiteralRows rows({L"a", L"Mediana", L"Larga"},
+                           {{L"1", L"veinte letras o así", std::wstring(200, L'm')}, {L"22", L"", L"x"}});
     Open(rows);
     script_.Do([this] {
         const int limit = win32::Scale(150, win32::DpiOf(window_->Handle()));
@@ -191,7 +190,8 @@ TEST_F(PreviewWindow, CopiesTheSelectedRowsWithTheirHeaders) {
     Open(rows);
     Key(VK_DOWN, true);
     Key('C', false, true);
-    script_.Until([] { return ClipboardText() == L"Nombre\tCiudad\r\nAna\tMadrid\r\nÓscar\t\r\n"; }, "two rows");
+    script_.Until([] { return ClipboardText() == L"Nombre\tCiudad\r\nAna\tMadrid\r\nÓscar\t\r\n"; },
+                  "two rows");
     Key('A', false, true);
     Key('C', false, true);
     script_.Until([] { return ClipboardText().size() > 60; }, "four rows");
@@ -232,7 +232,8 @@ TEST_F(PreviewWindow, FindGoesFromPlaceToPlaceAndF3GoesOn) {
     test::LiteralRows rows = Cities();
     Open(rows);
     Key('F', false, true);
-    script_.Until([this] { return GetFocus() == Descendant(window_->Handle(), FindBar::kIdText); }, "the edit");
+    script_.Until([this] { return GetFocus() == Descendant(window_->Handle(), FindBar::kIdText); },
+                  "the edit");
     script_.Do([] { TypeText(L"madrid"); });
     Key(VK_RETURN);
     script_.Until([this] { return window_->CurrentCell() == CellPlace{0, 1}; }, "the first place");

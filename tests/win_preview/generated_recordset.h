@@ -1,4 +1,5 @@
-// An open recordset of any number of rows that exist only when they are asked for, and that counts what is asked.
+// An open recordset of any number of rows that exist only when they are asked for, and that counts what is
+// asked.
 #pragma once
 
 #include <cstdint>

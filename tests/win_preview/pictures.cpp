@@ -39,8 +39,12 @@ void Picture(const std::wstring& file, const std::function<void(Script&, ui::dlg
     script.OnTrouble([&] { PostMessageW(window.Handle(), WM_CLOSE, 0, 0); });
     script.Until([&] { return window.Handle() && IsWindowVisible(window.Handle()); }, "visible");
     steps(script, window);
-    script.Do([&] { RedrawWindow(window.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN); });
-    script.Do([&] { std::printf("%ls %s\n", file.c_str(), SavePicture(window.Handle(), file) ? "saved" : "NOT saved"); });
+    script.Do([&] {
+        RedrawWindow(window.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    });
+    script.Do([&] {
+        std::printf("%ls %s\n", file.c_str(), SavePicture(window.Handle(), file) ? "saved" : "NOT saved");
+    });
     script.Do([&] { PostMessageW(window.Handle(), WM_CLOSE, 0, 0); });
     script.Start();
     static_cast<void>(window.Show(nullptr));
@@ -67,7 +71,8 @@ int wmain(int count, wchar_t** arguments) {
     });
     Picture(folder + L"find.bmp", [](Script& script, ui::dlgPVW& window) {
         script.Do([] { PressKey('F', false, true); });
-        script.Until([&] { return GetFocus() == Descendant(window.Handle(), ui::FindBar::kIdText); }, "the edit");
+        script.Until([&] { return GetFocus() == Descendant(window.Handle(), ui::FindBar::kIdText); },
+                     "the edit");
         script.Do([] { TypeText(L"fila 2025"); });
         script.Do([] { PressKey(VK_RETURN); });
         script.Until([&] { return window.CurrentCell().row == 2024; }, "found");

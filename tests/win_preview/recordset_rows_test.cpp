@@ -33,11 +33,12 @@ TEST(RecordsetRows, NumbersAreAlignedRightAndTextsAreNot) {
 }
 
 TEST(RecordsetRows, WhatIsRightAlignedFollowsTheAdoType) {
-    const std::pair<LONG, bool> cases[] = {{2, true},   {3, true},    {5, true},   {6, true},   {131, true},
+    const std::pair<LONG, bool> cases[] = {{2, true},   {3, true},    {5, true},   {6, true},    {131, true},
                                            {20, true},  {202, false}, {7, false},  {135, false}, {11, false},
                                            {72, false}, {204, false}, {999, false}};
     for (const auto& [type, right] : cases) {
-        const auto rows = RowsOf(MakeGeneratedRecordset({{L"c", type, [](LONG) { return UniqueVariant(1); }}}, 1));
+        const auto rows =
+            RowsOf(MakeGeneratedRecordset({{L"c", type, [](LONG) { return UniqueVariant(1); }}}, 1));
         ASSERT_TRUE(rows);
         EXPECT_EQ(rows->Columns()[0].right_aligned, right) << type;
     }
@@ -89,7 +90,8 @@ TEST(RecordsetRows, AClosedRecordsetIsAFailure) {
     closed->Set(L"State", 0);
     const auto rows = RecordsetRows::Over(Dispatch(closed.Get()));
     ASSERT_FALSE(rows);
-    EXPECT_EQ(rows.Reason().message, L"La instrucci\u00f3n se ejecut\u00f3, pero no devuelve filas que mostrar.");
+    EXPECT_EQ(rows.Reason().message,
+              L"La instrucci\u00f3n se ejecut\u00f3, pero no devuelve filas que mostrar.");
 }
 
 TEST(RecordsetRows, ARecordsetThatRefusesIsAFailureWithItsText) {
@@ -112,7 +114,9 @@ TEST(RecordsetRows, TheRecordsetIsReleasedWithItsRows) {
     EXPECT_FALSE(log->alive);
 }
 
-std::wstring TextOfValue(UniqueVariant value) { return CellOfValue(value.Get()).text; }
+std::wstring TextOfValue(UniqueVariant value) {
+    return CellOfValue(value.Get()).text;
+}
 
 TEST(CellValues, NullAndEmptyAreNull) {
     EXPECT_TRUE(CellOfValue(UniqueVariant::Null().Get()).is_null);
@@ -155,7 +159,8 @@ TEST(CellValues, BytesAreHexadecimalAndCutWhenMany) {
         value.Address()->parray = SafeArrayCreateVector(VT_UI1, 0, count);
         void* data = nullptr;
         SafeArrayAccessData(value.Get().parray, &data);
-        for (ULONG i = 0; i < count; ++i) static_cast<unsigned char*>(data)[i] = static_cast<unsigned char>(0xA0 + i);
+        for (ULONG i = 0; i < count; ++i)
+            static_cast<unsigned char*>(data)[i] = static_cast<unsigned char>(0xA0 + i);
         SafeArrayUnaccessData(value.Get().parray);
         return value;
     };

@@ -52,7 +52,8 @@ protected:
         EXPECT_HRESULT_SUCCEEDED(
             CoCreateInstance(clsid, nullptr, CLSCTX_ALL, __uuidof(IDispatch), object.PutVoid()));
         connection_ = Dispatch(object);
-        const win32::CallResult opened = connection_.Call(L"Open", L"Driver=SQLite3;Database=" + SampleDatabase());
+        const win32::CallResult opened =
+            connection_.Call(L"Open", L"Driver=SQLite3;Database=" + SampleDatabase());
         EXPECT_TRUE(opened) << "the sample database opens";
         EXPECT_TRUE(window_.Create());
         window_.LoadSchema(&schema_, L"ventas");
@@ -61,7 +62,8 @@ protected:
             for (HWND window : {OpenMessageBox(), Preview(), window_.Handle()})
                 if (window) PostMessageW(window, WM_CLOSE, 0, 0);
         });
-        script_.Until([this] { return IsWindowVisible(window_.Handle()) != FALSE; }, "the designer is visible");
+        script_.Until([this] { return IsWindowVisible(window_.Handle()) != FALSE; },
+                      "the designer is visible");
     }
 
     /// The open preview window, or nullptr.
@@ -121,7 +123,8 @@ TEST_F(RunQuery, F5ShowsTheRowsOfTheDesign) {
 
 TEST_F(RunQuery, MacrosRunExpandedAndTheEditorKeepsThem) {
     const std::wstring statement =
-        L"SELECT IdCliente, @fecha AS Hoy FROM Clientes WHERE IdCliente < @minimo UNION SELECT -1, '@pagenumber'";
+        L"SELECT IdCliente, @fecha AS Hoy FROM Clientes WHERE IdCliente < @minimo UNION SELECT -1, "
+        L"'@pagenumber'";
     script_.Do([this] { PressRun(); });
     script_.Until([] { return Preview() != nullptr; }, "the preview is open");
     script_.Do([&] {
@@ -182,7 +185,8 @@ TEST_F(RunQuery, AStatementWithoutRowsIsSaidToHaveNone) {
     script_.Do([&] { message = MessageBoxText(OpenMessageBox()); });
     CloseBox();
     Run(L"UPDATE Clientes SET Nombre = Nombre WHERE 1 = 0");
-    EXPECT_EQ(message.rfind(L"La instrucción se ejecutó, pero no devuelve filas que mostrar.\r\n\r\n", 0), 0u);
+    EXPECT_EQ(message.rfind(L"La instrucción se ejecutó, pero no devuelve filas que mostrar.\r\n\r\n", 0),
+              0u);
 }
 
 TEST_F(RunQuery, ATableIsShownWhole) {

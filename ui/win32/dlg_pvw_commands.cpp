@@ -17,7 +17,9 @@ constexpr std::int64_t kSliceRows = 64;
 
 enum MenuCommand : int { kMenuCopyRows = 401, kMenuCopyCell, kMenuSelectAll, kMenuFind };
 
-bool IsDown(int key) { return GetKeyState(key) < 0; }
+bool IsDown(int key) {
+    return GetKeyState(key) < 0;
+}
 
 /// The hourglass for a scope.
 class WaitCursor {
@@ -83,8 +85,8 @@ bool dlgPVW::OnListKey(WPARAM key, bool control, bool shift) {
     return !control && !shift && MoveByKey(key);
 }
 
-// Wine's list walks over all its rows when a key changes the selection, which takes most of a second for a million
-// rows; moving the selection from here touches two rows.
+// Wine's list walks over all its rows when a key changes the selection, which takes most of a second for a
+// million rows; moving the selection from here touches two rows.
 bool dlgPVW::MoveByKey(WPARAM key) {
     const std::int64_t last = ListView_GetItemCount(list_) - 1;
     if (last < 0 || current_row_ < 0) return false;
@@ -160,7 +162,8 @@ void dlgPVW::ShowMenu(POINT screen) {
     AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
     AppendMenuW(menu.get(), for_cell, kMenuSelectAll, preview_texts::kMenuSelectAll);
     AppendMenuW(menu.get(), for_cell, kMenuFind, preview_texts::kMenuFind);
-    switch (TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, Handle(), nullptr)) {
+    switch (TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, Handle(),
+                           nullptr)) {
         case kMenuCopyRows:
             return CopyRows();
         case kMenuCopyCell:
@@ -174,7 +177,9 @@ void dlgPVW::ShowMenu(POINT screen) {
     }
 }
 
-void dlgPVW::SelectAll() { ListView_SetItemState(list_, -1, LVIS_SELECTED, LVIS_SELECTED); }
+void dlgPVW::SelectAll() {
+    ListView_SetItemState(list_, -1, LVIS_SELECTED, LVIS_SELECTED);
+}
 
 // Rows beyond what memory holds are no reason to fall over: nothing is copied then, and the user is told.
 void dlgPVW::CopyRows() {

@@ -21,8 +21,8 @@ std::vector<ProviderError> ConnectionDatabase::ProviderErrors() {
     const win32::CallResult walked = win32::WalkCollection(collection, [&](const win32::UniqueVariant& item) {
         const Dispatch error(item.Object());
         if (error)
-            errors.push_back({text_of(error, L"Source"), text_of(error, L"Description"), text_of(error, L"Number"),
-                              text_of(error, L"nativeerror")});
+            errors.push_back({text_of(error, L"Source"), text_of(error, L"Description"),
+                              text_of(error, L"Number"), text_of(error, L"nativeerror")});
         return true;
     });
     // A collection that fails half way reports what it gave.

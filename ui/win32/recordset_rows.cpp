@@ -21,7 +21,9 @@ constexpr std::int64_t kPageRows = 256;
 constexpr std::size_t kPagesKept = 16;
 constexpr std::size_t kBytesShown = 64;
 
-Error ErrorOf(const CallResult& failure) { return Error{failure.Message()}; }
+Error ErrorOf(const CallResult& failure) {
+    return Error{failure.Message()};
+}
 
 Result<Dispatch> CreateRecordset() {
     CLSID clsid{};
@@ -72,7 +74,8 @@ const VARIANT* ValueIn(const std::optional<CallResult>& values, int field, std::
     LONG place[2] = {first[0] + field, first[1] + static_cast<LONG>(row)};
     if (place[0] > last[0] || place[1] > last[1]) return nullptr;
     void* value = nullptr;
-    return SUCCEEDED(SafeArrayPtrOfIndex(array, place, &value)) ? static_cast<const VARIANT*>(value) : nullptr;
+    return SUCCEEDED(SafeArrayPtrOfIndex(array, place, &value)) ? static_cast<const VARIANT*>(value)
+                                                                : nullptr;
 }
 
 }  // namespace
@@ -91,8 +94,10 @@ Result<std::unique_ptr<PreviewRows>> RecordsetRows::Open(IDispatch* connection, 
     const Result<Dispatch> created = CreateRecordset();
     if (!created) return created.Reason();
     const Dispatch& recordset = *created;
-    if (const CallResult placed = recordset.Put(L"CursorLocation", kClientCursor); !placed) return ErrorOf(placed);
-    if (const CallResult opened = recordset.Call(L"Open", statement, connection); !opened) return ErrorOf(opened);
+    if (const CallResult placed = recordset.Put(L"CursorLocation", kClientCursor); !placed)
+        return ErrorOf(placed);
+    if (const CallResult opened = recordset.Call(L"Open", statement, connection); !opened)
+        return ErrorOf(opened);
     return Over(recordset);
 }
 

@@ -1,6 +1,6 @@
-// The rows of an open recordset, read page by page as the preview's window asks for them. The recordset lives on the
-// client side and is driven by name, so that no ADO version is wired in; its position belongs to this object. Only
-// a few pages are kept, however many rows there are.
+// The rows of an open recordset, read page by page as the preview's window asks for them. The recordset lives
+// on the client side and is driven by name, so that no ADO version is wired in; its position belongs to this
+// object. Only a few pages are kept, however many rows there are.
 #pragma once
 
 #include <windows.h>
@@ -21,8 +21,8 @@ namespace tessel::ui {
 
 class RecordsetRows final : public PreviewRows {
 public:
-    /// Creates an "ADODB.Recordset" with a client-side cursor and opens it on the statement. On failure what the
-    /// provider said.
+    /// Creates an "ADODB.Recordset" with a client-side cursor and opens it on the statement. On failure what
+    /// the provider said.
     static Result<std::unique_ptr<PreviewRows>> Open(IDispatch* connection, std::wstring_view statement);
     /// The rows of a recordset that is open already. A closed one is a failure.
     static Result<std::unique_ptr<PreviewRows>> Over(const win32::Dispatch& recordset);
