@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/support/win32/fake_ado.h"
 
 namespace tessel::schema {
