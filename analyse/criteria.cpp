@@ -197,10 +197,7 @@ Outcome CriteriaBuilder::FillCriteria(NodeId root, bool alone) {
     if (IsLogical(statement_.At(inner), LogicalOp::Or)) {
         return alone ? FillAlternatives(inner) : FillWhole(inner);
     }
-    std::set<std::wstring> shown_whole;
     for (const NodeId operand : canonical_.ConjunctNodes(inner)) {
-        // The same test again changes nothing.
-        if (!ReadComparison(operand) && !shown_whole.insert(canonical_.Condition(operand)).second) continue;
         if (Outcome refusal = FillPredicate(operand)) return refusal;
     }
     return std::nullopt;
@@ -238,6 +235,8 @@ Outcome CriteriaBuilder::FillBareCondition(NodeId id) {
 
 Outcome CriteriaBuilder::FillWhole(NodeId id) {
     const std::wstring form = canonical_.Condition(id);
+    // The same condition again changes nothing.
+    if (!shown_whole_.insert(form).second) return std::nullopt;
     int column = UsableColumn(form);
     if (column == kNoColumn) {
         if (Outcome refusal = AddColumn(WholeText(id), form, PlaceOf(id), column)) return refusal;

@@ -75,6 +75,7 @@ private:
     const sql::Statement& statement_;
     ColumnBuilder& columns_;
     Clause clause_;
+    std::set<std::wstring> shown_whole_;  ///< forms of the conditions that have a column of their own
 };
 
 }  // namespace tessel::analyse

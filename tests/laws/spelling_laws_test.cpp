@@ -2,12 +2,9 @@
 // design.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "analyse/analyse_sql.h"
 #include "common/text.h"
-#include "compose/compose.h"
 #include "tests/laws/random_statements.h"
+#include "tests/laws/reading.h"
 #include "tests/laws/respelling.h"
 
 namespace tessel::laws {
@@ -15,37 +12,6 @@ namespace {
 
 constexpr int kStatementsPerDatabase = 50;
 constexpr int kMostFailures = 10;
-const std::wstring kRelation = L"relation ";
-
-/// What the analysis makes of a text.
-struct Reading {
-    analyse::Analysis analysis;
-    std::vector<std::wstring> lines;
-    std::wstring composed;
-};
-
-Reading Read(const std::wstring& text, const schema::Schema* schema) {
-    Reading reading;
-    model::Design design;
-    design.diagram.Bind(schema);
-    reading.analysis = analyse::AnalyseSQL(text, design);
-    reading.lines = DesignLines(design);
-    if (reading.analysis.accepted) reading.composed = compose::BuildSQL(design);
-    return reading;
-}
-
-std::string Print(const std::vector<std::wstring>& lines) {
-    std::wstring text;
-    for (const std::wstring& line : lines) text += L"  " + line + L"\n";
-    return ToUtf8(text);
-}
-
-std::string Print(const Reading& reading) {
-    std::string text = reading.analysis.accepted ? "accepted\n" : "refused\n";
-    if (reading.analysis.error) text += ToUtf8(reading.analysis.error->message) + '\n';
-    for (const std::wstring& message : reading.analysis.messages) text += ToUtf8(message) + '\n';
-    return text + Print(reading.lines);
-}
 
 /// A cell keeps the parentheses that its expression is written with.
 std::wstring WordsOf(const std::wstring& line) {
@@ -68,41 +34,6 @@ bool SameDesign(const Reading& a, const Reading& b) {
         if (WordsOf(a.lines[index]) != WordsOf(b.lines[index])) return false;
     }
     return true;
-}
-
-/// The design without what the first composition settles: the tables' order, which becomes that of the joins,
-/// the direction of inner joins, and the grouping by hidden filters, which every totals query has.
-std::vector<std::wstring> SettledLines(const Reading& reading) {
-    std::vector<std::wstring> lines;
-    for (const std::wstring& text : reading.lines) {
-        std::wstring& line = lines.emplace_back(text);
-        // Each side of an equality of inner joins is as good as the other.
-        const std::size_t sign = line.find(L" = ");
-        if (line.starts_with(kRelation) && sign != std::wstring::npos) {
-            const std::wstring left = line.substr(kRelation.size(), sign - kRelation.size());
-            const std::wstring right = line.substr(sign + 3);
-            if (right < left) line = kRelation + right + L" = " + left;
-        }
-        static const std::wstring grouped = L"|Agrupado por|No|";
-        if (const std::size_t at = line.find(grouped); at != std::wstring::npos) {
-            line.replace(at, grouped.size(), L"||No|");
-        }
-        line = WithoutSpelling(line);
-    }
-    std::ranges::sort(lines);
-    return lines;
-}
-
-/// The words of an accepted design that is composed, read and composed again.
-std::string Instability(const Reading& first, const schema::Schema* schema) {
-    const Reading second = Read(first.composed, schema);
-    if (!second.analysis.accepted || !second.analysis.messages.empty())
-        return "is not read back: " + Print(second);
-    if (SettledLines(second) != SettledLines(first))
-        return "is read back as another design:\n" + Print(second.lines);
-    const Reading third = Read(second.composed, schema);
-    const bool stays = third.lines == second.lines && third.composed == second.composed;
-    return stays ? "" : "becomes\n" + ToUtf8(second.composed) + "\nand then\n" + ToUtf8(third.composed);
 }
 
 /// Calls `check(statement, schema, random)` for random statements; it answers what is wrong, or nothing.
