@@ -70,6 +70,9 @@ Outcome JoinPlanner::InnerChain(int index, bool filters_may_follow, Tables& chai
         if (!filters_may_follow) {
             return Refusal{statement_.At(condition.node).Range(), std::wstring(messages::kJoinCriteria)};
         }
+        if (condition.bound_to_join) {
+            return Refusal{statement_.At(condition.node).Range(), std::wstring(messages::kJoinBareName)};
+        }
         plan_->criteria.push_back(condition.node);
     }
     return std::nullopt;
@@ -143,8 +146,16 @@ void JoinPlanner::Gather(int index, Cluster& cluster) {
     if (node.on_node == sql::kNoNode) return;
     for (const NodeId condition : canonical_.ConjunctNodes(node.on_node)) {
         const auto equality = LeftName(condition, TablesOf(node.left), TablesOf(node.right));
-        cluster.conditions.push_back({condition, equality, false});
+        const bool narrower = static_cast<int>(TablesOf(index).size()) < scope_.TableCount();
+        cluster.conditions.push_back({condition, equality, false, narrower && HasBareName(condition)});
     }
+}
+
+bool JoinPlanner::HasBareName(NodeId id) const {
+    if (statement_.At(id).kind == NodeKind::Name) {
+        return ChildrenOf(statement_, id).size() == 1 && scope_.TableOfName(id) == kNoTable;
+    }
+    return std::ranges::any_of(ChildrenOf(statement_, id), [&](NodeId child) { return HasBareName(child); });
 }
 
 bool JoinPlanner::TakeStep(Cluster& cluster, const Tables& free, Tables& chain) {

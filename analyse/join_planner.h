@@ -43,6 +43,8 @@ private:
         sql::NodeId node = sql::kNoNode;
         std::optional<Equality> equality;
         bool taken = false;
+        /// It names a field without its table, and WHERE has more tables to look for it than the join.
+        bool bound_to_join = false;
     };
 
     /// Inner joins next to each other in the tree: their operands and all their conditions.
@@ -58,6 +60,8 @@ private:
     Outcome AppendAddedRows(int index, const Equality& equality, bool added_on_left, Tables& chain);
 
     void Gather(int index, Cluster& cluster);
+    /// True when the condition holds a field of which nothing tells the table.
+    bool HasBareName(sql::NodeId id) const;
     bool TakeStep(Cluster& cluster, const Tables& free, Tables& chain);
     std::optional<Equality> LeftName(sql::NodeId node, const Tables& left, const Tables& right);
     std::optional<Equality> OuterEquality(int index);

@@ -35,6 +35,8 @@ inline constexpr std::wstring_view kJoinCondition =
     L"El diseño solo puede mostrar combinaciones sobre la igualdad entre un campo de cada tabla.";
 inline constexpr std::wstring_view kJoinCriteria =
     L"El diseño no puede mostrar condiciones adicionales en esta combinación, porque depende de una externa.";
+inline constexpr std::wstring_view kJoinBareName =
+    L"El diseño no puede mostrar esta condición de la combinación, porque nombra un campo sin su tabla.";
 inline constexpr std::wstring_view kJoinNesting =
     L"El diseño no puede mostrar este anidamiento de combinaciones externas.";
 inline constexpr std::wstring_view kTooManyColumns = L"El diseño no puede mostrar más de 60 columnas.";

@@ -61,6 +61,12 @@ TEST(FoundByLaws, NumberOfAColumnIsNotReplacedByANameThatAnAliasTakes) {
               "SELECT t.Id AS Id, Cantidad AS x \r\nFROM t \r\nORDER BY t.Id;");
 }
 
+TEST(FoundByLaws, BareNameInAJoinDoesNotMoveToWhereMoreTablesMayHaveIt) {
+    EXPECT_EQ(Composed(L"SELECT a.x FROM c, a INNER JOIN b ON a.id = b.id AND n > 1"), "refused");
+    EXPECT_EQ(Composed(L"SELECT a.x FROM a INNER JOIN b ON a.id = b.id AND n > 1"),
+              "SELECT a.x AS x \r\nFROM (a INNER JOIN b ON a.id = b.id)  \r\nWHERE (n > 1);");
+}
+
 TEST(FoundByLaws, KeysInParenthesesAreShownWithoutThem) {
     EXPECT_EQ(Composed(L"SELECT Count(*) FROM t GROUP BY (a) ORDER BY (b)"),
               Composed(L"SELECT Count(*) FROM t GROUP BY a ORDER BY b"));
