@@ -91,7 +91,8 @@ private:
             if (Outcome refusal = where.FillJoinCondition(condition)) return refusal;
         }
         if (where_fits) {
-            if (Outcome refusal = where.FillCriteria(statement_.where, plan_.criteria.empty()))
+            const bool alone = plan_.criteria.empty() && !HasConditionsOnKeys();
+            if (Outcome refusal = where.FillCriteria(statement_.where, alone))
                 return refusal;
         }
         CriteriaBuilder having(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Having);
@@ -108,6 +109,14 @@ private:
             shown_messages.emplace_back(kWhereTooComplex);
         }
         return std::nullopt;
+    }
+
+    bool HasConditionsOnKeys() {
+        if (statement_.having == sql::kNoNode) return false;
+        const GroupConditions groups(scope_, canonical_);
+        return std::ranges::any_of(canonical_.ConjunctNodes(statement_.having), [&](sql::NodeId condition) {
+            return groups.MayStandInWhere(condition);
+        });
     }
 
     // Conditions on the keys of the groups are criteria of the grouped columns, which composition writes into

@@ -5,6 +5,7 @@
 #include "analyse/nodes.h"
 #include "common/mdl_global.h"
 #include "common/text.h"
+#include "sqlparser/token_text.h"
 
 namespace tessel::analyse {
 
@@ -133,7 +134,10 @@ bool CriteriaBuilder::AlternativesFit(NodeId id) const {
         return GroupFits(alternative, compared);
     });
     if (!groups_fit) return false;
-    return AreCellsOfOneColumn(alternatives) || Utf16Length(WholeText(id)) <= model::kMaxCellLength;
+    if (AreCellsOfOneColumn(alternatives)) return true;
+    // Not how much white space there is decides, nor which comments stand between.
+    const std::wstring text = WholeText(id);
+    return Utf16Length(sql::CanonicalTokens(text, {0, text.size()})) <= model::kMaxCellLength;
 }
 
 bool CriteriaBuilder::AreCellsOfOneColumn(const std::vector<NodeId>& alternatives) const {
@@ -253,7 +257,9 @@ std::wstring CriteriaBuilder::WholeText(NodeId id) const {
         text = is_predicate ? L"(" + text + L") " : text + L" ";
         text += kIsNotFalse;
     }
-    return L"(" + text + L")";
+    text = L"(" + text + L")";
+    // Without line breaks and comments it may fit after all.
+    return Utf16Length(text) <= model::kMaxCellLength ? text : sql::CanonicalTokens(text, {0, text.size()});
 }
 
 Outcome CriteriaBuilder::AddCells(NodeId expression, const std::wstring& form,

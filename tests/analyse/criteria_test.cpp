@@ -149,6 +149,11 @@ TEST(Criteria, HavingOnTheKeysOfTheGroupsIsACriterionOfTheirColumns) {
               Texts({L"a|||Agrupado por|Si||> 1", L"Sum(b)|s||Expresión|Si", L"(a < 9)||||No||=True"}));
 }
 
+TEST(Criteria, AlternativesBesideHavingOnKeysAreShownWhole) {
+    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE (a = 1 OR a = 2) GROUP BY a HAVING a > 1"),
+              Texts({L"a|||Agrupado por|Si||> 1", L"(a = 1 OR a = 2)||||No||=True", L"Count(*)|||Expresión|No"}));
+}
+
 TEST(Criteria, HavingOnKeysBesideAWhereThatDoesNotFitKeepsItsCriterion) {
     Texts columns;
     EXPECT_EQ(Messages(L"SELECT a FROM t WHERE b = 1 XOR c = 2 GROUP BY a HAVING a = 1", &columns), kWhereMessage);

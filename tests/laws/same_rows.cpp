@@ -77,8 +77,9 @@ std::string Difference(const StatementParts& statement, const std::wstring& comp
         return std::string(what) + "\nthe statement gives\n" + Print(before) + "the design gives\n" +
                Print(after);
     };
-    if (before.prepared != after.prepared) return report("only one of the two is a valid statement");
+    // MariaDB does not know a grouped expression in HAVING; there is nothing to compare then.
     if (!before.prepared) return {};
+    if (!after.prepared) return report("only one of the two is a valid statement");
     if (before.names.size() != after.names.size()) return report("the number of columns differs");
     if (Sorted(before.rows) != Sorted(after.rows)) return report("the rows differ");
     if (!NamesStay(statement, before, after)) return report("a column's name differs");
