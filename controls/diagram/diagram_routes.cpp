@@ -18,16 +18,19 @@ Rect Segment(Point a, Point b) {
     return {std::min(a.x, b.x), std::min(a.y, b.y), std::abs(a.x - b.x) + 1, std::abs(a.y - b.y) + 1};
 }
 
+// True when `b` lies on the way from `a` to `c`. Overlapping boxes may make a line turn back on itself, and that
+// point must stay.
+bool IsOnTheWay(Point a, Point b, Point c) {
+    if (a.x == b.x && b.x == c.x) return (b.y >= a.y) == (c.y >= b.y);
+    return a.y == b.y && b.y == c.y && (b.x >= a.x) == (c.x >= b.x);
+}
+
 // Neither points that repeat nor bends that do not bend.
 std::vector<Point> Simplified(const std::vector<Point>& path) {
     std::vector<Point> simple;
     for (const Point point : path) {
         if (!simple.empty() && simple.back() == point) continue;
-        if (simple.size() >= 2) {
-            const Point a = simple[simple.size() - 2];
-            const Point b = simple.back();
-            if ((a.x == b.x && b.x == point.x) || (a.y == b.y && b.y == point.y)) simple.pop_back();
-        }
+        if (simple.size() >= 2 && IsOnTheWay(simple[simple.size() - 2], simple.back(), point)) simple.pop_back();
         simple.push_back(point);
     }
     return simple;
