@@ -8,6 +8,7 @@
 #include "common/win32/dpi.h"
 #include "ui/dlg_dsn_texts.h"
 #include "ui/help_contexts.h"
+#include "ui/win32/dlg_add_table.h"
 #include "ui/win32/dlg_arbol.h"
 #include "ui/win32/dlg_pvw.h"
 #include "ui/win32/preview_database.h"
@@ -66,8 +67,10 @@ bool DesignerWindow::Create() {
 }
 
 void DesignerWindow::LoadSchema(const schema::Schema* schema, std::wstring_view caption) {
+    schema_ = schema;
     browser_.Load(schema, caption);
     presenter_.BindSchema(schema);
+    UpdateCommands();
 }
 
 void DesignerWindow::SetConnection(IDispatch* connection) {
@@ -174,6 +177,9 @@ LRESULT DesignerWindow::OnCommand(int id, int notification) {
             grid_.CancelEdit();
             presenter_.ClearDesign(true);
             break;
+        case kIdAddTable:
+            if (grid_.CommitEdit()) AddTable(L"");
+            break;
         case kIdSyntaxTree:
             if (grid_.CommitEdit()) presenter_.ShowSyntaxTree();
             break;
@@ -265,6 +271,7 @@ void DesignerWindow::ShowPages() {
     const bool sql = SendMessageW(tabs_, TCM_GETCURSEL, 0, 0) == static_cast<LRESULT>(Tab::Sql);
     ShowWindow(page_splitter_.Handle(), sql ? SW_HIDE : SW_SHOW);
     ShowWindow(sql_page_.Handle(), sql ? SW_SHOW : SW_HIDE);
+    UpdateCommands();
 }
 
 void DesignerWindow::FocusPage() {
@@ -284,6 +291,9 @@ void DesignerWindow::UpdateCommands() {
     const bool focused_used = focused >= 0 && focused < grid.ColumnCount() && grid.IsColumnUsed(focused);
     EnableWindow(remove_column_, focused_used);
     EnableWindow(clear_all_, any_used);
+    // A table can only be added to a diagram that is in force and in sight.
+    const bool design_shown = SendMessageW(tabs_, TCM_GETCURSEL, 0, 0) == static_cast<LRESULT>(Tab::Design);
+    EnableWindow(add_table_, schema_ && design_shown && grid_visible_);
     EnableWindow(run_query_, static_cast<bool>(connection_));
 }
 
@@ -328,6 +338,7 @@ void DesignerWindow::ShowGrid(bool shown) {
     ShowWindow(grid_buttons_.Handle(), shown ? SW_SHOWNA : SW_HIDE);
     // A diagram that is not the statement's would mislead, so lblNo stands alone.
     page_splitter_.SetFirstPaneShown(shown);
+    UpdateCommands();
 }
 
 void DesignerWindow::ShowReason(bool shown) { ShowWindow(reason_.Handle(), shown ? SW_SHOWNA : SW_HIDE); }
@@ -350,6 +361,13 @@ bool DesignerWindow::AskYesNo(std::wstring_view text) {
                                    MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2);
     SetPointer(before);
     return answer == IDYES;
+}
+
+void DesignerWindow::AddTable(std::wstring_view related_to) {
+    if (!schema_) return;
+    dlgAddTable dialog;
+    dialog.Init(*schema_, related_to, [this](std::wstring_view name) { presenter_.TableChosen(name); });
+    dialog.Show(Handle());
 }
 
 void DesignerWindow::ShowSyntaxTree(const std::vector<analyse::TreeNode>& roots) {

@@ -75,6 +75,7 @@ public:
     ~DesignerWindow() override;
 
     bool Create();
+    macros::MacroSource& MacroSource() { return macros_; }
     void LoadSchema(const schema::Schema* schema, std::wstring_view caption);
     void SetConnection(IDispatch* connection);
     bool ShowModal();
@@ -120,6 +121,8 @@ private:
     /// The help topic of the pane that has the focus.
     long HelpTopic() const;
     void UpdateCommands();
+    /// "Agregar tabla al diagrama", offering the tables related to one, or all when the name is empty.
+    void AddTable(std::wstring_view related_to);
     void RunQuery();
     void ShowPages();
     void FocusPage();
@@ -196,6 +199,7 @@ private:
     Pointer pointer_ = Pointer::Default;
     bool done_ = false;
     bool grid_visible_ = true;
+    const schema::Schema* schema_ = nullptr;
     win32::DisabledPeers* peers_ = nullptr;
 };
 

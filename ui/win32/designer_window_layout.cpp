@@ -132,7 +132,6 @@ bool DesignerWindow::CreateControls() {
         !CreateButton(help_, buttons_.Handle(), texts::kHelp, kIdHelp, 0, texts::kTipHelp))
         return false;
 
-    EnableWindow(add_table_, FALSE);
 
     strip_.OnSize([this] { LayoutStrip(); });
     design_pane_.OnSize([this] { LayoutDesignPane(); });

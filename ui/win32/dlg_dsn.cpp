@@ -2,6 +2,7 @@
 
 #include "common/win32/activation_context.h"
 #include "common/win32/window.h"
+#include "macros/macros.h"
 #include "ui/win32/designer_window.h"
 
 namespace tessel::ui {
@@ -32,6 +33,11 @@ void dlgDsn::SetDsn(std::wstring_view sSql) {
 }
 
 bool dlgDsn::ShowModal() { return impl_->window.ShowModal(); }
+
+std::vector<std::wstring> dlgDsn::GetMacros(std::wstring_view sql) const { return macros::GetMacros(sql); }
+std::wstring dlgDsn::ReplaceMacros(std::wstring_view sql) {
+    return macros::ReplaceMacros(sql, impl_->window.MacroSource());
+}
 
 bool dlgDsn::Accepted() const { return impl_->window.Presenter().Accepted(); }
 std::wstring dlgDsn::ResultSQL() const { return impl_->window.Presenter().ResultSQL(); }

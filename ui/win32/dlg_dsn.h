@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "schema/schema.h"
 #include "ui/views.h"
@@ -37,6 +38,10 @@ public:
     /// Runs the modal loop until the window hides. The thread's other top-level windows are disabled meanwhile and
     /// get their state and the focus back on every path. Returns Accepted().
     bool ShowModal();
+
+    /// The macros of a text, and the text with those expanded that the designer can evaluate.
+    std::vector<std::wstring> GetMacros(std::wstring_view sql) const;
+    std::wstring ReplaceMacros(std::wstring_view sql);
 
     bool Accepted() const;
     std::wstring ResultSQL() const;
