@@ -126,18 +126,13 @@ bool CriteriaBuilder::GroupFits(NodeId id, std::set<std::wstring>& compared) con
     return true;
 }
 
-// Alternatives that are not the two cells of one column are shown whole, as far as a cell can hold them.
+// Alternatives that are not the two cells of one column are shown whole.
 bool CriteriaBuilder::AlternativesFit(NodeId id) const {
     const std::vector<NodeId> alternatives = OperandsOf(statement_, id, LogicalOp::Or);
-    const bool groups_fit = std::ranges::all_of(alternatives, [&](NodeId alternative) {
+    return std::ranges::all_of(alternatives, [&](NodeId alternative) {
         std::set<std::wstring> compared;
         return GroupFits(alternative, compared);
     });
-    if (!groups_fit) return false;
-    if (AreCellsOfOneColumn(alternatives)) return true;
-    // Not how much white space there is decides, nor which comments stand between.
-    const std::wstring text = WholeText(id);
-    return Utf16Length(sql::CanonicalTokens(text, {0, text.size()})) <= model::kMaxCellLength;
 }
 
 bool CriteriaBuilder::AreCellsOfOneColumn(const std::vector<NodeId>& alternatives) const {

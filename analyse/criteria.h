@@ -28,9 +28,8 @@ public:
         : canonical_(canonical), statement_(scope.Source()), columns_(columns), clause_(clause) {}
 
     /// Whether the condition can be laid out in criteria cells. What does not fit is shown by a message and
-    /// left out: alternatives inside a group, two comparisons of one column that must both hold, connectives
-    /// other than AND and OR at the top, and alternatives on different columns, or more than two, whose text
-    /// is longer than a cell.
+    /// left out: alternatives inside a group, two comparisons of one column that must both hold, and
+    /// connectives other than AND and OR at the top.
     bool CriteriaFit(sql::NodeId root) const;
 
     /// Lays out a condition of a join, whatever its shape.

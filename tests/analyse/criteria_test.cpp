@@ -1,6 +1,7 @@
 // WHERE and HAVING as criteria cells.
 #include <gtest/gtest.h>
 
+#include "analyse/refusal.h"
 #include "common/text.h"
 #include "tests/analyse/support.h"
 
@@ -109,10 +110,15 @@ TEST(Criteria, AlternativesWithAGroupThatDoesNotFitDoNotFitEither) {
     EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a = 1 OR NOT (b = 2 OR c = 3)"), kWhereMessage);
 }
 
-TEST(Criteria, AlternativesLongerThanACellDoNotFit) {
+TEST(Criteria, AlternativesLongerThanACellAreRefused) {
     std::wstring text = L"SELECT a FROM t WHERE b = 1";
-    while (text.size() < 22 + 253) text += L" OR b = 1";
-    EXPECT_EQ(Messages(text.c_str()), kWhereMessage);
+    while (text.size() < 22 + 255) text += L" OR b = 1";
+    model::Design design;
+    const Analysis analysis = AnalyseSQL(text, design);
+    EXPECT_FALSE(analysis.accepted);
+    ASSERT_TRUE(analysis.error);
+    EXPECT_EQ(analysis.error->range.offset, 22u);
+    EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kCellTooLong));
 }
 
 TEST(Criteria, BothClausesGiveOneMessageThatOfHaving) {
