@@ -67,6 +67,15 @@ TEST(FoundByLaws, BareNameInAJoinDoesNotMoveToWhereMoreTablesMayHaveIt) {
               "SELECT a.x AS x \r\nFROM (a INNER JOIN b ON a.id = b.id)  \r\nWHERE (n > 1);");
 }
 
+TEST(FoundByLaws, AlternativesBesideAHavingOnGroupKeysAreReadBackWithoutMessage) {
+    const std::wstring composed =
+        FromUtf8(Composed(L"SELECT e, Count(*) FROM t WHERE c > 0 OR c > 3 GROUP BY c, e HAVING e < 0"));
+    model::Design design;
+    const analyse::Analysis again = analyse::AnalyseSQL(composed, design);
+    EXPECT_TRUE(again.accepted) << ToUtf8(composed);
+    EXPECT_TRUE(again.messages.empty()) << ToUtf8(composed);
+}
+
 TEST(FoundByLaws, KeysInParenthesesAreShownWithoutThem) {
     EXPECT_EQ(Composed(L"SELECT Count(*) FROM t GROUP BY (a) ORDER BY (b)"),
               Composed(L"SELECT Count(*) FROM t GROUP BY a ORDER BY b"));
