@@ -227,7 +227,9 @@ void DesignerPresenter::RelationDrawn(std::wstring_view left_table, std::wstring
     relation.LeftField = left_field;
     relation.RightTable = right_table;
     relation.RightField = right_field;
-    design_.diagram.AddRelation(relation);
+    if (design_.diagram.AddRelation(relation) == 0) return;
+    // A line between two groups of joined tables makes them one chain, whose relations must follow one another.
+    design_.diagram.ArrangeRelations();
 }
 
 void DesignerPresenter::TableChosen(std::wstring_view name) {

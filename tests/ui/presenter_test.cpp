@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "compose/compose.h"
 #include "tests/compose/design_builder.h"
 #include "tests/ui/fakes.h"
 #include "ui/designer_presenter.h"
@@ -347,6 +348,15 @@ TEST_F(Gestures, TickingAFieldFillsAndEmptiesTheGrid) {
     EXPECT_FALSE(presenter_.Design().grid.IsColumnUsed(1));
     presenter_.DiagramFieldChecked(L"Clientes", L"Nombre", false);
     EXPECT_FALSE(presenter_.Design().grid.IsColumnUsed(0));
+}
+
+TEST_F(Gestures, ARelationDrawnBetweenTwoGroupsMakesOneChain) {
+    for (const wchar_t* table : {L"A", L"B", L"C", L"D"}) presenter_.TableChosen(table);
+    presenter_.RelationDrawn(L"A", L"x", L"B", L"x");
+    presenter_.RelationDrawn(L"C", L"y", L"D", L"y");
+    presenter_.RelationDrawn(L"B", L"z", L"C", L"z");
+    EXPECT_EQ(compose::JoinClause(presenter_.Design().diagram),
+              L"(((A INNER JOIN B ON A.x = B.x)  INNER JOIN C ON B.z = C.z)  INNER JOIN D ON C.y = D.y) ");
 }
 
 TEST_F(Gestures, ADrawnRelationIsAnInnerJoin) {
