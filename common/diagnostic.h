@@ -16,8 +16,8 @@ struct TextRange {
     friend bool operator==(const TextRange&, const TextRange&) = default;
 };
 
-/// A message with its place. `line` and `column` count from 1; columns count wchar_t units of the line. CR LF, LF
-/// and a lone CR each end a line.
+/// A message with its place. `line` and `column` count from 1; columns count wchar_t units of the line. CR
+/// LF, LF and a lone CR each end a line.
 struct Diagnostic {
     TextRange range;
     std::size_t line = 1;

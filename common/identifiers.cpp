@@ -11,23 +11,23 @@ namespace tessel {
 
 namespace {
 
-// Sorted: looked up by binary search. Words that only matter in statements of other kinds stand here when a bare
-// name of that spelling is refused by the engines all the same.
+// Sorted: looked up by binary search. Words that only matter in statements of other kinds stand here when a
+// bare name of that spelling is refused by the engines all the same.
 constexpr std::wstring_view kReservedWords[] = {
-    L"add",        L"alike",     L"all",         L"alter",      L"and",        L"any",       L"as",
-    L"asc",        L"begin",     L"between",     L"by",         L"case",       L"cast",      L"check",
-    L"collate",    L"column",    L"commit",      L"constraint", L"create",     L"cross",     L"database",
-    L"default",    L"delete",    L"desc",        L"distinct",   L"distinctrow", L"drop",     L"else",
-    L"end",        L"eqv",       L"escape",      L"except",     L"exists",     L"false",     L"fetch",
-    L"for",        L"foreign",   L"from",        L"full",       L"grant",      L"group",     L"having",
-    L"imp",        L"in",        L"index",       L"inner",      L"insert",     L"intersect", L"into",
-    L"is",         L"join",      L"key",         L"left",       L"like",       L"limit",     L"mod",
-    L"natural",    L"not",       L"null",        L"offset",     L"on",         L"option",    L"or",
-    L"order",      L"outer",     L"over",        L"owneraccess", L"parameters", L"percent",  L"pivot",
-    L"primary",    L"procedure", L"references",  L"revoke",     L"right",      L"rollback",  L"select",
-    L"set",        L"some",      L"table",       L"then",       L"ties",       L"to",        L"top",
-    L"transaction", L"transform", L"trigger",    L"true",       L"union",      L"unique",    L"update",
-    L"user",       L"using",     L"values",      L"view",       L"when",       L"where",     L"with",
+    L"add",         L"alike",     L"all",        L"alter",       L"and",         L"any",       L"as",
+    L"asc",         L"begin",     L"between",    L"by",          L"case",        L"cast",      L"check",
+    L"collate",     L"column",    L"commit",     L"constraint",  L"create",      L"cross",     L"database",
+    L"default",     L"delete",    L"desc",       L"distinct",    L"distinctrow", L"drop",      L"else",
+    L"end",         L"eqv",       L"escape",     L"except",      L"exists",      L"false",     L"fetch",
+    L"for",         L"foreign",   L"from",       L"full",        L"grant",       L"group",     L"having",
+    L"imp",         L"in",        L"index",      L"inner",       L"insert",      L"intersect", L"into",
+    L"is",          L"join",      L"key",        L"left",        L"like",        L"limit",     L"mod",
+    L"natural",     L"not",       L"null",       L"offset",      L"on",          L"option",    L"or",
+    L"order",       L"outer",     L"over",       L"owneraccess", L"parameters",  L"percent",   L"pivot",
+    L"primary",     L"procedure", L"references", L"revoke",      L"right",       L"rollback",  L"select",
+    L"set",         L"some",      L"table",      L"then",        L"ties",        L"to",        L"top",
+    L"transaction", L"transform", L"trigger",    L"true",        L"union",       L"unique",    L"update",
+    L"user",        L"using",     L"values",     L"view",        L"when",        L"where",     L"with",
     L"xor"};
 static_assert(std::is_sorted(std::begin(kReservedWords), std::end(kReservedWords)));
 
@@ -76,8 +76,8 @@ std::size_t SkipBlanks(std::wstring_view text, std::size_t at) {
 
 bool IsIdentifierStart(wchar_t ch) {
     if (ch < 0x80) return (ch >= L'a' && ch <= L'z') || (ch >= L'A' && ch <= L'Z');
-    // Beyond ASCII everything is a letter but the signs of Latin-1 (not its ª, µ and º), general punctuation, the
-    // currency signs, arrows and the like, and the punctuation of East Asian scripts.
+    // Beyond ASCII everything is a letter but the signs of Latin-1 (not its ª, µ and º), general punctuation,
+    // the currency signs, arrows and the like, and the punctuation of East Asian scripts.
     const auto code = static_cast<std::uint32_t>(ch);
     if (code < 0xC0) return code == 0xAA || code == 0xB5 || code == 0xBA;
     if (code == 0xD7 || code == 0xF7) return false;
@@ -122,7 +122,9 @@ bool SameIdentifier(std::wstring_view a, std::wstring_view b) {
     return SameIgnoringCase(Unbracketed(a), Unbracketed(b));
 }
 
-std::wstring IdentifierKey(std::wstring_view name) { return Lower(Unbracketed(name)); }
+std::wstring IdentifierKey(std::wstring_view name) {
+    return Lower(Unbracketed(name));
+}
 
 std::vector<std::wstring> SplitQualified(std::wstring_view text) {
     std::vector<std::wstring> pieces;

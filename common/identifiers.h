@@ -10,8 +10,8 @@
 
 namespace tessel {
 
-/// True for a character that a bare identifier may begin with: a letter of any script. A leading "_" is left out:
-/// the Jet engine refuses it.
+/// True for a character that a bare identifier may begin with: a letter of any script. A leading "_" is left
+/// out: the Jet engine refuses it.
 [[nodiscard]] bool IsIdentifierStart(wchar_t ch);
 /// True for a letter, a decimal digit or "_".
 [[nodiscard]] bool IsIdentifierPart(wchar_t ch);
@@ -19,7 +19,8 @@ namespace tessel {
 /// True when a bare name cannot stand unquoted: blanks, punctuation, a leading digit, a reserved word, empty.
 [[nodiscard]] bool NeedsBrackets(std::wstring_view name);
 
-/// The name as it stands when it is a plain identifier or already bracketed or quoted, else in brackets ("]" inside doubled).
+/// The name as it stands when it is a plain identifier or already bracketed or quoted, else in brackets ("]"
+/// inside doubled).
 [[nodiscard]] std::wstring BracketIfNeeded(std::wstring_view name);
 
 /// The name without enclosing brackets, double quotes or back quotes, trimmed.
@@ -31,12 +32,12 @@ namespace tessel {
 /// Unbracketed and folded: a key for maps of names.
 [[nodiscard]] std::wstring IdentifierKey(std::wstring_view name);
 
-/// The pieces of a qualified name between points outside brackets, quotes and parentheses, each trimmed: "[a.b].c"
-/// gives two. A bracket or quote that is never closed reaches to the end.
+/// The pieces of a qualified name between points outside brackets, quotes and parentheses, each trimmed:
+/// "[a.b].c" gives two. A bracket or quote that is never closed reaches to the end.
 [[nodiscard]] std::vector<std::wstring> SplitQualified(std::wstring_view text);
 
-/// True when the whole text is one or more identifiers (bare, bracketed or quoted) joined by points; the last may
-/// be "*" (but "*" alone is none). Function calls, operators, literals and a bare reserved word are not.
+/// True when the whole text is one or more identifiers (bare, bracketed or quoted) joined by points; the last
+/// may be "*" (but "*" alone is none). Function calls, operators, literals and a bare reserved word are not.
 [[nodiscard]] bool IsQualifiedName(std::wstring_view text);
 
 /// True for a reserved word of the dialect in any letter case.

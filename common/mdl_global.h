@@ -1,5 +1,6 @@
-// mdlGlobal: the stateless helpers shared by the designer and the parameter class. ADO type names and their value
-// classes, the aggregate-word test, and the stripping of outer parentheses. All comparisons ignore letter case.
+// mdlGlobal: the stateless helpers shared by the designer and the parameter class. ADO type names and their
+// value classes, the aggregate-word test, and the stripping of outer parentheses. All comparisons ignore
+// letter case.
 #pragma once
 
 #include <array>
@@ -15,14 +16,14 @@ namespace tessel {
 enum class ValueClass : std::int16_t { None = 0, Number = 1, Text = 2, Boolean = 3, DateTime = 4, Other = 5 };
 
 struct ADOTypeInfo {
-    std::int16_t code = 0;             ///< the ADO data-type value
-    std::wstring_view name;            ///< the ADO constant's name
+    std::int16_t code = 0;   ///< the ADO data-type value
+    std::wstring_view name;  ///< the ADO constant's name
     ValueClass value_class = ValueClass::None;
-    bool preferred = false;            ///< the representative type of its class
+    bool preferred = false;  ///< the representative type of its class
 };
 
-/// The 40 ADO types in their fixed order. adGUID counts as a number, adBSTR as a date and adError as nothing: hosts
-/// rely on these three.
+/// The 40 ADO types in their fixed order. adGUID counts as a number, adBSTR as a date and adError as nothing:
+/// hosts rely on these three.
 [[nodiscard]] const std::array<ADOTypeInfo, 40>& ADOTypeTable();
 
 /// The value class of an ADO type name, compared trimmed and lower-cased; an unknown or empty name is text.
@@ -38,9 +39,9 @@ struct ADOTypeInfo {
 /// operator. A fixed list of patterns decides, not a parser: composition depends on exactly these matches.
 [[nodiscard]] bool HasFunctionWord(std::wstring_view expression, std::wstring_view word);
 
-/// The expression without the parentheses that enclose all of it, to any depth. The argument is trimmed in place.
-/// A single character before an opening parenthesis does not count as a prefix, so "a(b)" loses its ends too.
-/// A lone "(" has no inside: that is an invalid-argument error.
+/// The expression without the parentheses that enclose all of it, to any depth. The argument is trimmed in
+/// place. A single character before an opening parenthesis does not count as a prefix, so "a(b)" loses its
+/// ends too. A lone "(" has no inside: that is an invalid-argument error.
 [[nodiscard]] Result<std::wstring> StripOuterParens(std::wstring& expression);
 
 }  // namespace tessel

@@ -1,5 +1,5 @@
-// A value or the reason why there is none. What a user or a host can cause is reported this way; exceptions are
-// left for exhausted memory and programming errors.
+// A value or the reason why there is none. What a user or a host can cause is reported this way; exceptions
+// are left for exhausted memory and programming errors.
 #pragma once
 
 #include <cassert>

@@ -11,8 +11,8 @@ namespace {
 constexpr std::uint32_t kReplacement = 0xFFFD;
 constexpr std::uint32_t kLastCodePoint = 0x10FFFF;
 
-/// A stretch of capital letters. `step` 1: every code of the stretch is a capital; 2: every other one, from `first`
-/// on. The small letter stands `offset` codes further on.
+/// A stretch of capital letters. `step` 1: every code of the stretch is a capital; 2: every other one, from
+/// `first` on. The small letter stands `offset` codes further on.
 struct CapitalRange {
     std::uint16_t first;
     std::uint16_t last;
@@ -20,17 +20,17 @@ struct CapitalRange {
     std::int32_t offset;
 };
 
-// Sorted by `first`; looked up by binary search. Towlower would depend on the locale of the host's process, and on
-// some C libraries knows only the letters of that locale.
+// Sorted by `first`; looked up by binary search. Towlower would depend on the locale of the host's process,
+// and on some C libraries knows only the letters of that locale.
 constexpr CapitalRange kCapitals[] = {
-    {0x0041, 0x005A, 1, 32},   {0x00C0, 0x00D6, 1, 32},   {0x00D8, 0x00DE, 1, 32},    {0x0100, 0x012E, 2, 1},
-    {0x0130, 0x0130, 1, -199}, {0x0132, 0x0136, 2, 1},    {0x0139, 0x0147, 2, 1},     {0x014A, 0x0176, 2, 1},
-    {0x0178, 0x0178, 1, -121}, {0x0179, 0x017D, 2, 1},    {0x01CD, 0x01DB, 2, 1},     {0x01DE, 0x01EE, 2, 1},
-    {0x01F8, 0x021E, 2, 1},    {0x0222, 0x0232, 2, 1},    {0x0386, 0x0386, 1, 38},    {0x0388, 0x038A, 1, 37},
-    {0x038C, 0x038C, 1, 64},   {0x038E, 0x038F, 1, 63},   {0x0391, 0x03A1, 1, 32},    {0x03A3, 0x03AB, 1, 32},
-    {0x03D8, 0x03EE, 2, 1},    {0x0400, 0x040F, 1, 80},   {0x0410, 0x042F, 1, 32},    {0x0460, 0x0480, 2, 1},
-    {0x048A, 0x04BE, 2, 1},    {0x04C0, 0x04C0, 1, 15},   {0x04C1, 0x04CD, 2, 1},     {0x04D0, 0x052E, 2, 1},
-    {0x1E00, 0x1E94, 2, 1},    {0x1E9E, 0x1E9E, 1, -7615}, {0x1EA0, 0x1EFE, 2, 1},    {0xFF21, 0xFF3A, 1, 32},
+    {0x0041, 0x005A, 1, 32},   {0x00C0, 0x00D6, 1, 32},    {0x00D8, 0x00DE, 1, 32}, {0x0100, 0x012E, 2, 1},
+    {0x0130, 0x0130, 1, -199}, {0x0132, 0x0136, 2, 1},     {0x0139, 0x0147, 2, 1},  {0x014A, 0x0176, 2, 1},
+    {0x0178, 0x0178, 1, -121}, {0x0179, 0x017D, 2, 1},     {0x01CD, 0x01DB, 2, 1},  {0x01DE, 0x01EE, 2, 1},
+    {0x01F8, 0x021E, 2, 1},    {0x0222, 0x0232, 2, 1},     {0x0386, 0x0386, 1, 38}, {0x0388, 0x038A, 1, 37},
+    {0x038C, 0x038C, 1, 64},   {0x038E, 0x038F, 1, 63},    {0x0391, 0x03A1, 1, 32}, {0x03A3, 0x03AB, 1, 32},
+    {0x03D8, 0x03EE, 2, 1},    {0x0400, 0x040F, 1, 80},    {0x0410, 0x042F, 1, 32}, {0x0460, 0x0480, 2, 1},
+    {0x048A, 0x04BE, 2, 1},    {0x04C0, 0x04C0, 1, 15},    {0x04C1, 0x04CD, 2, 1},  {0x04D0, 0x052E, 2, 1},
+    {0x1E00, 0x1E94, 2, 1},    {0x1E9E, 0x1E9E, 1, -7615}, {0x1EA0, 0x1EFE, 2, 1},  {0xFF21, 0xFF3A, 1, 32},
 };
 
 constexpr std::uint32_t Code(wchar_t ch) {
@@ -41,8 +41,12 @@ constexpr std::uint32_t Code(wchar_t ch) {
     }
 }
 
-constexpr bool IsHighSurrogate(std::uint32_t code) { return code >= 0xD800 && code <= 0xDBFF; }
-constexpr bool IsLowSurrogate(std::uint32_t code) { return code >= 0xDC00 && code <= 0xDFFF; }
+constexpr bool IsHighSurrogate(std::uint32_t code) {
+    return code >= 0xD800 && code <= 0xDBFF;
+}
+constexpr bool IsLowSurrogate(std::uint32_t code) {
+    return code >= 0xDC00 && code <= 0xDFFF;
+}
 
 void AppendWide(std::wstring& out, std::uint32_t code) {
     if (sizeof(wchar_t) == 2 && code > 0xFFFF) {
@@ -110,7 +114,9 @@ std::wstring_view TrimView(std::wstring_view text) {
     return text.substr(first, text.find_last_not_of(L' ') - first + 1);
 }
 
-std::wstring Trim(std::wstring_view text) { return std::wstring(TrimView(text)); }
+std::wstring Trim(std::wstring_view text) {
+    return std::wstring(TrimView(text));
+}
 
 wchar_t LowerChar(wchar_t ch) {
     const std::uint32_t code = Code(ch);
@@ -128,9 +134,13 @@ std::wstring Lower(std::wstring_view text) {
     return lowered;
 }
 
-std::wstring Folded(std::wstring_view text) { return Lower(TrimView(text)); }
+std::wstring Folded(std::wstring_view text) {
+    return Lower(TrimView(text));
+}
 
-bool SameName(std::wstring_view a, std::wstring_view b) { return SameIgnoringCase(TrimView(a), TrimView(b)); }
+bool SameName(std::wstring_view a, std::wstring_view b) {
+    return SameIgnoringCase(TrimView(a), TrimView(b));
+}
 
 bool SameIgnoringCase(std::wstring_view a, std::wstring_view b) {
     return std::ranges::equal(a, b, [](wchar_t x, wchar_t y) { return LowerChar(x) == LowerChar(y); });
@@ -143,7 +153,9 @@ bool IsWhiteSpace(wchar_t ch) {
            code == 0x205F || code == 0x3000;
 }
 
-bool IsAllWhiteSpace(std::wstring_view text) { return std::ranges::all_of(text, IsWhiteSpace); }
+bool IsAllWhiteSpace(std::wstring_view text) {
+    return std::ranges::all_of(text, IsWhiteSpace);
+}
 
 std::size_t Utf16Length(std::wstring_view text) {
     if constexpr (sizeof(wchar_t) == 2) return text.size();

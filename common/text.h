@@ -1,8 +1,8 @@
 // Text helpers shared by every portable folder.
 //
-// Text is std::wstring: UTF-16 on Windows, where the product lives, UTF-32 elsewhere. "Blank" means character 32
-// only, as in the host languages that call us; use IsWhiteSpace where any white space counts. Lower-casing is
-// Unicode-aware for the Latin, Greek and Cyrillic letters and does not depend on the process locale.
+// Text is std::wstring: UTF-16 on Windows, where the product lives, UTF-32 elsewhere. "Blank" means character
+// 32 only, as in the host languages that call us; use IsWhiteSpace where any white space counts. Lower-casing
+// is Unicode-aware for the Latin, Greek and Cyrillic letters and does not depend on the process locale.
 #pragma once
 
 #include <cstddef>

@@ -12,13 +12,16 @@ namespace {
 const std::wstring kNoText;
 const std::vector<std::wstring> kNoList;
 
-std::size_t Index(GridRow row) { return static_cast<std::size_t>(row) - 1; }
+std::size_t Index(GridRow row) {
+    return static_cast<std::size_t>(row) - 1;
+}
 
 }  // namespace
 
 std::wstring_view RowCaption(GridRow row) {
     static constexpr std::array<std::wstring_view, kGridRowCount> kCaptions = {
-        L"Campo:", L"Título (Alias):", L"Tabla:", L"Agrupación:", L"Visible:", L"Orden:", L"Condición:", L"OR:"};
+        L"Campo:",   L"Título (Alias):", L"Tabla:",     L"Agrupación:",
+        L"Visible:", L"Orden:",          L"Condición:", L"OR:"};
     return kCaptions[Index(row)];
 }
 
@@ -46,7 +49,9 @@ void DesignGrid::LoadColumns() {
     NotifyChanged();
 }
 
-bool DesignGrid::Exists(int column) const { return column >= 0 && column < ColumnCount(); }
+bool DesignGrid::Exists(int column) const {
+    return column >= 0 && column < ColumnCount();
+}
 
 const std::wstring& DesignGrid::Cell(GridRow row, int column) const {
     if (!Exists(column)) return kNoText;
@@ -62,7 +67,9 @@ bool DesignGrid::SetCell(GridRow row, int column, std::wstring_view text) {
     return true;
 }
 
-std::wstring DesignGrid::FieldName(int column) { return L"C" + std::to_wstring(column + 1); }
+std::wstring DesignGrid::FieldName(int column) {
+    return L"C" + std::to_wstring(column + 1);
+}
 
 const std::wstring& DesignGrid::Caption(int column) const {
     return Exists(column) ? columns_[static_cast<std::size_t>(column)].caption : kNoText;
@@ -125,7 +132,9 @@ void DesignGrid::Reset() {
     NotifyChanged();
 }
 
-bool DesignGrid::IsColumnUsed(int column) const { return !TrimView(Cell(GridRow::Campo, column)).empty(); }
+bool DesignGrid::IsColumnUsed(int column) const {
+    return !TrimView(Cell(GridRow::Campo, column)).empty();
+}
 
 void DesignGrid::SetColumns(std::vector<Column> columns) {
     columns_ = std::move(columns);

@@ -1,9 +1,9 @@
-// The design grid dxG: eight attribute rows by sixty query columns, turned sideways. The rows are a query column's
-// attributes ("Campo:" to "OR:"), the columns are the query's columns C1 to C60.
+// The design grid dxG: eight attribute rows by sixty query columns, turned sideways. The rows are a query
+// column's attributes ("Campo:" to "OR:"), the columns are the query's columns C1 to C60.
 //
-// This is the model: it holds texts, captions, widths, focus and pick lists, knows no window and announces its
-// changes. The rules for placing and removing fields are in grid_editing.h; reading it for composition is in
-// compose/. Columns are numbered from 0 here; FieldName(0) is "C1".
+// This is the model: it holds texts, captions, widths, focus and pick lists, knows no window and announces
+// its changes. The rules for placing and removing fields are in grid_editing.h; reading it for composition is
+// in compose/. Columns are numbered from 0 here; FieldName(0) is "C1".
 #pragma once
 
 #include <array>
@@ -21,7 +21,7 @@ enum class GridRow : int { Campo = 1, Titulo, Tabla, Agrupacion, Visible, Orden,
 
 inline constexpr int kGridRowCount = 8;
 inline constexpr int kGridColumnCount = 60;
-inline constexpr int kInitialColumnCount = 10;      ///< C1 to C10 exist before the window's load appends the rest
+inline constexpr int kInitialColumnCount = 10;  ///< C1 to C10 exist before the window's load appends the rest
 inline constexpr std::size_t kMaxCellLength = 255;  ///< UTF-16 units of a cell
 inline constexpr int kColumnWidth = 80;             ///< pixels at 96 dpi of an appended column
 
@@ -49,8 +49,8 @@ public:
 
     /// A cell's text; empty for a column that does not exist, as are all attributes below.
     const std::wstring& Cell(GridRow row, int column) const;
-    /// Writes a cell. False, and nothing changes, when the text is longer than kMaxCellLength or there is no such
-    /// column.
+    /// Writes a cell. False, and nothing changes, when the text is longer than kMaxCellLength or there is no
+    /// such column.
     [[nodiscard]] bool SetCell(GridRow row, int column, std::wstring_view text);
 
     /// The dataset field name of a column: "C" and its number from 1.
@@ -63,8 +63,8 @@ public:
     int ColumnWidth(int column) const;
     void SetColumnWidth(int column, int width);
 
-    /// Focus: the record and the query column that the user is on; -1 on the captions column, which is not a query
-    /// column.
+    /// Focus: the record and the query column that the user is on; -1 on the captions column, which is not a
+    /// query column.
     GridRow FocusedRow() const { return focused_row_; }
     int FocusedColumn() const { return focused_column_; }
     void SetFocus(GridRow row, int column);

@@ -146,7 +146,9 @@ const DiagramTable* Diagram::FindTable(std::wstring_view name) const {
     return found == tables_.end() ? nullptr : &*found;
 }
 
-DiagramTable* Diagram::Find(std::wstring_view name) { return const_cast<DiagramTable*>(FindTable(name)); }
+DiagramTable* Diagram::Find(std::wstring_view name) {
+    return const_cast<DiagramTable*>(FindTable(name));
+}
 
 int Diagram::AddRelation(const RelInfo& relation) {
     const int key = Append(relation);
@@ -193,7 +195,8 @@ void Diagram::ArrangeRelations() {
     while (!waiting.empty()) {
         const std::size_t group = relations_.size();
         auto next = waiting.begin();
-        // The first of a group is whichever comes first; after it, the first waiting one that touches the group.
+        // The first of a group is whichever comes first; after it, the first waiting one that touches the
+        // group.
         while (next != waiting.end()) {
             relations_.push_back(std::move(*next));
             waiting.erase(next);
@@ -264,7 +267,9 @@ void Diagram::SetChecks(const std::vector<CheckedField>& checked) {
     if (changed) NotifyChanged();
 }
 
-void Diagram::ClearChecks() { SetChecks({}); }
+void Diagram::ClearChecks() {
+    SetChecks({});
+}
 
 void Diagram::SetTableRect(std::wstring_view name, const DiagramRect& rect) {
     DiagramTable* table = Find(name);

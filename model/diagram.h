@@ -1,9 +1,10 @@
-// dgmTables as a model: the tables on the diagram, the check marks of their fields, the relations drawn between
-// them, positions and selection. Knows no window; announces its changes. The control in controls/ shows it.
+// dgmTables as a model: the tables on the diagram, the check marks of their fields, the relations drawn
+// between them, positions and selection. Knows no window; announces its changes. The control in controls/
+// shows it.
 //
-// Tables and relations keep the order in which they were placed, because composition follows that order. Names are
-// compared without regard to case, blanks around and brackets; they are shown as the schema reports them, or as
-// they were given when the schema does not know them.
+// Tables and relations keep the order in which they were placed, because composition follows that order.
+// Names are compared without regard to case, blanks around and brackets; they are shown as the schema reports
+// them, or as they were given when the schema does not know them.
 #pragma once
 
 #include <string>
@@ -56,8 +57,8 @@ enum class DiagramElement : int { None = 0, Table = 1, Relation = 2 };
 
 class Diagram : public ChangeSource {
 public:
-    /// The schema that gives tables their fields. Not owned; may be nullptr; must outlive the binding. Tables that
-    /// are there already take their fields from it, keeping their marks.
+    /// The schema that gives tables their fields. Not owned; may be nullptr; must outlive the binding. Tables
+    /// that are there already take their fields from it, keeping their marks.
     void Bind(const schema::Schema* schema);
     const schema::Schema* BoundSchema() const { return schema_; }
 
@@ -69,24 +70,24 @@ public:
     /// Removes everything.
     void Clear();
 
-    /// Adds a table by name; a table that is there already is left alone. With `from_analysis` no relation is taken
-    /// from the schema's foreign keys; otherwise the table is related to the tables already there by the
-    /// single-column foreign keys between two different tables, as inner joins with the referenced table on the
-    /// left. A key that would close a ring of relations is left out: a composed chain has no place for it. True when
-    /// the table is new; false for a blank name.
+    /// Adds a table by name; a table that is there already is left alone. With `from_analysis` no relation is
+    /// taken from the schema's foreign keys; otherwise the table is related to the tables already there by
+    /// the single-column foreign keys between two different tables, as inner joins with the referenced table
+    /// on the left. A key that would close a ring of relations is left out: a composed chain has no place for
+    /// it. True when the table is new; false for a blank name.
     bool AddTable(std::wstring_view name, bool from_analysis);
     /// Removes a table with its relations. False when there is none of that name.
     bool RemoveTable(std::wstring_view name);
     const DiagramTable* FindTable(std::wstring_view name) const;
 
-    /// Adds a relation between fields of two tables of the diagram and returns its key; the same pair of fields in
-    /// either direction is not added twice (the existing key is returned). 0 when a table is missing or both are
-    /// the same table. Names are kept as the diagram shows them.
+    /// Adds a relation between fields of two tables of the diagram and returns its key; the same pair of
+    /// fields in either direction is not added twice (the existing key is returned). 0 when a table is
+    /// missing or both are the same table. Names are kept as the diagram shows them.
     int AddRelation(const RelInfo& relation);
     /// Brings the relations of each connected group into an order in which each one but the first touches an
-    /// earlier one; an order that is so already stays. Composition walks the relations once for a chain, so a group
-    /// in another order would name a table twice. For relations that the user draws or that come from keys; those
-    /// of an analysed statement have their order from it.
+    /// earlier one; an order that is so already stays. Composition walks the relations once for a chain, so a
+    /// group in another order would name a table twice. For relations that the user draws or that come from
+    /// keys; those of an analysed statement have their order from it.
     void ArrangeRelations();
     bool RemoveRelation(int key);
     const DiagramRelation* FindRelation(int key) const;

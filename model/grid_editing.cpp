@@ -18,7 +18,8 @@ constexpr std::wstring_view kShown = L"Si";
 constexpr std::wstring_view kHidden = L"No";
 constexpr std::wstring_view kExpression = L"Expresión";
 
-/// A "Campo:" text of the plain form table.field, in its two parts. Expressions and unqualified names are none.
+/// A "Campo:" text of the plain form table.field, in its two parts. Expressions and unqualified names are
+/// none.
 struct QualifiedField {
     std::wstring table;  ///< everything before the last point
     std::wstring field;
@@ -47,7 +48,9 @@ void Write(DesignGrid& grid, GridRow row, int column, std::wstring_view text) {
     assert(written);
 }
 
-bool IsBlank(const std::wstring& text) { return TrimView(text).empty(); }
+bool IsBlank(const std::wstring& text) {
+    return TrimView(text).empty();
+}
 
 bool CaptionTaken(const DesignGrid& grid, int column, std::wstring_view caption) {
     for (int other = 0; other < grid.ColumnCount(); ++other) {
@@ -59,7 +62,8 @@ bool CaptionTaken(const DesignGrid& grid, int column, std::wstring_view caption)
 /// A counted name; the number goes inside the brackets, so that the alias stays one name.
 std::wstring Numbered(std::wstring_view name, int number) {
     const std::wstring digits = std::to_wstring(number);
-    const bool quoted = !name.empty() && (name.front() == L'[' || name.front() == L'"' || name.front() == L'`');
+    const bool quoted =
+        !name.empty() && (name.front() == L'[' || name.front() == L'"' || name.front() == L'`');
     if (!quoted) return std::wstring(name) + digits;
     return std::wstring(name.substr(0, name.size() - 1)) + digits + name.back();
 }
@@ -95,7 +99,8 @@ int FieldCol(const DesignGrid& grid, std::wstring_view sField) {
 int AddField(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible) {
     // Cells are compared trimmed, so a field with blanks around it is the same field.
     const std::wstring_view field = TrimView(sField);
-    if (field.empty() || Utf16Length(sField) > kMaxCellLength || Utf16Length(sAlias) > kMaxCellLength) return -1;
+    if (field.empty() || Utf16Length(sField) > kMaxCellLength || Utf16Length(sAlias) > kMaxCellLength)
+        return -1;
     if (const int there = FieldCol(design.grid, field); there >= 0) return there;
     const int column = FieldCol(design.grid, L"");
     if (column < 0) return -1;
@@ -127,8 +132,8 @@ void SetColumnField(Design& design, int column, std::wstring_view sAlias, int nV
     }
 
     if (!sAlias.empty()) Write(grid, GridRow::Titulo, column, CutToUtf16(sAlias, kMaxCellLength));
-    // Only table.field is given a title. "Nombre AS Nombre" would be a circular reference to the Jet engine, and
-    // an expression has no name of its own.
+    // Only table.field is given a title. "Nombre AS Nombre" would be a circular reference to the Jet engine,
+    // and an expression has no name of its own.
     if (parts && IsBlank(grid.Cell(GridRow::Titulo, column))) {
         Write(grid, GridRow::Titulo, column, UniqueCaption(grid, column, parts->field));
     }
@@ -164,8 +169,8 @@ std::wstring UniqueCaption(const DesignGrid& grid, int column, std::wstring_view
         if (other != column && SameIgnoringCase(grid.Caption(other), sName)) ++count;
     }
     if (count == 0 || sName.empty()) return std::wstring(sName);
-    // The number counts the columns of that caption. A third one would find one such column and take the second
-    // one's number, hence the search.
+    // The number counts the columns of that caption. A third one would find one such column and take the
+    // second one's number, hence the search.
     while (CaptionTaken(grid, column, Numbered(sName, count))) ++count;
     return Numbered(sName, count);
 }

@@ -1,6 +1,6 @@
-// The operations that change the design grid: placing, completing and removing a column, what a committed cell edit
-// sets off, and the marks that the diagram shows for the grid's fields. They change only grid and diagram marks;
-// the SQL text is composed when it is needed.
+// The operations that change the design grid: placing, completing and removing a column, what a committed
+// cell edit sets off, and the marks that the diagram shows for the grid's fields. They change only grid and
+// diagram marks; the SQL text is composed when it is needed.
 #pragma once
 
 #include <string>
@@ -13,12 +13,12 @@ namespace tessel::model {
 /// Visibility requests of AddField.
 enum FieldVisibility : int { kKeepVisibility = 0, kShow = 1, kHide = 2 };
 
-/// The column whose trimmed, lower-cased "Campo:" equals the lowered argument (not trimmed), or -1. FieldCol(L"")
-/// is the first column not in use. Hidden columns count.
+/// The column whose trimmed, lower-cased "Campo:" equals the lowered argument (not trimmed), or -1.
+/// FieldCol(L"") is the first column not in use. Hidden columns count.
 [[nodiscard]] int FieldCol(const DesignGrid& grid, std::wstring_view sField);
 
-/// Places a field in the first free column, never twice. Nothing happens when all columns are used or the text does
-/// not fit a cell. Returns the column that holds the field now, or -1.
+/// Places a field in the first free column, never twice. Nothing happens when all columns are used or the
+/// text does not fit a cell. Returns the column that holds the field now, or -1.
 int AddField(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible);
 
 /// Clears the column that holds a field, hides it and refreshes the diagram's marks.

@@ -32,14 +32,21 @@ std::vector<std::wstring> TableItems(const Diagram& diagram) {
 
 void RefillPickLists(Design& design, GridRow row, const std::vector<std::wstring>& parameter_names) {
     switch (row) {
-        case GridRow::Campo: return design.grid.SetPickLists(FieldItems(design.diagram));
-        case GridRow::Titulo: return design.grid.SetPickLists({});
-        case GridRow::Tabla: return design.grid.SetPickLists(TableItems(design.diagram));
-        case GridRow::Agrupacion: return design.grid.SetPickLists(GroupingWords());
-        case GridRow::Visible: return design.grid.SetPickLists(VisibleWords());
-        case GridRow::Orden: return design.grid.SetPickLists(OrderWords());
+        case GridRow::Campo:
+            return design.grid.SetPickLists(FieldItems(design.diagram));
+        case GridRow::Titulo:
+            return design.grid.SetPickLists({});
+        case GridRow::Tabla:
+            return design.grid.SetPickLists(TableItems(design.diagram));
+        case GridRow::Agrupacion:
+            return design.grid.SetPickLists(GroupingWords());
+        case GridRow::Visible:
+            return design.grid.SetPickLists(VisibleWords());
+        case GridRow::Orden:
+            return design.grid.SetPickLists(OrderWords());
         case GridRow::Condicion:
-        case GridRow::Or: break;
+        case GridRow::Or:
+            break;
     }
     if (parameter_names.empty()) return;
     std::vector<std::wstring> items;

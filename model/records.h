@@ -1,5 +1,5 @@
-// The public records in which composition, analysis and hosts exchange a design. Field names are those of the type
-// library.
+// The public records in which composition, analysis and hosts exchange a design. Field names are those of the
+// type library.
 #pragma once
 
 #include <cstdint>
@@ -15,10 +15,10 @@ enum JoinKind : std::int32_t { kInnerJoin = 0, kLeftJoin = 1, kRightJoin = 2 };
 struct ColInfo {
     std::wstring Expresion;  ///< the "Campo:" cell, verbatim
     std::wstring Alias;
-    std::wstring Table;      ///< the "Tabla:" cell; no clause uses it
-    bool Visible = true;     ///< false only for "No"
-    std::wstring GroupBy;    ///< the "Agrupación:" word
-    std::int16_t OrderBy = 0;  ///< 0 none, 1 ascending, 2 descending
+    std::wstring Table;                    ///< the "Tabla:" cell; no clause uses it
+    bool Visible = true;                   ///< false only for "No"
+    std::wstring GroupBy;                  ///< the "Agrupación:" word
+    std::int16_t OrderBy = 0;              ///< 0 none, 1 ascending, 2 descending
     std::vector<std::wstring> Conditions;  ///< the non-empty criteria cells, top to bottom
 };
 

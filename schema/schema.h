@@ -1,10 +1,11 @@
-// The schema of a connection as data: tables, views, their fields, keys and relations. Portable; how it is filled
-// is the business of a SchemaSource (the ADO reader in schema/win32, a JSON file in tools/, literals in tests).
+// The schema of a connection as data: tables, views, their fields, keys and relations. Portable; how it is
+// filled is the business of a SchemaSource (the ADO reader in schema/win32, a JSON file in tools/, literals
+// in tests).
 //
-// Objects come first; the fields of an object are fetched from the source when somebody asks for them, so that a
-// database of thousands of tables opens at once. Names are kept twice: `name` as the designer writes it (in
-// brackets where SQL needs them) and `raw_name` as the database reports it. Every look-up ignores letter case and
-// brackets.
+// Objects come first; the fields of an object are fetched from the source when somebody asks for them, so
+// that a database of thousands of tables opens at once. Names are kept twice: `name` as the designer writes
+// it (in brackets where SQL needs them) and `raw_name` as the database reports it. Every look-up ignores
+// letter case and brackets.
 #pragma once
 
 #include <cstdint>
@@ -35,7 +36,8 @@ struct Field {
     std::wstring referenced_table;  ///< name of the table a foreign-key field points at
 };
 
-/// A foreign key: field i of `table` refers to field i of `referenced_table`. All names as written in statements.
+/// A foreign key: field i of `table` refers to field i of `referenced_table`. All names as written in
+/// statements.
 struct ForeignKey {
     std::wstring name;
     std::wstring table;
@@ -65,7 +67,8 @@ public:
 class Schema {
 public:
     Schema();
-    /// Reads the objects at once; fields and foreign keys later. `Failed()` tells whether the objects could be read.
+    /// Reads the objects at once; fields and foreign keys later. `Failed()` tells whether the objects could
+    /// be read.
     explicit Schema(std::unique_ptr<SchemaSource> source);
     ~Schema();
     Schema(Schema&&) noexcept;

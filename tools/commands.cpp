@@ -42,7 +42,8 @@ struct Streams {
 /// Says why there is no answer, on one line whatever the reason quotes.
 int Refuse(const Streams& streams, int status, std::wstring_view reason) {
     std::string line = ToUtf8(reason);
-    std::ranges::replace_if(line, [](char ch) { return ch == '\r' || ch == '\n'; }, ' ');
+    std::ranges::replace_if(
+        line, [](char ch) { return ch == '\r' || ch == '\n'; }, ' ');
     streams.err << "tesselsql: " << line << '\n';
     return status;
 }
@@ -140,15 +141,16 @@ int Compose(const Options& options, const Streams& streams) {
     if (design_json->is_object() && design_json->contains("design")) design_json = &(*design_json)["design"];
     model::Design design;
     design.diagram.Bind(options.schema.get());
-    if (const auto error = ReadDesign(*design_json, design)) return Refuse(streams, kUnusable, error->message);
+    if (const auto error = ReadDesign(*design_json, design))
+        return Refuse(streams, kUnusable, error->message);
     streams.out << ToUtf8(compose::BuildSQL(design));
     return kDone;
 }
 
 void PrintTree(const std::vector<analyse::TreeNode>& nodes, int level, std::ostream& out) {
     for (const analyse::TreeNode& node : nodes) {
-        out << std::string(static_cast<std::size_t>(level) * 2, ' ') << ToUtf8(node.key) << '\t' << ToUtf8(node.text)
-            << '\n';
+        out << std::string(static_cast<std::size_t>(level) * 2, ' ') << ToUtf8(node.key) << '\t'
+            << ToUtf8(node.text) << '\n';
         PrintTree(node.children, level + 1, out);
     }
 }
@@ -208,7 +210,8 @@ struct Verb {
 const std::map<std::string, Verb>& Verbs() {
     static const std::map<std::string, Verb> kVerbs = {
         {"compose", {Compose, Takes::Design}},
-        {"design", {[](const Options& o, const Streams& s) { return Analyse(o, s, false); }, Takes::Statement, true}},
+        {"design",
+         {[](const Options& o, const Streams& s) { return Analyse(o, s, false); }, Takes::Statement, true}},
         {"roundtrip",
          {[](const Options& o, const Streams& s) { return Analyse(o, s, true); }, Takes::Statement, true}},
         {"tree", {Tree, Takes::Statement}},
@@ -233,7 +236,9 @@ std::optional<Error> ReadSchemaFile(const std::string& path, Options& options) {
     return std::nullopt;
 }
 
-Error Surplus(const std::string& argument) { return {L"sobra un argumento: " + FromUtf8(argument)}; }
+Error Surplus(const std::string& argument) {
+    return {L"sobra un argumento: " + FromUtf8(argument)};
+}
 
 /// A helper verb has no options, so that any text can be given to it; "--" may stand before the text.
 std::optional<Error> ReadText(Arguments arguments, Options& options) {
@@ -279,7 +284,8 @@ Arguments VerbFirst(Arguments arguments) {
 
 }  // namespace
 
-int RunCommand(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err) {
+int RunCommand(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out,
+               std::ostream& err) {
     const Streams streams{in, out, err};
     Arguments rest = VerbFirst(arguments);
     if (rest.empty()) return Refuse(streams, kUnusable, L"falta el verbo; vea tesselsql --help");
@@ -296,10 +302,11 @@ int RunCommand(const std::vector<std::string>& arguments, std::istream& in, std:
     }
     const auto verb = Verbs().find(options.verb);
     if (verb == Verbs().end()) {
-        return Refuse(streams, kUnusable, L"verbo desconocido: " + FromUtf8(options.verb) + L"; vea tesselsql --help");
+        return Refuse(streams, kUnusable,
+                      L"verbo desconocido: " + FromUtf8(options.verb) + L"; vea tesselsql --help");
     }
-    const auto error =
-        verb->second.takes == Takes::Text ? ReadText(rest, options) : ReadOptions(rest, verb->second, options);
+    const auto error = verb->second.takes == Takes::Text ? ReadText(rest, options)
+                                                         : ReadOptions(rest, verb->second, options);
     if (error) return Refuse(streams, kUnusable, error->message);
     return verb->second.run(options, streams);
 }

@@ -14,6 +14,7 @@ enum ExitStatus : int {
 };
 
 /// Runs one call. `arguments` are without the program's name, in UTF-8; streams carry UTF-8 bytes.
-int RunCommand(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err);
+int RunCommand(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out,
+               std::ostream& err);
 
 }  // namespace tessel::tools

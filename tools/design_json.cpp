@@ -25,7 +25,9 @@ constexpr std::array<std::pair<const char*, GridRow>, model::kGridRowCount> kCel
     {"OR", GridRow::Or},
 }};
 
-Error Unusable(const std::string& message) { return {FromUtf8(message)}; }
+Error Unusable(const std::string& message) {
+    return {FromUtf8(message)};
+}
 
 /// A complaint that begins with the member's name in quotes.
 Error UnusableMember(const char* name, std::string_view place, std::string_view complaint) {
@@ -92,7 +94,8 @@ std::optional<Error> ReadDiagram(const Json& json, model::Design& design) {
         if (kind != item.end() && !kind->is_null()) {
             if (!kind->is_number_integer()) return Unusable("\"JType\" de una relación no es un entero");
             const auto value = kind->get<std::int64_t>();
-            if (!std::in_range<std::int32_t>(value)) return Unusable("\"JType\" de una relación no es un entero");
+            if (!std::in_range<std::int32_t>(value))
+                return Unusable("\"JType\" de una relación no es un entero");
             relation.info.JType = static_cast<std::int32_t>(value);
         }
         contents.relations.push_back(std::move(relation));
@@ -109,7 +112,8 @@ std::optional<Error> ReadColumns(const Json& json, model::DesignGrid& grid) {
     const Json* const columns = ArrayMember(json, "columns");
     if (!columns) return Unusable("\"columns\" no es una lista");
     if (columns->size() > static_cast<std::size_t>(model::kGridColumnCount))
-        return Unusable("un diseño tiene como máximo " + std::to_string(model::kGridColumnCount) + " columnas");
+        return Unusable("un diseño tiene como máximo " + std::to_string(model::kGridColumnCount) +
+                        " columnas");
     grid.LoadColumns();
     int column = 0;
     for (const Json& item : *columns) {
@@ -119,8 +123,8 @@ std::optional<Error> ReadColumns(const Json& json, model::DesignGrid& grid) {
             const auto text = TextMember(item, name);
             if (!text) return UnusableMember(name, place, " no es un texto");
             if (!grid.SetCell(row, column, *text)) {
-                return UnusableMember(name, place,
-                                      " tiene más de " + std::to_string(model::kMaxCellLength) + " caracteres");
+                return UnusableMember(
+                    name, place, " tiene más de " + std::to_string(model::kMaxCellLength) + " caracteres");
             }
         }
         grid.SetCaption(column, grid.Cell(GridRow::Titulo, column));
@@ -135,7 +139,8 @@ Json DesignToJson(const model::Design& design) {
     Json json;
     json["distinct"] = design.distinct;
     json["tables"] = Json::array();
-    for (const model::DiagramTable& table : design.diagram.Tables()) json["tables"].push_back(ToUtf8(table.name));
+    for (const model::DiagramTable& table : design.diagram.Tables())
+        json["tables"].push_back(ToUtf8(table.name));
     json["relations"] = Json::array();
     for (const model::DiagramRelation& relation : design.diagram.Relations()) {
         Json item;

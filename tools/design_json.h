@@ -4,8 +4,8 @@
 //    "relations":[{"LeftTable":"","LeftField":"","RightTable":"","RightField":"","JType":0}],
 //    "columns":[{"Campo":"","Titulo":"","Tabla":"","Agrupacion":"","Visible":"","Orden":"","Condicion":"","OR":""}]}
 //
-// Written, the members stand in this order and only columns in use are listed. Read, a missing member counts as
-// empty, and tables that only a relation names are added behind the others.
+// Written, the members stand in this order and only columns in use are listed. Read, a missing member counts
+// as empty, and tables that only a relation names are added behind the others.
 #pragma once
 
 #include <nlohmann/json.hpp>

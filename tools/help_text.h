@@ -8,13 +8,15 @@ namespace tessel::tools {
 inline constexpr std::wstring_view kHelpText =
     L"tesselsql: el diseñador de consultas desde la línea de comandos. Lee y escribe UTF-8.\n"
     L"\n"
-    L"  tesselsql compose [ARCHIVO]      diseño (JSON) a instrucción, exactamente como la compone el diseñador\n"
+    L"  tesselsql compose [ARCHIVO]      diseño (JSON) a instrucción, exactamente como la compone el "
+    L"diseñador\n"
     L"  tesselsql design [ARCHIVO]       instrucción a diseño (JSON)\n"
     L"  tesselsql roundtrip [ARCHIVO]    como design, con el texto compuesto del diseño en \"sql\"\n"
     L"  tesselsql tree [ARCHIVO]         árbol de sintaxis: una línea por nodo, clave, tabulador y texto\n"
     L"\n"
     L"  --schema ARCHIVO                 tablas y campos (JSON); vea más abajo\n"
-    L"  --batch                          design y roundtrip: varias instrucciones separadas por una línea que solo\n"
+    L"  --batch                          design y roundtrip: varias instrucciones separadas por una línea "
+    L"que solo\n"
     L"                                   tiene ---; un objeto JSON por línea\n"
     L"\n"
     L"  tesselsql aggregate [TEXTO]      1 si la expresión llama a una función de agregado, si no 0\n"
@@ -29,8 +31,12 @@ inline constexpr std::wstring_view kHelpText =
     L"\n"
     L"El diseño:\n"
     L"  {\"distinct\":false,\"tables\":[\"Clientes\"],\n"
-    L"   \"relations\":[{\"LeftTable\":\"\",\"LeftField\":\"\",\"RightTable\":\"\",\"RightField\":\"\",\"JType\":0}],\n"
-    L"   \"columns\":[{\"Campo\":\"\",\"Titulo\":\"\",\"Tabla\":\"\",\"Agrupacion\":\"\",\"Visible\":\"\",\"Orden\":\"\",\n"
+    L"   "
+    L"\"relations\":[{\"LeftTable\":\"\",\"LeftField\":\"\",\"RightTable\":\"\",\"RightField\":\"\","
+    L"\"JType\":0}],\n"
+    L"   "
+    L"\"columns\":[{\"Campo\":\"\",\"Titulo\":\"\",\"Tabla\":\"\",\"Agrupacion\":\"\",\"Visible\":\"\","
+    L"\"Orden\":\"\",\n"
     L"               \"Condicion\":\"\",\"OR\":\"\"}]}\n"
     L"  Lo que falta cuenta como vacío. compose admite también el objeto que lo lleva en \"design\".\n"
     L"\n"
@@ -43,6 +49,7 @@ inline constexpr std::wstring_view kHelpText =
     L"  {\"Clientes\":[\"IdCliente\",\"Nombre\"]}\n"
     L"\n"
     L"Sin ARCHIVO o TEXTO, o con ARCHIVO \"-\", se lee la entrada estándar.\n"
-    L"Estado de salida: 0 si terminó, 1 si la regla no tiene respuesta, 2 si los argumentos o la entrada no sirven.\n";
+    L"Estado de salida: 0 si terminó, 1 si la regla no tiene respuesta, 2 si los argumentos o la entrada no "
+    L"sirven.\n";
 
 }  // namespace tessel::tools

@@ -35,7 +35,9 @@ public:
         const Parameter* found = Find(name);
         return found ? std::optional(found->text) : std::nullopt;
     }
-    std::optional<std::wstring> UserName() override { return user ? user : FromEnvironment({"USERNAME", "USER"}); }
+    std::optional<std::wstring> UserName() override {
+        return user ? user : FromEnvironment({"USERNAME", "USER"});
+    }
     std::optional<std::wstring> ComputerName() override {
         return computer ? computer : FromEnvironment({"COMPUTERNAME", "HOSTNAME"});
     }
@@ -62,15 +64,16 @@ Result<Parameter> ReadParameter(const std::string& argument) {
     Parameter parameter;
     parameter.name = text.substr(0, first);
     parameter.text = text.substr(second + 1);
-    Result<std::wstring> literal = ParameterLiteral(text.substr(first + 1, second - first - 1), parameter.text);
+    Result<std::wstring> literal =
+        ParameterLiteral(text.substr(first + 1, second - first - 1), parameter.text);
     if (!literal) return literal.Reason();
     parameter.literal = *literal;
     return parameter;
 }
 
 /// Reads the arguments. Answers why they cannot be used, or nothing.
-std::optional<Error> Read(const std::vector<std::string>& arguments, bool takes_options, CommandLineSource& source,
-                          std::optional<std::string>& text) {
+std::optional<Error> Read(const std::vector<std::string>& arguments, bool takes_options,
+                          CommandLineSource& source, std::optional<std::string>& text) {
     bool only_text = !takes_options;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& argument = arguments[i];
@@ -100,10 +103,12 @@ std::optional<Error> Read(const std::vector<std::string>& arguments, bool takes_
 
 }  // namespace
 
-bool IsMacroVerb(const std::string& verb) { return verb == "macros" || verb == "expand"; }
+bool IsMacroVerb(const std::string& verb) {
+    return verb == "macros" || verb == "expand";
+}
 
-std::optional<Error> RunMacroVerb(const std::string& verb, const std::vector<std::string>& arguments, std::istream& in,
-                                  std::ostream& out) {
+std::optional<Error> RunMacroVerb(const std::string& verb, const std::vector<std::string>& arguments,
+                                  std::istream& in, std::ostream& out) {
     CommandLineSource source;
     std::optional<std::string> text;
     if (auto error = Read(arguments, verb == "expand", source, text)) return error;

@@ -36,5 +36,7 @@ int wmain(int count, wchar_t** values) {
     return Run(arguments);
 }
 #else
-int main(int count, char** values) { return Run(std::vector<std::string>(values + 1, values + count)); }
+int main(int count, char** values) {
+    return Run(std::vector<std::string>(values + 1, values + count));
+}
 #endif

@@ -78,7 +78,8 @@ Result<std::wstring> ParameterLiteral(std::wstring_view ado_type, std::wstring_v
             return quoted(std::wstring(value));
         case ValueClass::Boolean: {
             const std::wstring word = Folded(value);
-            if (word == L"true" || word == L"verdadero" || word == L"-1" || word == L"1") return std::wstring(L"-1");
+            if (word == L"true" || word == L"verdadero" || word == L"-1" || word == L"1")
+                return std::wstring(L"-1");
             if (word == L"false" || word == L"falso" || word == L"0") return std::wstring(L"0");
             return Error{L"no es un valor lógico: " + std::wstring(value)};
         }

@@ -60,7 +60,9 @@ std::optional<schema::Field> ReadField(const Json& json) {
     return field;
 }
 
-std::wstring Written(const std::wstring& name) { return BracketIfNeeded(Unbracketed(name)); }
+std::wstring Written(const std::wstring& name) {
+    return BracketIfNeeded(Unbracketed(name));
+}
 
 /// A table's list of fields: under "fields" or "columns", or none.
 Json FieldList(const Json& table) {
@@ -77,7 +79,7 @@ std::optional<Error> AddTable(JsonSource& source, const std::wstring& name, int 
     object.raw_name = Unbracketed(name);
     object.name = BracketIfNeeded(object.raw_name);
     object.kind = kind == static_cast<int>(schema::ObjectKind::View) ? schema::ObjectKind::View
-                                                                    : schema::ObjectKind::Table;
+                                                                     : schema::ObjectKind::Table;
     std::vector<schema::Field>& list = source.fields[IdentifierKey(object.raw_name)];
     for (const Json& item : fields) {
         auto field = ReadField(item);
@@ -92,7 +94,8 @@ std::optional<Error> ReadTables(const Json& json, JsonSource& source) {
     if (json.is_array()) {
         for (const Json& table : json) {
             if (table.is_string()) {
-                if (auto error = AddTable(source, FromUtf8(table.get_ref<const std::string&>()), 1, Json::array()))
+                if (auto error =
+                        AddTable(source, FromUtf8(table.get_ref<const std::string&>()), 1, Json::array()))
                     return error;
                 continue;
             }
@@ -121,7 +124,8 @@ Result<std::shared_ptr<schema::Schema>> ReadSchema(const Json& json) {
     const auto tables = json.find("tables");
     const bool wrapped = tables != json.end() && (tables->is_array() || tables->is_object());
     if (auto error = ReadTables(wrapped ? *tables : json, *source)) return *error;
-    if (const auto relations = json.find("relations"); wrapped && relations != json.end() && relations->is_array()) {
+    if (const auto relations = json.find("relations");
+        wrapped && relations != json.end() && relations->is_array()) {
         for (const Json& item : *relations) {
             if (!item.is_object()) return Error{L"una relación del esquema no es un objeto"};
             // The left side is the one that is referred to.

@@ -11,7 +11,7 @@ struct Place {
 
 TEST(MakeDiagnostic, CountsLinesEndedByEitherKindOfBreak) {
     const std::wstring text = L"ab\r\ncd\nef\rgh";
-    const Place places[] = {{0, 1, 1}, {1, 1, 2}, {2, 1, 3}, {3, 1, 4},  {4, 2, 1},
+    const Place places[] = {{0, 1, 1}, {1, 1, 2}, {2, 1, 3},  {3, 1, 4}, {4, 2, 1},
                             {7, 3, 1}, {9, 3, 3}, {10, 4, 1}, {12, 4, 3}};
     for (const Place& place : places) {
         const Diagnostic diagnostic = MakeDiagnostic(text, {place.offset, 1}, L"mensaje");

@@ -15,8 +15,9 @@ TEST(NeedsBrackets, PlainNamesDoNot) {
 }
 
 TEST(NeedsBrackets, NamesThatCannotStandBareDo) {
-    for (const wchar_t* name : {L"", L"1a", L"Detalle de pedidos", L"a-b", L"a.b", L"a%", L"_a", L"Order", L"SELECT",
-                                L"a'b", L"\u00BFQu\u00E9?", L"a\u00A0b", L"a]", L"[", L"@a", L"a\u2014b"}) {
+    for (const wchar_t* name :
+         {L"", L"1a", L"Detalle de pedidos", L"a-b", L"a.b", L"a%", L"_a", L"Order", L"SELECT", L"a'b",
+          L"\u00BFQu\u00E9?", L"a\u00A0b", L"a]", L"[", L"@a", L"a\u2014b"}) {
         EXPECT_TRUE(NeedsBrackets(name)) << name;
     }
 }
@@ -72,15 +73,17 @@ TEST(SplitQualified, DividesAtPointsOutsideBracketsQuotesAndParentheses) {
 }
 
 TEST(IsQualifiedName, AcceptsNamesJoinedByPoints) {
-    for (const wchar_t* text : {L"Nombre", L"Clientes.Nombre", L"[Detalle de pedidos].[Precio unidad]", L" a . b ",
-                                L"db.dbo.t.f", L"Clientes.*", L"\"a\".`b`", L"t.Order", L"_a.b", L"a.b$"}) {
+    for (const wchar_t* text :
+         {L"Nombre", L"Clientes.Nombre", L"[Detalle de pedidos].[Precio unidad]", L" a . b ", L"db.dbo.t.f",
+          L"Clientes.*", L"\"a\".`b`", L"t.Order", L"_a.b", L"a.b$"}) {
         EXPECT_TRUE(IsQualifiedName(text)) << text;
     }
 }
 
 TEST(IsQualifiedName, RefusesEverythingElse) {
-    for (const wchar_t* text : {L"", L" ", L"*", L"1.5", L"a.", L".a", L"a b", L"Sum(a.b)", L"a+b", L"'a'", L"Null",
-                                L"a.*.b", L"a.b c", L"[a", L"[]", L"a.b.*x", L"@a", L"(a.b)", L"#1.1.2020#"}) {
+    for (const wchar_t* text :
+         {L"", L" ", L"*", L"1.5", L"a.", L".a", L"a b", L"Sum(a.b)", L"a+b", L"'a'", L"Null", L"a.*.b",
+          L"a.b c", L"[a", L"[]", L"a.b.*x", L"@a", L"(a.b)", L"#1.1.2020#"}) {
         EXPECT_FALSE(IsQualifiedName(text)) << text;
     }
 }

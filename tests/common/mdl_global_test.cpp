@@ -18,26 +18,46 @@ TEST(ADOTypeTable, HoldsTheFortyTypesInTheirOrder) {
         bool preferred;
     };
     const Row rows[] = {
-        {0, L"adEmpty", 0, false},          {16, L"adTinyInt", 1, false},
-        {2, L"adSmallInt", 1, false},       {3, L"adInteger", 1, false},
-        {20, L"adBigInt", 1, false},        {17, L"adUnsignedTinyInt", 1, false},
-        {18, L"adUnsignedSmallInt", 1, false}, {19, L"adUnsignedInt", 1, false},
-        {21, L"adUnsignedBigInt", 1, false}, {4, L"adSingle", 1, false},
-        {5, L"adDouble", 1, true},          {6, L"adCurrency", 1, false},
-        {14, L"adDecimal", 1, false},       {131, L"adNumeric", 1, false},
-        {11, L"adBoolean", 3, false},       {10, L"adError", 0, false},
-        {132, L"adUserDefined", 5, false},  {12, L"adVariant", 5, false},
-        {9, L"adIDispatch", 5, false},      {13, L"adIUnknown", 5, false},
-        {72, L"adGUID", 1, false},          {7, L"adDate", 4, true},
-        {133, L"adDBDate", 4, false},       {134, L"adDBTime", 4, false},
-        {135, L"adDBTimeStamp", 4, false},  {8, L"adBSTR", 4, false},
-        {129, L"adChar", 2, false},         {200, L"adVarChar", 2, true},
-        {201, L"adLongVarChar", 2, false},  {130, L"adWChar", 2, false},
-        {202, L"adVarWChar", 2, false},     {203, L"adLongVarWChar", 2, false},
-        {128, L"adBinary", 5, false},       {204, L"adVarBinary", 5, false},
-        {205, L"adLongVarBinary", 5, false}, {136, L"adChapter", 5, false},
-        {64, L"adFileTime", 5, false},      {138, L"adPropVariant", 5, false},
-        {139, L"adVarNumeric", 1, false},   {8192, L"adArray", 5, false},
+        {0, L"adEmpty", 0, false},
+        {16, L"adTinyInt", 1, false},
+        {2, L"adSmallInt", 1, false},
+        {3, L"adInteger", 1, false},
+        {20, L"adBigInt", 1, false},
+        {17, L"adUnsignedTinyInt", 1, false},
+        {18, L"adUnsignedSmallInt", 1, false},
+        {19, L"adUnsignedInt", 1, false},
+        {21, L"adUnsignedBigInt", 1, false},
+        {4, L"adSingle", 1, false},
+        {5, L"adDouble", 1, true},
+        {6, L"adCurrency", 1, false},
+        {14, L"adDecimal", 1, false},
+        {131, L"adNumeric", 1, false},
+        {11, L"adBoolean", 3, false},
+        {10, L"adError", 0, false},
+        {132, L"adUserDefined", 5, false},
+        {12, L"adVariant", 5, false},
+        {9, L"adIDispatch", 5, false},
+        {13, L"adIUnknown", 5, false},
+        {72, L"adGUID", 1, false},
+        {7, L"adDate", 4, true},
+        {133, L"adDBDate", 4, false},
+        {134, L"adDBTime", 4, false},
+        {135, L"adDBTimeStamp", 4, false},
+        {8, L"adBSTR", 4, false},
+        {129, L"adChar", 2, false},
+        {200, L"adVarChar", 2, true},
+        {201, L"adLongVarChar", 2, false},
+        {130, L"adWChar", 2, false},
+        {202, L"adVarWChar", 2, false},
+        {203, L"adLongVarWChar", 2, false},
+        {128, L"adBinary", 5, false},
+        {204, L"adVarBinary", 5, false},
+        {205, L"adLongVarBinary", 5, false},
+        {136, L"adChapter", 5, false},
+        {64, L"adFileTime", 5, false},
+        {138, L"adPropVariant", 5, false},
+        {139, L"adVarNumeric", 1, false},
+        {8192, L"adArray", 5, false},
     };
     ASSERT_EQ(std::size(rows), ADOTypeTable().size());
     for (std::size_t i = 0; i < std::size(rows); ++i) {
@@ -73,23 +93,23 @@ TEST(ADOTypeName, GivesTheConstantOfACode) {
 }
 
 TEST(IsAggregate, FindsTheSixWordsAsCalls) {
-    for (const wchar_t* text : {L"SUM(Total)", L"1+Avg(x)", L"a compute b", L"Sum(Importe)", L"a+count(*)",
-                                L"x * max (y)", L"min (x)", L"2*Min(x)", L"a/Count(b)", L"(a)Sum(b)", L"a-sum (b)",
-                                L"count x"}) {
+    for (const wchar_t* text :
+         {L"SUM(Total)", L"1+Avg(x)", L"a compute b", L"Sum(Importe)", L"a+count(*)", L"x * max (y)",
+          L"min (x)", L"2*Min(x)", L"a/Count(b)", L"(a)Sum(b)", L"a-sum (b)", L"count x"}) {
         EXPECT_TRUE(IsAggregate(text)) << text;
     }
 }
 
 TEST(IsAggregate, LeavesOtherWordsAlone) {
-    for (const wchar_t* text : {L"Summe", L"minimo", L"Sum(", L"Summary(x)", L"", L"a, sum", L"x sum", L"(Sum(x))",
-                                L"a=Sum(x)", L"Total.Sum", L"first(x)", L"asum(x)"}) {
+    for (const wchar_t* text : {L"Summe", L"minimo", L"Sum(", L"Summary(x)", L"", L"a, sum", L"x sum",
+                                L"(Sum(x))", L"a=Sum(x)", L"Total.Sum", L"first(x)", L"asum(x)"}) {
         EXPECT_FALSE(IsAggregate(text)) << text;
     }
 }
 
 TEST(HasFunctionWord, AcceptsEachPatternAnywhere) {
-    for (const wchar_t* text : {L"a f b", L"a f(b", L"a+f(b", L"a-f(b", L"a/f(b", L")f(b", L"a*f(b", L"a+f b", L"a-f b",
-                                L"a/f b", L")f b", L"a*f b", L"f(b", L"f b", L"F(B"}) {
+    for (const wchar_t* text : {L"a f b", L"a f(b", L"a+f(b", L"a-f(b", L"a/f(b", L")f(b", L"a*f(b", L"a+f b",
+                                L"a-f b", L"a/f b", L")f b", L"a*f b", L"f(b", L"f b", L"F(B"}) {
         EXPECT_TRUE(HasFunctionWord(text, L"f")) << text;
     }
     for (const wchar_t* text : {L"af(b", L",f(b", L"=f(b", L"(f(b", L"a f", L"f(", L"f ", L"f)", L"fx(b"}) {
@@ -124,7 +144,9 @@ TEST(StripOuterParens, ASingleCharacterBeforeTheParenthesisCountsAsEnclosed) {
     EXPECT_EQ(Stripped(L"a(b+c)"), L"b+");
 }
 
-TEST(StripOuterParens, AnOpenParenthesisLosesTheLastCharacter) { EXPECT_EQ(Stripped(L"(a"), L""); }
+TEST(StripOuterParens, AnOpenParenthesisLosesTheLastCharacter) {
+    EXPECT_EQ(Stripped(L"(a"), L"");
+}
 
 TEST(StripOuterParens, ALoneOpeningParenthesisIsAnInvalidArgument) {
     EXPECT_EQ(Stripped(L"("), L"error: Argumento o llamada a procedimiento no v\u00E1lidos.");

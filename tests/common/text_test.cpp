@@ -5,7 +5,9 @@
 namespace tessel {
 namespace {
 
-std::wstring Pile() { return FromUtf8("\xF0\x9F\x92\xA9"); }
+std::wstring Pile() {
+    return FromUtf8("\xF0\x9F\x92\xA9");
+}
 
 TEST(Trim, RemovesBlanksAtBothEndsOnly) {
     EXPECT_EQ(Trim(L"  a b "), L"a b");
@@ -80,7 +82,9 @@ TEST(Utf8, GivesOneReplacementForEachIllFormedByte) {
 
 TEST(Utf8, WritesAReplacementForALoneSurrogate) {
     const std::wstring lone = {L'a', static_cast<wchar_t>(0xD800), L'b'};
-    EXPECT_EQ(ToUtf8(lone), "a\xEF\xBF\xBD" "b");
+    EXPECT_EQ(ToUtf8(lone),
+              "a\xEF\xBF\xBD"
+              "b");
     EXPECT_EQ(ToUtf8(std::wstring(1, static_cast<wchar_t>(0xDC00))), "\xEF\xBF\xBD");
 }
 

@@ -87,12 +87,13 @@ TEST_F(DiagramTest, AKeyThatWouldCloseARingIsLeftOut) {
     diagram.AddTable(L"Empleados", true);
     ASSERT_NE(diagram.AddRelation({L"Clientes", L"nombre", L"Empleados", L"nombre"}), 0);
     diagram.AddTable(L"Pedidos", false);
-    EXPECT_EQ(RelationTexts(), (Texts{L"Clientes.nombre = Empleados.nombre 0",
-                                      L"Clientes.IdCliente = Pedidos.IdCliente 0"}));
+    EXPECT_EQ(RelationTexts(),
+              (Texts{L"Clientes.nombre = Empleados.nombre 0", L"Clientes.IdCliente = Pedidos.IdCliente 0"}));
 }
 
 TEST_F(DiagramTest, ATableThatJoinsTwoGroupsBringsTheirRelationsIntoOneWalk) {
-    for (const wchar_t* table : {L"Clientes", L"Pedidos", L"Productos", L"Categorías", L"Detalle de pedidos"}) {
+    for (const wchar_t* table :
+         {L"Clientes", L"Pedidos", L"Productos", L"Categorías", L"Detalle de pedidos"}) {
         diagram.AddTable(table, false);
     }
     EXPECT_EQ(RelationTexts(), (Texts{L"Clientes.IdCliente = Pedidos.IdCliente 0",

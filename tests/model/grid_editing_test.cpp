@@ -31,7 +31,8 @@ protected:
 
     int UsedColumns() const {
         int used = 0;
-        for (int column = 0; column < design.grid.ColumnCount(); ++column) used += design.grid.IsColumnUsed(column);
+        for (int column = 0; column < design.grid.ColumnCount(); ++column)
+            used += design.grid.IsColumnUsed(column);
         return used;
     }
 
@@ -387,10 +388,19 @@ TEST(RandomEditing, MarksAlwaysEqualTheGridsFieldsAndNoFieldStandsTwice) {
         return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
     };
     const schema::Schema schema = testing_support::SampleSchema();
-    const std::vector<std::wstring> fields = {
-        L"Clientes.nombre", L"clientes.NOMBRE", L" Clientes.nombre ", L"Clientes.País",  L"Clientes.*",
-        L"Pedidos.nombre",  L"PEDIDOS.Importe", L"[Detalle de pedidos].Cantidad",       L"Sum(Pedidos.Importe)",
-        L"1+2",             L"nombre",          L"Otra.campo",        L"Empleados.[Nombre completo]"};
+    const std::vector<std::wstring> fields = {L"Clientes.nombre",
+                                              L"clientes.NOMBRE",
+                                              L" Clientes.nombre ",
+                                              L"Clientes.País",
+                                              L"Clientes.*",
+                                              L"Pedidos.nombre",
+                                              L"PEDIDOS.Importe",
+                                              L"[Detalle de pedidos].Cantidad",
+                                              L"Sum(Pedidos.Importe)",
+                                              L"1+2",
+                                              L"nombre",
+                                              L"Otra.campo",
+                                              L"Empleados.[Nombre completo]"};
     const std::vector<std::wstring> tables = {L"Clientes", L"Pedidos", L"Empleados", L"[Detalle de pedidos]"};
 
     for (int round = 0; round < 60; ++round) {
@@ -405,10 +415,18 @@ TEST(RandomEditing, MarksAlwaysEqualTheGridsFieldsAndNoFieldStandsTwice) {
             const std::wstring field_name = table.fields[below(table.fields.size())].name;
             const int column = static_cast<int>(below(8));
             switch (below(7)) {
-                case 0: AddField(design, field, L"", static_cast<int>(below(3))); break;
-                case 1: DelField(design, field); break;
-                case 2: FieldChecked(design, table_name, field_name, true); break;
-                case 3: FieldChecked(design, table_name, field_name, false); break;
+                case 0:
+                    AddField(design, field, L"", static_cast<int>(below(3)));
+                    break;
+                case 1:
+                    DelField(design, field);
+                    break;
+                case 2:
+                    FieldChecked(design, table_name, field_name, true);
+                    break;
+                case 3:
+                    FieldChecked(design, table_name, field_name, false);
+                    break;
                 case 4:
                     ASSERT_TRUE(design.grid.SetCell(GridRow::Tabla, column, table_name));
                     CellCommitted(design, GridRow::Tabla, column);
@@ -417,13 +435,15 @@ TEST(RandomEditing, MarksAlwaysEqualTheGridsFieldsAndNoFieldStandsTwice) {
                     ASSERT_TRUE(design.grid.SetCell(GridRow::Titulo, column, L"título"));
                     CellCommitted(design, GridRow::Titulo, column);
                     break;
-                default: SyncDiagramChecks(design);
+                default:
+                    SyncDiagramChecks(design);
             }
             ASSERT_EQ(MarksOfDiagram(design), MarksByCells(design)) << "round " << round << " step " << step;
             std::set<std::wstring> seen;
             for (int c = 0; c < design.grid.ColumnCount(); ++c) {
                 const std::wstring text = Folded(design.grid.Cell(GridRow::Campo, c));
-                ASSERT_TRUE(text.empty() || seen.insert(text).second) << "round " << round << " step " << step;
+                ASSERT_TRUE(text.empty() || seen.insert(text).second)
+                    << "round " << round << " step " << step;
             }
         }
     }

@@ -37,9 +37,9 @@ TEST_F(PickListTest, FieldsStandBehindTheStarOfTheirTableInTheDiagramsOrder) {
     design.diagram.AddTable(L"detalle de pedidos", true);
     design.diagram.AddTable(L"Categorías", true);
     EXPECT_EQ(ListOf(GridRow::Campo),
-              (Texts{L"[Detalle de pedidos].*", L"[Detalle de pedidos].IdPedido", L"[Detalle de pedidos].IdProducto",
-                     L"[Detalle de pedidos].Cantidad", L"Categorías.*", L"Categorías.IdCategoría",
-                     L"Categorías.nombre"}));
+              (Texts{L"[Detalle de pedidos].*", L"[Detalle de pedidos].IdPedido",
+                     L"[Detalle de pedidos].IdProducto", L"[Detalle de pedidos].Cantidad", L"Categorías.*",
+                     L"Categorías.IdCategoría", L"Categorías.nombre"}));
     EXPECT_EQ(ListOf(GridRow::Tabla), (Texts{L"[Detalle de pedidos]", L"Categorías"}));
 }
 
@@ -61,8 +61,8 @@ TEST_F(PickListTest, ObjectsOfOtherKindsAreNotOffered) {
 }
 
 TEST_F(PickListTest, TheWordRowsOfferTheirWords) {
-    EXPECT_EQ(ListOf(GridRow::Agrupacion), (Texts{L"Agrupado por", L"Suma", L"Promedio", L"Mínimo", L"Máximo",
-                                                  L"Cuenta", L"Expresión"}));
+    EXPECT_EQ(ListOf(GridRow::Agrupacion),
+              (Texts{L"Agrupado por", L"Suma", L"Promedio", L"Mínimo", L"Máximo", L"Cuenta", L"Expresión"}));
     EXPECT_EQ(ListOf(GridRow::Visible), (Texts{L"Si", L"No"}));
     EXPECT_EQ(ListOf(GridRow::Orden), (Texts{L"Ascendente", L"Descendente"}));
 }

@@ -1,4 +1,5 @@
-// A small schema for the tests of the model: sales with a composite key, a self reference and names in brackets.
+// A small schema for the tests of the model: sales with a composite key, a self reference and names in
+// brackets.
 #pragma once
 
 #include <memory>
@@ -14,10 +15,15 @@ class SampleSource : public schema::SchemaSource {
 public:
     Result<std::vector<schema::Object>> LoadObjects() override {
         using enum schema::ObjectKind;
-        return std::vector<schema::Object>{
-            {L"", L"Clientes", Table},  {L"", L"Pedidos", Table},           {L"", L"Empleados", Table},
-            {L"", L"Productos", Table}, {L"", L"Detalle de pedidos", Table}, {L"", L"Categorías", Table},
-            {L"", L"Almacén", Table},   {L"", L"Existencias", Table},       {L"", L"Ventas por año", View}};
+        return std::vector<schema::Object>{{L"", L"Clientes", Table},
+                                           {L"", L"Pedidos", Table},
+                                           {L"", L"Empleados", Table},
+                                           {L"", L"Productos", Table},
+                                           {L"", L"Detalle de pedidos", Table},
+                                           {L"", L"Categorías", Table},
+                                           {L"", L"Almacén", Table},
+                                           {L"", L"Existencias", Table},
+                                           {L"", L"Ventas por año", View}};
     }
 
     Result<std::vector<schema::Field>> LoadFields(const schema::Object& object) override {
@@ -61,6 +67,8 @@ public:
     }
 };
 
-inline schema::Schema SampleSchema() { return schema::Schema(std::make_unique<SampleSource>()); }
+inline schema::Schema SampleSchema() {
+    return schema::Schema(std::make_unique<SampleSource>());
+}
 
 }  // namespace tessel::model::testing_support

@@ -33,7 +33,9 @@ Answer Call(const std::vector<std::string>& arguments, const std::string& input 
     return answer;
 }
 
-Answer Printed(const std::string& text) { return {0, text, ""}; }
+Answer Printed(const std::string& text) {
+    return {0, text, ""};
+}
 
 /// A file of the current folder that goes when the test ends.
 class ScratchFile {
@@ -78,7 +80,9 @@ constexpr const char* kWorkedStatement =
     "HAVING (Sum(Pedidos.Importe) >1000) \r\n"
     "ORDER BY Clientes.Nombre, Sum(Pedidos.Importe) DESC;";
 
-TEST(Compose, PrintsTheStatementExactly) { EXPECT_EQ(Call({"compose"}, kWorkedDesign), Printed(kWorkedStatement)); }
+TEST(Compose, PrintsTheStatementExactly) {
+    EXPECT_EQ(Call({"compose"}, kWorkedDesign), Printed(kWorkedStatement));
+}
 
 TEST(Compose, TakesADesignInsideAnAnswerAndFromAFile) {
     const ScratchFile file("compose_design.json",
@@ -86,7 +90,9 @@ TEST(Compose, TakesADesignInsideAnAnswerAndFromAFile) {
     EXPECT_EQ(Call({"compose", file.Name()}), Printed(kWorkedStatement));
 }
 
-TEST(Compose, AnEmptyDesignGivesAnEmptyText) { EXPECT_EQ(Call({"compose", "-"}, "{}"), Printed("")); }
+TEST(Compose, AnEmptyDesignGivesAnEmptyText) {
+    EXPECT_EQ(Call({"compose", "-"}, "{}"), Printed(""));
+}
 
 TEST(Compose, DistinctIsWrittenAsDistinctrow) {
     EXPECT_EQ(Call({"compose"}, R"({"distinct":true,"tables":["t"],"columns":[{"Campo":"t.ñ"}]})"),
@@ -94,7 +100,11 @@ TEST(Compose, DistinctIsWrittenAsDistinctrow) {
 }
 
 TEST(Compose, UnusableInputEndsWithTwoAndOneLine) {
-    const std::string inputs[] = {"", "{", "[1]", "\xFF", R"({"columns":[{"Campo":1}]})",
+    const std::string inputs[] = {"",
+                                  "{",
+                                  "[1]",
+                                  "\xFF",
+                                  R"({"columns":[{"Campo":1}]})",
                                   R"({"columns":[{"Campo":")" + std::string(300, 'a') + R"("}]})"};
     for (const std::string& input : inputs) {
         const Answer answer = Call({"compose"}, input);
@@ -106,11 +116,12 @@ TEST(Compose, UnusableInputEndsWithTwoAndOneLine) {
 
 TEST(Roundtrip, GivesDesignAndTextInOneLine) {
     const Answer answer = Call({"roundtrip"}, "SELECT t.a AS x FROM t;\n");
-    EXPECT_EQ(answer, Printed(R"({"parsed":true,"accepted":true,"messages":[],"design":{"distinct":false,)"
-                              R"("tables":["t"],"relations":[],"columns":[{"Campo":"t.a","Titulo":"x","Tabla":"t",)"
-                              R"("Agrupacion":"","Visible":"Si","Orden":"","Condicion":"","OR":""}]},)"
-                              R"("sql":"SELECT t.a AS x \r\nFROM t;"})"
-                              "\n"));
+    EXPECT_EQ(answer,
+              Printed(R"({"parsed":true,"accepted":true,"messages":[],"design":{"distinct":false,)"
+                      R"("tables":["t"],"relations":[],"columns":[{"Campo":"t.a","Titulo":"x","Tabla":"t",)"
+                      R"("Agrupacion":"","Visible":"Si","Orden":"","Condicion":"","OR":""}]},)"
+                      R"("sql":"SELECT t.a AS x \r\nFROM t;"})"
+                      "\n"));
 }
 
 TEST(Design, HasNoText) {
@@ -143,7 +154,8 @@ TEST(Design, AStatementBeyondTheDesignIsParsedAndNotAccepted) {
 }
 
 TEST(Design, ATopCountLeavesTablesAndColumnsAndIsNotAccepted) {
-    const Json json = Json::parse(Call({"design"}, "SELECT TOP 10 t.a FROM t WHERE t.a > 1 ORDER BY t.a").out);
+    const Json json =
+        Json::parse(Call({"design"}, "SELECT TOP 10 t.a FROM t WHERE t.a > 1 ORDER BY t.a").out);
     EXPECT_TRUE(json["parsed"].get<bool>());
     EXPECT_FALSE(json["accepted"].get<bool>());
     EXPECT_TRUE(json.contains("error"));
@@ -181,13 +193,15 @@ TEST(Batch, ASeparatorStandsAloneOnItsLine) {
 }
 
 TEST(Batch, AnEmptyStatementBetweenSeparatorsHasItsLine) {
-    EXPECT_EQ(Lines(Call({"design", "--batch"}, "SELECT a FROM t\n---\n---\nSELECT b FROM t\n").out).size(), 3u);
+    EXPECT_EQ(Lines(Call({"design", "--batch"}, "SELECT a FROM t\n---\n---\nSELECT b FROM t\n").out).size(),
+              3u);
 }
 
 TEST(Schema, GivesTheNamesOfTablesInTheirSpelling) {
     const ScratchFile file("schema.json", R"({"Clientes":["IdCliente","Nombre"]})");
     for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"design", "--schema", file.Name()}, {"--schema", file.Name(), "design", "-"}}) {
+         {std::vector<std::string>{"design", "--schema", file.Name()},
+          {"--schema", file.Name(), "design", "-"}}) {
         const Json json = Json::parse(Call(arguments, "SELECT clientes.nombre FROM CLIENTES").out);
         EXPECT_EQ(json["design"]["tables"].dump(), R"(["Clientes"])");
         EXPECT_EQ(json["design"]["columns"][0]["Tabla"], "Clientes");
@@ -195,15 +209,14 @@ TEST(Schema, GivesTheNamesOfTablesInTheirSpelling) {
 }
 
 TEST(Tree, PrintsOneNodeALineIndentedByTwoBlanksALevel) {
-    EXPECT_EQ(Call({"tree"}, "SELECT DISTINCT a, b AS c FROM t\n"),
-              Printed("@SELECT\tSELECT\n"
-                      "  @DISTINCTROW\tDistinct\n"
-                      "  @Columns\tColumnas\n"
-                      "    K1\ta\n"
-                      "    K2\tb Alias: c\n"
-                      "@FROM\tFROM\n"
-                      "  @Tables\tTablas\n"
-                      "    K_3\tt\n"));
+    EXPECT_EQ(Call({"tree"}, "SELECT DISTINCT a, b AS c FROM t\n"), Printed("@SELECT\tSELECT\n"
+                                                                            "  @DISTINCTROW\tDistinct\n"
+                                                                            "  @Columns\tColumnas\n"
+                                                                            "    K1\ta\n"
+                                                                            "    K2\tb Alias: c\n"
+                                                                            "@FROM\tFROM\n"
+                                                                            "  @Tables\tTablas\n"
+                                                                            "    K_3\tt\n"));
 }
 
 TEST(Tree, AStatementThatCannotBeParsedHasNone) {
@@ -234,7 +247,8 @@ TEST(Helpers, TakeAnyTextAlsoOneThatLooksLikeAnOption) {
 }
 
 TEST(Helpers, ARuleWithoutAnAnswerEndsWithOneAndItsText) {
-    EXPECT_EQ(Call({"strip-parens", "("}), (Answer{1, "", "Argumento o llamada a procedimiento no válidos.\n"}));
+    EXPECT_EQ(Call({"strip-parens", "("}),
+              (Answer{1, "", "Argumento o llamada a procedimiento no válidos.\n"}));
 }
 
 TEST(Arguments, UnusableOnesEndWithTwoAndOneLine) {

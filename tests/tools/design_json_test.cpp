@@ -28,9 +28,10 @@ TEST(DesignJson, WritesItsMembersInOrderWithoutBlanks) {
 
 TEST(DesignJson, MissingMembersCountAsEmpty) {
     EXPECT_EQ(Reread("{}"), R"({"distinct":false,"tables":[],"relations":[],"columns":[]})");
-    EXPECT_EQ(Reread(R"({"columns":[{"Campo":"a"}],"relations":null,"tables":null,"distinct":null})"),
-              R"({"distinct":false,"tables":[],"relations":[],"columns":[{"Campo":"a","Titulo":"","Tabla":"",)"
-              R"("Agrupacion":"","Visible":"","Orden":"","Condicion":"","OR":""}]})");
+    EXPECT_EQ(
+        Reread(R"({"columns":[{"Campo":"a"}],"relations":null,"tables":null,"distinct":null})"),
+        R"({"distinct":false,"tables":[],"relations":[],"columns":[{"Campo":"a","Titulo":"","Tabla":"",)"
+        R"("Agrupacion":"","Visible":"","Orden":"","Condicion":"","OR":""}]})");
 }
 
 TEST(DesignJson, UnknownMembersAreIgnored) {
@@ -100,7 +101,8 @@ TEST(DesignJson, OtherKindsOfValueAreRefused) {
         {R"({"columns":[1]})", "la columna 1 no es un objeto"},
         {R"({"columns":[{},{"OR":1}]})", "\"OR\" de la columna 2 no es un texto"},
     };
-    for (const auto& [json, message] : cases) EXPECT_EQ(Reread(json), std::string("error: ") + message) << json;
+    for (const auto& [json, message] : cases)
+        EXPECT_EQ(Reread(json), std::string("error: ") + message) << json;
 }
 
 }  // namespace

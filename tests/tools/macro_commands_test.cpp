@@ -32,11 +32,13 @@ TEST(MacrosVerb, ListsOneMacroALine) {
 }
 
 TEST(ExpandVerb, ReplacesDatesParametersAndNames) {
-    const Outcome outcome =
-        Answered({"expand", "--param", "Cliente=adVarChar=O'Brien", "--param", "total=adInteger=42", "--user", "maria", "--pc",
-             "PC-01", "x = @cliente AND n = @total AND f = @fecha AND u = @winuser AND p = @nombrepcwin AND @pages"});
+    const Outcome outcome = Answered(
+        {"expand", "--param", "Cliente=adVarChar=O'Brien", "--param", "total=adInteger=42", "--user", "maria",
+         "--pc", "PC-01",
+         "x = @cliente AND n = @total AND f = @fecha AND u = @winuser AND p = @nombrepcwin AND @pages"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out, "x = 'O'Brien' AND n = 42 AND f = DATE() AND u = 'maria' AND p = 'PC-01' AND @pages");
+    EXPECT_EQ(outcome.out,
+              "x = 'O'Brien' AND n = 42 AND f = DATE() AND u = 'maria' AND p = 'PC-01' AND @pages");
 }
 
 TEST(ExpandVerb, BraceFormGivesTheRawValue) {
@@ -53,8 +55,11 @@ TEST(ExpandVerb, FirstOfTwoParametersOfOneNameWins) {
 
 TEST(ExpandVerb, RefusesUnusableArgumentsInOneLine) {
     for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"expand", "--param", "a", "@a"}, {"expand", "--param", "a=adBoolean=quizás", "@a"},
-          {"expand", "--param", "a=adDate=2024-02-30", "@a"}, {"expand", "--nada", "@a"}, {"expand", "--user"},
+         {std::vector<std::string>{"expand", "--param", "a", "@a"},
+          {"expand", "--param", "a=adBoolean=quizás", "@a"},
+          {"expand", "--param", "a=adDate=2024-02-30", "@a"},
+          {"expand", "--nada", "@a"},
+          {"expand", "--user"},
           {"expand", "uno", "dos"}}) {
         const Outcome outcome = Answered(arguments);
         EXPECT_EQ(outcome.status, 2);
@@ -94,7 +99,8 @@ TEST(ParameterLiteral, FollowsTheTypesClass) {
 }
 
 TEST(ParameterLiteral, RefusesWhatIsNoDate) {
-    for (const wchar_t* value : {L"", L"2023-02-29", L"2024-13-01", L"2024-00-01", L"24:00:00", L"2024-01-01 1:2:3"})
+    for (const wchar_t* value :
+         {L"", L"2023-02-29", L"2024-13-01", L"2024-00-01", L"24:00:00", L"2024-01-01 1:2:3"})
         EXPECT_FALSE(ParameterLiteral(L"adDate", value));
 }
 

@@ -53,8 +53,8 @@ protected:
     int Start(const std::string& arguments, const std::string& input) {
         std::ofstream(folder_ / "in", std::ios::binary) << input;
         const std::string folder = folder_.string();
-        const int status = RunShell("\"" + ToUtf8(Program().wstring()) + "\" " + arguments + " < " + folder + "/in > " +
-                                    folder + "/out 2> " + folder + "/err");
+        const int status = RunShell("\"" + ToUtf8(Program().wstring()) + "\" " + arguments + " < " + folder +
+                                    "/in > " + folder + "/out 2> " + folder + "/err");
         out = ReadBytes(folder_ / "out");
         err = ReadBytes(folder_ / "err");
         return status;
@@ -66,14 +66,16 @@ protected:
 };
 
 TEST_F(ProgramTest, ComposesWithLineBreaksAndBlanksAsTheyAre) {
-    EXPECT_EQ(Start("compose",
-                  R"({"tables":["Clientes","Pedidos"],"relations":[{"LeftTable":"Clientes","LeftField":"IdCliente",)"
-                  R"("RightTable":"Pedidos","RightField":"IdCliente","JType":0}],"columns":[)"
-                  R"({"Campo":"Clientes.Nombre","Agrupacion":"Agrupado por","Visible":"Si","Orden":"Ascendente"},)"
-                  R"({"Campo":"Pedidos.Importe","Titulo":"Total","Agrupacion":"Suma","Visible":"Si",)"
-                  R"("Orden":"Descendente","Condicion":">1000"},{"Campo":"Clientes.Pais","Agrupacion":"Agrupado por",)"
-                  R"("Visible":"No","Condicion":"'Chile'","OR":"'Peru'"}]})"),
-              0);
+    EXPECT_EQ(
+        Start(
+            "compose",
+            R"({"tables":["Clientes","Pedidos"],"relations":[{"LeftTable":"Clientes","LeftField":"IdCliente",)"
+            R"("RightTable":"Pedidos","RightField":"IdCliente","JType":0}],"columns":[)"
+            R"({"Campo":"Clientes.Nombre","Agrupacion":"Agrupado por","Visible":"Si","Orden":"Ascendente"},)"
+            R"({"Campo":"Pedidos.Importe","Titulo":"Total","Agrupacion":"Suma","Visible":"Si",)"
+            R"("Orden":"Descendente","Condicion":">1000"},{"Campo":"Clientes.Pais","Agrupacion":"Agrupado por",)"
+            R"("Visible":"No","Condicion":"'Chile'","OR":"'Peru'"}]})"),
+        0);
     EXPECT_EQ(out,
               "SELECT Clientes.Nombre, Sum(Pedidos.Importe) AS Total \r\n"
               "FROM (Clientes INNER JOIN Pedidos ON Clientes.IdCliente = Pedidos.IdCliente)  \r\n"
@@ -86,12 +88,13 @@ TEST_F(ProgramTest, ComposesWithLineBreaksAndBlanksAsTheyAre) {
 
 TEST_F(ProgramTest, ReadsAndWritesUtf8) {
     EXPECT_EQ(Start("roundtrip", "SELECT [Año fiscal].[Categoría ñ€] FROM [Año fiscal]\n"), 0);
-    EXPECT_EQ(out,
-              R"({"parsed":true,"accepted":true,"messages":[],"design":{"distinct":false,"tables":["[Año fiscal]"],)"
-              R"("relations":[],"columns":[{"Campo":"[Año fiscal].[Categoría ñ€]","Titulo":"[Categoría ñ€]",)"
-              R"("Tabla":"[Año fiscal]","Agrupacion":"","Visible":"Si","Orden":"","Condicion":"","OR":""}]},)"
-              R"("sql":"SELECT [Año fiscal].[Categoría ñ€] AS [Categoría ñ€] \r\nFROM [Año fiscal];"})"
-              "\n");
+    EXPECT_EQ(
+        out,
+        R"({"parsed":true,"accepted":true,"messages":[],"design":{"distinct":false,"tables":["[Año fiscal]"],)"
+        R"("relations":[],"columns":[{"Campo":"[Año fiscal].[Categoría ñ€]","Titulo":"[Categoría ñ€]",)"
+        R"("Tabla":"[Año fiscal]","Agrupacion":"","Visible":"Si","Orden":"","Condicion":"","OR":""}]},)"
+        R"("sql":"SELECT [Año fiscal].[Categoría ñ€] AS [Categoría ñ€] \r\nFROM [Año fiscal];"})"
+        "\n");
 }
 
 TEST_F(ProgramTest, TakesArgumentsInUtf8) {

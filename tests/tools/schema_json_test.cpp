@@ -40,10 +40,10 @@ TEST(SchemaJson, ReadsTheFullShape) {
 }
 
 TEST(SchemaJson, ReadsTheShortShapes) {
-    for (const char* json : {R"({"tables":{"Clientes":["IdCliente","Nombre"]}})",
-                             R"({"Clientes":["IdCliente","Nombre"]})",
-                             R"({"tables":{"Clientes":{"fields":["IdCliente","Nombre"]}}})",
-                             R"({"tables":[{"name":"Clientes","fields":["IdCliente","Nombre"]}]})"}) {
+    for (const char* json :
+         {R"({"tables":{"Clientes":["IdCliente","Nombre"]}})", R"({"Clientes":["IdCliente","Nombre"]})",
+          R"({"tables":{"Clientes":{"fields":["IdCliente","Nombre"]}}})",
+          R"({"tables":[{"name":"Clientes","fields":["IdCliente","Nombre"]}]})"}) {
         const auto schema = Read(json);
         ASSERT_NE(schema, nullptr) << json;
         ASSERT_EQ(schema->Objects().size(), 1u) << json;
