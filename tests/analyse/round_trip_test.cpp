@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <random>
 
+#include "tests/support/seed.h"
 #include "common/text.h"
 #include "compose/compose.h"
 #include "tests/analyse/support.h"
@@ -70,10 +71,7 @@ private:
     std::mt19937 random_;
 };
 
-unsigned Seed() {
-    const char* given = std::getenv("TESSEL_SEED");
-    return given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device()();
-}
+unsigned Seed() { return static_cast<unsigned>(tests::Seed()); }
 
 std::string Join(const std::vector<std::wstring>& lines) {
     std::wstring text;

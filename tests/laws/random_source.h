@@ -1,4 +1,4 @@
-// Random choices that can be repeated: every run prints its seed, and TESSEL_SEED gives it back.
+// Random choices that can be repeated: every run prints its seed, and TESSEL_SEED gives it back (support/seed.h).
 // TESSEL_ROUNDS sets how many statements or designs a law looks at.
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace tessel::laws {
 
-/// TESSEL_SEED, or a fresh seed; printed and recorded with the running test.
+/// The seed of this run; printed and recorded with the running test.
 [[nodiscard]] std::uint64_t Seed();
 /// TESSEL_ROUNDS, or the given number (fewer in builds with sanitizers).
 [[nodiscard]] int Rounds(int usual);

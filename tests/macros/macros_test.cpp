@@ -7,6 +7,7 @@
 #include <random>
 
 #include "common/text.h"
+#include "tests/support/seed.h"
 
 namespace {
 
@@ -194,7 +195,7 @@ std::wstring ReplacedStepByStep(std::wstring text, FakeSource& source) {
 }
 
 TEST(ReplaceMacros, EqualsTheRuleStepByStepOnRandomTexts) {
-    const unsigned seed = std::random_device{}();
+    const auto seed = static_cast<unsigned>(tests::Seed());
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 random(seed);
     FakeSource source;
