@@ -224,19 +224,21 @@ TEST_F(DesignerCall, AfterTheCallTheConnectionBelongsToTheHostAlone) {
     EXPECT_EQ(connection.object->Release(), 1u);
 }
 
+constexpr UINT kCounted = WM_APP + 7;
+int messages_seen = 0;
+
+LRESULT CALLBACK CountMessages(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == kCounted) ++messages_seen;
+    return DefWindowProcW(window, message, wparam, lparam);
+}
+
 TEST_F(DesignerCall, PendingMessagesAreProcessedOnceAndQuittingIsLeftToTheHost) {
-    static int seen = 0;
-    seen = 0;
-    const UINT message = WM_APP + 7;
+    messages_seen = 0;
     const HWND window = CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(
-        [](HWND hwnd, UINT received, WPARAM w, LPARAM l) -> LRESULT {
-            if (received == WM_APP + 7) ++seen;
-            return DefWindowProcW(hwnd, received, w, l);
-        })));
-    PostMessageW(window, message, 0, 0);
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CountMessages));
+    PostMessageW(window, kCounted, 0, 0);
     Design(nullptr, L"x");
-    EXPECT_EQ(seen, 1);
+    EXPECT_EQ(messages_seen, 1);
     PostQuitMessage(5);
     Design(nullptr, L"x");
     MSG quit{};

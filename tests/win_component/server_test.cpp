@@ -119,17 +119,18 @@ TEST_F(Server, ClassInformationNamesTheCoclass) {
     type->ReleaseTypeAttr(attributes);
 }
 
+DWORD WINAPI MakeObjects(void*) {
+    OleInitialize(nullptr);
+    DWORD made = 0;
+    for (int i = 0; i < 200; ++i)
+        if (Library().CreateParameter()) ++made;
+    OleUninitialize();
+    return made;
+}
+
 TEST_F(Server, EveryThreadMayMakeItsOwnObjects) {
-    const auto work = [](void*) -> DWORD {
-        OleInitialize(nullptr);
-        DWORD made = 0;
-        for (int i = 0; i < 200; ++i)
-            if (Library().CreateParameter()) ++made;
-        OleUninitialize();
-        return made;
-    };
     HANDLE threads[3];
-    for (HANDLE& thread : threads) thread = CreateThread(nullptr, 0, work, nullptr, 0, nullptr);
+    for (HANDLE& thread : threads) thread = CreateThread(nullptr, 0, MakeObjects, nullptr, 0, nullptr);
     WaitForMultipleObjects(3, threads, TRUE, INFINITE);
     for (const HANDLE thread : threads) {
         DWORD made = 0;
