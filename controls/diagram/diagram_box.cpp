@@ -56,7 +56,8 @@ int RowOf(const model::DiagramTable& table, std::wstring_view field) {
 Size NaturalSize(const model::DiagramTable& table, const BoxMetrics& metrics, const TextMeasurer& measurer) {
     const int rows = RowCount(table);
     const bool scrolls = rows > metrics.max_rows;
-    const int before_text = metrics.padding + metrics.check_size + metrics.gap + metrics.mark_size + metrics.gap;
+    const int before_text =
+        metrics.padding + metrics.check_size + metrics.gap + metrics.mark_size + metrics.gap;
     const int after_text = metrics.padding + (scrolls ? metrics.scroll_width : 0);
     int width = measurer.TitleWidth(table.name) + 2 * metrics.padding;
     for (int row = 0; row < rows; ++row)
@@ -78,7 +79,9 @@ Box::Box(const Rect& rect, int rows, int scroll, const BoxMetrics& metrics)
     scroll_ = std::clamp(scroll, 0, MaxScroll());
 }
 
-int Box::MaxScroll() const { return std::max(0, rows_ * metrics_.row_height - Field().height); }
+int Box::MaxScroll() const {
+    return std::max(0, rows_ * metrics_.row_height - Field().height);
+}
 
 Rect Box::Title() const {
     return {rect_.left, rect_.top, rect_.width, std::min(metrics_.title_height, rect_.height)};
@@ -106,8 +109,8 @@ Rect Box::Check(int row) const {
 Rect Box::Mark(int row) const {
     const Rect check = Check(row);
     const Rect place = Row(row);
-    return {Right(check) + metrics_.gap, place.top + (place.height - metrics_.mark_size) / 2, metrics_.mark_size,
-            metrics_.mark_size};
+    return {Right(check) + metrics_.gap, place.top + (place.height - metrics_.mark_size) / 2,
+            metrics_.mark_size, metrics_.mark_size};
 }
 
 Rect Box::Text(int row) const {
@@ -132,7 +135,8 @@ Rect Box::ScrollThumb() const {
     const Rect track = ScrollTrack();
     if (IsEmpty(track)) return {};
     const int content = rows_ * metrics_.row_height;
-    const int height = std::min(track.height, std::max(kSmallestThumb, track.height * track.height / content));
+    const int height =
+        std::min(track.height, std::max(kSmallestThumb, track.height * track.height / content));
     const int top = track.top + (track.height - height) * scroll_ / MaxScroll();
     return {track.left, top, track.width, height};
 }

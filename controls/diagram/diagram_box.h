@@ -1,5 +1,6 @@
-// One table's box: its size from the table's contents, and where title, rows, check boxes and the scroll bar inside
-// it are. Everything is in units of the diagram's plane; nothing here knows a font, text widths are asked for.
+// One table's box: its size from the table's contents, and where title, rows, check boxes and the scroll bar
+// inside it are. Everything is in units of the diagram's plane; nothing here knows a font, text widths are
+// asked for.
 //
 // The first row of every box is "*", all fields; the table's fields follow.
 #pragma once

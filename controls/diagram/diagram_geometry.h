@@ -21,10 +21,18 @@ struct Size {
 
 using Rect = model::DiagramRect;
 
-inline int Right(const Rect& rect) { return rect.left + rect.width; }
-inline int Bottom(const Rect& rect) { return rect.top + rect.height; }
-inline bool IsEmpty(const Rect& rect) { return rect.width <= 0 || rect.height <= 0; }
-inline Point Center(const Rect& rect) { return {rect.left + rect.width / 2, rect.top + rect.height / 2}; }
+inline int Right(const Rect& rect) {
+    return rect.left + rect.width;
+}
+inline int Bottom(const Rect& rect) {
+    return rect.top + rect.height;
+}
+inline bool IsEmpty(const Rect& rect) {
+    return rect.width <= 0 || rect.height <= 0;
+}
+inline Point Center(const Rect& rect) {
+    return {rect.left + rect.width / 2, rect.top + rect.height / 2};
+}
 
 inline bool Contains(const Rect& rect, Point point) {
     return point.x >= rect.left && point.x < Right(rect) && point.y >= rect.top && point.y < Bottom(rect);

@@ -1,8 +1,8 @@
 // The keyboard on the table diagram.
 //
-// Up and Down walk through the title and the rows of the selected table and on to the table above or below; Left and
-// Right go to the table beside. Ctrl+Page Up and Page Down walk through all tables and then all relations. With Ctrl
-// the arrow keys move the selected box, with Shift they resize it.
+// Up and Down walk through the title and the rows of the selected table and on to the table above or below;
+// Left and Right go to the table beside. Ctrl+Page Up and Page Down walk through all tables and then all
+// relations. With Ctrl the arrow keys move the selected box, with Shift they resize it.
 #include "common/identifiers.h"
 #include "common/text.h"
 #include "controls/diagram/diagram_state.h"
@@ -142,7 +142,8 @@ void DiagramState::StepElement(int direction) {
     int at = SelectedIndex();
     if (diagram_->SelectedElement() == model::DiagramElement::Relation)
         for (int i = 0; i < count - tables; ++i)
-            if (layout_.Lines()[static_cast<std::size_t>(i)].key == diagram_->SelectedRelation()) at = tables + i;
+            if (layout_.Lines()[static_cast<std::size_t>(i)].key == diagram_->SelectedRelation())
+                at = tables + i;
     at = at < 0 ? (direction > 0 ? 0 : count - 1) : (at + direction + count) % count;
     if (at < tables) {
         Select(at, -1);

@@ -88,17 +88,34 @@ int Layout::AnchorY(int table, int row) const {
     return row < 0 ? Center(box.Title()).y : box.AnchorY(row);
 }
 
-void Layout::Reroute() {
+Router Layout::MakeRouter() const {
     std::vector<Rect> rects;
     rects.reserve(boxes_.size());
     for (const Box& box : boxes_) rects.push_back(box.Frame());
-    Router router(std::move(rects));
-    for (Line& line : lines_) {
-        line.path = router.Route(static_cast<std::size_t>(line.left_table), AnchorY(line.left_table, line.left_row),
-                                 static_cast<std::size_t>(line.right_table),
-                                 AnchorY(line.right_table, line.right_row));
-        line.bounds = BoundsOf(line.path);
-    }
+    return Router(std::move(rects));
+}
+
+void Layout::RouteLine(Router& router, Line& line) const {
+    line.path =
+        router.Route(static_cast<std::size_t>(line.left_table), AnchorY(line.left_table, line.left_row),
+                     static_cast<std::size_t>(line.right_table), AnchorY(line.right_table, line.right_row));
+    line.bounds = BoundsOf(line.path);
+}
+
+void Layout::Reroute() {
+    Router router = MakeRouter();
+    for (Line& line : lines_) RouteLine(router, line);
+}
+
+void Layout::RerouteTable(int table) {
+    Router router = MakeRouter();
+    const auto touches = [table](const Line& line) {
+        return line.left_table == table || line.right_table == table;
+    };
+    for (const Line& line : lines_)
+        if (!touches(line)) router.Keep(line.path);
+    for (Line& line : lines_)
+        if (touches(line)) RouteLine(router, line);
 }
 
 const Line* Layout::FindLine(int key) const {

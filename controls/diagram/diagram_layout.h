@@ -1,7 +1,8 @@
 // Where everything of a diagram is: its boxes, their order in depth, and the paths of its relations.
 //
-// A snapshot of the model: boxes and lines carry indices into the model's tables, valid until the model changes.
-// Places of boxes come from the caller, who may show one elsewhere than the model has it while the user drags it.
+// A snapshot of the model: boxes and lines carry indices into the model's tables, valid until the model
+// changes. Places of boxes come from the caller, who may show one elsewhere than the model has it while the
+// user drags it.
 #pragma once
 
 #include <string_view>
@@ -53,6 +54,9 @@ public:
     /// Boxes from the hindmost to the foremost.
     void SetOrder(std::vector<int> order) { order_ = std::move(order); }
     void Reroute();
+    /// Routes the lines of one table only, while it is being dragged: the others keep still and it costs
+    /// little.
+    void RerouteTable(int table);
 
     const std::vector<Box>& Boxes() const { return boxes_; }
     const Box& BoxOf(int table) const { return boxes_[static_cast<std::size_t>(table)]; }
@@ -71,6 +75,8 @@ public:
 
 private:
     int AnchorY(int table, int row) const;
+    Router MakeRouter() const;
+    void RouteLine(Router& router, Line& line) const;
 
     BoxMetrics metrics_;
     std::vector<Box> boxes_;

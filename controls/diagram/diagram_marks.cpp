@@ -23,7 +23,8 @@ bool InBar(double x, double y, double left, double top, double right, double bot
 // In a unit square: a bow with a hole, a shaft, two bits of different length.
 bool InKey(double x, double y) {
     if (InEllipse(x, y, 0.27, 0.44, 0.27, 0.27)) return !InEllipse(x, y, 0.27, 0.44, 0.12, 0.12);
-    return InBar(x, y, 0.5, 0.36, 1.0, 0.52) || InBar(x, y, 0.68, 0.5, 0.79, 0.7) || InBar(x, y, 0.88, 0.5, 1.0, 0.78);
+    return InBar(x, y, 0.5, 0.36, 1.0, 0.52) || InBar(x, y, 0.68, 0.5, 0.79, 0.7) ||
+           InBar(x, y, 0.88, 0.5, 1.0, 0.78);
 }
 
 bool InPill(double x, double y, double width, double height) {

@@ -1,7 +1,8 @@
-// The small round and slanted shapes of the diagram, as coverage of pixels: arrow heads, dots, keys, rounded corners.
+// The small round and slanted shapes of the diagram, as coverage of pixels: arrow heads, dots, keys, rounded
+// corners.
 //
-// Straight lines and areas are sharp by themselves and are filled; only these shapes need smoothing. Each is defined
-// once, for any size, so that it is sharp at every zoom and resolution.
+// Straight lines and areas are sharp by themselves and are filled; only these shapes need smoothing. Each is
+// defined once, for any size, so that it is sharp at every zoom and resolution.
 #pragma once
 
 #include <compare>

@@ -338,7 +338,8 @@ Cursor DiagramState::PointerAt(Point client_px) const {
         case Gesture::Link: {
             // Over the table it comes from and over the plane the line is still on its way, not forbidden.
             if (CanJoin(hit)) return Cursor::Link;
-            return hit.table >= 0 && hit.table != layout_.TableIndex(gesture_table_) ? Cursor::No : Cursor::Link;
+            return hit.table >= 0 && hit.table != layout_.TableIndex(gesture_table_) ? Cursor::No
+                                                                                     : Cursor::Link;
         }
         default:
             break;

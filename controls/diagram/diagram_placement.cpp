@@ -13,7 +13,8 @@ using Group = std::vector<Index>;
 
 class Placer {
 public:
-    Placer(std::vector<PlacementBox>& boxes, const std::vector<PlacementLink>& links, const PlacementStyle& style)
+    Placer(std::vector<PlacementBox>& boxes, const std::vector<PlacementLink>& links,
+           const PlacementStyle& style)
         : boxes_(boxes), style_(style), neighbours_(boxes.size()), placed_(boxes.size()) {
         for (const PlacementLink& link : links) {
             if (link.left == link.right || link.left >= boxes.size() || link.right >= boxes.size()) continue;
@@ -42,7 +43,8 @@ private:
         int direction;  ///< +1: the neighbour is at the relation's right end
     };
 
-    // Tables that relate to a placed one come beside it, one after the other, so that what the user arranged stays.
+    // Tables that relate to a placed one come beside it, one after the other, so that what the user arranged
+    // stays.
     void AttachToPlaced() {
         std::vector<Index> wave;
         for (Index i = 0; i < boxes_.size(); ++i)
@@ -71,8 +73,8 @@ private:
         placed_[index] = true;
     }
 
-    // The free candidate nearest to the wished place; sideways distance counts less than distance downwards, which
-    // soon leaves the window. The last of `tops` is below everything, so there always is one.
+    // The free candidate nearest to the wished place; sideways distance counts less than distance downwards,
+    // which soon leaves the window. The last of `tops` is below everything, so there always is one.
     void Choose(Rect& rect, const std::vector<int>& lefts, const std::vector<int>& tops, Point wished) {
         long best = std::numeric_limits<long>::max();
         Point place = wished;
@@ -113,7 +115,8 @@ private:
         return groups;
     }
 
-    // One connected group in columns, from its first box on: a relation's right table one column further right.
+    // One connected group in columns, from its first box on: a relation's right table one column further
+    // right.
     void LayOut(const Group& group) {
         std::vector<int> column(boxes_.size(), 0);
         std::vector<bool> known(boxes_.size(), false);
@@ -155,10 +158,12 @@ private:
                 }
             middle[box] = count ? sum / count : std::numeric_limits<long>::max();
         }
-        std::stable_sort(members.begin(), members.end(), [&](Index a, Index b) { return middle[a] < middle[b]; });
+        std::stable_sort(members.begin(), members.end(),
+                         [&](Index a, Index b) { return middle[a] < middle[b]; });
     }
 
-    // Returns the right side of what it stacked. A column that grows too tall goes on in another one beside it.
+    // Returns the right side of what it stacked. A column that grows too tall goes on in another one beside
+    // it.
     int StackColumn(const Group& members, int left) {
         int top = style_.margin;
         int width = 0;
@@ -206,7 +211,8 @@ private:
         }
     }
 
-    // A group without relation to anything placed goes where it is nearest to the left top corner of the plane.
+    // A group without relation to anything placed goes where it is nearest to the left top corner of the
+    // plane.
     void MoveToFreePlace(const Group& group) {
         std::vector<int> lefts{style_.margin};
         std::vector<int> tops{style_.margin};

@@ -1,8 +1,8 @@
 // Automatic placement of tables that have no place yet.
 //
-// Tables related to each other come to stand side by side, from left to right in the direction of their relations,
-// and no two boxes overlap. Tables that have a place keep it. The result depends on nothing but the arguments, so
-// the same design always looks the same.
+// Tables related to each other come to stand side by side, from left to right in the direction of their
+// relations, and no two boxes overlap. Tables that have a place keep it. The result depends on nothing but
+// the arguments, so the same design always looks the same.
 #pragma once
 
 #include <cstddef>
@@ -24,10 +24,10 @@ struct PlacementLink {
 };
 
 struct PlacementStyle {
-    int margin = 16;     ///< from the plane's left and top
-    int across = 72;     ///< between boxes side by side, where lines run
-    int down = 28;       ///< between boxes one under the other
-    int column = 760;    ///< a column of boxes taller than this is continued in another one
+    int margin = 16;       ///< from the plane's left and top
+    int across = 72;       ///< between boxes side by side, where lines run
+    int down = 28;         ///< between boxes one under the other
+    int column = 760;      ///< a column of boxes taller than this is continued in another one
     int row_width = 1100;  ///< unrelated groups beside each other before the next row of groups begins
 };
 

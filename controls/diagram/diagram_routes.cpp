@@ -18,8 +18,8 @@ Rect Segment(Point a, Point b) {
     return {std::min(a.x, b.x), std::min(a.y, b.y), std::abs(a.x - b.x) + 1, std::abs(a.y - b.y) + 1};
 }
 
-// True when `b` lies on the way from `a` to `c`. Overlapping boxes may make a line turn back on itself, and that
-// point must stay.
+// True when `b` lies on the way from `a` to `c`. Overlapping boxes may make a line turn back on itself, and
+// that point must stay.
 bool IsOnTheWay(Point a, Point b, Point c) {
     if (a.x == b.x && b.x == c.x) return (b.y >= a.y) == (c.y >= b.y);
     return a.y == b.y && b.y == c.y && (b.x >= a.x) == (c.x >= b.x);
@@ -30,7 +30,8 @@ std::vector<Point> Simplified(const std::vector<Point>& path) {
     std::vector<Point> simple;
     for (const Point point : path) {
         if (!simple.empty() && simple.back() == point) continue;
-        if (simple.size() >= 2 && IsOnTheWay(simple[simple.size() - 2], simple.back(), point)) simple.pop_back();
+        if (simple.size() >= 2 && IsOnTheWay(simple[simple.size() - 2], simple.back(), point))
+            simple.pop_back();
         simple.push_back(point);
     }
     return simple;
@@ -89,9 +90,13 @@ std::vector<Point> Router::Route(std::size_t from, int from_y, std::size_t to, i
             TryAround(search, false, false);
         }
     }
-    for (std::size_t i = 1; i < search.best.size(); ++i)
-        if (search.best[i - 1].x == search.best[i].x) runs_.push_back(Segment(search.best[i - 1], search.best[i]));
+    Keep(search.best);
     return search.best;
+}
+
+void Router::Keep(const std::vector<Point>& path) {
+    for (std::size_t i = 1; i < path.size(); ++i)
+        if (path[i - 1].x == path[i].x) runs_.push_back(Segment(path[i - 1], path[i]));
 }
 
 // One run down between the two ends.
@@ -163,17 +168,19 @@ void Router::Try(Search& search, Path path) const {
     search.best = std::move(path);
 }
 
+// Length and bends are counted first: most candidates are dearer than the best one by these alone.
 long Router::Cost(const Search& search, const Path& path) const {
     long cost = 0;
-    for (std::size_t i = 1; i < path.size(); ++i) {
+    for (std::size_t i = 1; i < path.size(); ++i)
+        cost += std::abs(path[i].x - path[i - 1].x) + std::abs(path[i].y - path[i - 1].y) + kBendCost;
+    for (std::size_t i = 1; i < path.size() && cost < search.cost; ++i) {
         const Rect segment = Segment(path[i - 1], path[i]);
-        cost += segment.width + segment.height + kBendCost;
         for (const Rect& obstacle : search.obstacles)
             if (Overlaps(segment, obstacle)) cost += kCrossingCost;
         if (i > 1 && Overlaps(segment, search.from)) cost += kCrossingCost;
         if (i + 1 < path.size() && Overlaps(segment, search.to)) cost += kCrossingCost;
     }
-    return cost + kOverlapCost * OverlapsOfRuns(path);
+    return cost < search.cost ? cost + kOverlapCost * OverlapsOfRuns(path) : cost;
 }
 
 int Router::OverlapsOfRuns(const Path& path) const {
@@ -210,7 +217,8 @@ Point Halfway(const std::vector<Point>& path) {
         const int dx = path[i].x - path[i - 1].x;
         const int dy = path[i].y - path[i - 1].y;
         const int step = std::abs(dx) + std::abs(dy);
-        if (left <= step && step > 0) return {path[i - 1].x + dx * left / step, path[i - 1].y + dy * left / step};
+        if (left <= step && step > 0)
+            return {path[i - 1].x + dx * left / step, path[i - 1].y + dy * left / step};
         left -= step;
     }
     return path.back();

@@ -1,8 +1,8 @@
 // The lines of relations: right-angled paths from a box's side to another box's side.
 //
-// A line leaves from its field's height at the side that faces the other box, runs a short way straight out, and
-// bends where that keeps it clear of other boxes and of the bends of lines routed before it. Where nothing is clear
-// the line that crosses least is taken: a line is always drawn.
+// A line leaves from its field's height at the side that faces the other box, runs a short way straight out,
+// and bends where that keeps it clear of other boxes and of the bends of lines routed before it. Where
+// nothing is clear the line that crosses least is taken: a line is always drawn.
 #pragma once
 
 #include <cstddef>
@@ -23,9 +23,12 @@ class Router {
 public:
     explicit Router(std::vector<Rect> boxes, const RouteStyle& style = {});
 
-    /// The path between two different boxes (by index) at the given heights: first and last point lie on the boxes'
-    /// sides, every segment is horizontal or vertical.
+    /// The path between two different boxes (by index) at the given heights: first and last point lie on the
+    /// boxes' sides, every segment is horizontal or vertical.
     std::vector<Point> Route(std::size_t from, int from_y, std::size_t to, int to_y);
+
+    /// Takes a line that stays as it is into account.
+    void Keep(const std::vector<Point>& path);
 
 private:
     using Path = std::vector<Point>;

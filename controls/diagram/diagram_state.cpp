@@ -55,8 +55,8 @@ void DiagramState::Update() {
     if (!gesture_table_.empty() && layout_.TableIndex(gesture_table_) < 0) EndGesture();
 }
 
-// A table that was here before goes back to its place if that is still free: leaving for the text and coming back
-// must not shuffle the diagram.
+// A table that was here before goes back to its place if that is still free: leaving for the text and coming
+// back must not shuffle the diagram.
 void DiagramState::PlaceNewTables() {
     std::vector<PlacementBox> boxes;
     bool any_new = false;
@@ -82,7 +82,8 @@ void DiagramState::PlaceNewTables() {
         links.Build(*diagram_, metrics_);
         std::vector<PlacementLink> related;
         for (const Line& line : links.Lines())
-            related.push_back({static_cast<std::size_t>(line.left_table), static_cast<std::size_t>(line.right_table)});
+            related.push_back(
+                {static_cast<std::size_t>(line.left_table), static_cast<std::size_t>(line.right_table)});
         PlaceBoxes(boxes, related);
         for (std::size_t i = 0; i < tables.size(); ++i)
             if (!tables[i].placed) diagram_->SetTableRect(tables[i].name, boxes[i].rect);
@@ -98,7 +99,8 @@ void DiagramState::ApplyOwnState() {
     std::vector<int> order;
     std::vector<bool> taken(tables.size(), false);
     for (const std::wstring& name : raised_)
-        if (const int table = layout_.TableIndex(name); table >= 0) taken[static_cast<std::size_t>(table)] = true;
+        if (const int table = layout_.TableIndex(name); table >= 0)
+            taken[static_cast<std::size_t>(table)] = true;
     for (std::size_t i = 0; i < tables.size(); ++i)
         if (!taken[i]) order.push_back(static_cast<int>(i));
     for (const std::wstring& name : raised_)
@@ -107,7 +109,8 @@ void DiagramState::ApplyOwnState() {
     for (const auto& [name, scroll] : box_scroll_)
         if (const int table = layout_.TableIndex(name); table >= 0) layout_.SetScroll(table, scroll);
     if (moved_ && (gesture_ == Gesture::Move || gesture_ == Gesture::Resize))
-        if (const int table = layout_.TableIndex(gesture_table_); table >= 0) layout_.SetRect(table, gesture_rect_);
+        if (const int table = layout_.TableIndex(gesture_table_); table >= 0)
+            layout_.SetRect(table, gesture_rect_);
     if (diagram_->SelectedElement() == model::DiagramElement::Table) {
         const std::wstring selected = IdentifierKey(diagram_->SelectedTable());
         const int table = layout_.TableIndex(selected);
@@ -158,7 +161,7 @@ Hit DiagramState::HitAt(Point client_px) const {
 void DiagramState::Shift(int table, const Rect& rect) {
     gesture_rect_ = rect;
     layout_.SetRect(table, rect);
-    layout_.Reroute();
+    layout_.RerouteTable(table);
     host_.Repaint();
 }
 
@@ -176,7 +179,7 @@ void DiagramState::ScrollBox(int table, int scroll) {
     if (!shown) return;
     layout_.SetScroll(table, scroll);
     box_scroll_[IdentifierKey(shown->name)] = layout_.BoxOf(table).Scroll();
-    layout_.Reroute();
+    layout_.RerouteTable(table);
     host_.Repaint();
 }
 

@@ -1,10 +1,10 @@
-// The table diagram without its window: what is selected, hovered, dragged and scrolled, and what mouse and keyboard
-// do. The window passes events in client pixels and paints what this class holds.
+// The table diagram without its window: what is selected, hovered, dragged and scrolled, and what mouse and
+// keyboard do. The window passes events in client pixels and paints what this class holds.
 //
-// A gesture changes the model when it is finished, not while it goes on, and then once; given up, it leaves nothing
-// behind. Only places and the selection are written to the model; what changes the query is reported to the host.
-// The model may change at any time, also in the middle of a gesture: everything here that outlives an event names
-// tables and relations, and the layout is read again when it is next needed.
+// A gesture changes the model when it is finished, not while it goes on, and then once; given up, it leaves
+// nothing behind. Only places and the selection are written to the model; what changes the query is reported
+// to the host. The model may change at any time, also in the middle of a gesture: everything here that
+// outlives an event names tables and relations, and the layout is read again when it is next needed.
 #pragma once
 
 #include <optional>
@@ -32,7 +32,23 @@ public:
 };
 
 enum class Button { Left, Middle, Right };
-enum class Key { Left, Right, Up, Down, Home, End, PageUp, PageDown, Space, Delete, Enter, Escape, Plus, Minus, Zero };
+enum class Key {
+    Left,
+    Right,
+    Up,
+    Down,
+    Home,
+    End,
+    PageUp,
+    PageDown,
+    Space,
+    Delete,
+    Enter,
+    Escape,
+    Plus,
+    Minus,
+    Zero
+};
 struct Modifiers {
     bool shift = false;
     bool ctrl = false;

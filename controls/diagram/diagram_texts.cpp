@@ -2,7 +2,9 @@
 
 namespace tessel::controls::diagram {
 
-std::wstring_view AllFieldsCaption() { return L"* (todos los campos)"; }
+std::wstring_view AllFieldsCaption() {
+    return L"* (todos los campos)";
+}
 
 std::wstring RelationText(const model::RelInfo& relation) {
     const wchar_t* kind = L" (interna)";
@@ -20,7 +22,9 @@ std::wstring FieldText(const model::DiagramField& field) {
     return text;
 }
 
-std::wstring AllFieldsText(const model::DiagramTable& table) { return L"Todos los campos de " + table.name; }
+std::wstring AllFieldsText(const model::DiagramTable& table) {
+    return L"Todos los campos de " + table.name;
+}
 
 std::wstring TableText(const model::DiagramTable& table) {
     if (!table.known) return table.name + L" (no está en el esquema)";

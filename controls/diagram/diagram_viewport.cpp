@@ -18,11 +18,17 @@ constexpr int kUnit = 96 * 100;
 
 }  // namespace
 
-int Viewport::ToPixels(int units) const { return Ratio(units, static_cast<std::int64_t>(dpi_) * zoom_, kUnit); }
+int Viewport::ToPixels(int units) const {
+    return Ratio(units, static_cast<std::int64_t>(dpi_) * zoom_, kUnit);
+}
 
-int Viewport::ToUnits(int pixels) const { return Ratio(pixels, kUnit, static_cast<std::int64_t>(dpi_) * zoom_); }
+int Viewport::ToUnits(int pixels) const {
+    return Ratio(pixels, kUnit, static_cast<std::int64_t>(dpi_) * zoom_);
+}
 
-Point Viewport::ToClient(Point plane) const { return {ToPixels(plane.x) - scroll_.x, ToPixels(plane.y) - scroll_.y}; }
+Point Viewport::ToClient(Point plane) const {
+    return {ToPixels(plane.x) - scroll_.x, ToPixels(plane.y) - scroll_.y};
+}
 
 Rect Viewport::ToClient(const Rect& plane) const {
     const Point corner = ToClient(Point{plane.left, plane.top});
@@ -40,7 +46,9 @@ Rect Viewport::Visible() const {
     return {corner.x, corner.y, opposite.x - corner.x + 1, opposite.y - corner.y + 1};
 }
 
-Point Viewport::MinScroll() const { return {ToPixels(extent_.left), ToPixels(extent_.top)}; }
+Point Viewport::MinScroll() const {
+    return {ToPixels(extent_.left), ToPixels(extent_.top)};
+}
 
 Point Viewport::MaxScroll() const {
     const Point smallest = MinScroll();
@@ -61,7 +69,8 @@ void Viewport::SetExtent(const Rect& extent) {
 void Viewport::SetScroll(Point scroll_px) {
     const Point smallest = MinScroll();
     const Point largest = MaxScroll();
-    scroll_ = {std::clamp(scroll_px.x, smallest.x, largest.x), std::clamp(scroll_px.y, smallest.y, largest.y)};
+    scroll_ = {std::clamp(scroll_px.x, smallest.x, largest.x),
+               std::clamp(scroll_px.y, smallest.y, largest.y)};
 }
 
 void Viewport::SetZoom(int percent, Point anchor_px) {
@@ -86,7 +95,8 @@ void Viewport::Reveal(const Rect& plane) {
 }
 
 int NextZoom(int percent, int direction) {
-    static constexpr int kSteps[] = {25, 33, 50, 67, 75, 90, 100, 110, 125, 150, 175, 200, 250, 300, 350, 400};
+    static constexpr int kSteps[] = {25,  33,  50,  67,  75,  90,  100, 110,
+                                     125, 150, 175, 200, 250, 300, 350, 400};
     if (direction > 0) {
         for (const int step : kSteps)
             if (step > percent) return step;

@@ -1,6 +1,8 @@
-// Zoom arithmetic: between the diagram's plane (1/96 inch, "units") and the client area of its window (pixels).
+// Zoom arithmetic: between the diagram's plane (1/96 inch, "units") and the client area of its window
+// (pixels).
 //
-// Edges are converted, never sizes, so that neighbours in the plane stay neighbours on the screen at every zoom.
+// Edges are converted, never sizes, so that neighbours in the plane stay neighbours on the screen at every
+// zoom.
 #pragma once
 
 #include "controls/diagram/diagram_geometry.h"

@@ -13,7 +13,8 @@ namespace {
 model::DiagramTable TableOf(int fields, std::wstring name = L"Tabla") {
     model::DiagramTable table;
     table.name = std::move(name);
-    for (int i = 1; i <= fields; ++i) table.fields.push_back({L"Campo" + std::to_wstring(i), false, false, false, L""});
+    for (int i = 1; i <= fields; ++i)
+        table.fields.push_back({L"Campo" + std::to_wstring(i), false, false, false, L""});
     return table;
 }
 
@@ -36,8 +37,10 @@ TEST(DiagramBox, TheFirstRowIsAllFields) {
 TEST(DiagramBox, ABoxIsAsLargeAsItsContentsWithinLimits) {
     const BoxMetrics metrics;
     const FixedMeasurer measurer;
-    EXPECT_EQ(NaturalSize(TableOf(0, L"T"), metrics, measurer).height, metrics.title_height + metrics.row_height + 4);
-    EXPECT_EQ(NaturalSize(TableOf(5), metrics, measurer).height, metrics.title_height + 6 * metrics.row_height + 4);
+    EXPECT_EQ(NaturalSize(TableOf(0, L"T"), metrics, measurer).height,
+              metrics.title_height + metrics.row_height + 4);
+    EXPECT_EQ(NaturalSize(TableOf(5), metrics, measurer).height,
+              metrics.title_height + 6 * metrics.row_height + 4);
     EXPECT_EQ(NaturalSize(TableOf(200), metrics, measurer).height,
               metrics.title_height + metrics.max_rows * metrics.row_height + 4);
     EXPECT_EQ(NaturalSize(TableOf(1, std::wstring(200, L'x')), metrics, measurer).width, metrics.max_width);

@@ -8,7 +8,9 @@
 namespace tessel::controls::diagram {
 namespace {
 
-PlacementBox Unplaced(int width, int height) { return {{0, 0, width, height}, false}; }
+PlacementBox Unplaced(int width, int height) {
+    return {{0, 0, width, height}, false};
+}
 
 void ExpectNoOverlap(const std::vector<PlacementBox>& boxes) {
     for (std::size_t a = 0; a < boxes.size(); ++a)
@@ -54,7 +56,8 @@ TEST(DiagramPlacement, PlacedTablesKeepTheirPlaceAndNewOnesComeBesideThem) {
 }
 
 TEST(DiagramPlacement, ANewTableAvoidsTheTablesInItsWay) {
-    std::vector<PlacementBox> boxes{{{16, 16, 150, 150}, true}, {{238, 16, 150, 150}, true}, Unplaced(140, 100)};
+    std::vector<PlacementBox> boxes{
+        {{16, 16, 150, 150}, true}, {{238, 16, 150, 150}, true}, Unplaced(140, 100)};
     PlaceBoxes(boxes, {{0, 2}});
     ExpectNoOverlap(boxes);
     EXPECT_LT(std::abs(boxes[2].rect.left - 238) + std::abs(boxes[2].rect.top - 16), 400);

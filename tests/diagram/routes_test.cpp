@@ -84,7 +84,8 @@ TEST(DiagramRoutes, AnyTwoBoxesGetARightAngledLineFromSideToSide) {
     const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
     for (int round = 0; round < 200; ++round) {
         std::vector<Rect> boxes;
-        for (int i = 0; i < 12; ++i) boxes.push_back({below(900), below(700), 80 + below(150), 60 + below(200)});
+        for (int i = 0; i < 12; ++i)
+            boxes.push_back({below(900), below(700), 80 + below(150), 60 + below(200)});
         Router router(boxes);
         for (std::size_t to = 1; to < boxes.size(); ++to) {
             const int from_y = boxes[0].top + boxes[0].height / 2;

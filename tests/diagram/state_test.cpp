@@ -21,10 +21,10 @@ public:
         log.push_back((checked ? L"+" : L"-") + std::wstring(table) + L"." + std::wstring(field));
         diagram_.SetChecked(table, field, checked);
     }
-    void RelationDrawn(std::wstring_view left_table, std::wstring_view left_field, std::wstring_view right_table,
-                       std::wstring_view right_field) override {
-        log.push_back(std::wstring(left_table) + L"." + std::wstring(left_field) + L"=" + std::wstring(right_table) +
-                      L"." + std::wstring(right_field));
+    void RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
+                       std::wstring_view right_table, std::wstring_view right_field) override {
+        log.push_back(std::wstring(left_table) + L"." + std::wstring(left_field) + L"=" +
+                      std::wstring(right_table) + L"." + std::wstring(right_field));
     }
     void ContextMenu(model::DiagramElement element, Point) override {
         log.push_back(L"menu " + std::to_wstring(static_cast<int>(element)));
@@ -59,7 +59,9 @@ protected:
         return state.Shapes().BoxOf(state.Shapes().TableIndex(table));
     }
     Point TitleOf(std::wstring_view table) { return state.View().ToClient(Center(BoxOf(table).Title())); }
-    int RowIn(std::wstring_view table, std::wstring_view field) { return RowOf(*diagram.FindTable(table), field); }
+    int RowIn(std::wstring_view table, std::wstring_view field) {
+        return RowOf(*diagram.FindTable(table), field);
+    }
     Point FieldOf(std::wstring_view table, std::wstring_view field) {
         return state.View().ToClient(Center(BoxOf(table).Text(RowIn(table, field))));
     }
@@ -80,8 +82,8 @@ protected:
         state.MouseMove(to);
         state.MouseUp(Button::Left, to);
     }
-    int Relate(const wchar_t* left, const wchar_t* left_field, const wchar_t* right, const wchar_t* right_field,
-               int kind = model::kInnerJoin) {
+    int Relate(const wchar_t* left, const wchar_t* left_field, const wchar_t* right,
+               const wchar_t* right_field, int kind = model::kInnerJoin) {
         return diagram.AddRelation({left, left_field, right, right_field, kind, false});
     }
 
@@ -147,7 +149,8 @@ TEST_F(DiagramStateTest, DraggingATitleMovesTheBoxOnceAtTheEnd) {
     EXPECT_EQ(diagram.Tables()[0].rect, before);
     EXPECT_EQ(BoxOf(L"Clientes").Frame().left, before.left + 100);
     state.MouseUp(Button::Left, {from.x + 100, from.y + 60});
-    EXPECT_EQ(diagram.Tables()[0].rect, (Rect{before.left + 100, before.top + 60, before.width, before.height}));
+    EXPECT_EQ(diagram.Tables()[0].rect,
+              (Rect{before.left + 100, before.top + 60, before.width, before.height}));
     EXPECT_EQ(diagram.SelectedTable(), L"Clientes");
 }
 
@@ -474,7 +477,8 @@ TEST_F(DiagramStateTest, RandomEventsNeverLoseABoxOrALine) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 random(seed);
     const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
-    for (const wchar_t* table : {L"Clientes", L"Pedidos", L"Productos", L"Empleados"}) diagram.AddTable(table, false);
+    for (const wchar_t* table : {L"Clientes", L"Pedidos", L"Productos", L"Empleados"})
+        diagram.AddTable(table, false);
     for (int i = 0; i < 4000; ++i) {
         const Point at{below(1000) - 50, below(700) - 50};
         switch (below(10)) {
@@ -498,7 +502,8 @@ TEST_F(DiagramStateTest, RandomEventsNeverLoseABoxOrALine) {
                 state.AutoScroll();
                 break;
             case 7:
-                if (below(20) == 0) diagram.RemoveTable(diagram.Tables().empty() ? L"" : diagram.Tables()[0].name);
+                if (below(20) == 0)
+                    diagram.RemoveTable(diagram.Tables().empty() ? L"" : diagram.Tables()[0].name);
                 if (below(4) == 0) diagram.AddTable(below(2) ? L"Clientes" : L"Pedidos", false);
                 break;
             default:

@@ -1,5 +1,5 @@
-// Pictures of the diagram, for eyes: saved where TESSEL_PICTURES says, else only painted. What a test can tell of a
-// picture is that something was painted where it belongs.
+// Pictures of the diagram, for eyes: saved where TESSEL_PICTURES says, else only painted. What a test can
+// tell of a picture is that something was painted where it belongs.
 #include <gtest/gtest.h>
 
 #include <set>
@@ -18,14 +18,15 @@ const TableLiterals kSales = {
     {L"Categorías", {L"+IdCategoría", L"Nombre", L"Descripción"}},
     {L"Proveedores", {L"+IdProveedor", L"Razón social", L"Año de alta", L"Población"}},
     {L"Empleados", {L"+IdEmpleado", L"Nombre", L"-IdJefe", L"Cargo"}},
-    {L"Formas de pago según contrato y condiciones especiales de la compañía", {L"+Código", L"Descripción larga"}},
+    {L"Formas de pago según contrato y condiciones especiales de la compañía",
+     {L"+Código", L"Descripción larga"}},
     {L"Almacén", {L"+Código", L"+Zona", L"Superficie"}},
     {L"Transportistas", {L"+IdTransportista", L"Nombre"}},
-    {L"Ficha", {L"+IdFicha",  L"Campo 01", L"Campo 02", L"Campo 03", L"Campo 04", L"Campo 05", L"Campo 06",
-                L"Campo 07", L"Campo 08", L"Campo 09", L"Campo 10", L"Campo 11", L"Campo 12", L"Campo 13",
-                L"Campo 14", L"Campo 15", L"Campo 16", L"Campo 17", L"Campo 18", L"Campo 19", L"Campo 20",
-                L"Campo 21", L"Campo 22", L"Campo 23", L"Campo 24", L"Campo 25", L"Campo 26", L"Campo 27",
-                L"Campo 28", L"-IdCliente"}},
+    {L"Ficha",
+     {L"+IdFicha", L"Campo 01", L"Campo 02", L"Campo 03", L"Campo 04", L"Campo 05",  L"Campo 06", L"Campo 07",
+      L"Campo 08", L"Campo 09", L"Campo 10", L"Campo 11", L"Campo 12", L"Campo 13",  L"Campo 14", L"Campo 15",
+      L"Campo 16", L"Campo 17", L"Campo 18", L"Campo 19", L"Campo 20", L"Campo 21",  L"Campo 22", L"Campo 23",
+      L"Campo 24", L"Campo 25", L"Campo 26", L"Campo 27", L"Campo 28", L"-IdCliente"}},
     {L"Observaciones", {L"+Id", L"-IdPedido", L"Texto"}},
 };
 

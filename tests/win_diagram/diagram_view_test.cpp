@@ -80,7 +80,8 @@ TEST_F(DiagramViewTest, ClickingACheckBoxReportsAndShowsTheTick) {
     window.Click(Middle(window.view.CheckRect(L"Clientes", L"*")));
     EXPECT_TRUE(IsChecked(L"Clientes", L"*"));
     window.Click(Middle(window.view.CheckRect(L"Clientes", L"Nombre")));
-    EXPECT_EQ(window.events.log, (Log{L"check Clientes.Nombre", L"check Clientes.*", L"uncheck Clientes.Nombre"}));
+    EXPECT_EQ(window.events.log,
+              (Log{L"check Clientes.Nombre", L"check Clientes.*", L"uncheck Clientes.Nombre"}));
 }
 
 TEST_F(DiagramViewTest, DraggingAFieldToAFieldDrawsTheRelation) {
@@ -123,7 +124,9 @@ TEST_F(DiagramViewTest, ControlAndWheelZooms) {
 }
 
 TEST_F(DiagramViewTest, ScrollBarsAppearOnlyWhenSomethingIsOutOfSight) {
-    const auto styles = [&] { return GetWindowLongW(window.view.Handle(), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL); };
+    const auto styles = [&] {
+        return GetWindowLongW(window.view.Handle(), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL);
+    };
     EXPECT_EQ(styles(), 0);
     window.diagram.SetTableRect(L"Clientes", {3000, 20, 160, 120});
     window.Pump();
@@ -153,8 +156,8 @@ TEST_F(DiagramViewTest, KeysWalkTickAndAskForRemoval) {
 }
 
 TEST_F(DiagramViewTest, TabLeavesTheControl) {
-    const HWND after = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 50, 20, window.frame,
-                                       nullptr, GetModuleHandleW(nullptr), nullptr);
+    const HWND after = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 50, 20,
+                                       window.frame, nullptr, GetModuleHandleW(nullptr), nullptr);
     SetFocus(window.view.Handle());
     window.Press(VK_TAB);
     EXPECT_EQ(GetFocus(), after);

@@ -38,7 +38,9 @@ public:
         return result;
     }
 
-    Result<std::vector<schema::ForeignKey>> LoadForeignKeys() override { return std::vector<schema::ForeignKey>(); }
+    Result<std::vector<schema::ForeignKey>> LoadForeignKeys() override {
+        return std::vector<schema::ForeignKey>();
+    }
 
 private:
     TableLiterals tables_;
@@ -54,10 +56,13 @@ schema::Schema MakeSchema(const TableLiterals& tables) {
     return schema::Schema(std::make_unique<LiteralSource>(tables));
 }
 
-POINT Middle(const RECT& rect) { return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2}; }
+POINT Middle(const RECT& rect) {
+    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+}
 
 void RecordingEvents::OnDiagramFieldChecked(std::wstring_view table, std::wstring_view field, bool checked) {
-    log.push_back(std::wstring(checked ? L"check " : L"uncheck ") + std::wstring(table) + L"." + std::wstring(field));
+    log.push_back(std::wstring(checked ? L"check " : L"uncheck ") + std::wstring(table) + L"." +
+                  std::wstring(field));
     diagram_.SetChecked(table, field, checked);
 }
 
@@ -84,17 +89,20 @@ void RecordingEvents::OnDiagramDelete(model::DiagramElement element) {
     if (element == model::DiagramElement::Table) diagram_.RemoveTable(std::wstring(diagram_.SelectedTable()));
 }
 
-void RecordingEvents::OnDiagramRelationActivated(int key) { log.push_back(L"activate " + std::to_wstring(key)); }
+void RecordingEvents::OnDiagramRelationActivated(int key) {
+    log.push_back(L"activate " + std::to_wstring(key));
+}
 
-DiagramWindow::DiagramWindow(const TableLiterals& tables, SIZE size, int dpi_zoom) : schema(MakeSchema(tables)) {
+DiagramWindow::DiagramWindow(const TableLiterals& tables, SIZE size, int dpi_zoom)
+    : schema(MakeSchema(tables)) {
     diagram.Bind(&schema);
     WNDCLASSW frame_class{};
     frame_class.lpfnWndProc = FrameProcedure;
     frame_class.hInstance = GetModuleHandleW(nullptr);
     frame_class.lpszClassName = L"DiagramTestFrame";
     RegisterClassW(&frame_class);
-    frame = CreateWindowExW(0, frame_class.lpszClassName, L"", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, size.cx,
-                            size.cy, nullptr, nullptr, frame_class.hInstance, nullptr);
+    frame = CreateWindowExW(0, frame_class.lpszClassName, L"", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,
+                            size.cx, size.cy, nullptr, nullptr, frame_class.hInstance, nullptr);
     if (!view.Create(frame, 1)) return;
     MoveWindow(view.Handle(), 0, 0, size.cx, size.cy, TRUE);
     view.Bind(&diagram, &events);
@@ -155,7 +163,8 @@ void DiagramWindow::Click(POINT at) {
 void DiagramWindow::Drag(POINT from, POINT to) {
     Mouse(WM_LBUTTONDOWN, from, MK_LBUTTON);
     for (int step = 1; step <= 4; ++step)
-        Mouse(WM_MOUSEMOVE, {from.x + (to.x - from.x) * step / 4, from.y + (to.y - from.y) * step / 4}, MK_LBUTTON);
+        Mouse(WM_MOUSEMOVE, {from.x + (to.x - from.x) * step / 4, from.y + (to.y - from.y) * step / 4},
+              MK_LBUTTON);
     Mouse(WM_LBUTTONUP, to);
 }
 

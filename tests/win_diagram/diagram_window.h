@@ -1,5 +1,5 @@
-// A window around the diagram for tests: a schema made of literals, a host that answers gestures the way the designer
-// does, and input by messages or by real mouse and keyboard events.
+// A window around the diagram for tests: a schema made of literals, a host that answers gestures the way the
+// designer does, and input by messages or by real mouse and keyboard events.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,8 @@
 
 namespace tessel::controls::testing_support {
 
-/// Tables given as a name and field names; a field that begins with "+" is a primary key, with "-" a foreign key.
+/// Tables given as a name and field names; a field that begins with "+" is a primary key, with "-" a foreign
+/// key.
 using TableLiterals = std::vector<std::pair<std::wstring, std::vector<std::wstring>>>;
 
 schema::Schema MakeSchema(const TableLiterals& tables);
@@ -47,8 +48,9 @@ public:
     DiagramWindow& operator=(const DiagramWindow&) = delete;
 
     void Add(const std::wstring& table) { diagram.AddTable(table, true); }
-    int Relate(const std::wstring& left_table, const std::wstring& left_field, const std::wstring& right_table,
-               const std::wstring& right_field, int kind = model::kInnerJoin);
+    int Relate(const std::wstring& left_table, const std::wstring& left_field,
+               const std::wstring& right_table, const std::wstring& right_field,
+               int kind = model::kInnerJoin);
 
     /// Handles every message that is waiting.
     void Pump();

@@ -1,7 +1,5 @@
 #include "controls/diagram/win32/diagram_painter.h"
 
-#include <vsstyle.h>
-
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 
@@ -9,11 +7,9 @@ namespace tessel::controls::diagram {
 
 namespace {
 
-constexpr int kCorner = 5;            // radius of a box's corners, units
-constexpr int kReadableText_px = 6;   // smaller text is shown as a bar
+constexpr int kCorner = 5;       // radius of a box's corners, units
+constexpr int kReadable_px = 6;  // height of a row's text
 constexpr std::size_t kMostWidths = 20000;
-
-RECT ToRect(const Rect& rect) { return {rect.left, rect.top, Right(rect), Bottom(rect)}; }
 
 bool Touches(const RECT& a, const RECT& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
@@ -36,7 +32,8 @@ UniqueTheme OpenButtonTheme(int dpi) {
     const auto open_for_dpi =
         reinterpret_cast<OpenForDpi>(reinterpret_cast<void*>(GetProcAddress(module, "OpenThemeDataForDpi")));
     if (open_for_dpi)
-        if (const HTHEME theme = open_for_dpi(nullptr, L"BUTTON", static_cast<UINT>(dpi))) return UniqueTheme(theme);
+        if (const HTHEME theme = open_for_dpi(nullptr, L"BUTTON", static_cast<UINT>(dpi)))
+            return UniqueTheme(theme);
     return UniqueTheme(OpenThemeData(nullptr, L"BUTTON"));
 }
 
@@ -71,7 +68,8 @@ void DiagramPainter::SetDpi(int dpi) {
     colours_.light_mark = win32::Blend(window, text, 96);
 }
 
-int DiagramPainter::Width(HFONT font, std::wstring_view text, std::unordered_map<std::wstring, int>& cache) const {
+int DiagramPainter::Width(HFONT font, std::wstring_view text,
+                          std::unordered_map<std::wstring, int>& cache) const {
     if (cache.size() > kMostWidths) cache.clear();
     const auto [entry, is_new] = cache.try_emplace(std::wstring(text), 0);
     if (!is_new) return entry->second;
@@ -89,7 +87,18 @@ int DiagramPainter::TitleWidth(std::wstring_view text) const {
     return Width(measure_title_.get(), text, title_widths_);
 }
 
-int DiagramPainter::RowWidth(std::wstring_view text) const { return Width(measure_row_.get(), text, row_widths_); }
+int DiagramPainter::RowWidth(std::wstring_view text) const {
+    return Width(measure_row_.get(), text, row_widths_);
+}
+
+RECT DiagramPainter::At(const Rect& plane) const {
+    const Rect client = view_->ToClient(plane);
+    return {client.left, client.top, Right(client), Bottom(client)};
+}
+
+bool DiagramPainter::IsReadable() const {
+    return Px(metrics_.row_height - 6) >= kReadable_px;
+}
 
 void DiagramPainter::SetScale(const Viewport& view) {
     const int scale = view.Dpi() * view.Zoom();
@@ -116,7 +125,7 @@ void DiagramPainter::Paint(HDC dc, const RECT& clip, const DiagramState& state, 
     const std::optional<Rubber> rubber = state.RubberLine();
     PaintLines(layout);
     for (const int table : layout.Order())
-        if (Touches(ToRect(view_->ToClient(layout.BoxOf(table).Frame())), clip_)) PaintBox(table, rubber);
+        if (Touches(At(layout.BoxOf(table).Frame()), clip_)) PaintBox(table, rubber);
     if (rubber && rubber->row >= 0) {
         const Box& box = layout.BoxOf(rubber->table);
         const bool to_right = rubber->to.x >= Center(box.Frame()).x;
@@ -143,11 +152,11 @@ void DiagramPainter::PaintLines(const Layout& layout) {
     for (const bool strong : {false, true})
         for (const Line& line : layout.Lines()) {
             if (is_strong(line) != strong || line.path.size() < 2) continue;
-            if (Touches(ToRect(view_->ToClient(Inflated(line.bounds, 12))), clip_)) PaintLine(line, strong);
+            if (Touches(At(Inflated(line.bounds, 12)), clip_)) PaintLine(line, strong);
         }
     if (!selected || !focused_) return;
     if (const Line* line = layout.FindLine(selected)) {
-        const RECT around = ToRect(view_->ToClient(Inflated(line->bounds, 8)));
+        const RECT around = At(Inflated(line->bounds, 8));
         DrawFocusRect(dc_, &around);
     }
 }
@@ -225,8 +234,8 @@ void DiagramPainter::PaintBox(int table, const std::optional<Rubber>& rubber) {
     const model::Diagram& diagram = *state_->Model();
     const bool selected = diagram.SelectedElement() == model::DiagramElement::Table &&
                           state_->Shapes().TableIndex(diagram.SelectedTable()) == table;
-    PaintFrame(ToRect(view_->ToClient(box.Frame())), ToRect(view_->ToClient(box.Title())),
-               selected ? colours_.highlight : colours_.border, selected ? colours_.highlight : colours_.title);
+    PaintFrame(At(box.Frame()), At(box.Title()), selected ? colours_.highlight : colours_.border,
+               selected ? colours_.highlight : colours_.title);
     PaintTitle(box, shown, selected);
     PaintRows(table, box, shown, selected, rubber);
     if (box.Scrollable())
@@ -260,14 +269,14 @@ void DiagramPainter::PaintFrame(const RECT& rect, const RECT& title, COLORREF bo
 }
 
 void DiagramPainter::PaintTitle(const Box& box, const model::DiagramTable& table, bool selected) {
-    const RECT title = ToRect(view_->ToClient(box.Title()));
+    const RECT title = At(box.Title());
     RECT text = title;
     text.left += Px(metrics_.padding);
     text.right -= Px(metrics_.padding);
-    const COLORREF colour = selected ? colours_.highlight_text
+    const COLORREF colour = selected                                         ? colours_.highlight_text
                             : table.known || !state_->Model()->BoundSchema() ? colours_.title_text
                                                                              : colours_.faint;
-    if (view_->ToPixels(metrics_.row_height - 6) < kReadableText_px) {
+    if (!IsReadable()) {
         const int middle = (text.top + text.bottom) / 2;
         win32::FillSolid(dc_, {text.left, middle - 1, (text.left + 2 * text.right) / 3, middle + 1}, colour);
     } else {

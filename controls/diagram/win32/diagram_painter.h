@@ -1,10 +1,11 @@
 // Paints the table diagram, and knows the fonts and measures that its boxes are laid out with.
 //
-// Colours are the system's, fonts the user's message font at the resolution and zoom asked for. Only what the clip
-// rectangle touches is painted.
+// Colours are the system's, fonts the user's message font at the resolution and zoom asked for. Only what the
+// clip rectangle touches is painted.
 #pragma once
 
 #include <windows.h>
+
 #include <uxtheme.h>
 
 #include <map>
@@ -18,7 +19,9 @@
 
 namespace tessel::controls::diagram {
 
-inline void ReleaseTheme(HTHEME theme) { CloseThemeData(theme); }
+inline void ReleaseTheme(HTHEME theme) {
+    CloseThemeData(theme);
+}
 using UniqueTheme = win32::Unique<HTHEME, ReleaseTheme>;
 
 class DiagramPainter final : public TextMeasurer {
@@ -35,13 +38,16 @@ public:
 
 private:
     struct Colours {
-        COLORREF window, text, border, title, title_text, highlight, highlight_text, faint, line, hover, focus, mark,
-            light_mark;
+        COLORREF window, text, border, title, title_text, highlight, highlight_text, faint, line, hover,
+            focus, mark, light_mark;
     };
 
     void SetScale(const Viewport& view);
     int Width(HFONT font, std::wstring_view text, std::unordered_map<std::wstring, int>& cache) const;
     int Px(int units) const { return view_->ToPixels(units); }
+    RECT At(const Rect& plane) const;
+    /// False where text and check boxes would be too small to be read: they are hinted at then.
+    bool IsReadable() const;
     void PaintLines(const Layout& layout);
     void PaintLine(const Line& line, bool strong);
     void PaintEnd(Point end, Point before, bool arrow, COLORREF colour);
@@ -52,7 +58,8 @@ private:
     void PaintTitle(const Box& box, const model::DiagramTable& table, bool selected);
     void PaintRows(int index, const Box& box, const model::DiagramTable& table, bool selected,
                    const std::optional<Rubber>& rubber);
-    void PaintRow(const Box& box, const model::DiagramTable& table, int row, COLORREF background, bool hot_check);
+    void PaintRow(const Box& box, const model::DiagramTable& table, int row, COLORREF background,
+                  bool hot_check);
     void PaintCheck(const RECT& rect, bool checked, bool hot, COLORREF background);
     win32::UniqueBitmap MakeCheck(int size, bool checked, bool hot, COLORREF background);
     void PaintThumb(const Box& box, bool hot);

@@ -1,16 +1,12 @@
 // The inside of a table's box: field rows with check boxes and key marks, and the scroll bar.
-#include <vsstyle.h>
-
 #include "common/win32/gdi.h"
 #include "controls/diagram/win32/diagram_painter.h"
+
+#include <vsstyle.h>
 
 namespace tessel::controls::diagram {
 
 namespace {
-
-constexpr int kReadableText_px = 6;
-
-RECT ToRect(const Rect& rect) { return {rect.left, rect.top, Right(rect), Bottom(rect)}; }
 
 /// Restricts painting to a rectangle for a scope.
 class Clipped {
@@ -33,11 +29,11 @@ void DiagramPainter::PaintRows(int index, const Box& box, const model::DiagramTa
                                const std::optional<Rubber>& rubber) {
     const Rect field = box.Field();
     if (IsEmpty(field)) return;
-    const Clipped clipped(dc_, ToRect(view_->ToClient(field)));
+    const Clipped clipped(dc_, At(field));
     const Hit& hover = state_->Hover();
     const int first = box.Scroll() / metrics_.row_height;
     for (int row = first; row < box.Rows() && box.RowVisible(row); ++row) {
-        const RECT place = ToRect(view_->ToClient(box.Row(row)));
+        const RECT place = At(box.Row(row));
         if (place.bottom <= clip_.top || place.top >= clip_.bottom) continue;
         const bool under_pointer = hover.table == index && hover.row == row;
         const bool target = rubber && rubber->target.table == index && rubber->target.row == row;
@@ -59,22 +55,23 @@ void DiagramPainter::PaintRows(int index, const Box& box, const model::DiagramTa
 void DiagramPainter::PaintRow(const Box& box, const model::DiagramTable& table, int row, COLORREF background,
                               bool hot_check) {
     const model::DiagramField* field = RowField(table, row);
-    const RECT text = ToRect(view_->ToClient(box.Text(row)));
-    PaintCheck(ToRect(view_->ToClient(box.Check(row))), RowChecked(table, row), hot_check, background);
+    const RECT text = At(box.Text(row));
+    const RECT check = At(box.Check(row));
+    if (!IsReadable()) {
+        const int middle = (text.top + text.bottom) / 2;
+        if (RowChecked(table, row)) win32::FillSolid(dc_, check, colours_.text);
+        win32::FillSolid(dc_, {text.left, middle, (text.left + text.right) / 2, middle + 1}, colours_.faint);
+        return;
+    }
+    PaintCheck(check, RowChecked(table, row), hot_check, background);
     if (field && (field->primary_key || field->foreign_key)) {
-        const RECT at = ToRect(view_->ToClient(box.Mark(row)));
+        const RECT at = At(box.Mark(row));
         const int size = at.right - at.left;
         marks_.Draw(dc_, at.left, at.top, {MarkShape::Key, size, size, 1, false, false},
                     field->primary_key ? colours_.mark : colours_.light_mark);
     }
-    if (view_->ToPixels(metrics_.row_height - 6) < kReadableText_px) {
-        const int middle = (text.top + text.bottom) / 2;
-        win32::FillSolid(dc_, {text.left, middle, (text.left + text.right) / 2, middle + 1}, colours_.faint);
-        return;
-    }
     const win32::Selected font(dc_, row_font_.get());
-    win32::DrawTextLine(dc_, text, RowCaption(table, row),
-                        row == 0 ? colours_.faint : colours_.text);
+    win32::DrawTextLine(dc_, text, RowCaption(table, row), row == 0 ? colours_.faint : colours_.text);
 }
 
 void DiagramPainter::PaintCheck(const RECT& rect, bool checked, bool hot, COLORREF background) {
@@ -87,12 +84,12 @@ void DiagramPainter::PaintCheck(const RECT& rect, bool checked, bool hot, COLORR
     BitBlt(dc_, rect.left, rect.top, size, size, check_dc_.get(), 0, 0, SRCCOPY);
 }
 
-// Visual styles draw a check box at sizes of their own choice and leave the rest of the rectangle as it is, so the
-// glyph is drawn at its natural size and brought to the size that the zoom asks for.
+// Visual styles draw a check box at sizes of their own choice and leave the rest of the rectangle as it is,
+// so the glyph is drawn at its natural size and brought to the size that the zoom asks for.
 win32::UniqueBitmap DiagramPainter::MakeCheck(int size, bool checked, bool hot, COLORREF background) {
     const win32::UniqueMemoryDc drawing(CreateCompatibleDC(nullptr));
-    const int state = checked ? (hot ? CBS_CHECKEDHOT : CBS_CHECKEDNORMAL)
-                              : (hot ? CBS_UNCHECKEDHOT : CBS_UNCHECKEDNORMAL);
+    const int state =
+        checked ? (hot ? CBS_CHECKEDHOT : CBS_CHECKEDNORMAL) : (hot ? CBS_UNCHECKEDHOT : CBS_UNCHECKEDNORMAL);
     SIZE natural{size, size};
     if (theme_) GetThemePartSize(theme_.get(), dc_, BP_CHECKBOX, state, nullptr, TS_TRUE, &natural);
     if (natural.cx <= 0 || natural.cy <= 0) natural = {size, size};
@@ -119,12 +116,13 @@ win32::UniqueBitmap DiagramPainter::MakeCheck(int size, bool checked, bool hot, 
 }
 
 void DiagramPainter::PaintThumb(const Box& box, bool hot) {
-    const RECT thumb = ToRect(view_->ToClient(box.ScrollThumb()));
+    const RECT thumb = At(box.ScrollThumb());
     const int width = std::max(3, Px(hot ? 7 : 5));
     const int room = std::max(1, Px(2));
     const int left = (thumb.left + thumb.right - width) / 2;
-    const Mark mark{MarkShape::Pill, width, std::max(width, static_cast<int>(thumb.bottom - thumb.top) - 2 * room),
-                    1, false, false};
+    const Mark mark{
+        MarkShape::Pill, width, std::max(width, static_cast<int>(thumb.bottom - thumb.top) - 2 * room), 1,
+        false,           false};
     marks_.Draw(dc_, left, thumb.top + room, mark, hot ? colours_.line : colours_.border);
 }
 

@@ -12,15 +12,20 @@ namespace tessel::controls {
 
 namespace {
 
-constexpr UINT kRefresh = WM_USER + 1;  // scroll bars and places of new tables, once after any number of changes
+constexpr UINT kRefresh =
+    WM_USER + 1;  // scroll bars and places of new tables, once after any number of changes
 constexpr UINT_PTR kAutoScrollTimer = 1;
 constexpr UINT kAutoScrollPeriod_ms = 40;
 constexpr int kScrollLine_px = 40;
 constexpr UINT kDpiChangedAfterParent = 0x02E3;
 
-diagram::Point PointOf(LPARAM lparam) { return {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)}; }
+diagram::Point PointOf(LPARAM lparam) {
+    return {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
+}
 
-diagram::Modifiers HeldKeys() { return {GetKeyState(VK_SHIFT) < 0, GetKeyState(VK_CONTROL) < 0}; }
+diagram::Modifiers HeldKeys() {
+    return {GetKeyState(VK_SHIFT) < 0, GetKeyState(VK_CONTROL) < 0};
+}
 
 LPCWSTR CursorName(diagram::Cursor cursor) {
     switch (cursor) {
@@ -57,8 +62,8 @@ DiagramView::~DiagramView() {
 
 bool DiagramView::Create(HWND parent, int id) {
     return CreateWindowOf({L"TesselDiagram", CS_DBLCLKS}, L"",
-                          WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_HSCROLL | WS_VSCROLL, 0, parent,
-                          id);
+                          WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_HSCROLL | WS_VSCROLL, 0,
+                          parent, id);
 }
 
 void DiagramView::OnCreated() {
@@ -93,9 +98,13 @@ void DiagramView::Bind(model::Diagram* diagram, DiagramEvents* events) {
     state_.Bind(diagram);
 }
 
-void DiagramView::Redraw() { state_.ModelChanged(); }
+void DiagramView::Redraw() {
+    state_.ModelChanged();
+}
 
-void DiagramView::OnChanged() { state_.ModelChanged(); }
+void DiagramView::OnChanged() {
+    state_.ModelChanged();
+}
 
 void DiagramView::Repaint() {
     if (!IsCreated()) return;
@@ -266,7 +275,8 @@ LRESULT DiagramView::DialogCode(LPARAM lparam) const {
     if (!message || message->message != WM_KEYDOWN) return code;
     const bool on_relation = diagram_ && diagram_->SelectedElement() == model::DiagramElement::Relation;
     // Enter and Esc belong to the dialog unless they mean something here and now.
-    if ((message->wParam == VK_RETURN && on_relation) || (message->wParam == VK_ESCAPE && state_.HoldsMouse()))
+    if ((message->wParam == VK_RETURN && on_relation) ||
+        (message->wParam == VK_ESCAPE && state_.HoldsMouse()))
         code |= DLGC_WANTMESSAGE;
     return code;
 }
@@ -277,15 +287,15 @@ LRESULT DiagramView::OnKeyDown(WPARAM wparam, LPARAM lparam) {
         diagram::Key key;
     };
     static constexpr KeyName kKeys[] = {
-        {VK_LEFT, diagram::Key::Left},          {VK_RIGHT, diagram::Key::Right},
-        {VK_UP, diagram::Key::Up},              {VK_DOWN, diagram::Key::Down},
-        {VK_HOME, diagram::Key::Home},          {VK_END, diagram::Key::End},
-        {VK_PRIOR, diagram::Key::PageUp},       {VK_NEXT, diagram::Key::PageDown},
-        {VK_SPACE, diagram::Key::Space},        {VK_DELETE, diagram::Key::Delete},
-        {VK_RETURN, diagram::Key::Enter},       {VK_ESCAPE, diagram::Key::Escape},
-        {VK_ADD, diagram::Key::Plus},           {VK_OEM_PLUS, diagram::Key::Plus},
-        {VK_SUBTRACT, diagram::Key::Minus},     {VK_OEM_MINUS, diagram::Key::Minus},
-        {'0', diagram::Key::Zero},              {VK_NUMPAD0, diagram::Key::Zero},
+        {VK_LEFT, diagram::Key::Left},      {VK_RIGHT, diagram::Key::Right},
+        {VK_UP, diagram::Key::Up},          {VK_DOWN, diagram::Key::Down},
+        {VK_HOME, diagram::Key::Home},      {VK_END, diagram::Key::End},
+        {VK_PRIOR, diagram::Key::PageUp},   {VK_NEXT, diagram::Key::PageDown},
+        {VK_SPACE, diagram::Key::Space},    {VK_DELETE, diagram::Key::Delete},
+        {VK_RETURN, diagram::Key::Enter},   {VK_ESCAPE, diagram::Key::Escape},
+        {VK_ADD, diagram::Key::Plus},       {VK_OEM_PLUS, diagram::Key::Plus},
+        {VK_SUBTRACT, diagram::Key::Minus}, {VK_OEM_MINUS, diagram::Key::Minus},
+        {'0', diagram::Key::Zero},          {VK_NUMPAD0, diagram::Key::Zero},
     };
     for (const KeyName& name : kKeys) {
         if (name.code != wparam) continue;

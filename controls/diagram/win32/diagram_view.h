@@ -1,9 +1,10 @@
-// dgmTables, the table diagram as a window: boxes of fields with check boxes, and the lines of their relations.
+// dgmTables, the table diagram as a window: boxes of fields with check boxes, and the lines of their
+// relations.
 //
 // The view shows a model::Diagram and follows its changes. Positions and the selection it writes to the model
-// itself; everything that changes the query (a tick, a drawn relation, a removal) it only reports, and shows it when
-// the model has it. Interaction is decided in diagram_state.h, geometry in diagram_layout.h; painting is in
-// diagram_painter.h.
+// itself; everything that changes the query (a tick, a drawn relation, a removal) it only reports, and shows
+// it when the model has it. Interaction is decided in diagram_state.h, geometry in diagram_layout.h; painting
+// is in diagram_painter.h.
 #pragma once
 
 #include <windows.h>
@@ -45,14 +46,14 @@ public:
 
     /// Creates the control as a child of `parent`, of no size yet. False when Windows refuses.
     [[nodiscard]] bool Create(HWND parent, int id);
-    /// Shows another diagram and reports to `events`. Neither is owned; both may be nullptr and must outlive the
-    /// binding.
+    /// Shows another diagram and reports to `events`. Neither is owned; both may be nullptr and must outlive
+    /// the binding.
     void Bind(model::Diagram* diagram, DiagramEvents* events);
     /// Reads the model again and repaints everything.
     void Redraw();
 
-    /// Where something is shown, in client pixels; an empty rectangle when it is not there or scrolled out of its
-    /// box.
+    /// Where something is shown, in client pixels; an empty rectangle when it is not there or scrolled out of
+    /// its box.
     RECT TableRect(std::wstring_view table) const;
     RECT FieldRect(std::wstring_view table, std::wstring_view field) const;
     RECT CheckRect(std::wstring_view table, std::wstring_view field) const;
@@ -87,8 +88,8 @@ private:
 
     void Repaint() override;
     void FieldChecked(std::wstring_view table, std::wstring_view field, bool checked) override;
-    void RelationDrawn(std::wstring_view left_table, std::wstring_view left_field, std::wstring_view right_table,
-                       std::wstring_view right_field) override;
+    void RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
+                       std::wstring_view right_table, std::wstring_view right_field) override;
     void ContextMenu(model::DiagramElement element, diagram::Point client_px) override;
     void DeleteWanted(model::DiagramElement element) override;
     void RelationActivated(int key) override;

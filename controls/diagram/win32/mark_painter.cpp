@@ -46,7 +46,8 @@ void MarkPainter::Draw(HDC dc, int left, int top, const Mark& mark, COLORREF col
     if (!sprite || !source_) return;
     const win32::Selected selected(source_.get(), sprite);
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, AC_SRC_ALPHA};
-    GdiAlphaBlend(dc, left, top, mark.width, mark.height, source_.get(), 0, 0, mark.width, mark.height, blend);
+    GdiAlphaBlend(dc, left, top, mark.width, mark.height, source_.get(), 0, 0, mark.width, mark.height,
+                  blend);
 }
 
 }  // namespace tessel::controls::diagram
