@@ -17,24 +17,6 @@ using sql::Node;
 using sql::NodeId;
 using sql::NodeKind;
 
-CompareOp Opposite(CompareOp op) {
-    switch (op) {
-        case CompareOp::Equal:
-            return CompareOp::NotEqual;
-        case CompareOp::NotEqual:
-            return CompareOp::Equal;
-        case CompareOp::Less:
-            return CompareOp::GreaterEqual;
-        case CompareOp::LessEqual:
-            return CompareOp::Greater;
-        case CompareOp::Greater:
-            return CompareOp::LessEqual;
-        case CompareOp::GreaterEqual:
-            return CompareOp::Less;
-    }
-    return op;
-}
-
 /// The head of a node of which only kind, operator, flags and children count.
 std::wstring Head(const Node& node, std::uint8_t flags) {
     std::wstring head = L"k";

@@ -39,24 +39,6 @@ std::wstring_view Sign(CompareOp op) {
     return L"=";
 }
 
-CompareOp Opposite(CompareOp op) {
-    switch (op) {
-        case CompareOp::Equal:
-            return CompareOp::NotEqual;
-        case CompareOp::NotEqual:
-            return CompareOp::Equal;
-        case CompareOp::Less:
-            return CompareOp::GreaterEqual;
-        case CompareOp::LessEqual:
-            return CompareOp::Greater;
-        case CompareOp::Greater:
-            return CompareOp::LessEqual;
-        case CompareOp::GreaterEqual:
-            return CompareOp::Less;
-    }
-    return op;
-}
-
 CompareOp Mirrored(CompareOp op) {
     switch (op) {
         case CompareOp::Less:

@@ -132,4 +132,22 @@ std::vector<std::wstring> NameKeys(const Statement& statement, NodeId id) {
     return keys;
 }
 
+sql::CompareOp Opposite(sql::CompareOp op) {
+    switch (op) {
+        case sql::CompareOp::Equal:
+            return sql::CompareOp::NotEqual;
+        case sql::CompareOp::NotEqual:
+            return sql::CompareOp::Equal;
+        case sql::CompareOp::Less:
+            return sql::CompareOp::GreaterEqual;
+        case sql::CompareOp::LessEqual:
+            return sql::CompareOp::Greater;
+        case sql::CompareOp::Greater:
+            return sql::CompareOp::LessEqual;
+        case sql::CompareOp::GreaterEqual:
+            return sql::CompareOp::Less;
+    }
+    return op;
+}
+
 }  // namespace tessel::analyse

@@ -21,6 +21,9 @@ namespace tessel::analyse {
 
 [[nodiscard]] bool IsLogical(const sql::Node& node, sql::LogicalOp op);
 
+/// The comparison that holds where the given one does not: what NOT before it makes of it.
+[[nodiscard]] sql::CompareOp Opposite(sql::CompareOp op);
+
 /// True for nodes whose value is a truth value whatever the data: comparisons, Like, Between, In, Is Null,
 /// Exists, logical connectives, True and False.
 [[nodiscard]] bool IsPredicate(const sql::Node& node);
