@@ -107,7 +107,9 @@ TEST_P(RandomPlacement, NeverOverlapsAndNeverDepends) {
         EXPECT_EQ(boxes[i].rect, again[i].rect);
         EXPECT_GE(boxes[i].rect.left, 0);
         EXPECT_GE(boxes[i].rect.top, 0);
-        if (before[i].fixed) EXPECT_EQ(boxes[i].rect, before[i].rect);
+        if (before[i].fixed) {
+            EXPECT_EQ(boxes[i].rect, before[i].rect);
+        }
     }
 }
 
