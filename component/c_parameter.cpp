@@ -11,14 +11,16 @@ using win32::UniqueVariant;
 
 namespace {
 
-HRESULT ReturnLiteral(const UniqueVariant& value, const std::wstring& type_name, LiteralSyntax syntax, BSTR* target) {
+HRESULT ReturnLiteral(const UniqueVariant& value, const std::wstring& type_name, LiteralSyntax syntax,
+                      BSTR* target) {
     if (!target) return E_POINTER;
     *target = nullptr;
     return Guarded([&] {
         std::wstring literal;
         const HRESULT rendered = RenderLiteral(value.Get(), type_name, syntax, &literal);
         if (SUCCEEDED(rendered)) return win32::ReturnText(literal, target);
-        return win32::RaiseError(rendered, __uuidof(::_cParameter), kParameterProgId, ConversionMessage(rendered));
+        return win32::RaiseError(rendered, __uuidof(::_cParameter), kParameterProgId,
+                                 ConversionMessage(rendered));
     });
 }
 
@@ -29,7 +31,9 @@ HRESULT StoreText(BSTR text, std::wstring* target) {
     });
 }
 
-bool HoldsObject(const UniqueVariant& value) { return value.Type() == VT_DISPATCH || value.Type() == VT_UNKNOWN; }
+bool HoldsObject(const UniqueVariant& value) {
+    return value.Type() == VT_DISPATCH || value.Type() == VT_UNKNOWN;
+}
 
 /// A deep copy that tells when it could not be made.
 HRESULT CopyValue(const VARIANT& value, UniqueVariant* copy) {
@@ -38,12 +42,24 @@ HRESULT CopyValue(const VARIANT& value, UniqueVariant* copy) {
 
 }  // namespace
 
-STDMETHODIMP cParameter::get_Name(BSTR* Name) { return win32::ReturnText(name_, Name); }
-STDMETHODIMP cParameter::put_Name(BSTR Name) { return StoreText(Name, &name_); }
-STDMETHODIMP cParameter::get_Predef(BSTR* Predef) { return win32::ReturnText(predef_, Predef); }
-STDMETHODIMP cParameter::put_Predef(BSTR Predef) { return StoreText(Predef, &predef_); }
-STDMETHODIMP cParameter::get_eType(BSTR* eType) { return win32::ReturnText(type_name_, eType); }
-STDMETHODIMP cParameter::put_eType(BSTR eType) { return StoreText(eType, &type_name_); }
+STDMETHODIMP cParameter::get_Name(BSTR* Name) {
+    return win32::ReturnText(name_, Name);
+}
+STDMETHODIMP cParameter::put_Name(BSTR Name) {
+    return StoreText(Name, &name_);
+}
+STDMETHODIMP cParameter::get_Predef(BSTR* Predef) {
+    return win32::ReturnText(predef_, Predef);
+}
+STDMETHODIMP cParameter::put_Predef(BSTR Predef) {
+    return StoreText(Predef, &predef_);
+}
+STDMETHODIMP cParameter::get_eType(BSTR* eType) {
+    return win32::ReturnText(type_name_, eType);
+}
+STDMETHODIMP cParameter::put_eType(BSTR eType) {
+    return StoreText(eType, &type_name_);
+}
 
 STDMETHODIMP cParameter::get_Value(VARIANT* Value) {
     if (!Value) return E_POINTER;

@@ -1,5 +1,5 @@
-// cParameter, the public class of a named parameter that a host offers to the designer: four plain properties, and
-// the value written as an SQL or a VB-style literal. Conversion errors reach the host.
+// cParameter, the public class of a named parameter that a host offers to the designer: four plain
+// properties, and the value written as an SQL or a VB-style literal. Conversion errors reach the host.
 #pragma once
 
 #include <string>

@@ -18,11 +18,17 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* object) {
     return CLASS_E_CLASSNOTAVAILABLE;
 }
 
-STDAPI DllCanUnloadNow() { return win32::ServerCount::IsIdle() ? S_OK : S_FALSE; }
+STDAPI DllCanUnloadNow() {
+    return win32::ServerCount::IsIdle() ? S_OK : S_FALSE;
+}
 
-STDAPI DllRegisterServer() { return component::Register(RegistrationScope::Machine); }
+STDAPI DllRegisterServer() {
+    return component::Register(RegistrationScope::Machine);
+}
 
-STDAPI DllUnregisterServer() { return component::Unregister(RegistrationScope::Machine); }
+STDAPI DllUnregisterServer() {
+    return component::Unregister(RegistrationScope::Machine);
+}
 
 /// regsvr32 /n /i:user tesseldsn.dll registers for the current user alone; /i without a text for the machine.
 STDAPI DllInstall(BOOL install, LPCWSTR command_line) {

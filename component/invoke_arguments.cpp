@@ -20,8 +20,8 @@ public:
     const FUNCDESC* operator->() const { return description_; }
     explicit operator bool() const { return description_ != nullptr; }
 
-    /// Finds a member by number and kind. The list is walked because ITypeInfo2::GetFuncIndexOfMemId counts the
-    /// inherited methods of a dual interface differently from GetFuncDesc under Wine 8.
+    /// Finds a member by number and kind. The list is walked because ITypeInfo2::GetFuncIndexOfMemId counts
+    /// the inherited methods of a dual interface differently from GetFuncDesc under Wine 8.
     void Find(ITypeInfo* type, DISPID member, WORD kinds) {
         Reset();
         type_ = type;
@@ -42,7 +42,9 @@ private:
     FUNCDESC* description_ = nullptr;
 };
 
-bool IsObjectType(VARTYPE type) { return type == VT_DISPATCH || type == VT_UNKNOWN; }
+bool IsObjectType(VARTYPE type) {
+    return type == VT_DISPATCH || type == VT_UNKNOWN;
+}
 
 bool IsLeftOut(const VARIANTARG& argument) {
     return argument.vt == VT_ERROR && argument.scode == DISP_E_PARAMNOTFOUND;
@@ -53,8 +55,8 @@ const VARIANTARG& Followed(const VARIANTARG& argument) {
     return argument.vt == (VT_BYREF | VT_VARIANT) && argument.pvarVal ? *argument.pvarVal : argument;
 }
 
-/// Which kinds of member the call may reach. Languages without a "Set" statement assign objects by PROPERTYPUT, also
-/// to a property that can only be set by reference.
+/// Which kinds of member the call may reach. Languages without a "Set" statement assign objects by
+/// PROPERTYPUT, also to a property that can only be set by reference.
 WORD KindsOf(ITypeInfo* type, DISPID member, WORD flags, const DISPPARAMS& call) {
     if (!(flags & kAnyPut) || call.cArgs == 0) return flags;
     const VARTYPE value_type = Followed(call.rgvarg[0]).vt;
@@ -136,7 +138,8 @@ InvokeArguments::Parameter InvokeArguments::Describe(ITypeInfo* type, const TYPE
     if (description.vt == VT_PTR) {
         parameter = Describe(type, *description.lptdesc);
         // A pointer to an interface is that interface as a value; any other pointer is a reference.
-        const bool interface_itself = description.lptdesc->vt == VT_USERDEFINED && IsObjectType(parameter.type);
+        const bool interface_itself =
+            description.lptdesc->vt == VT_USERDEFINED && IsObjectType(parameter.type);
         parameter.by_reference = !interface_itself;
         return parameter;
     }
@@ -149,7 +152,8 @@ InvokeArguments::Parameter InvokeArguments::Describe(ITypeInfo* type, const TYPE
     if (FAILED(referenced->GetTypeAttr(&attributes))) return parameter;
     if (attributes->typekind == TKIND_ENUM) parameter.type = VT_I4;
     if (attributes->typekind == TKIND_ALIAS) parameter = Describe(referenced.Get(), attributes->tdescAlias);
-    if (attributes->typekind == TKIND_DISPATCH || attributes->typekind == TKIND_COCLASS) parameter.type = VT_DISPATCH;
+    if (attributes->typekind == TKIND_DISPATCH || attributes->typekind == TKIND_COCLASS)
+        parameter.type = VT_DISPATCH;
     if (attributes->typekind == TKIND_INTERFACE)
         parameter.type = (attributes->wTypeFlags & TYPEFLAG_FDISPATCHABLE) ? VT_DISPATCH : VT_UNKNOWN;
     referenced->ReleaseTypeAttr(attributes);
@@ -198,7 +202,8 @@ HRESULT InvokeArguments::Fill(const Parameter& parameter, const VARIANTARG* from
     slot.writes_back = parameter.is_out && from && (from->vt & VT_BYREF);
     if (slot.writes_back) slot.before = UniqueVariant::CopyOf(value);
     target->vt = static_cast<VARTYPE>(parameter.type | VT_BYREF);
-    target->byref = parameter.type == VT_VARIANT ? static_cast<void*>(&value) : static_cast<void*>(&value.llVal);
+    target->byref =
+        parameter.type == VT_VARIANT ? static_cast<void*>(&value) : static_cast<void*>(&value.llVal);
     return S_OK;
 }
 
@@ -236,7 +241,8 @@ HRESULT InvokeArguments::Prepare(ITypeInfo* type, DISPID member, WORD flags, con
     arguments_.assign(count, VARIANTARG{});
     for (UINT parameter = 0; parameter < count; ++parameter) {
         const UINT i = position[parameter];
-        const VARIANTARG* from = i < call.cArgs && !IsLeftOut(Followed(call.rgvarg[i])) ? &call.rgvarg[i] : nullptr;
+        const VARIANTARG* from =
+            i < call.cArgs && !IsLeftOut(Followed(call.rgvarg[i])) ? &call.rgvarg[i] : nullptr;
         const HRESULT filled = Fill(wanted[parameter], from, &arguments_[count - 1 - parameter]);
         if (FAILED(filled)) {
             if (bad_argument && i < call.cArgs) *bad_argument = i;
@@ -254,7 +260,8 @@ HRESULT InvokeArguments::Prepare(ITypeInfo* type, DISPID member, WORD flags, con
 
 void InvokeArguments::WriteBack() {
     for (Slot& slot : slots_)
-        if (slot.writes_back && !SameValue(slot.value.Get(), slot.before.Get())) Store(*slot.from, slot.value);
+        if (slot.writes_back && !SameValue(slot.value.Get(), slot.before.Get()))
+            Store(*slot.from, slot.value);
 }
 
 }  // namespace tessel::component

@@ -1,15 +1,16 @@
 // The arguments of one late-bound call, brought into the exact form that the member's parameters have.
 //
-// Hosts pass the same argument by value, by reference, by reference to a Variant (VBScript, VBA), by name, or leave
-// it out; the platform's own ITypeInfo::Invoke refuses several of these for [in, out] parameters. Prepare makes, for
-// each parameter that is not matched exactly, a private value of the parameter's type and passes that; after a
-// successful call WriteBack gives changed values back to the variables that came by reference.
+// Hosts pass the same argument by value, by reference, by reference to a Variant (VBScript, VBA), by name, or
+// leave it out; the platform's own ITypeInfo::Invoke refuses several of these for [in, out] parameters.
+// Prepare makes, for each parameter that is not matched exactly, a private value of the parameter's type and
+// passes that; after a successful call WriteBack gives changed values back to the variables that came by
+// reference.
 //
 // A private value, never a shallow copy of the caller's: the callee may free and replace an [in, out] text or
 // object, and the caller frees its own afterwards.
 //
-// What is no object arrives as Nothing in an [in, out] object parameter, and the method decides; in every other case
-// a value that cannot be converted is a type mismatch that names the argument.
+// What is no object arrives as Nothing in an [in, out] object parameter, and the method decides; in every
+// other case a value that cannot be converted is a type mismatch that names the argument.
 #pragma once
 
 #include <windows.h>

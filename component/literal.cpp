@@ -17,8 +17,8 @@ constexpr int kDefaultPropertyLimit = 8;
 
 enum class DateFormat { Date, Time, DateAndTime };
 
-/// The format of a date-and-time type. The name is compared in lower case but not trimmed: one with blanks around
-/// it is classified like its bare name and yet formatted as a date. Hosts see this, so it stays.
+/// The format of a date-and-time type. The name is compared in lower case but not trimmed: one with blanks
+/// around it is classified like its bare name and yet formatted as a date. Hosts see this, so it stays.
 DateFormat DateFormatOf(std::wstring_view type_name) {
     const std::wstring name = Lower(type_name);
     if (name == L"addate" || name == L"addbtimestamp") return DateFormat::DateAndTime;
@@ -72,7 +72,8 @@ HRESULT FormatDate(const UniqueVariant& value, DateFormat format, std::wstring* 
 
 }  // namespace
 
-HRESULT RenderLiteral(const VARIANT& value, std::wstring_view type_name, LiteralSyntax syntax, std::wstring* literal) {
+HRESULT RenderLiteral(const VARIANT& value, std::wstring_view type_name, LiteralSyntax syntax,
+                      std::wstring* literal) {
     const ValueClass value_class = ADOTypeClass(type_name);
     if (value_class == ValueClass::None || value_class == ValueClass::Other) {
         literal->clear();
@@ -91,8 +92,9 @@ HRESULT RenderLiteral(const VARIANT& value, std::wstring_view type_name, Literal
         return S_OK;
     }
     std::wstring text;
-    const HRESULT converted = value_class == ValueClass::Text ? TextOfValue(plain, &text)
-                                                              : FormatDate(plain, DateFormatOf(type_name), &text);
+    const HRESULT converted = value_class == ValueClass::Text
+                                  ? TextOfValue(plain, &text)
+                                  : FormatDate(plain, DateFormatOf(type_name), &text);
     if (FAILED(converted)) return converted;
     // Quotes inside the value are not doubled: hosts that need it have done it themselves.
     const wchar_t quote = sql ? L'\'' : L'"';

@@ -48,8 +48,8 @@ private:
     const bool held_;
 };
 
-/// The schema's caption: what the caller gave, else the connection's default database, else a fixed text. A caption
-/// that was filled in is stored into the caller's variable.
+/// The schema's caption: what the caller gave, else the connection's default database, else a fixed text. A
+/// caption that was filled in is stored into the caller's variable.
 std::wstring FillCaption(IDispatch* connection, BSTR* caption) {
     std::wstring name(caption ? win32::TextOf(*caption) : std::wstring_view());
     if (!TrimView(name).empty()) return name;
@@ -72,20 +72,25 @@ CallResult NameOf(const UniqueVariant& element) {
     const Dispatch parameter(element.Object());
     if (!parameter) return CallResult(DISP_E_TYPEMISMATCH, {}, ConversionMessage(DISP_E_TYPEMISMATCH));
     CallResult name = parameter.Get(L"Name");
-    if (name && !name.Text()) return CallResult(DISP_E_TYPEMISMATCH, {}, ConversionMessage(DISP_E_TYPEMISMATCH));
+    if (name && !name.Text())
+        return CallResult(DISP_E_TYPEMISMATCH, {}, ConversionMessage(DISP_E_TYPEMISMATCH));
     return name;
 }
 
 }  // namespace
 
-STDMETHODIMP Quillon::get_CurrentSchema(IDispatch** CurrentSchema) { return current_schema_.CopyTo(CurrentSchema); }
+STDMETHODIMP Quillon::get_CurrentSchema(IDispatch** CurrentSchema) {
+    return current_schema_.CopyTo(CurrentSchema);
+}
 
 STDMETHODIMP Quillon::putref_CurrentSchema(IDispatch* CurrentSchema) {
     current_schema_ = ComPtr<IDispatch>(CurrentSchema);
     return S_OK;
 }
 
-STDMETHODIMP Quillon::get_ParamCol(IDispatch** ParamCol) { return parameters_.CopyTo(ParamCol); }
+STDMETHODIMP Quillon::get_ParamCol(IDispatch** ParamCol) {
+    return parameters_.CopyTo(ParamCol);
+}
 
 STDMETHODIMP Quillon::putref_ParamCol(IDispatch* ParamCol) {
     parameters_ = ComPtr<IDispatch>(ParamCol);
@@ -155,16 +160,17 @@ STDMETHODIMP Quillon::GetParameter(BSTR* Name, ::_cParameter** Parameter) {
         const std::wstring wanted = Folded(Name ? win32::TextOf(*Name) : std::wstring_view());
         std::optional<CallResult> failure;
         ComPtr<IDispatch> match;
-        const CallResult walked = win32::WalkCollection(Dispatch(parameters_), [&](const UniqueVariant& element) {
-            CallResult name = NameOf(element);
-            if (!name) {
-                failure = std::move(name);
+        const CallResult walked =
+            win32::WalkCollection(Dispatch(parameters_), [&](const UniqueVariant& element) {
+                CallResult name = NameOf(element);
+                if (!name) {
+                    failure = std::move(name);
+                    return false;
+                }
+                if (Folded(*name.Text()) != wanted) return true;
+                match = element.Object();
                 return false;
-            }
-            if (Folded(*name.Text()) != wanted) return true;
-            match = element.Object();
-            return false;
-        });
+            });
         if (failure) return RaiseWalkError(*failure);
         if (!walked) return RaiseWalkError(walked);
         if (!match) return S_OK;
@@ -186,7 +192,8 @@ std::vector<std::wstring> Quillon::ParameterNames() {
     return names;
 }
 
-// A look-up that fails finds nothing: the macro then stays in the text, and no error of it may reach the host.
+// A look-up that fails finds nothing: the macro then stays in the text, and no error of it may reach the
+// host.
 ComPtr<::_cParameter> Quillon::FindParameter(std::wstring_view name) {
     ComPtr<::_cParameter> parameter;
     BSTR text = win32::Bstr(name).Detach();

@@ -1,10 +1,10 @@
-// Quillon, the class through which a host reaches the designer. DesingQry (the spelling is the interface's own)
-// lets the user edit a statement over a connection and answers with the statement to keep; whatever goes wrong, that
-// is the statement it was given, and no error reaches the host. GetParameter looks a parameter up in ParamCol and
-// has no such trap.
+// Quillon, the class through which a host reaches the designer. DesingQry (the spelling is the interface's
+// own) lets the user edit a statement over a connection and answers with the statement to keep; whatever goes
+// wrong, that is the statement it was given, and no error reaches the host. GetParameter looks a parameter up
+// in ParamCol and has no such trap.
 //
-// The designer window lives for one call. While one is open, in whatever thread, a further DesingQry answers its
-// statement at once.
+// The designer window lives for one call. While one is open, in whatever thread, a further DesingQry answers
+// its statement at once.
 #pragma once
 
 #include <optional>

@@ -1,5 +1,6 @@
-// Self-registration: class and program identifiers, and the type library, for the machine or for the current user
-// alone, which needs no administrator. Unregistering removes everything that registering wrote and nothing else.
+// Self-registration: class and program identifiers, and the type library, for the machine or for the current
+// user alone, which needs no administrator. Unregistering removes everything that registering wrote and
+// nothing else.
 #pragma once
 
 #include <windows.h>

@@ -59,8 +59,8 @@ STDMETHODIMP SchemaReader::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LC
     });
 }
 
-STDMETHODIMP SchemaReader::Invoke(DISPID member, REFIID iid, LCID, WORD flags, DISPPARAMS* call, VARIANT* result,
-                                  EXCEPINFO*, UINT* bad_argument) {
+STDMETHODIMP SchemaReader::Invoke(DISPID member, REFIID iid, LCID, WORD flags, DISPPARAMS* call,
+                                  VARIANT* result, EXCEPINFO*, UINT* bad_argument) {
     if (iid != IID{}) return DISP_E_UNKNOWNINTERFACE;
     if (!call) return E_POINTER;
     for (const MemberRow& row : kMembers) {

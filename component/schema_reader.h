@@ -3,10 +3,11 @@
 //
 //   LoadSchema(connection)   reads the schema; true when that worked
 //   Count                    how many tables and views there are
-//   Name(i), Kind(i)         one of them, from 1 to Count: its name as statements write it, and 1 (table) or 2 (view)
+//   Name(i), Kind(i)         one of them, from 1 to Count: its name as statements write it, and 1 (table) or
+//   2 (view)
 //
-// Inside the component, Schema() gives the window the same data. Fields and relations are read when they are first
-// asked for, so the connection is kept as long as the schema.
+// Inside the component, Schema() gives the window the same data. Fields and relations are read when they are
+// first asked for, so the connection is kept as long as the schema.
 #pragma once
 
 #include <windows.h>

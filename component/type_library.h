@@ -1,6 +1,6 @@
 // The embedded type library, as far as objects need it: the type information behind IDispatch and the class
-// information behind IProvideClassInfo. Loaded from this module's own resource, so that objects work without any
-// registration.
+// information behind IProvideClassInfo. Loaded from this module's own resource, so that objects work without
+// any registration.
 #pragma once
 
 #include <windows.h>

@@ -25,13 +25,20 @@ const InterfaceEntry kInterfaces[] = {
     {__uuidof(::_cParameter), L"_cParameter"},
 };
 
-std::wstring LibraryKey() { return L"Software\\Classes\\TypeLib\\" + GuidText(kLibraryId); }
-std::wstring LocaleKey() { return LibraryKey() + L"\\" + kVersion + L"\\" + kLocale; }
-std::wstring InterfaceKey(REFGUID iid) { return L"Software\\Classes\\Interface\\" + GuidText(iid); }
+std::wstring LibraryKey() {
+    return L"Software\\Classes\\TypeLib\\" + GuidText(kLibraryId);
+}
+std::wstring LocaleKey() {
+    return LibraryKey() + L"\\" + kVersion + L"\\" + kLocale;
+}
+std::wstring InterfaceKey(REFGUID iid) {
+    return L"Software\\Classes\\Interface\\" + GuidText(iid);
+}
 
 HRESULT Write(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
     const DWORD bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
-    return HRESULT_FROM_WIN32(RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), name, REG_SZ, value.c_str(), bytes));
+    return HRESULT_FROM_WIN32(
+        RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), name, REG_SZ, value.c_str(), bytes));
 }
 
 bool Exists(HKEY root, const std::wstring& key) {
@@ -54,7 +61,9 @@ std::wstring GuidText(REFGUID guid) {
     return length > 0 ? std::wstring(text, static_cast<std::size_t>(length) - 1) : std::wstring();
 }
 
-bool IsLibraryRegistered(HKEY root) { return Exists(root, LocaleKey() + L"\\" + kPlatform); }
+bool IsLibraryRegistered(HKEY root) {
+    return Exists(root, LocaleKey() + L"\\" + kPlatform);
+}
 
 HRESULT RegisterLibraryForUser(const std::wstring& module_path) {
     const std::wstring version = LibraryKey() + L"\\" + kVersion;

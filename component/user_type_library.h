@@ -1,8 +1,8 @@
 // The type library's registry entries under the current user.
 //
-// The platform has a function for this, but not on every system that we run on: Wine 8's writes the machine's keys.
-// The keys are few and documented, so they are written here. The library's entry is shared by the 32-bit and the
-// 64-bit component; each removes its own part, and the last one the rest.
+// The platform has a function for this, but not on every system that we run on: Wine 8's writes the machine's
+// keys. The keys are few and documented, so they are written here. The library's entry is shared by the
+// 32-bit and the 64-bit component; each removes its own part, and the last one the rest.
 #pragma once
 
 #include <windows.h>

@@ -91,7 +91,8 @@ HRESULT RaiseError(HRESULT result, REFIID iid, std::wstring_view source, std::ws
 
 std::wstring SystemMessage(HRESULT result) {
     wchar_t* buffer = nullptr;
-    const DWORD flags = FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
+    const DWORD flags =
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS;
     const DWORD length = FormatMessageW(flags, nullptr, static_cast<DWORD>(result), 0,
                                         reinterpret_cast<LPWSTR>(&buffer), 0, nullptr);
     std::wstring text;
@@ -102,7 +103,8 @@ std::wstring SystemMessage(HRESULT result) {
         throw;
     }
     LocalFree(buffer);
-    while (!text.empty() && (text.back() == L'\r' || text.back() == L'\n' || text.back() == L' ')) text.pop_back();
+    while (!text.empty() && (text.back() == L'\r' || text.back() == L'\n' || text.back() == L' '))
+        text.pop_back();
     if (!text.empty()) return text;
     wchar_t number[40];
     std::swprintf(number, 40, L"Error de automatizaci\u00f3n 0x%08lX", static_cast<unsigned long>(result));

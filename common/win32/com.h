@@ -1,8 +1,8 @@
 // Owners for COM references, BSTR and VARIANT, and the guard of every COM method.
 //
-// Nothing here throws except std::bad_alloc where a text cannot be allocated; a method that calls such code runs
-// inside Guarded, so that the host only ever sees an HRESULT. Late-bound calls are in dispatch.h, the classes of an
-// in-process server in com_object.h.
+// Nothing here throws except std::bad_alloc where a text cannot be allocated; a method that calls such code
+// runs inside Guarded, so that the host only ever sees an HRESULT. Late-bound calls are in dispatch.h, the
+// classes of an in-process server in com_object.h.
 //
 //   STDMETHODIMP Thing::get_Name(BSTR* value) {
 //       return Guarded([&] { return ReturnText(name_, value); });
@@ -88,7 +88,8 @@ private:
 class Bstr {
 public:
     Bstr() = default;
-    explicit Bstr(std::wstring_view text) : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
+    explicit Bstr(std::wstring_view text)
+        : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
         if (!text_) throw std::bad_alloc();
     }
     ~Bstr() { SysFreeString(text_); }
@@ -117,7 +118,9 @@ private:
 inline std::wstring_view TextOf(BSTR text) {
     return text ? std::wstring_view(text, SysStringLen(text)) : std::wstring_view();
 }
-inline std::wstring_view Bstr::View() const { return TextOf(text_); }
+inline std::wstring_view Bstr::View() const {
+    return TextOf(text_);
+}
 
 /// Stores a text into an [out] parameter.
 HRESULT ReturnText(std::wstring_view text, BSTR* target);
@@ -209,11 +212,12 @@ HRESULT Guarded(Body&& body) noexcept {
     }
 }
 
-/// Leaves a description on the thread for the caller who receives the HRESULT, and returns that HRESULT. `iid` is
-/// the interface that failed, `source` the class's ProgID.
+/// Leaves a description on the thread for the caller who receives the HRESULT, and returns that HRESULT.
+/// `iid` is the interface that failed, `source` the class's ProgID.
 HRESULT RaiseError(HRESULT result, REFIID iid, std::wstring_view source, std::wstring_view description);
 
-/// The system's text for an HRESULT without a trailing line break; a Spanish text with the number when there is none.
+/// The system's text for an HRESULT without a trailing line break; a Spanish text with the number when there
+/// is none.
 std::wstring SystemMessage(HRESULT result);
 
 }  // namespace tessel::win32

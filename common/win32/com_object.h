@@ -1,7 +1,8 @@
-// The classes of an in-process server: the count of everything that keeps the library loaded, a base that implements
-// IUnknown over a list of interfaces, and a class factory.
+// The classes of an in-process server: the count of everything that keeps the library loaded, a base that
+// implements IUnknown over a list of interfaces, and a class factory.
 //
-// Every object and every factory counts itself for its whole life, so that DllCanUnloadNow can tell the truth:
+// Every object and every factory counts itself for its whole life, so that DllCanUnloadNow can tell the
+// truth:
 //
 //   class Thing final : public ComObject<IThing, ISupportErrorInfo> { … };
 //   STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** object) {
@@ -35,8 +36,8 @@ private:
     static inline std::atomic<long> count_{0};
 };
 
-/// IUnknown for a class that implements `First` and `Others`. When `First` derives from IDispatch, IDispatch is
-/// answered too. The object is born with one reference, which belongs to whoever made it.
+/// IUnknown for a class that implements `First` and `Others`. When `First` derives from IDispatch, IDispatch
+/// is answered too. The object is born with one reference, which belongs to whoever made it.
 template <class First, class... Others>
 class ComObject : public First, public Others... {
 public:

@@ -72,8 +72,8 @@ CallResult WalkEnumerator(const Dispatch& collection, const ElementVisitor& visi
     }
 }
 
-/// Elements through Count and Item. The last element answers to Count where numbers start at 1; only where it does
-/// not is 0 tried, since asking some collections for an absent key adds it.
+/// Elements through Count and Item. The last element answers to Count where numbers start at 1; only where it
+/// does not is 0 tried, since asking some collections for an absent key adds it.
 CallResult WalkItems(const Dispatch& collection, const ElementVisitor& visitor) {
     CallResult counted = collection.Get(L"Count");
     if (!counted) return counted;
@@ -122,7 +122,9 @@ std::optional<bool> CallResult::Boolean() const noexcept {
     return truth.Get().boolVal != VARIANT_FALSE;
 }
 
-Dispatch CallResult::Object() const noexcept { return Dispatch(value_.Object()); }
+Dispatch CallResult::Object() const noexcept {
+    return Dispatch(value_.Object());
+}
 
 CallResult Dispatch::InvokeName(const wchar_t* name, WORD flags, const UniqueVariant* arguments,
                                 std::size_t count) const noexcept {
@@ -135,7 +137,8 @@ CallResult Dispatch::InvokeName(const wchar_t* name, WORD flags, const UniqueVar
         reversed.reserve(count);
         for (std::size_t i = count; i > 0; --i) reversed.push_back(arguments[i - 1].Get());
         CallResult result = InvokeId(id, flags, std::move(reversed));
-        // Wine's JScript answers E_FAIL to "method or property" for a plain property; asked as a property it answers.
+        // Wine's JScript answers E_FAIL to "method or property" for a plain property; asked as a property it
+        // answers.
         const bool either = flags == (DISPATCH_METHOD | DISPATCH_PROPERTYGET);
         if (either && count == 0 && result.Code() == E_FAIL) return InvokeId(id, DISPATCH_PROPERTYGET, {});
         return result;
@@ -150,7 +153,8 @@ CallResult Dispatch::InvokeId(DISPID id, WORD flags, std::vector<VARIANTARG> rev
         const ComPtr<IDispatch> alive = object_;
         const bool sets = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
         DISPID put = DISPID_PROPERTYPUT;
-        DISPPARAMS parameters{reversed.data(), sets ? &put : nullptr, static_cast<UINT>(reversed.size()), sets ? 1u : 0u};
+        DISPPARAMS parameters{reversed.data(), sets ? &put : nullptr, static_cast<UINT>(reversed.size()),
+                              sets ? 1u : 0u};
         UniqueVariant value;
         ExceptionInfo info;
         UINT bad_argument = 0;
@@ -170,7 +174,8 @@ CallResult WalkCollection(const Dispatch& collection, const ElementVisitor& visi
         CallResult by_enumerator = WalkEnumerator(collection, visitor, &walked);
         if (walked) return by_enumerator;
         CallResult by_number = WalkItems(collection, visitor);
-        // What has neither an enumerator nor numbered items failed as a collection: the first reason is the better.
+        // What has neither an enumerator nor numbered items failed as a collection: the first reason is the
+        // better.
         if (!by_number && by_number.Code() == DISP_E_UNKNOWNNAME) return by_enumerator;
         return by_number;
     } catch (...) {

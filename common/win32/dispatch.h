@@ -1,6 +1,6 @@
-// Late-bound calls by name over IDispatch, for everything that a host hands us: connections, recordsets, parameter
-// collections. Nothing here throws, and no failure is lost: each call answers with a CallResult that holds either
-// the value or the HRESULT with the text that the object gave for it.
+// Late-bound calls by name over IDispatch, for everything that a host hands us: connections, recordsets,
+// parameter collections. Nothing here throws, and no failure is lost: each call answers with a CallResult
+// that holds either the value or the HRESULT with the text that the object gave for it.
 //
 //   const Dispatch connection(host_object);
 //   const CallResult state = connection.Get(L"State");
@@ -84,7 +84,9 @@ public:
         return Invoke(name, DISPATCH_PROPERTYPUTREF, std::forward<Arguments>(arguments)...);
     }
     /// The object's default property.
-    CallResult DefaultValue() const noexcept { return InvokeId(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {}); }
+    CallResult DefaultValue() const noexcept {
+        return InvokeId(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {});
+    }
 
     /// Invokes a member by its number. `reversed` holds the arguments, last one first.
     CallResult InvokeId(DISPID id, WORD flags, std::vector<VARIANTARG> reversed) const noexcept;
@@ -93,7 +95,8 @@ private:
     template <class... Arguments>
     CallResult Invoke(const wchar_t* name, WORD flags, Arguments&&... arguments) const noexcept {
         try {
-            UniqueVariant owned[sizeof...(arguments) + 1] = {UniqueVariant(std::forward<Arguments>(arguments))...};
+            UniqueVariant owned[sizeof...(arguments) + 1] = {
+                UniqueVariant(std::forward<Arguments>(arguments))...};
             return InvokeName(name, flags, owned, sizeof...(arguments));
         } catch (...) {
             return CallResult(E_OUTOFMEMORY, {}, {});
@@ -108,8 +111,9 @@ private:
 /// Visits one element of a collection; false stops the walk.
 using ElementVisitor = std::function<bool(const UniqueVariant& element)>;
 
-/// Walks a collection in its own order: through its enumerator, or else through Count and Item, whose numbers start
-/// at 1, as in the host languages' own collections, or at 0. The first failure ends the walk and is its result.
+/// Walks a collection in its own order: through its enumerator, or else through Count and Item, whose numbers
+/// start at 1, as in the host languages' own collections, or at 0. The first failure ends the walk and is its
+/// result.
 CallResult WalkCollection(const Dispatch& collection, const ElementVisitor& visitor) noexcept;
 
 }  // namespace tessel::win32

@@ -54,7 +54,9 @@ bool AdoCatalogue::ReadRowset(Rowset rowset, const Restrictions& restrictions, c
     return ReadAll(connection_.Get(L"OpenSchema", number, CriteriaOf(restrictions)), reader, false);
 }
 
-CallResult AdoCatalogue::Execute(const std::wstring& sql) { return connection_.Get(L"Execute", sql); }
+CallResult AdoCatalogue::Execute(const std::wstring& sql) {
+    return connection_.Get(L"Execute", sql);
+}
 
 bool AdoCatalogue::ReadQuery(std::initializer_list<const wchar_t*> statements, std::wstring_view name,
                              const RowReader& reader) {

@@ -1,5 +1,6 @@
-// The ways to ask a connection about its database: OpenSchema first, then the database's own catalogue by SQL for
-// providers that do not implement a rowset. One class for the asking; what the rows mean is read elsewhere.
+// The ways to ask a connection about its database: OpenSchema first, then the database's own catalogue by SQL
+// for providers that do not implement a rowset. One class for the asking; what the rows mean is read
+// elsewhere.
 #pragma once
 
 #include <functional>
@@ -24,15 +25,17 @@ using RowReader = std::function<void(const AdoRows& row)>;
 
 class AdoCatalogue {
 public:
-    AdoCatalogue(IDispatch* connection, std::size_t row_limit) : connection_(connection), row_limit_(row_limit) {}
+    AdoCatalogue(IDispatch* connection, std::size_t row_limit)
+        : connection_(connection), row_limit_(row_limit) {}
 
     const win32::Dispatch& Connection() const { return connection_; }
 
     /// Reads a rowset. False when the provider refused it or failed before its first row.
     bool ReadRowset(Rowset rowset, const Restrictions& restrictions, const RowReader& reader);
-    /// Reads the first of the statements that the database accepts and that gives a row. In each, "{0}" stands for
-    /// `name` as the inside of a text literal. False when none gives a row.
-    bool ReadQuery(std::initializer_list<const wchar_t*> statements, std::wstring_view name, const RowReader& reader);
+    /// Reads the first of the statements that the database accepts and that gives a row. In each, "{0}"
+    /// stands for `name` as the inside of a text literal. False when none gives a row.
+    bool ReadQuery(std::initializer_list<const wchar_t*> statements, std::wstring_view name,
+                   const RowReader& reader);
     /// Why the last thing that was asked for was refused.
     const std::wstring& LastError() const { return last_error_; }
 

@@ -43,7 +43,8 @@ std::vector<AdoSchemaSource::KeyRow> AdoSchemaSource::ReadForeignKeyRows() {
         key.referenced_table = row.Text(L"PK_TABLE_NAME").value_or(L"");
         key.referenced_column = row.Text(L"PK_COLUMN_NAME").value_or(L"");
         key.ordinal = row.Number(L"ORDINAL").value_or(1);
-        if (!key.table.empty() && !key.column.empty() && !key.referenced_table.empty()) rows.push_back(std::move(key));
+        if (!key.table.empty() && !key.column.empty() && !key.referenced_table.empty())
+            rows.push_back(std::move(key));
     };
     if (catalogue_.ReadRowset(Rowset::ForeignKeys, {}, reader)) return rows;
     catalogue_.ReadQuery(
@@ -52,13 +53,17 @@ std::vector<AdoSchemaSource::KeyRow> AdoSchemaSource::ReadForeignKeyRows() {
          L" ORDINAL_POSITION AS ORDINAL FROM information_schema.key_column_usage"
          L" WHERE REFERENCED_TABLE_NAME IS NOT NULL AND TABLE_SCHEMA = DATABASE()"
          L" ORDER BY TABLE_NAME, CONSTRAINT_NAME, ORDINAL_POSITION",
-         L"SELECT k.CONSTRAINT_NAME AS FK_NAME, k.TABLE_SCHEMA AS FK_TABLE_SCHEMA, k.TABLE_NAME AS FK_TABLE_NAME,"
-         L" k.COLUMN_NAME AS FK_COLUMN_NAME, p.TABLE_SCHEMA AS PK_TABLE_SCHEMA, p.TABLE_NAME AS PK_TABLE_NAME,"
+         L"SELECT k.CONSTRAINT_NAME AS FK_NAME, k.TABLE_SCHEMA AS FK_TABLE_SCHEMA, k.TABLE_NAME AS "
+         L"FK_TABLE_NAME,"
+         L" k.COLUMN_NAME AS FK_COLUMN_NAME, p.TABLE_SCHEMA AS PK_TABLE_SCHEMA, p.TABLE_NAME AS "
+         L"PK_TABLE_NAME,"
          L" p.COLUMN_NAME AS PK_COLUMN_NAME, k.ORDINAL_POSITION AS ORDINAL"
-         L" FROM (information_schema.referential_constraints r INNER JOIN information_schema.key_column_usage k"
+         L" FROM (information_schema.referential_constraints r INNER JOIN "
+         L"information_schema.key_column_usage k"
          L" ON k.CONSTRAINT_NAME = r.CONSTRAINT_NAME AND k.CONSTRAINT_SCHEMA = r.CONSTRAINT_SCHEMA)"
          L" INNER JOIN information_schema.key_column_usage p"
-         L" ON p.CONSTRAINT_NAME = r.UNIQUE_CONSTRAINT_NAME AND p.CONSTRAINT_SCHEMA = r.UNIQUE_CONSTRAINT_SCHEMA"
+         L" ON p.CONSTRAINT_NAME = r.UNIQUE_CONSTRAINT_NAME AND p.CONSTRAINT_SCHEMA = "
+         L"r.UNIQUE_CONSTRAINT_SCHEMA"
          L" AND p.ORDINAL_POSITION = k.ORDINAL_POSITION"
          L" ORDER BY k.TABLE_SCHEMA, k.TABLE_NAME, k.CONSTRAINT_NAME, k.ORDINAL_POSITION",
          L"SELECT m.name || '_' || f.id AS FK_NAME, m.name AS FK_TABLE_NAME, f.\"from\" AS FK_COLUMN_NAME,"
@@ -92,7 +97,8 @@ void AdoSchemaSource::CompleteReferences(std::vector<ForeignKey>& keys) {
         if (entry == entries_.end()) continue;
         const std::vector<std::wstring> primary = ReadPrimaryKey(entry->second);
         if (primary.size() != key.fields.size()) continue;
-        for (std::size_t i = 0; i < primary.size(); ++i) key.referenced_fields[i] = BracketIfNeeded(primary[i]);
+        for (std::size_t i = 0; i < primary.size(); ++i)
+            key.referenced_fields[i] = BracketIfNeeded(primary[i]);
     }
     std::erase_if(keys, [](const ForeignKey& key) {
         return std::any_of(key.referenced_fields.begin(), key.referenced_fields.end(),
@@ -113,8 +119,8 @@ Result<std::vector<ForeignKey>> AdoSchemaSource::LoadForeignKeys() {
             key.referenced_table = NameOf(row.referenced_schema, row.referenced_table);
         }
         keys.back().fields.push_back(BracketIfNeeded(row.column));
-        keys.back().referenced_fields.push_back(row.referenced_column.empty() ? std::wstring()
-                                                                               : BracketIfNeeded(row.referenced_column));
+        keys.back().referenced_fields.push_back(
+            row.referenced_column.empty() ? std::wstring() : BracketIfNeeded(row.referenced_column));
         last = &row;
     }
     CompleteReferences(keys);

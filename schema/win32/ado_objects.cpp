@@ -15,8 +15,8 @@ namespace {
 
 /// The kind of an object by its type word, or nothing for what belongs to the system or is no object.
 std::optional<ObjectKind> KindOf(std::wstring_view type_word) {
-    static constexpr std::array kTables = {L"TABLE",   L"BASE TABLE", L"SYNONYM",      L"ALIAS",
-                                           L"LINK",    L"LINKED",     L"PASS-THROUGH", L"FOREIGN TABLE",
+    static constexpr std::array kTables = {L"TABLE",   L"BASE TABLE",       L"SYNONYM",      L"ALIAS",
+                                           L"LINK",    L"LINKED",           L"PASS-THROUGH", L"FOREIGN TABLE",
                                            L"FOREIGN", L"PARTITIONED TABLE"};
     static constexpr std::array kViews = {L"VIEW", L"MATERIALIZED VIEW"};
     for (const wchar_t* word : kTables)
@@ -45,7 +45,8 @@ std::optional<CatalogueEntry> EntryOfRow(const AdoRows& row) {
     entry.schema = row.Text(L"TABLE_SCHEMA").value_or(L"");
     entry.catalogue = row.Text(L"TABLE_CATALOG").value_or(L"");
     const auto kind = KindOf(row.Text(L"TABLE_TYPE").value_or(L""));
-    if (!kind || entry.name.empty() || IsSystemName(entry.name) || IsSystemSchema(entry.schema)) return std::nullopt;
+    if (!kind || entry.name.empty() || IsSystemName(entry.name) || IsSystemSchema(entry.schema))
+        return std::nullopt;
     entry.kind = *kind;
     // An engine without catalogues fills the column with this word and calls its databases schemas.
     if (entry.catalogue == L"def") entry.catalogue = std::exchange(entry.schema, std::wstring());
@@ -64,13 +65,14 @@ void KeepOwnCatalogue(const win32::Dispatch& connection, std::vector<CatalogueEn
 
 /// True for schemas whose tables need no qualification.
 bool IsDefaultSchema(const std::wstring& schema) {
-    return schema.empty() || SameName(schema, L"dbo") || SameName(schema, L"public") || SameName(schema, L"main");
+    return schema.empty() || SameName(schema, L"dbo") || SameName(schema, L"public") ||
+           SameName(schema, L"main");
 }
 
 /// The order of two names for the user's eyes.
 int OrderOf(const std::wstring& a, const std::wstring& b) {
-    return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, a.data(), static_cast<int>(a.size()), b.data(),
-                          static_cast<int>(b.size()));
+    return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, a.data(), static_cast<int>(a.size()),
+                          b.data(), static_cast<int>(b.size()));
 }
 
 bool StandsBefore(const NamedEntry& a, const NamedEntry& b) {
@@ -104,7 +106,8 @@ std::optional<std::vector<NamedEntry>> ReadObjects(AdoCatalogue& catalogue) {
     std::vector<NamedEntry> named;
     for (CatalogueEntry& entry : entries) {
         std::wstring name = BracketIfNeeded(entry.name);
-        if (schemas.size() > 1 && !IsDefaultSchema(entry.schema)) name = BracketIfNeeded(entry.schema) + L'.' + name;
+        if (schemas.size() > 1 && !IsDefaultSchema(entry.schema))
+            name = BracketIfNeeded(entry.schema) + L'.' + name;
         if (seen.insert(Folded(name)).second) named.push_back({std::move(entry), std::move(name)});
     }
     std::stable_sort(named.begin(), named.end(), StandsBefore);

@@ -1,5 +1,5 @@
-// The tables and views of a connection: which rows of the catalogue are objects of the user's, and how statements
-// name them.
+// The tables and views of a connection: which rows of the catalogue are objects of the user's, and how
+// statements name them.
 #pragma once
 
 #include <optional>

@@ -31,9 +31,13 @@ CallResult AdoRows::Value(const wchar_t* column) const {
     return fields_.Get(L"Item", column).Object().Get(L"Value");
 }
 
-std::optional<std::wstring> AdoRows::Text(const wchar_t* column) const { return Value(column).Text(); }
+std::optional<std::wstring> AdoRows::Text(const wchar_t* column) const {
+    return Value(column).Text();
+}
 
-std::optional<long> AdoRows::Number(const wchar_t* column) const { return Value(column).Number(); }
+std::optional<long> AdoRows::Number(const wchar_t* column) const {
+    return Value(column).Number();
+}
 
 std::optional<bool> AdoRows::Boolean(const wchar_t* column) const {
     const CallResult value = Value(column);

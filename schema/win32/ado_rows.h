@@ -1,5 +1,6 @@
-// The rows of a recordset that a provider opened for us, read with distrust: a column may be missing, any call may
-// fail at any row, and the end may never come. Every such thing ends the walk; what was read before stays valid.
+// The rows of a recordset that a provider opened for us, read with distrust: a column may be missing, any
+// call may fail at any row, and the end may never come. Every such thing ends the walk; what was read before
+// stays valid.
 #pragma once
 
 #include <cstddef>

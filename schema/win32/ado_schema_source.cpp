@@ -47,7 +47,8 @@ Field FieldOfRow(const AdoRows& row) {
 
 }  // namespace
 
-AdoSchemaSource::AdoSchemaSource(IDispatch* connection, std::size_t row_limit) : catalogue_(connection, row_limit) {}
+AdoSchemaSource::AdoSchemaSource(IDispatch* connection, std::size_t row_limit)
+    : catalogue_(connection, row_limit) {}
 AdoSchemaSource::~AdoSchemaSource() = default;
 
 Result<std::vector<Object>> AdoSchemaSource::LoadObjects() {
@@ -101,11 +102,13 @@ std::vector<AdoSchemaSource::Column> AdoSchemaSource::ReadColumns(const Catalogu
         if (found != all_columns_->end()) return found->second;
     }
     catalogue_.ReadQuery(
-        {L"SELECT TABLE_SCHEMA, TABLE_NAME, COLUMN_NAME, ORDINAL_POSITION, IS_NULLABLE, DATA_TYPE AS TYPE_NAME,"
+        {L"SELECT TABLE_SCHEMA, TABLE_NAME, COLUMN_NAME, ORDINAL_POSITION, IS_NULLABLE, DATA_TYPE AS "
+         L"TYPE_NAME,"
          L" CHARACTER_MAXIMUM_LENGTH, NUMERIC_PRECISION, NUMERIC_SCALE FROM information_schema.columns"
          L" WHERE TABLE_NAME = '{0}' ORDER BY ORDINAL_POSITION",
          L"SELECT name AS COLUMN_NAME, cid + 1 AS ORDINAL_POSITION, type AS TYPE_NAME,"
-         L" CASE WHEN \"notnull\" <> 0 THEN 'NO' ELSE 'YES' END AS IS_NULLABLE FROM pragma_table_info('{0}')"},
+         L" CASE WHEN \"notnull\" <> 0 THEN 'NO' ELSE 'YES' END AS IS_NULLABLE FROM "
+         L"pragma_table_info('{0}')"},
         entry.name, reader);
     return columns;
 }
@@ -147,7 +150,8 @@ std::vector<std::wstring> AdoSchemaSource::ReadPrimaryKey(const CatalogueEntry& 
     };
     bool known = false;
     if (!all_keys_) {
-        known = catalogue_.ReadRowset(Rowset::PrimaryKeys, {entry.catalogue, entry.schema, entry.name}, reader);
+        known =
+            catalogue_.ReadRowset(Rowset::PrimaryKeys, {entry.catalogue, entry.schema, entry.name}, reader);
         if (!known) {
             ColumnsByTable all;
             const auto keep = [&](const AdoRows& row) {

@@ -1,10 +1,10 @@
-// The schema of a live connection, read through late-bound ADO: tables and views at once, the fields of an object
-// and the foreign keys when somebody asks.
+// The schema of a live connection, read through late-bound ADO: tables and views at once, the fields of an
+// object and the foreign keys when somebody asks.
 //
-// Each question is put to OpenSchema first, then to the database's catalogue by SQL, and fields at last to an empty
-// SELECT; only when no way works does it fail, and one failing question never spoils the others. A connection that
-// dies in the middle of an answer gives what it gave until then. Rows are always filtered here as well, since
-// providers ignore criteria or take them as patterns.
+// Each question is put to OpenSchema first, then to the database's catalogue by SQL, and fields at last to an
+// empty SELECT; only when no way works does it fail, and one failing question never spoils the others. A
+// connection that dies in the middle of an answer gives what it gave until then. Rows are always filtered
+// here as well, since providers ignore criteria or take them as patterns.
 #pragma once
 
 #include <optional>

@@ -1,4 +1,5 @@
-// The built tesseldsn.dll as a host sees it: loaded from the build's folder, objects from its class factories.
+// The built tesseldsn.dll as a host sees it: loaded from the build's folder, objects from its class
+// factories.
 #pragma once
 
 #include <windows.h>
@@ -27,7 +28,9 @@ inline std::wstring EnvironmentPath(const char* variable) {
     return WindowsPath(value ? value : ".");
 }
 
-inline std::wstring ComponentPath() { return EnvironmentPath("TESSEL_BINARY_DIR") + L"\\bin\\tesseldsn.dll"; }
+inline std::wstring ComponentPath() {
+    return EnvironmentPath("TESSEL_BINARY_DIR") + L"\\bin\\tesseldsn.dll";
+}
 
 class ComponentLibrary {
 public:
@@ -58,7 +61,9 @@ public:
         return object;
     }
     win32::ComPtr<::_Quillon> CreateQuillon() const { return Create<::_Quillon>(__uuidof(::Quillon)); }
-    win32::ComPtr<::_cParameter> CreateParameter() const { return Create<::_cParameter>(__uuidof(::cParameter)); }
+    win32::ComPtr<::_cParameter> CreateParameter() const {
+        return Create<::_cParameter>(__uuidof(::cParameter));
+    }
 
 private:
     ComponentLibrary() : module_(LoadLibraryW(ComponentPath().c_str())) {}

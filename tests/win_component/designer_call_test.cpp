@@ -57,9 +57,10 @@ protected:
 TEST_F(DesignerCall, TheWindowIsGivenEverythingInOrder) {
     const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
     const Answer answer = Design(connection.object.Get(), L"SELECT 1");
-    EXPECT_EQ(Steps(),
-              "create\nLoadSchema 2 ventas\nSetConnection yes\nSetResultSQL SELECT 1\nSetDsn SELECT 1\nShowModal\n"
-              "unload\nUnregisterWindowClasses\n");
+    EXPECT_EQ(
+        Steps(),
+        "create\nLoadSchema 2 ventas\nSetConnection yes\nSetResultSQL SELECT 1\nSetDsn SELECT 1\nShowModal\n"
+        "unload\nUnregisterWindowClasses\n");
     EXPECT_EQ(answer.result, L"SELECT 1");
 }
 
@@ -139,7 +140,8 @@ TEST_F(DesignerCall, AConnectionThatDiesHalfWayStillOpensTheDesigner) {
         TheWindow() = tests::RecordedWindow();
         const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
         connection.line->calls_left = left;
-        EXPECT_EQ(Design(connection.object.Get(), L"SELECT 1").result, L"SELECT 1") << "after " << left << " calls";
+        EXPECT_EQ(Design(connection.object.Get(), L"SELECT 1").result, L"SELECT 1")
+            << "after " << left << " calls";
     }
 }
 
@@ -150,7 +152,8 @@ TEST_F(DesignerCall, AStepThatFailsIsSkippedAndTheNextOneRuns) {
         TheWindow().throws_in = failing;
         TheWindow().accepts = true;
         EXPECT_EQ(Design(connection.object.Get(), L"SELECT 1").result, L"resultado") << failing;
-        EXPECT_NE(Steps().find("ShowModal\nResultSQL\nunload\nUnregisterWindowClasses\n"), std::string::npos) << failing;
+        EXPECT_NE(Steps().find("ShowModal\nResultSQL\nunload\nUnregisterWindowClasses\n"), std::string::npos)
+            << failing;
     }
     TheWindow() = tests::RecordedWindow();
     TheWindow().accepts = true;
@@ -192,9 +195,7 @@ TEST_F(DesignerCall, EveryCallReadsAFreshSchema) {
 TEST_F(DesignerCall, ASecondDesignerWhileOneIsOpenReturnsItsStatement) {
     const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
     std::wstring inner;
-    TheWindow().during_modal = [&] {
-        inner = Design(connection.object.Get(), L"SELECT 2").result;
-    };
+    TheWindow().during_modal = [&] { inner = Design(connection.object.Get(), L"SELECT 2").result; };
     EXPECT_EQ(Design(connection.object.Get(), L"SELECT 1").result, L"SELECT 1");
     EXPECT_EQ(inner, L"SELECT 2");
     EXPECT_EQ(std::count(TheWindow().steps.begin(), TheWindow().steps.end(), "create"), 1);
@@ -256,7 +257,8 @@ TEST_F(DesignerCall, ThePointerIsAnHourglassUntilTheWindowOpensAndThenTheHostsOw
     const tests::FakePtr watching = tests::MakeFake();
     watching->On(L"OpenSchema", [&](const FakeCall&) {
         while_loading = GetCursor();
-        return tests::Value(tests::ObjectValue(tests::MakeRecordset(Database(L"").rowsets[20], connection.line)));
+        return tests::Value(
+            tests::ObjectValue(tests::MakeRecordset(Database(L"").rowsets[20], connection.line)));
     });
     TheWindow().during_modal = [&] { while_open = GetCursor(); };
     Design(watching.Get(), L"x");
@@ -285,6 +287,54 @@ TEST_F(DesignerCall, TheWindowReadsTheHostsParameters) {
     quillon_->putref_ParamCol(tests::MakeEnumerable({named(L"uno"), named(L"dos")}, 1).Get());
     Design(connection.object.Get(), L"x");
     EXPECT_EQ(names, std::vector<std::wstring>{L"uno"}) << "what a broken collection gave";
+}
+
+/// Calls DesingQry by name with the caption in the given form.
+void DesignLate(const ComPtr<Quillon>& quillon, const FakeConnection& connection,
+                win32::UniqueVariant caption) {
+    const win32::Dispatch late(quillon.As<IDispatch>());
+    const win32::CallResult result =
+        late.Call(L"DesingQry", tests::ObjectValue(connection.object), L"SELECT 1", std::move(caption));
+    ASSERT_TRUE(result) << ToUtf8(result.Message());
+    EXPECT_EQ(result.Text(), L"SELECT 1");
+}
+
+TEST_F(DesignerCall, TheCaptionGoesBackThroughEveryFormOfReference) {
+    const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
+    BSTR text = nullptr;
+    DesignLate(quillon_, connection, win32::UniqueVariant::ReferenceTo(&text));
+    EXPECT_EQ(win32::TextOf(text), L"ventas");
+    SysFreeString(text);
+
+    win32::UniqueVariant empty;
+    DesignLate(quillon_, connection, win32::UniqueVariant::ReferenceTo(empty.Address()));
+    ASSERT_EQ(empty.Type(), VT_BSTR);
+    EXPECT_EQ(win32::TextOf(empty.Get().bstrVal), L"ventas");
+
+    win32::UniqueVariant blank(L"  ");
+    DesignLate(quillon_, connection, win32::UniqueVariant::ReferenceTo(blank.Address()));
+    EXPECT_EQ(win32::TextOf(blank.Get().bstrVal), L"ventas");
+
+    win32::UniqueVariant own(L"Mi base");
+    DesignLate(quillon_, connection, win32::UniqueVariant::ReferenceTo(own.Address()));
+    EXPECT_EQ(win32::TextOf(own.Get().bstrVal), L"Mi base");
+
+    DesignLate(quillon_, connection, win32::UniqueVariant(L""));
+    DesignLate(quillon_, connection, win32::UniqueVariant::Missing());
+}
+
+TEST_F(DesignerCall, AnAcceptedStatementComesBackLateBound) {
+    const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
+    TheWindow().accepts = true;
+    win32::UniqueVariant variable = tests::ObjectValue(connection.object);
+    win32::UniqueVariant sql(L"SELECT 1");
+    const win32::Dispatch late(quillon_.As<IDispatch>());
+    EXPECT_EQ(late.Call(L"DesingQry", win32::UniqueVariant::ReferenceTo(variable.Address()),
+                        win32::UniqueVariant::ReferenceTo(sql.Address()))
+                  .Text(),
+              L"resultado");
+    EXPECT_EQ(win32::TextOf(sql.Get().bstrVal), L"SELECT 1") << "the caller's statement stays";
+    EXPECT_EQ(variable.Object().Get(), connection.object.Get());
 }
 
 }  // namespace

@@ -109,9 +109,8 @@ std::wstring LastErrorText() {
 
 TEST(GetParameter, AnErrorInsideTheWalkReachesTheCaller) {
     FakePtr broken = tests::MakeFake();
-    broken->On(L"Name", [](const FakeCall&) {
-        return tests::Raise(static_cast<HRESULT>(0x800A005B), L"Sin nombre");
-    });
+    broken->On(L"Name",
+               [](const FakeCall&) { return tests::Raise(static_cast<HRESULT>(0x800A005B), L"Sin nombre"); });
     EXPECT_EQ(Find(tests::MakeCollection({broken}).Get(), L"fecha").result, static_cast<HRESULT>(0x800A005B));
     EXPECT_EQ(LastErrorText(), L"Sin nombre");
 

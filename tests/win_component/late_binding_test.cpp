@@ -1,5 +1,5 @@
-// Late binding in every argument form that hosts use. The calls that need a window are in designer_call_test.cpp;
-// here DesingQry has no connection and answers its statement.
+// Late binding in every argument form that hosts use. The calls that need a window are in
+// designer_call_test.cpp; here DesingQry has no connection and answers its statement.
 #include <gtest/gtest.h>
 
 #include "common/win32/dispatch.h"
@@ -16,8 +16,12 @@ using win32::ComPtr;
 using win32::Dispatch;
 using win32::UniqueVariant;
 
-Dispatch LateQuillon() { return Dispatch(ComponentLibrary::Instance().CreateQuillon().As<IDispatch>()); }
-Dispatch LateParameter() { return Dispatch(ComponentLibrary::Instance().CreateParameter().As<IDispatch>()); }
+Dispatch LateQuillon() {
+    return Dispatch(ComponentLibrary::Instance().CreateQuillon().As<IDispatch>());
+}
+Dispatch LateParameter() {
+    return Dispatch(ComponentLibrary::Instance().CreateParameter().As<IDispatch>());
+}
 
 IDispatch* const kNothing = nullptr;
 
@@ -25,7 +29,8 @@ TEST(LateBinding, ArgumentsByValue) {
     const Dispatch quillon = LateQuillon();
     EXPECT_EQ(quillon.Call(L"DesingQry", kNothing, L"SELECT 1", L"").Text(), L"SELECT 1");
     EXPECT_EQ(quillon.Call(L"desingqry", kNothing, L" \u00d1 \r\n").Text(), L" \u00d1 \r\n");
-    EXPECT_EQ(quillon.Call(L"DesingQry", UniqueVariant(), 12).Text(), L"12") << "Empty for a connection, a number";
+    EXPECT_EQ(quillon.Call(L"DesingQry", UniqueVariant(), 12).Text(), L"12")
+        << "Empty for a connection, a number";
     EXPECT_EQ(quillon.Call(L"DesingQry", L"no es objeto", L"x").Text(), L"x");
     EXPECT_EQ(quillon.Call(L"DesingQry", kNothing, UniqueVariant()).Text(), L"");
 }
@@ -36,8 +41,8 @@ TEST(LateBinding, ArgumentsByReference) {
     BSTR sql = Bstr(L"SELECT 2").Detach();
     BSTR caption = nullptr;
     EXPECT_EQ(quillon
-                  .Call(L"DesingQry", UniqueVariant::ReferenceTo(&connection), UniqueVariant::ReferenceTo(&sql),
-                        UniqueVariant::ReferenceTo(&caption))
+                  .Call(L"DesingQry", UniqueVariant::ReferenceTo(&connection),
+                        UniqueVariant::ReferenceTo(&sql), UniqueVariant::ReferenceTo(&caption))
                   .Text(),
               L"SELECT 2");
     EXPECT_EQ(win32::TextOf(sql), L"SELECT 2");
@@ -48,11 +53,12 @@ TEST(LateBinding, ArgumentsByReference) {
 TEST(LateBinding, ArgumentsByReferenceToAVariantKeepTheirTypes) {
     const Dispatch quillon = LateQuillon();
     UniqueVariant connection, sql(12), caption;
-    EXPECT_EQ(quillon
-                  .Call(L"DesingQry", UniqueVariant::ReferenceTo(connection.Address()),
-                        UniqueVariant::ReferenceTo(sql.Address()), UniqueVariant::ReferenceTo(caption.Address()))
-                  .Text(),
-              L"12");
+    EXPECT_EQ(
+        quillon
+            .Call(L"DesingQry", UniqueVariant::ReferenceTo(connection.Address()),
+                  UniqueVariant::ReferenceTo(sql.Address()), UniqueVariant::ReferenceTo(caption.Address()))
+            .Text(),
+        L"12");
     EXPECT_EQ(connection.Type(), VT_EMPTY);
     EXPECT_EQ(sql.Type(), VT_I4) << "what the method did not change stays as the host had it";
     EXPECT_EQ(caption.Type(), VT_EMPTY);
@@ -83,8 +89,8 @@ TEST(LateBinding, ArgumentsByName) {
     VARIANTARG arguments[] = {connection.Get(), sql.Get()};
     DISPID named[] = {ids[2], ids[1]};
     DISPPARAMS call{arguments, named, 2, 2};
-    EXPECT_EQ(quillon.Get()->Invoke(ids[0], IID{}, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call, result.Put(), nullptr,
-                                    nullptr),
+    EXPECT_EQ(quillon.Get()->Invoke(ids[0], IID{}, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call, result.Put(),
+                                    nullptr, nullptr),
               S_OK);
     EXPECT_EQ(win32::TextOf(result.Get().bstrVal), L"por nombre");
 }
@@ -105,8 +111,8 @@ TEST(LateBinding, AWrongArgumentIsNamed) {
     VARIANTARG arguments[] = {array.Get(), connection.Get()};
     DISPPARAMS call{arguments, nullptr, 2, 0};
     UINT bad = 99;
-    EXPECT_EQ(quillon.Get()->Invoke(2, IID{}, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call, result.Put(), nullptr,
-                                    &bad),
+    EXPECT_EQ(quillon.Get()->Invoke(2, IID{}, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call, result.Put(),
+                                    nullptr, &bad),
               DISP_E_TYPEMISMATCH);
     EXPECT_EQ(bad, 0u);
 }
@@ -160,8 +166,9 @@ TEST(LateBinding, AConversionErrorIsAnExceptionWithItsText) {
 TEST(LateBinding, OnlyTheNullInterfaceIsAccepted) {
     const Dispatch quillon = LateQuillon();
     DISPPARAMS none{};
-    EXPECT_EQ(quillon.Get()->Invoke(1, IID_IUnknown, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
-              DISP_E_UNKNOWNINTERFACE);
+    EXPECT_EQ(
+        quillon.Get()->Invoke(1, IID_IUnknown, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
+        DISP_E_UNKNOWNINTERFACE);
     EXPECT_EQ(quillon.Get()->Invoke(99, IID{}, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
               DISP_E_MEMBERNOTFOUND);
 }

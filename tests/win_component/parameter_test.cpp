@@ -111,7 +111,8 @@ TEST(ParameterLiterals, FollowTheClassOfTheType) {
         {L"adBSTR", UniqueVariant::Date(moment), L"'2024-03-05' | \"2024-03-05\""},
         {L"ADDBTIME", UniqueVariant::Date(DateOf(2024, 3, 5, 0, 0, 1)), L"'00:00:01' | \"00:00:01\""},
         {L"adDBDate", UniqueVariant::Date(DateOf(999, 1, 2)), L"'0999-01-02' | \"0999-01-02\""},
-        {L"adDate", UniqueVariant(L"2024-03-05 14:07:09"), L"'2024-03-05 14:07:09' | \"2024-03-05 14:07:09\""},
+        {L"adDate", UniqueVariant(L"2024-03-05 14:07:09"),
+         L"'2024-03-05 14:07:09' | \"2024-03-05 14:07:09\""},
         {L"adDate", UniqueVariant(2.5), L"'1900-01-01 12:00:00' | \"1900-01-01 12:00:00\""},
         {L"adBinary", UniqueVariant(L"x"), L" | "},
         {L"adError", UniqueVariant(L"x"), L" | "},
@@ -195,9 +196,8 @@ TEST(ParameterValue, AnObjectWithoutAValueFailsWhenALiteralIsAskedFor) {
 
 TEST(ParameterValue, AnObjectThatIsItsOwnValueEnds) {
     const tests::FakePtr loop = tests::MakeFake();
-    loop->On(L"_Default", [raw = loop.Get()](const FakeCall&) {
-        return tests::Value(static_cast<IDispatch*>(raw));
-    });
+    loop->On(L"_Default",
+             [raw = loop.Get()](const FakeCall&) { return tests::Value(static_cast<IDispatch*>(raw)); });
     const ComPtr<_cParameter> parameter = ComponentLibrary::Instance().CreateParameter();
     ASSERT_EQ(parameter->putref_Value(tests::ObjectValue(loop).Get()), S_OK);
     EXPECT_EQ(Literals(parameter), kMismatch);

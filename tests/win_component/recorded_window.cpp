@@ -33,26 +33,42 @@ dlgDsn::dlgDsn(DesignerOwner* owner) {
     TheWindow().owner = owner;
     Record("create");
 }
-dlgDsn::~dlgDsn() { TheWindow().steps.push_back("unload"); }
-bool dlgDsn::IsCreated() const { return !TheWindow().refuses_creation; }
-HWND dlgDsn::Handle() const { return nullptr; }
+dlgDsn::~dlgDsn() {
+    TheWindow().steps.push_back("unload");
+}
+bool dlgDsn::IsCreated() const {
+    return !TheWindow().refuses_creation;
+}
+HWND dlgDsn::Handle() const {
+    return nullptr;
+}
 void dlgDsn::LoadSchema(const schema::Schema* schema, std::wstring_view caption) {
     Record("LoadSchema", std::to_string(schema->Objects().size()) + " " + ToUtf8(caption));
 }
-void dlgDsn::SetConnection(IDispatch* connection) { Record("SetConnection", connection ? "yes" : "no"); }
-void dlgDsn::SetDsn(std::wstring_view sql) { Record("SetDsn", ToUtf8(sql)); }
+void dlgDsn::SetConnection(IDispatch* connection) {
+    Record("SetConnection", connection ? "yes" : "no");
+}
+void dlgDsn::SetDsn(std::wstring_view sql) {
+    Record("SetDsn", ToUtf8(sql));
+}
 bool dlgDsn::ShowModal() {
     Record("ShowModal");
     if (TheWindow().during_modal) TheWindow().during_modal();
     return Accepted();
 }
-bool dlgDsn::Accepted() const { return TheWindow().accepts; }
+bool dlgDsn::Accepted() const {
+    return TheWindow().accepts;
+}
 std::wstring dlgDsn::ResultSQL() const {
     Record("ResultSQL");
     return TheWindow().result;
 }
-void dlgDsn::SetResultSQL(std::wstring_view text) { Record("SetResultSQL", ToUtf8(text)); }
+void dlgDsn::SetResultSQL(std::wstring_view text) {
+    Record("SetResultSQL", ToUtf8(text));
+}
 
-void UnregisterWindowClasses() { Record("UnregisterWindowClasses"); }
+void UnregisterWindowClasses() {
+    Record("UnregisterWindowClasses");
+}
 
 }  // namespace tessel::ui

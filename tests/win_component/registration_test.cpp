@@ -1,5 +1,5 @@
-// Registration in the machine's and in the user's keys. What the keys were before is put back afterwards, since
-// other tests of the same prefix may rely on it.
+// Registration in the machine's and in the user's keys. What the keys were before is put back afterwards,
+// since other tests of the same prefix may rely on it.
 #include <gtest/gtest.h>
 
 #include "tests/win_component/component_library.h"
@@ -16,21 +16,22 @@ constexpr wchar_t kQuillonInterface[] = L"Interface\\{DD505E4F-3EA4-467B-ACB8-A5
 constexpr wchar_t kParameterInterface[] = L"Interface\\{698B81CE-365D-4C53-A097-BF15C7BC5910}";
 constexpr const wchar_t* kPlatform = sizeof(void*) == 8 ? L"win64" : L"win32";
 
-const std::wstring kTopKeys[] = {kQuillonClass,       kParameterClass,    kTypeLibrary,         kQuillonInterface,
-                                 kParameterInterface, L"Tessel.Quillon",  L"Tessel.Quillon.1",  L"Tessel.cParameter",
-                                 L"Tessel.cParameter.1"};
+const std::wstring kTopKeys[] = {kQuillonClass,       kParameterClass,      kTypeLibrary,
+                                 kQuillonInterface,   kParameterInterface,  L"Tessel.Quillon",
+                                 L"Tessel.Quillon.1", L"Tessel.cParameter", L"Tessel.cParameter.1"};
 
 std::wstring ReadKey(HKEY root, const std::wstring& key, const wchar_t* name = nullptr) {
     wchar_t buffer[1024];
     DWORD size = sizeof buffer;
-    const LSTATUS read = RegGetValueW(root, (L"Software\\Classes\\" + key).c_str(), name, RRF_RT_REG_SZ, nullptr, buffer,
-                                      &size);
+    const LSTATUS read = RegGetValueW(root, (L"Software\\Classes\\" + key).c_str(), name, RRF_RT_REG_SZ,
+                                      nullptr, buffer, &size);
     return read == ERROR_SUCCESS ? buffer : L"(none)";
 }
 
 bool Exists(HKEY root, const std::wstring& key) {
     HKEY opened = nullptr;
-    if (RegOpenKeyExW(root, (L"Software\\Classes\\" + key).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return false;
+    if (RegOpenKeyExW(root, (L"Software\\Classes\\" + key).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS)
+        return false;
     RegCloseKey(opened);
     return true;
 }
@@ -90,7 +91,8 @@ TEST_P(Registration, WritesClassesProgIdsAndTypeLibrary) {
         {std::wstring(kQuillonInterface) + L"\\TypeLib", L"Version", L"1.1"},
         {std::wstring(kParameterInterface), nullptr, L"_cParameter"},
     };
-    for (const Case& c : cases) EXPECT_EQ(ToUtf8(ReadKey(root_, c.key, c.name)), ToUtf8(c.value)) << ToUtf8(c.key);
+    for (const Case& c : cases)
+        EXPECT_EQ(ToUtf8(ReadKey(root_, c.key, c.name)), ToUtf8(c.value)) << ToUtf8(c.key);
     EXPECT_TRUE(Exists(root_, library + L"\\1.1\\FLAGS"));
     EXPECT_TRUE(SUCCEEDED(Unregister()));
 }
@@ -120,9 +122,10 @@ TEST_P(Registration, TouchesNoOtherScope) {
     for (std::size_t i = 0; i < std::size(kTopKeys); ++i) EXPECT_EQ(Exists(other, kTopKeys[i]), before[i]);
 }
 
-INSTANTIATE_TEST_SUITE_P(Scopes, Registration, testing::Bool(), [](const testing::TestParamInfo<bool>& param) {
-    return param.param ? std::string("User") : std::string("Machine");
-});
+INSTANTIATE_TEST_SUITE_P(Scopes, Registration, testing::Bool(),
+                         [](const testing::TestParamInfo<bool>& param) {
+                             return param.param ? std::string("User") : std::string("Machine");
+                         });
 
 TEST(RegistrationForTheUser, TheOtherArchitecturesPartStays) {
     const std::wstring other = std::wstring(L"Software\\Classes\\") + kTypeLibrary + L"\\1.1\\409\\" +

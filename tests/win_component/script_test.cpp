@@ -1,5 +1,5 @@
-// The component from script hosts: regsvr32, then VBScript and JScript through cscript. A script says what was wrong
-// and ends with 42 when nothing was; an uncaught error would end with 0 and say nothing.
+// The component from script hosts: regsvr32, then VBScript and JScript through cscript. A script says what
+// was wrong and ends with 42 when nothing was; an uncaught error would end with 0 and say nothing.
 #include <gtest/gtest.h>
 
 #include "tests/win_component/component_library.h"
@@ -13,7 +13,8 @@ DWORD RunProgram(std::wstring command_line) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, command_line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process))
+    if (!CreateProcessW(nullptr, command_line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                        &process))
         return static_cast<DWORD>(-1);
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD code = 0;
@@ -25,7 +26,8 @@ DWORD RunProgram(std::wstring command_line) {
 
 bool IsRegistered() {
     HKEY key = nullptr;
-    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\Tessel.Quillon", 0, KEY_READ, &key) != ERROR_SUCCESS)
+    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\Tessel.Quillon", 0, KEY_READ, &key) !=
+        ERROR_SUCCESS)
         return false;
     RegCloseKey(key);
     return true;
@@ -45,7 +47,8 @@ protected:
     }
 
     static DWORD RunScript(const wchar_t* name) {
-        const std::wstring folder = tests::EnvironmentPath("TESSEL_SOURCE_DIR") + L"\\tests\\win_component\\scripts\\";
+        const std::wstring folder =
+            tests::EnvironmentPath("TESSEL_SOURCE_DIR") + L"\\tests\\win_component\\scripts\\";
         return RunProgram(L"cscript //nologo \"" + folder + name + L"\"");
     }
 
@@ -53,19 +56,27 @@ private:
     bool was_registered_ = false;
 };
 
-TEST_F(Scripts, VBScriptPassesArgumentsInEveryForm) { EXPECT_EQ(RunScript(L"late_binding.vbs"), kScriptPassed); }
+TEST_F(Scripts, VBScriptPassesArgumentsInEveryForm) {
+    EXPECT_EQ(RunScript(L"late_binding.vbs"), kScriptPassed);
+}
 
-TEST_F(Scripts, VBScriptWorksWithParameters) { EXPECT_EQ(RunScript(L"parameters.vbs"), kScriptPassed); }
+TEST_F(Scripts, VBScriptWorksWithParameters) {
+    EXPECT_EQ(RunScript(L"parameters.vbs"), kScriptPassed);
+}
 
-TEST_F(Scripts, JScriptWorksWithBothClasses) { EXPECT_EQ(RunScript(L"late_binding.js"), kScriptPassed); }
+TEST_F(Scripts, JScriptWorksWithBothClasses) {
+    EXPECT_EQ(RunScript(L"late_binding.js"), kScriptPassed);
+}
 
 TEST_F(Scripts, Regsvr32RegistersForTheUserAlone) {
     EXPECT_EQ(RunProgram(L"regsvr32 /s /n /i:user \"" + tests::ComponentPath() + L"\""), 0u);
     HKEY key = nullptr;
-    EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Classes\\Tessel.Quillon", 0, KEY_READ, &key), ERROR_SUCCESS);
+    EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Classes\\Tessel.Quillon", 0, KEY_READ, &key),
+              ERROR_SUCCESS);
     RegCloseKey(key);
     EXPECT_EQ(RunProgram(L"regsvr32 /s /u /n /i:user \"" + tests::ComponentPath() + L"\""), 0u);
-    EXPECT_NE(RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Classes\\Tessel.Quillon", 0, KEY_READ, &key), ERROR_SUCCESS);
+    EXPECT_NE(RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Classes\\Tessel.Quillon", 0, KEY_READ, &key),
+              ERROR_SUCCESS);
 }
 
 }  // namespace

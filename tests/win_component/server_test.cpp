@@ -10,7 +10,9 @@ namespace {
 using tests::ComponentLibrary;
 using win32::ComPtr;
 
-ComponentLibrary& Library() { return ComponentLibrary::Instance(); }
+ComponentLibrary& Library() {
+    return ComponentLibrary::Instance();
+}
 
 class Server : public testing::Test {
 protected:

@@ -1,4 +1,5 @@
-// The embedded type library: its contents against a golden text, and the public records as automation records.
+// The embedded type library: its contents against a golden text, and the public records as automation
+// records.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -98,7 +99,8 @@ std::wstring FunctionText(ITypeInfo* type, const FUNCDESC& function) {
 std::wstring InterfaceText(ITypeInfo* dispatch) {
     HREFTYPE reference = 0;
     ComPtr<ITypeInfo> type;
-    if (FAILED(dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference))) return L"    (not dual)\r\n";
+    if (FAILED(dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference)))
+        return L"    (not dual)\r\n";
     if (FAILED(dispatch->GetRefTypeInfo(reference, type.Put()))) return L"    (no interface)\r\n";
     TYPEATTR* attributes = nullptr;
     type->GetTypeAttr(&attributes);
@@ -121,7 +123,8 @@ std::wstring RecordText(ITypeInfo* type, const TYPEATTR& attributes) {
         Bstr name;
         UINT count = 0;
         type->GetNames(variable->memid, name.Put(), 1, &count);
-        text += L"    " + TypeName(type, variable->elemdescVar.tdesc) + L" " + std::wstring(name.View()) + L"\r\n";
+        text += L"    " + TypeName(type, variable->elemdescVar.tdesc) + L" " + std::wstring(name.View()) +
+                L"\r\n";
         type->ReleaseVarDesc(variable);
     }
     return text;
@@ -136,7 +139,8 @@ std::wstring CoclassText(ITypeInfo* type, const TYPEATTR& attributes) {
         type->GetRefTypeOfImplType(i, &reference);
         type->GetImplTypeFlags(i, &flags);
         type->GetRefTypeInfo(reference, implemented.Put());
-        text += L"    " + NameOf(implemented.Get()) + ((flags & IMPLTYPEFLAG_FDEFAULT) ? L" (default)" : L"") + L"\r\n";
+        text += L"    " + NameOf(implemented.Get()) +
+                ((flags & IMPLTYPEFLAG_FDEFAULT) ? L" (default)" : L"") + L"\r\n";
     }
     return text;
 }
@@ -148,8 +152,9 @@ std::wstring Dump(ITypeLib* library) {
     library->GetDocumentation(-1, name.Put(), nullptr, nullptr, nullptr);
     wchar_t locale[16];
     swprintf(locale, 16, L"0x%lx", attributes->lcid);
-    std::wstring text = L"library " + std::wstring(name.View()) + L" " + std::to_wstring(attributes->wMajorVerNum) +
-                        L"." + std::to_wstring(attributes->wMinorVerNum) + L" " + locale + L" " +
+    std::wstring text = L"library " + std::wstring(name.View()) + L" " +
+                        std::to_wstring(attributes->wMajorVerNum) + L"." +
+                        std::to_wstring(attributes->wMinorVerNum) + L" " + locale + L" " +
                         GuidText(attributes->guid) + L"\r\n";
     library->ReleaseTLibAttr(attributes);
     for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
@@ -157,8 +162,10 @@ std::wstring Dump(ITypeLib* library) {
         library->GetTypeInfo(i, type.Put());
         TYPEATTR* of_type = nullptr;
         type->GetTypeAttr(&of_type);
-        const wchar_t* kinds[] = {L"enum", L"record", L"module", L"interface", L"dispatch", L"coclass", L"alias", L"union"};
-        text += std::wstring(kinds[of_type->typekind]) + L" " + NameOf(type.Get()) + L" " + GuidText(of_type->guid);
+        const wchar_t* kinds[] = {L"enum",     L"record",  L"module", L"interface",
+                                  L"dispatch", L"coclass", L"alias",  L"union"};
+        text += std::wstring(kinds[of_type->typekind]) + L" " + NameOf(type.Get()) + L" " +
+                GuidText(of_type->guid);
         if (of_type->wTypeFlags & TYPEFLAG_FDUAL) text += L" dual";
         if (of_type->wTypeFlags & TYPEFLAG_FCANCREATE) text += L" creatable";
         text += L"\r\n";
@@ -177,7 +184,8 @@ std::wstring WithoutCarriageReturns(std::wstring text) {
 
 TEST(TypeLibrary, IsWhatHostsBindTo) {
     const std::wstring dumped = WithoutCarriageReturns(Dump(Library().Get()));
-    const std::wstring path = tests::EnvironmentPath("TESSEL_SOURCE_DIR") + L"\\tests\\win_component\\type_library.golden";
+    const std::wstring path =
+        tests::EnvironmentPath("TESSEL_SOURCE_DIR") + L"\\tests\\win_component\\type_library.golden";
     FILE* file = _wfopen(path.c_str(), L"rb");
     ASSERT_NE(file, nullptr);
     std::string golden(20000, '\0');

@@ -48,10 +48,11 @@ FakeTable PrimaryKeys() {
 }
 
 FakeTable ForeignKeys() {
-    return {{L"PK_TABLE_NAME", L"PK_COLUMN_NAME", L"FK_TABLE_NAME", L"FK_COLUMN_NAME", L"ORDINAL", L"FK_NAME"},
-            {{L"Clientes", L"IdCliente", L"Pedidos", L"IdCliente", L"1", L"fk_pedidos"},
-             {L"Detalle de pedidos", L"IdPedido", L"Tarifas", L"IdPedido", L"1", L"fk_tarifas"},
-             {L"Detalle de pedidos", L"L\u00ednea", L"Tarifas", L"L\u00ednea", L"2", L"fk_tarifas"}}};
+    return {
+        {L"PK_TABLE_NAME", L"PK_COLUMN_NAME", L"FK_TABLE_NAME", L"FK_COLUMN_NAME", L"ORDINAL", L"FK_NAME"},
+        {{L"Clientes", L"IdCliente", L"Pedidos", L"IdCliente", L"1", L"fk_pedidos"},
+         {L"Detalle de pedidos", L"IdPedido", L"Tarifas", L"IdPedido", L"1", L"fk_tarifas"},
+         {L"Detalle de pedidos", L"L\u00ednea", L"Tarifas", L"L\u00ednea", L"2", L"fk_tarifas"}}};
 }
 
 FakeDatabase FullDatabase() {
@@ -206,9 +207,9 @@ TEST(AdoSchemaObjects, SeveralSchemasAreToldApart) {
                             {{L"dbo", L"Clientes", L"TABLE"},
                              {L"Archivo viejo", L"Clientes", L"TABLE"},
                              {L"sys", L"objects", L"TABLE"}}};
-    database.rowsets[4] = {{L"TABLE_SCHEMA", L"TABLE_NAME", L"COLUMN_NAME", L"ORDINAL_POSITION"},
-                           {{L"dbo", L"Clientes", L"Nuevo", L"1"},
-                            {L"Archivo viejo", L"Clientes", L"Antiguo", L"1"}}};
+    database.rowsets[4] = {
+        {L"TABLE_SCHEMA", L"TABLE_NAME", L"COLUMN_NAME", L"ORDINAL_POSITION"},
+        {{L"dbo", L"Clientes", L"Nuevo", L"1"}, {L"Archivo viejo", L"Clientes", L"Antiguo", L"1"}}};
     for (const bool accepts_criteria : {true, false}) {
         database.accepts_criteria = accepts_criteria;
         const FakeConnection connection = MakeConnection(database);
@@ -247,7 +248,8 @@ TEST(AdoSchemaFields, AProviderWithoutCriteriaIsReadOnce) {
     const FakeConnection connection = MakeConnection(database);
     AdoSchemaSource source(connection.object.Get());
     EXPECT_EQ(NamesOf(*source.LoadFields(kClientes)), kClientesFields);
-    EXPECT_EQ(NamesOf(*source.LoadFields({L"Pedidos", L"Pedidos", ObjectKind::Table})), L"IdPedido*, Importe");
+    EXPECT_EQ(NamesOf(*source.LoadFields({L"Pedidos", L"Pedidos", ObjectKind::Table})),
+              L"IdPedido*, Importe");
     const auto& log = *connection.log;
     EXPECT_EQ(std::count(log.begin(), log.end(), L"4"), 1);
     EXPECT_EQ(std::count(log.begin(), log.end(), L"28"), 1);
@@ -353,15 +355,17 @@ TEST(AdoSchemaForeignKeys, TableByTableWhereTheProviderWantsCriteria) {
     ASSERT_TRUE(source.LoadObjects());
     EXPECT_TRUE(source.LoadForeignKeys()->empty());
     const auto& log = *connection.log;
-    EXPECT_EQ(std::count_if(log.begin(), log.end(), [](const auto& line) { return line.starts_with(L"27 "); }), 1)
+    EXPECT_EQ(
+        std::count_if(log.begin(), log.end(), [](const auto& line) { return line.starts_with(L"27 "); }), 1)
         << "one refusal is enough";
 }
 
 TEST(AdoSchemaForeignKeys, AReferenceWithoutColumnsMeansThePrimaryKey) {
     FakeDatabase database = FullDatabase();
-    database.rowsets[27] = {{L"PK_TABLE_NAME", L"PK_COLUMN_NAME", L"FK_TABLE_NAME", L"FK_COLUMN_NAME", L"ORDINAL"},
-                            {{L"Clientes", kNull, L"Pedidos", L"IdCliente", L"1"},
-                             {L"Fantasma", kNull, L"Pedidos", L"IdFantasma", L"1"}}};
+    database.rowsets[27] = {
+        {L"PK_TABLE_NAME", L"PK_COLUMN_NAME", L"FK_TABLE_NAME", L"FK_COLUMN_NAME", L"ORDINAL"},
+        {{L"Clientes", kNull, L"Pedidos", L"IdCliente", L"1"},
+         {L"Fantasma", kNull, L"Pedidos", L"IdFantasma", L"1"}}};
     const FakeConnection connection = MakeConnection(database);
     AdoSchemaSource source(connection.object.Get());
     ASSERT_TRUE(source.LoadObjects());

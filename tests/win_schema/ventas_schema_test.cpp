@@ -23,7 +23,8 @@ FakePtr WithoutRowsets(const win32::Dispatch& connection, bool knows_catalogue =
     });
     wrapper->On(L"Execute", [=](const FakeCall& call) {
         const std::wstring sql = call.Text(0);
-        const bool is_catalogue = sql.find(L"pragma") != sql.npos || sql.find(L"information_schema") != sql.npos;
+        const bool is_catalogue =
+            sql.find(L"pragma") != sql.npos || sql.find(L"information_schema") != sql.npos;
         if (is_catalogue && !knows_catalogue) return tests::Raise(E_FAIL, L"Sin permiso");
         const win32::CallResult rows = connection.Call(L"Execute", sql);
         if (!rows) return tests::Raise(rows.Code(), rows.Message());
@@ -62,7 +63,8 @@ std::wstring DescribeKeys(const Schema& schema) {
 
 const char kObjects[] =
     "Categor\u00edas\nClientes\n[Detalle de pedidos]\nDevoluciones\nEmpleados\n[Empleados y territorios]\n"
-    "[L\u00edneas de env\u00edo]\nPaises\nPedidos\nProductos\nProveedores\nRegiones\nTerritorios\nTransportistas\n";
+    "[L\u00edneas de "
+    "env\u00edo]\nPaises\nPedidos\nProductos\nProveedores\nRegiones\nTerritorios\nTransportistas\n";
 
 std::string TableNames(const Schema& schema) {
     std::wstring text;

@@ -1,5 +1,5 @@
-// Fake ADO objects over FakeDispatch: recordsets made of texts, and a connection that serves schema rowsets and
-// statements, and can die at a given call.
+// Fake ADO objects over FakeDispatch: recordsets made of texts, and a connection that serves schema rowsets
+// and statements, and can die at a given call.
 #pragma once
 
 #include <map>
@@ -35,7 +35,9 @@ struct FakeLine {
     }
 };
 
-inline FakeAnswer DeadLine() { return Raise(E_FAIL, L"Se perdi\u00f3 la conexi\u00f3n"); }
+inline FakeAnswer DeadLine() {
+    return Raise(E_FAIL, L"Se perdi\u00f3 la conexi\u00f3n");
+}
 
 inline win32::UniqueVariant CellValue(const Cell& cell) {
     return cell ? win32::UniqueVariant(*cell) : win32::UniqueVariant::Null();
@@ -71,7 +73,8 @@ inline FakePtr MakeRecordset(FakeTable table, std::shared_ptr<FakeLine> line) {
             } else {
                 index = static_cast<std::size_t>(call.Number(0));
             }
-            if (index >= columns.size()) return Raise(static_cast<HRESULT>(0x800A0CC1), L"No se encontr\u00f3 el elemento");
+            if (index >= columns.size())
+                return Raise(static_cast<HRESULT>(0x800A0CC1), L"No se encontr\u00f3 el elemento");
             FakePtr field = MakeFake();
             field->Set(L"Name", columns[index].c_str());
             field->Set(L"Type", 202);
@@ -89,8 +92,8 @@ inline FakePtr MakeRecordset(FakeTable table, std::shared_ptr<FakeLine> line) {
 
 /// What a fake connection knows.
 struct FakeDatabase {
-    std::map<long, FakeTable> rowsets;             ///< by OpenSchema's number; missing ones are not implemented
-    bool accepts_criteria = true;                  ///< else OpenSchema with criteria fails
+    std::map<long, FakeTable> rowsets;  ///< by OpenSchema's number; missing ones are not implemented
+    bool accepts_criteria = true;       ///< else OpenSchema with criteria fails
     std::map<std::wstring, FakeTable> statements;  ///< by a piece of the statement's text
     std::wstring default_database;
     long state = 1;
@@ -100,7 +103,8 @@ struct FakeDatabase {
 struct FakeConnection {
     FakePtr object;
     std::shared_ptr<FakeLine> line;
-    std::shared_ptr<std::vector<std::wstring>> log;  ///< "20", "4 Clientes", "SELECT …" in the order of the calls
+    std::shared_ptr<std::vector<std::wstring>>
+        log;  ///< "20", "4 Clientes", "SELECT …" in the order of the calls
 };
 
 /// The rows of a rowset whose table column holds the criterion.

@@ -1,9 +1,10 @@
-// A scriptable automation object for tests: members are lambdas, called by name. A member that nobody scripted is
-// unknown, as with a real object.
+// A scriptable automation object for tests: members are lambdas, called by name. A member that nobody
+// scripted is unknown, as with a real object.
 //
 //   auto connection = MakeFake();
 //   connection->On(L"State", [](const FakeCall&) { return Value(1); });
-//   connection->On(L"OpenSchema", [&](const FakeCall& call) { return call.Number(0) == 20 ? … : Raise(E_NOTIMPL); });
+//   connection->On(L"OpenSchema", [&](const FakeCall& call) { return call.Number(0) == 20 ? … :
+//   Raise(E_NOTIMPL); });
 #pragma once
 
 #include <windows.h>
@@ -46,13 +47,19 @@ struct FakeAnswer {
     std::wstring exception;  ///< text of an exception raised with `result` as its code
 };
 
-inline FakeAnswer Value(win32::UniqueVariant value) { return {S_OK, std::move(value), {}}; }
+inline FakeAnswer Value(win32::UniqueVariant value) {
+    return {S_OK, std::move(value), {}};
+}
 template <class T>
 FakeAnswer Value(T value) {
     return {S_OK, win32::UniqueVariant(value), {}};
 }
-inline FakeAnswer Fail(HRESULT result) { return {result, {}, {}}; }
-inline FakeAnswer Raise(HRESULT code, std::wstring text) { return {code, {}, std::move(text)}; }
+inline FakeAnswer Fail(HRESULT result) {
+    return {result, {}, {}};
+}
+inline FakeAnswer Raise(HRESULT code, std::wstring text) {
+    return {code, {}, std::move(text)};
+}
 
 class FakeDispatch final : public win32::ComObject<IDispatch> {
 public:
@@ -128,7 +135,9 @@ private:
 };
 
 using FakePtr = win32::ComPtr<FakeDispatch>;
-inline FakePtr MakeFake() { return win32::MakeObject<FakeDispatch>(); }
+inline FakePtr MakeFake() {
+    return win32::MakeObject<FakeDispatch>();
+}
 
 /// The fake as an argument or an answer.
 inline win32::UniqueVariant ObjectValue(const FakePtr& fake) {
