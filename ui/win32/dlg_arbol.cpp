@@ -2,8 +2,7 @@
 
 #include <commctrl.h>
 
-#include <cstring>
-
+#include "common/win32/clipboard.h"
 #include "common/win32/module.h"
 
 namespace tessel::ui {
@@ -94,22 +93,6 @@ LRESULT dlgArbol::OnNotify(NMHDR* header) {
     return 0;
 }
 
-void dlgArbol::Copy() {
-    const std::wstring text = AsText(roots_);
-    if (!OpenClipboard(Handle())) return;
-    EmptyClipboard();
-    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    if (const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes)) {
-        if (void* target = GlobalLock(memory)) {
-            std::memcpy(target, text.c_str(), bytes);
-            GlobalUnlock(memory);
-            // The clipboard owns the memory once it took it.
-            if (!SetClipboardData(CF_UNICODETEXT, memory)) GlobalFree(memory);
-        } else {
-            GlobalFree(memory);
-        }
-    }
-    CloseClipboard();
-}
+void dlgArbol::Copy() { win32::CopyToClipboard(Handle(), AsText(roots_)); }
 
 }  // namespace tessel::ui
