@@ -1,5 +1,5 @@
-// The window behind dlgDsn: creates the controls, lays them out, turns their notifications into the presenter's
-// gestures and shows what the presenter says. It decides nothing about queries.
+// The window behind dlgDsn: creates the controls, lays them out, turns their notifications into the
+// presenter's gestures and shows what the presenter says. It decides nothing about queries.
 //
 //   form
 //     picTop      "Agregar tabla al diagrama", "Ejecutar consulta …", "Ver árbol de sintaxis"
@@ -9,8 +9,8 @@
 //     picBottom   picBtns: "&Aceptar", "&Cancelar", "Ay&uda"
 #pragma once
 
-#include <windows.h>
 #include <oaidl.h>
+#include <windows.h>
 
 #include <functional>
 #include <memory>
@@ -32,33 +32,11 @@
 #include "ui/designer_presenter.h"
 #include "ui/preview.h"
 #include "ui/views.h"
+#include "ui/win32/designer_ids.h"
 #include "ui/win32/panel.h"
 #include "ui/win32/reason_label.h"
 
 namespace tessel::ui {
-
-/// The identifiers of the form's controls, fixed so that tests and assistive programs find them.
-enum ControlId : int {
-    kIdAccept = IDOK,
-    kIdCancel = IDCANCEL,
-    kIdSyntaxTree = 101,   // KewlButtons1
-    kIdAddTable = 102,     // KewlButtons2
-    kIdRunQuery = 103,     // KewlButtons3
-    kIdRemoveColumn = 104, // KewlButtons4
-    kIdClearAll = 105,     // KewlButtons5
-    kIdHelp = 108,         // KewlButtons8
-    kIdDistinct = 110,     // ChkDistinct
-    kIdTabs = 120,         // sTab
-    kIdGrid = 121,         // dxG
-    kIdDiagram = 122,      // dgmTables
-    kIdEditor = 123,       // edtSQL
-    kIdBrowser = 124,      // schemaView
-    kIdReason = 125,       // lblNo
-    kIdFocus = 126,        // txtFocus
-    kIdPageSplitter = 130, // HSR
-    kIdMainSplitter = 131, // VSplit1
-    kIdPanel = 140,
-};
 
 class DesignerWindow final : public win32::Window,
                              private DesignerView,
@@ -84,7 +62,9 @@ public:
 
     DesignerPresenter& Presenter() { return presenter_; }
     /// Replaces what "Ay&uda" and F1 call, which is ShowHelp, so that a test opens no help window.
-    void SetHelp(std::function<void(HWND owner, long context_id)> show_help) { show_help_ = std::move(show_help); }
+    void SetHelp(std::function<void(HWND owner, long context_id)> show_help) {
+        show_help_ = std::move(show_help);
+    }
     /// The editor's text as it stands, nothing composed.
     std::wstring EditorText() const { return editor_.Text(); }
     /// The controls, for whoever wants to know where something is shown.
@@ -94,7 +74,8 @@ public:
 private:
     // Creation and layout (designer_window_layout.cpp).
     bool CreateControls();
-    bool CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style, const wchar_t* tip);
+    bool CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style,
+                      const wchar_t* tip);
     void AddTip(HWND control, const wchar_t* tip);
     void ApplyFonts();
     void CentreOnScreen();
@@ -111,23 +92,25 @@ private:
     int FromTwips(int twips) const;
     int ToTwips(int pixels) const;
 
-    // Messages (designer_window.cpp).
+    // Messages (designer_window.cpp) and keys (designer_window_keys.cpp).
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
     LRESULT OnCommand(int id, int notification);
     LRESULT OnNotify(NMHDR* header);
     bool OnKey(const MSG& message);
     void OnTabSelected();
+    void ShowPages();
     void MoveToNextPane(bool backwards);
     /// The help topic of the pane that has the focus.
     long HelpTopic() const;
+    void FocusPage();
+
+    // Commands (designer_window_commands.cpp).
     void UpdateCommands();
     /// "Agregar tabla al diagrama", offering the tables related to one, or all when the name is empty.
     void AddTable(std::wstring_view related_to);
     void RunQuery();
-    void ShowPages();
-    void FocusPage();
 
-    // DesignerView
+    // DesignerView (designer_window_view.cpp)
     Pointer SetPointer(Pointer pointer) override;
     void ProcessEvents() override;
     void FocusNeutral() override;
@@ -149,7 +132,7 @@ private:
     void SetText(std::wstring_view text) override;
     void Refresh() override;
 
-    // The controls' gestures
+    // The controls' gestures (designer_window_gestures.cpp)
     void OnGridFocusMoved(model::GridRow row, int column) override;
     void OnGridCellCommitted(model::GridRow row, int column, std::wstring_view text) override;
     void OnDiagramFieldChecked(std::wstring_view table, std::wstring_view field, bool checked) override;
@@ -170,9 +153,9 @@ private:
     Panel bottom_;
     Panel buttons_;  // picBtns
     Panel strip_;
-    Panel design_pane_;   // picDsn
-    Panel grid_buttons_;  // picCtrs
-    Panel sql_page_;      // picSQL
+    Panel design_pane_;                    // picDsn
+    Panel grid_buttons_;                   // picCtrs
+    Panel sql_page_;                       // picSQL
     controls::SplitterBar main_splitter_;  // VSplit1
     controls::SplitterBar page_splitter_;  // HSR
     controls::SchemaBrowser browser_;      // schemaView

@@ -40,19 +40,27 @@ SIZE ClientSize(HWND hwnd) {
 }
 
 void Place(HWND hwnd, int left, int top, int width, int height) {
-    SetWindowPos(hwnd, nullptr, left, top, std::max(width, 0), std::max(height, 0), SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(hwnd, nullptr, left, top, std::max(width, 0), std::max(height, 0),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace
 
-int DesignerWindow::Px(int dips) const { return win32::Scale(dips, dpi_); }
-int DesignerWindow::FromTwips(int twips) const { return win32::TwipsToPixels(twips, dpi_); }
-int DesignerWindow::ToTwips(int pixels) const { return MulDiv(pixels, kTwipsPerInch, dpi_); }
+int DesignerWindow::Px(int dips) const {
+    return win32::Scale(dips, dpi_);
+}
+int DesignerWindow::FromTwips(int twips) const {
+    return win32::TwipsToPixels(twips, dpi_);
+}
+int DesignerWindow::ToTwips(int pixels) const {
+    return MulDiv(pixels, kTwipsPerInch, dpi_);
+}
 
 bool DesignerWindow::CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style,
                                   const wchar_t* tip) {
-    button = CreateWindowExW(0, L"BUTTON", caption, WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, 0, 0, 0, 0, parent,
-                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), win32::ThisModule(), nullptr);
+    button =
+        CreateWindowExW(0, L"BUTTON", caption, WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, 0, 0, 0, 0, parent,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), win32::ThisModule(), nullptr);
     if (!button) return false;
     AddTip(button, tip);
     return true;
@@ -73,14 +81,15 @@ bool DesignerWindow::CreateControls() {
     const HWND form = Handle();
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&classes);
-    tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, CW_USEDEFAULT, 0, 0, 0,
-                            form, nullptr, module, nullptr);
+    tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, CW_USEDEFAULT,
+                            0, 0, 0, form, nullptr, module, nullptr);
 
     // In tab order: the commands, the browser, the strip with its page, the dialog buttons.
     if (!top_.Create(form, form, kIdPanel) ||
         !CreateButton(add_table_, top_.Handle(), texts::kAddTable, kIdAddTable, 0, texts::kTipAddTable) ||
         !CreateButton(run_query_, top_.Handle(), texts::kRunQuery, kIdRunQuery, 0, texts::kTipRunQuery) ||
-        !CreateButton(syntax_tree_, top_.Handle(), texts::kSyntaxTree, kIdSyntaxTree, 0, texts::kTipSyntaxTree))
+        !CreateButton(syntax_tree_, top_.Handle(), texts::kSyntaxTree, kIdSyntaxTree, 0,
+                      texts::kTipSyntaxTree))
         return false;
 
     if (!main_splitter_.Create(form, kIdMainSplitter, controls::Orientation::SideBySide, this) ||
@@ -91,8 +100,9 @@ bool DesignerWindow::CreateControls() {
     main_splitter_.SetMinimums(kSplitterMinimum, 4 * kSplitterMinimum);
     main_splitter_.SetPosition(kBrowserWidth);
 
-    tabs_ = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP, 0, 0, 0, 0,
-                            strip_.Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdTabs)), module, nullptr);
+    tabs_ = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP, 0,
+                            0, 0, 0, strip_.Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdTabs)),
+                            module, nullptr);
     if (!tabs_) return false;
     const wchar_t* const captions[] = {texts::kDesignTab, texts::kSqlTab};
     for (int i = 0; i < 2; ++i) {
@@ -108,7 +118,8 @@ bool DesignerWindow::CreateControls() {
         !grid_buttons_.Create(design_pane_.Handle(), form, kIdPanel) ||
         !CreateButton(remove_column_, grid_buttons_.Handle(), texts::kRemoveColumn, kIdRemoveColumn, 0,
                       texts::kTipRemoveColumn) ||
-        !CreateButton(clear_all_, grid_buttons_.Handle(), texts::kClearAll, kIdClearAll, 0, texts::kTipClearAll) ||
+        !CreateButton(clear_all_, grid_buttons_.Handle(), texts::kClearAll, kIdClearAll, 0,
+                      texts::kTipClearAll) ||
         !CreateButton(distinct_, grid_buttons_.Handle(), texts::kDistinct, kIdDistinct, BS_AUTOCHECKBOX,
                       texts::kTipDistinct) ||
         !grid_.Create(design_pane_.Handle(), kIdGrid) ||
@@ -127,11 +138,11 @@ bool DesignerWindow::CreateControls() {
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdFocus)), module, nullptr);
 
     if (!bottom_.Create(form, form, kIdPanel) || !buttons_.Create(bottom_.Handle(), form, kIdPanel) ||
-        !CreateButton(accept_, buttons_.Handle(), texts::kAccept, kIdAccept, BS_DEFPUSHBUTTON, texts::kTipAccept) ||
+        !CreateButton(accept_, buttons_.Handle(), texts::kAccept, kIdAccept, BS_DEFPUSHBUTTON,
+                      texts::kTipAccept) ||
         !CreateButton(cancel_, buttons_.Handle(), texts::kCancel, kIdCancel, 0, texts::kTipCancel) ||
         !CreateButton(help_, buttons_.Handle(), texts::kHelp, kIdHelp, 0, texts::kTipHelp))
         return false;
-
 
     strip_.OnSize([this] { LayoutStrip(); });
     design_pane_.OnSize([this] { LayoutDesignPane(); });
@@ -142,8 +153,8 @@ bool DesignerWindow::CreateControls() {
 
 void DesignerWindow::ApplyFonts() {
     win32::UniqueFont font = win32::MessageFont(dpi_);
-    for (HWND control : {add_table_, run_query_, syntax_tree_, tabs_, remove_column_, clear_all_, distinct_, accept_,
-                         cancel_, help_, focus_})
+    for (HWND control : {add_table_, run_query_, syntax_tree_, tabs_, remove_column_, clear_all_, distinct_,
+                         accept_, cancel_, help_, focus_})
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     reason_.SetFont(font.get());
     font_ = std::move(font);
@@ -160,7 +171,8 @@ void DesignerWindow::CentreOnScreen() {
     const int width = std::min(Px(kWindowWidth), static_cast<int>(work.right - work.left));
     const int height = std::min(Px(kWindowHeight), static_cast<int>(work.bottom - work.top));
     SetWindowPos(Handle(), nullptr, work.left + (work.right - work.left - width) / 2,
-                 work.top + (work.bottom - work.top - height) / 2, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+                 work.top + (work.bottom - work.top - height) / 2, width, height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void DesignerWindow::LayoutForm() {
@@ -226,7 +238,8 @@ void DesignerWindow::LayoutStrip() {
     }
 }
 
-/// The first division between diagram and grid: the grid gets the height of its rows when there is room for both.
+/// The first division between diagram and grid: the grid gets the height of its rows when there is room for
+/// both.
 void DesignerWindow::DivideDesignPage() {
     const int page = MulDiv(ClientSize(page_splitter_.Handle()).cy, 96, dpi_);
     page_splitter_.SetPosition(std::max(std::min(page - kGridHeight, page * 6 / 10), page * 3 / 10));

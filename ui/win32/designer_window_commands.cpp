@@ -1,0 +1,51 @@
+// The commands that open a dialog over the designer window, and when the buttons are enabled.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "ui/win32/designer_window.h"
+#include "ui/win32/dlg_add_table.h"
+#include "ui/win32/dlg_pvw.h"
+#include "ui/win32/preview_database.h"
+
+namespace tessel::ui {
+
+void DesignerWindow::UpdateCommands() {
+    const model::DesignGrid& grid = presenter_.Design().grid;
+    bool any_used = false;
+    for (int column = 0; column < grid.ColumnCount() && !any_used; ++column)
+        any_used = grid.IsColumnUsed(column);
+    const int focused = grid.FocusedColumn();
+    const bool focused_used = focused >= 0 && focused < grid.ColumnCount() && grid.IsColumnUsed(focused);
+    EnableWindow(remove_column_, focused_used);
+    EnableWindow(clear_all_, any_used);
+    // A table can only be added to a diagram that is in force and in sight.
+    const bool design_shown = SendMessageW(tabs_, TCM_GETCURSEL, 0, 0) == static_cast<LRESULT>(Tab::Design);
+    EnableWindow(add_table_, schema_ && design_shown && grid_visible_);
+    EnableWindow(run_query_, static_cast<bool>(connection_));
+}
+
+void DesignerWindow::RunQuery() {
+    if (!grid_.CommitEdit()) return;
+    ConnectionDatabase database(connection_.Get());
+    RunStatement(presenter_.GetSQLText(), macros_, database, *this);
+}
+
+void DesignerWindow::PreviewTable(std::wstring_view table) {
+    ConnectionDatabase database(connection_.Get());
+    ui::ShowTable(table, database, *this);
+}
+
+std::optional<Error> DesignerWindow::ShowRows(PreviewRows& rows) {
+    dlgPVW dialog(rows);
+    return dialog.Show(Handle());
+}
+
+void DesignerWindow::AddTable(std::wstring_view related_to) {
+    if (!schema_) return;
+    dlgAddTable dialog;
+    dialog.Init(*schema_, related_to, [this](std::wstring_view name) { presenter_.TableChosen(name); });
+    dialog.Show(Handle());
+}
+
+}  // namespace tessel::ui
