@@ -75,6 +75,28 @@ HRESULT DeleteTree(HKEY root, const std::wstring& key) {
     return deleted == ERROR_FILE_NOT_FOUND ? S_OK : HRESULT_FROM_WIN32(deleted);
 }
 
+/// Whether the component of the other architecture is registered in the same scope. Asked after this one's own keys
+/// are gone, because a system of 32 bits has one view of the registry, in which both questions read the same key.
+bool IsOtherArchitectureRegistered(HKEY root, const ClassEntry& entry) {
+    const REGSAM other_view = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    const std::wstring key = kClassesRoot + (L"CLSID\\" + GuidText(entry.clsid)) + L"\\InprocServer32";
+    HKEY opened = nullptr;
+    if (RegOpenKeyExW(root, key.c_str(), 0, KEY_READ | other_view, &opened) != ERROR_SUCCESS) return false;
+    RegCloseKey(opened);
+    return true;
+}
+
+/// Class identifiers are kept for each architecture apart; program identifiers are one set for both and go with
+/// the last of them.
+HRESULT DeleteClass(HKEY root, const ClassEntry& entry) {
+    HRESULT result = DeleteTree(root, L"CLSID\\" + GuidText(entry.clsid));
+    if (IsOtherArchitectureRegistered(root, entry)) return result;
+    const std::wstring prog_id = entry.prog_id;
+    for (const std::wstring& key : {prog_id, prog_id + L".1"})
+        if (const HRESULT deleted = DeleteTree(root, key); FAILED(deleted)) result = deleted;
+    return result;
+}
+
 HRESULT RegisterLibrary(RegistrationScope scope, const std::wstring& path) {
     if (scope == RegistrationScope::User) return RegisterLibraryForUser(path);
     ComPtr<ITypeLib> library;
@@ -112,11 +134,8 @@ HRESULT Register(RegistrationScope scope) {
 HRESULT Unregister(RegistrationScope scope) {
     return Guarded([&] {
         HRESULT result = UnregisterLibrary(scope);
-        for (const ClassEntry& entry : kClasses) {
-            const std::wstring prog_id = entry.prog_id;
-            for (const std::wstring& key : {L"CLSID\\" + GuidText(entry.clsid), prog_id, prog_id + L".1"})
-                if (const HRESULT deleted = DeleteTree(RootOf(scope), key); FAILED(deleted)) result = deleted;
-        }
+        for (const ClassEntry& entry : kClasses)
+            if (const HRESULT deleted = DeleteClass(RootOf(scope), entry); FAILED(deleted)) result = deleted;
         return FAILED(result) ? SELFREG_E_CLASS : S_OK;
     });
 }

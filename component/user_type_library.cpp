@@ -48,9 +48,26 @@ bool Exists(HKEY root, const std::wstring& key) {
     return true;
 }
 
-HRESULT Delete(const std::wstring& key) {
-    const LSTATUS deleted = RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str());
+HRESULT Delete(HKEY root, const std::wstring& key) {
+    const LSTATUS deleted = RegDeleteTreeW(root, key.c_str());
     return deleted == ERROR_FILE_NOT_FOUND ? S_OK : HRESULT_FROM_WIN32(deleted);
+}
+
+/// Interfaces are kept for each architecture apart. The last component to go takes them out of both views, since the
+/// first one left its own behind.
+HRESULT DeleteInterfaces() {
+    HRESULT result = S_OK;
+    for (const REGSAM view : {KEY_WOW64_32KEY, KEY_WOW64_64KEY}) {
+        HKEY classes = nullptr;
+        if (RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Classes", 0, KEY_ALL_ACCESS | view, &classes) !=
+            ERROR_SUCCESS)
+            continue;
+        for (const InterfaceEntry& entry : kInterfaces)
+            if (const HRESULT deleted = Delete(classes, L"Interface\\" + GuidText(entry.iid)); FAILED(deleted))
+                result = deleted;
+        RegCloseKey(classes);
+    }
+    return result;
 }
 
 }  // namespace
@@ -83,12 +100,11 @@ HRESULT RegisterLibraryForUser(const std::wstring& module_path) {
 }
 
 HRESULT UnregisterLibraryForUser() {
-    HRESULT result = Delete(LocaleKey() + L"\\" + kPlatform);
+    HRESULT result = Delete(HKEY_CURRENT_USER, LocaleKey() + L"\\" + kPlatform);
     for (const wchar_t* platform : {L"\\win32", L"\\win64"})
         if (Exists(HKEY_CURRENT_USER, LocaleKey() + platform)) return result;
-    for (const InterfaceEntry& entry : kInterfaces)
-        if (const HRESULT deleted = Delete(InterfaceKey(entry.iid)); FAILED(deleted)) result = deleted;
-    if (const HRESULT deleted = Delete(LibraryKey()); FAILED(deleted)) result = deleted;
+    if (const HRESULT deleted = DeleteInterfaces(); FAILED(deleted)) result = deleted;
+    if (const HRESULT deleted = Delete(HKEY_CURRENT_USER, LibraryKey()); FAILED(deleted)) result = deleted;
     return result;
 }
 

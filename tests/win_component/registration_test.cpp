@@ -127,6 +127,36 @@ INSTANTIATE_TEST_SUITE_P(Scopes, Registration, testing::Bool(),
                              return param.param ? std::string("User") : std::string("Machine");
                          });
 
+/// Program identifiers are one set for both architectures, class identifiers a set for each.
+TEST(RegistrationForTheMachine, ProgIdsStayUntilTheOtherArchitectureIsUnregisteredToo) {
+    const REGSAM other_view = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    const std::wstring classes = L"Software\\Classes\\";
+    const bool was_registered = Exists(HKEY_LOCAL_MACHINE, kQuillonClass);
+    const ComponentLibrary& library = ComponentLibrary::Instance();
+    ASSERT_EQ(library.RegisterServer(), S_OK);
+    HKEY other = nullptr;
+    const std::wstring other_key = classes + kQuillonClass + L"\\InprocServer32";
+    ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, other_key.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS | other_view,
+                              nullptr, &other, nullptr),
+              ERROR_SUCCESS);
+    RegCloseKey(other);
+
+    EXPECT_EQ(library.UnregisterServer(), S_OK);
+    EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, kQuillonClass));
+    EXPECT_TRUE(Exists(HKEY_LOCAL_MACHINE, L"Tessel.Quillon"));
+    EXPECT_TRUE(Exists(HKEY_LOCAL_MACHINE, L"Tessel.Quillon.1"));
+    EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, L"Tessel.cParameter")) << "nobody else has this class";
+
+    ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, (classes + L"CLSID").c_str(), 0, KEY_ALL_ACCESS | other_view, &other),
+              ERROR_SUCCESS);
+    RegDeleteTreeW(other, std::wstring(kQuillonClass).substr(6).c_str());
+    RegCloseKey(other);
+    EXPECT_EQ(library.UnregisterServer(), S_OK);
+    EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, L"Tessel.Quillon"));
+    EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, L"Tessel.Quillon.1"));
+    if (was_registered) library.RegisterServer();
+}
+
 TEST(RegistrationForTheUser, TheOtherArchitecturesPartStays) {
     const std::wstring other = std::wstring(L"Software\\Classes\\") + kTypeLibrary + L"\\1.1\\409\\" +
                                (sizeof(void*) == 8 ? L"win32" : L"win64");
