@@ -9,6 +9,7 @@ anew, since names must stay in order. It does not decompress: chmls does.
 import struct
 
 _HEADER = struct.Struct("<4s5I16s16s5Q")  # version 3
+_HEADER_TIME = 4  # its place among the header's fields
 _CHUNK = 4096
 _QUICK_EVERY = 5  # one quick reference in 1 + 2**2 entries, as the directory header says
 _LISTING_HEAD = 20
@@ -81,6 +82,17 @@ class Directory:
         """Adds or replaces a stream. What a replaced one held stays in the file, unnamed."""
         self.entries[name] = (0, len(self._content), len(data))
         self._content += data
+
+    def overwrite(self, name, data):
+        """Gives a stream of section 0 other bytes of the same length, in their place."""
+        section, offset, size = self.entries[name]
+        if section != 0 or size != len(data):
+            raise Damaged(name + " cannot be overwritten")
+        self._content[offset:offset + size] = data
+
+    def set_time(self, time):
+        """The time of compilation in the header. Viewers only compare it with that of their own saved settings."""
+        self._header[_HEADER_TIME] = time
 
     def to_bytes(self):
         listings, first_names = self._listings()
