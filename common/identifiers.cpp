@@ -119,6 +119,10 @@ std::wstring Unbracketed(std::wstring_view name) {
 }
 
 bool SameIdentifier(std::wstring_view a, std::wstring_view b) {
+    const auto plain = [](std::wstring_view name) { return !name.empty() && !ClosingOf(name.front()); };
+    const std::wstring_view first = TrimView(a);
+    const std::wstring_view second = TrimView(b);
+    if (plain(first) && plain(second)) return SameIgnoringCase(first, second);
     return SameIgnoringCase(Unbracketed(a), Unbracketed(b));
 }
 

@@ -118,7 +118,7 @@ std::wstring Trim(std::wstring_view text) {
     return std::wstring(TrimView(text));
 }
 
-wchar_t LowerChar(wchar_t ch) {
+wchar_t LowerWideChar(wchar_t ch) {
     const std::uint32_t code = Code(ch);
     const auto* after = std::upper_bound(std::begin(kCapitals), std::end(kCapitals), code,
                                          [](std::uint32_t c, const CapitalRange& r) { return c < r.first; });
@@ -130,7 +130,7 @@ wchar_t LowerChar(wchar_t ch) {
 
 std::wstring Lower(std::wstring_view text) {
     std::wstring lowered(text);
-    std::ranges::transform(lowered, lowered.begin(), LowerChar);
+    for (wchar_t& ch : lowered) ch = LowerChar(ch);
     return lowered;
 }
 
@@ -143,7 +143,9 @@ bool SameName(std::wstring_view a, std::wstring_view b) {
 }
 
 bool SameIgnoringCase(std::wstring_view a, std::wstring_view b) {
-    return std::ranges::equal(a, b, [](wchar_t x, wchar_t y) { return LowerChar(x) == LowerChar(y); });
+    return a.size() == b.size() && std::ranges::equal(a, b, [](wchar_t x, wchar_t y) {
+               return x == y || LowerChar(x) == LowerChar(y);
+           });
 }
 
 bool IsWhiteSpace(wchar_t ch) {

@@ -16,8 +16,15 @@ namespace tessel {
 [[nodiscard]] std::wstring_view TrimView(std::wstring_view text);
 [[nodiscard]] std::wstring Trim(std::wstring_view text);
 
-/// One character in lower case; characters without a lower case stay.
-[[nodiscard]] wchar_t LowerChar(wchar_t ch);
+/// LowerChar beyond ASCII.
+[[nodiscard]] wchar_t LowerWideChar(wchar_t ch);
+
+/// One character in lower case; characters without a lower case stay. Inline, because names are compared all the
+/// time and hardly ever leave ASCII.
+[[nodiscard]] inline wchar_t LowerChar(wchar_t ch) {
+    if (ch >= L'A' && ch <= L'Z') return static_cast<wchar_t>(ch + (L'a' - L'A'));
+    return ch >= L'\0' && ch < L'\x80' ? ch : LowerWideChar(ch);
+}
 [[nodiscard]] std::wstring Lower(std::wstring_view text);
 
 /// Lower(Trim(text)): the form in which names, keywords and grid words are compared.

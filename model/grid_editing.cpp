@@ -89,9 +89,8 @@ void EmptyColumn(Design& design, int column) {
 }  // namespace
 
 int FieldCol(const DesignGrid& grid, std::wstring_view sField) {
-    const std::wstring wanted = Lower(sField);
     for (int column = 0; column < grid.ColumnCount(); ++column) {
-        if (Folded(grid.Cell(GridRow::Campo, column)) == wanted) return column;
+        if (SameIgnoringCase(TrimView(grid.Cell(GridRow::Campo, column)), sField)) return column;
     }
     return -1;
 }
