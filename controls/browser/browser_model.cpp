@@ -1,7 +1,6 @@
 #include "controls/browser/browser_model.h"
 
 #include "common/identifiers.h"
-#include "common/mdl_global.h"
 #include "common/text.h"
 
 namespace tessel::controls {
@@ -27,49 +26,6 @@ std::wstring SearchText(std::wstring_view text) {
     }
     return result;
 }
-
-std::wstring Sized(std::wstring_view word, std::int64_t size) {
-    return std::wstring(word) + L" (" + std::to_wstring(size) + L")";
-}
-
-// Values of the ADO data types.
-enum AdoType : int {
-    adSmallInt = 2,
-    adInteger = 3,
-    adSingle = 4,
-    adDouble = 5,
-    adCurrency = 6,
-    adDate = 7,
-    adBSTR = 8,
-    adBoolean = 11,
-    adVariant = 12,
-    adDecimal = 14,
-    adTinyInt = 16,
-    adUnsignedTinyInt = 17,
-    adUnsignedSmallInt = 18,
-    adUnsignedInt = 19,
-    adBigInt = 20,
-    adUnsignedBigInt = 21,
-    adFileTime = 64,
-    adGUID = 72,
-    adBinary = 128,
-    adChar = 129,
-    adWChar = 130,
-    adNumeric = 131,
-    adDBDate = 133,
-    adDBTime = 134,
-    adDBTimeStamp = 135,
-    adVarNumeric = 139,
-    adVarChar = 200,
-    adLongVarChar = 201,
-    adVarWChar = 202,
-    adLongVarWChar = 203,
-    adVarBinary = 204,
-    adLongVarBinary = 205,
-};
-
-// Databases report texts without a limit with sizes in the thousands of millions.
-constexpr std::int64_t kLargestSizeShown = 65535;
 
 }  // namespace
 
@@ -115,7 +71,8 @@ std::vector<BrowserField> BrowserModel::FieldsOf(std::size_t object) const {
     std::vector<BrowserField> fields;
     if (object >= ObjectCount()) return fields;
     for (const schema::Field& field : schema_->Fields(ObjectAt(object).name))
-        fields.push_back({field.name, FieldTypeText(field), field.primary_key, field.foreign_key});
+        fields.push_back(
+            {field.name, FieldTypeText(field), field.primary_key, field.foreign_key, SortOf(field)});
     return fields;
 }
 
@@ -145,65 +102,43 @@ BrowserItem BrowserModel::ItemOfField(std::size_t object, std::size_t field) con
     return {BrowserItem::Kind::Field, fields[field].name, owner.name};
 }
 
-std::wstring FieldTypeText(const schema::Field& field) {
-    switch (field.ado_type) {
-        case adSmallInt:
-        case adUnsignedSmallInt:
-            return L"Entero";
-        case adInteger:
-        case adUnsignedInt:
-            return L"Entero largo";
-        case adBigInt:
-        case adUnsignedBigInt:
-            return L"Entero grande";
-        case adTinyInt:
-        case adUnsignedTinyInt:
-            return L"Byte";
-        case adSingle:
-            return L"Simple";
-        case adDouble:
-            return L"Doble";
-        case adCurrency:
-            return L"Moneda";
-        case adDecimal:
-        case adNumeric:
-        case adVarNumeric:
-            if (field.precision <= 0) return L"Decimal";
-            return L"Decimal (" + std::to_wstring(field.precision) + L"," + std::to_wstring(field.scale) +
-                   L")";
-        case adBoolean:
-            return L"Sí/No";
-        case adDate:
-        case adDBTimeStamp:
-        case adFileTime:
-            return L"Fecha y hora";
-        case adDBDate:
-            return L"Fecha";
-        case adDBTime:
-            return L"Hora";
-        case adGUID:
-            return L"Identificador único";
-        case adBSTR:
-        case adChar:
-        case adWChar:
-        case adVarChar:
-        case adVarWChar:
-            if (field.size <= 0 || field.size > kLargestSizeShown) return L"Texto";
-            return Sized(L"Texto", field.size);
-        case adLongVarChar:
-        case adLongVarWChar:
-            return L"Texto largo";
-        case adBinary:
-        case adVarBinary:
-            if (field.size <= 0 || field.size > kLargestSizeShown) return L"Binario";
-            return Sized(L"Binario", field.size);
-        case adLongVarBinary:
-            return L"Binario largo";
-        case adVariant:
-            return L"Variante";
-        default:
-            return std::wstring(ADOTypeName(field.ado_type));
-    }
+std::vector<std::wstring> BrowserModel::RelationsOf(std::size_t object) const {
+    std::vector<std::wstring> lines;
+    if (object >= ObjectCount()) return lines;
+    const std::wstring& name = ObjectAt(object).name;
+    for (const schema::ForeignKey* key : schema_->ForeignKeysOf(name))
+        lines.push_back(RelationText(*key, name));
+    return lines;
+}
+
+std::wstring BrowserModel::RelationsCaption(std::size_t object) const {
+    return L"Relaciones (" + std::to_wstring(schema_->ForeignKeysOf(ObjectAt(object).name).size()) + L")";
+}
+
+BrowserItem BrowserModel::ItemOfRelation(std::size_t object, std::size_t relation) const {
+    const std::wstring& name = ObjectAt(object).name;
+    const std::vector<const schema::ForeignKey*> keys = schema_->ForeignKeysOf(name);
+    if (relation >= keys.size()) return ItemOfObject(object);
+    const schema::ForeignKey& key = *keys[relation];
+    const bool refers = SameIdentifier(key.table, name);
+    return {BrowserItem::Kind::Relation, refers ? key.referenced_table : key.table, name,
+            static_cast<int>(relation)};
+}
+
+std::wstring RelationText(const schema::ForeignKey& key, std::wstring_view object) {
+    const auto list = [](const std::vector<std::wstring>& fields, const std::wstring& table) {
+        std::wstring text;
+        for (const std::wstring& field : fields) {
+            if (!text.empty()) text += L", ";
+            if (!table.empty()) text += Unbracketed(table) + L".";
+            text += Unbracketed(field);
+        }
+        return text;
+    };
+    // Names the other object only: the line stands under this one.
+    if (SameIdentifier(key.table, object))
+        return list(key.fields, {}) + L" » " + list(key.referenced_fields, key.referenced_table);
+    return list(key.referenced_fields, {}) + L" « " + list(key.fields, key.table);
 }
 
 }  // namespace tessel::controls

@@ -1,6 +1,6 @@
 // The schema browser's tree as data: a root with the schema's caption, the groups "Tablas" and "Vistas", the
-// objects, and under each object its fields, which are asked of the schema when the object is opened. Knows
-// the filter and the texts; knows no window.
+// objects, and under each object its fields and its relations, which are asked of the schema when the object
+// is opened. Knows the filter and the texts; knows no window.
 #pragma once
 
 #include <cstddef>
@@ -8,17 +8,28 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/browser/field_types.h"
 #include "schema/schema.h"
 
 namespace tessel::controls {
 
 /// One item as the outside sees it. Table and View carry the kind codes of the diagram and the dialogs.
 struct BrowserItem {
-    enum class Kind : int { Root = 0, Table = 1, View = 2, Field = 3, Group = 4 };
+    enum class Kind : int {
+        Root = 0,
+        Table = 1,
+        View = 2,
+        Field = 3,
+        Group = 4,
+        Relations = 5,
+        Relation = 6
+    };
 
     Kind kind = Kind::Root;
-    std::wstring name;   ///< as statements write it; the caption for root and groups
-    std::wstring table;  ///< the object that a field belongs to, else empty
+    std::wstring
+        name;  ///< as statements write it; a relation's other object; the caption for root and groups
+    std::wstring table;  ///< the object that a field or a relation belongs to, else empty
+    int relation = -1;   ///< a relation's place in Schema::ForeignKeysOf(table)
 
     friend bool operator==(const BrowserItem&, const BrowserItem&) = default;
 };
@@ -29,6 +40,7 @@ struct BrowserField {
     std::wstring type_text;  ///< such as "Texto (40)"; empty when the type is not known
     bool primary_key = false;
     bool foreign_key = false;
+    FieldSort sort = FieldSort::Other;
 };
 
 class BrowserModel {
@@ -57,6 +69,14 @@ public:
     /// The item of an object's field; the object's own when it has no such field.
     BrowserItem ItemOfField(std::size_t object, std::size_t field) const;
 
+    /// The relations of an object, each as a line such as "IdCliente » Clientes.IdCliente"; the marks point
+    /// at what is referred to. (Real arrows are missing in some of the users' fonts.)
+    std::vector<std::wstring> RelationsOf(std::size_t object) const;
+    /// Caption of the group of an object's relations, such as "Relaciones (3)".
+    std::wstring RelationsCaption(std::size_t object) const;
+    /// The item of an object's relation; the object's own when it has no such relation.
+    BrowserItem ItemOfRelation(std::size_t object, std::size_t relation) const;
+
     /// The index of the object of that name, if the filter lets it pass. Letter case, blanks and brackets do
     /// not count.
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
@@ -78,7 +98,7 @@ private:
     std::vector<std::size_t> views_;
 };
 
-/// A short Spanish description of a field's type: "Texto (40)", "Decimal (10,2)", "Entero largo".
-std::wstring FieldTypeText(const schema::Field& field);
+/// A foreign key as one of its two objects sees it, as BrowserModel::RelationsOf writes it.
+std::wstring RelationText(const schema::ForeignKey& key, std::wstring_view object);
 
 }  // namespace tessel::controls

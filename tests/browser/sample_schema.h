@@ -12,8 +12,9 @@ namespace tessel::controls {
 
 class SampleSource final : public schema::SchemaSource {
 public:
-    SampleSource(std::vector<schema::Object> objects, int* field_loads)
-        : objects_(std::move(objects)), field_loads_(field_loads) {}
+    SampleSource(std::vector<schema::Object> objects, int* field_loads,
+                 std::vector<schema::ForeignKey> keys = {})
+        : objects_(std::move(objects)), field_loads_(field_loads), keys_(std::move(keys)) {}
 
     Result<std::vector<schema::Object>> LoadObjects() override { return objects_; }
 
@@ -31,13 +32,12 @@ public:
         return std::vector<schema::Field>{id, name};
     }
 
-    Result<std::vector<schema::ForeignKey>> LoadForeignKeys() override {
-        return std::vector<schema::ForeignKey>{};
-    }
+    Result<std::vector<schema::ForeignKey>> LoadForeignKeys() override { return keys_; }
 
 private:
     std::vector<schema::Object> objects_;
     int* field_loads_;
+    std::vector<schema::ForeignKey> keys_;
 };
 
 inline schema::Schema MakeSampleSchema(int* field_loads) {
@@ -49,6 +49,20 @@ inline schema::Schema MakeSampleSchema(int* field_loads) {
                                     {L"Pedidos", L"Pedidos", ObjectKind::Table},
                                     {L"[Ventas por año]", L"Ventas por año", ObjectKind::View}},
         field_loads));
+}
+
+/// Ventas, in brackets, refers to Clientes by one field and to Almacén by two.
+inline schema::Schema MakeRelatedSchema(int* field_loads) {
+    using schema::ObjectKind;
+    return schema::Schema(std::make_unique<SampleSource>(
+        std::vector<schema::Object>{{L"Clientes", L"Clientes", ObjectKind::Table},
+                                    {L"[Ventas del año]", L"Ventas del año", ObjectKind::Table},
+                                    {L"Almacén", L"Almacén", ObjectKind::Table},
+                                    {L"Resumen", L"Resumen", ObjectKind::View}},
+        field_loads,
+        std::vector<schema::ForeignKey>{
+            {L"fk_cliente", L"[Ventas del año]", {L"IdCliente"}, L"Clientes", {L"IdCliente"}},
+            {L"", L"[Ventas del año]", {L"Código", L"Zona"}, L"Almacén", {L"Código", L"[Zona de envío]"}}}));
 }
 
 inline schema::Schema MakeLargeSchema(int tables, int* field_loads) {

@@ -8,6 +8,7 @@
 
 #include "common/win32/activation_context.h"
 #include "common/win32/dpi.h"
+#include "common/win32/gdi.h"
 #include "hostkit/drive/input.h"
 #include "tests/browser/sample_schema.h"
 
@@ -319,6 +320,32 @@ TEST_F(SchemaBrowserTest, PicturesAreSavedAtThreeSizes) {
         EXPECT_TRUE(SavePicture(frame_.Handle(),
                                 std::wstring(folder) + L"\\browser" + std::to_wstring(dpi) + L".bmp"));
     }
+}
+
+// All icons side by side at 100, 150 and 200 %.
+TEST(BrowserIcons, EveryIconPaintsSomethingAtEverySize) {
+    const win32::ActivationContext context;
+    const HDC screen = GetDC(nullptr);
+    for (int dpi : {96, 120, 144, 192, 288}) {
+        const int size = BrowserIconSize(dpi);
+        const HIMAGELIST icons = MakeBrowserIcons(dpi);
+        ASSERT_EQ(ImageList_GetImageCount(icons), kBrowserIconCount);
+        const win32::UniqueMemoryDc dc(CreateCompatibleDC(screen));
+        const win32::UniqueBitmap bitmap(CreateCompatibleBitmap(screen, size * kBrowserIconCount, size));
+        const win32::Selected selected(dc.get(), bitmap.get());
+        win32::FillSolid(dc.get(), RECT{0, 0, size * kBrowserIconCount, size}, RGB(255, 255, 255));
+        for (int i = 0; i < kBrowserIconCount; ++i) {
+            ImageList_Draw(icons, i, dc.get(), i * size, 0, ILD_TRANSPARENT);
+            int painted = 0;
+            for (int y = 0; y < size; ++y)
+                for (int x = 0; x < size; ++x)
+                    painted += GetPixel(dc.get(), i * size + x, y) != RGB(255, 255, 255);
+            EXPECT_GT(painted, size * size / 12) << "icon " << i << " at " << dpi;
+            EXPECT_LT(painted, size * size) << "icon " << i << " at " << dpi;
+        }
+        ImageList_Destroy(icons);
+    }
+    ReleaseDC(nullptr, screen);
 }
 
 }  // namespace

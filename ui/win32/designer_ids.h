@@ -22,8 +22,10 @@ enum ControlId : int {
     kIdBrowser = 124,       // schemaView
     kIdReason = 125,        // lblNo
     kIdFocus = 126,         // txtFocus
+    kIdProperties = 127,    // schemaProps
     kIdPageSplitter = 130,  // HSR
     kIdMainSplitter = 131,  // VSplit1
+    kIdBrowserSplitter = 132,
     kIdPanel = 140,
 };
 

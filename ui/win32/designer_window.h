@@ -3,7 +3,7 @@
 //
 //   form
 //     picTop      "Agregar tabla al diagrama", "Ejecutar consulta …", "Ver árbol de sintaxis"
-//     VSplit1     schemaView | strip (sTab, and over it the pages HSR and picSQL)
+//     VSplit1     schemaView above schemaProps | strip (sTab, and over it the pages HSR and picSQL)
 //       HSR       dgmTables above picDsn (picCtrs, dxG, lblNo)
 //       picSQL    edtSQL
 //     picBottom   picBtns: "&Aceptar", "&Cancelar", "Ay&uda"
@@ -25,6 +25,7 @@
 #include "common/win32/modal_loop.h"
 #include "common/win32/window.h"
 #include "controls/browser/win32/schema_browser.h"
+#include "controls/browser/win32/schema_props.h"
 #include "controls/diagram/win32/diagram_view.h"
 #include "controls/editor/win32/sql_editor.h"
 #include "controls/grid/win32/design_grid_view.h"
@@ -139,6 +140,7 @@ private:
     void OnDiagramRelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
                                 std::wstring_view right_table, std::wstring_view right_field) override;
     void OnBrowserActivated(const controls::BrowserItem& item) override;
+    void OnBrowserSelected(const controls::BrowserItem* item) override;
     void OnSplitterResized(int id) override;
 
     // ChangeListener: the design grid changed.
@@ -158,11 +160,13 @@ private:
     Panel sql_page_;                       // picSQL
     controls::SplitterBar main_splitter_;  // VSplit1
     controls::SplitterBar page_splitter_;  // HSR
-    controls::SchemaBrowser browser_;      // schemaView
-    controls::DiagramView diagram_;        // dgmTables
-    controls::DesignGridView grid_;        // dxG
-    controls::SqlEditor editor_;           // edtSQL
-    ReasonLabel reason_;                   // lblNo
+    controls::SplitterBar browser_splitter_;
+    controls::SchemaBrowser browser_;  // schemaView
+    controls::SchemaProps props_;      // schemaProps
+    controls::DiagramView diagram_;    // dgmTables
+    controls::DesignGridView grid_;    // dxG
+    controls::SqlEditor editor_;       // edtSQL
+    ReasonLabel reason_;               // lblNo
     HWND tabs_ = nullptr;
     HWND tips_ = nullptr;
     HWND focus_ = nullptr;

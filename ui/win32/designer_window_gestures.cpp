@@ -23,7 +23,13 @@ void DesignerWindow::OnDiagramRelationDrawn(std::wstring_view left_table, std::w
 
 void DesignerWindow::OnBrowserActivated(const controls::BrowserItem& item) {
     using Kind = controls::BrowserItem::Kind;
-    if (item.kind == Kind::Table || item.kind == Kind::View) presenter_.TableChosen(item.name);
+    // A relation brings the table at its other end.
+    if (item.kind == Kind::Table || item.kind == Kind::View || item.kind == Kind::Relation)
+        presenter_.TableChosen(item.name);
+}
+
+void DesignerWindow::OnBrowserSelected(const controls::BrowserItem* item) {
+    props_.Show(schema_, item);
 }
 
 void DesignerWindow::OnSplitterResized(int id) {

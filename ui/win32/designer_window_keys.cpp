@@ -35,7 +35,7 @@ bool DesignerWindow::OnKey(const MSG& message) {
 }
 
 void DesignerWindow::MoveToNextPane(bool backwards) {
-    std::vector<HWND> panes = {browser_.Tree()};
+    std::vector<HWND> panes = {browser_.Tree(), props_.List()};
     if (presenter_.CurrentTab() == Tab::Sql) {
         panes.push_back(editor_.Handle());
     } else if (grid_visible_) {
@@ -54,7 +54,7 @@ void DesignerWindow::MoveToNextPane(bool backwards) {
 long DesignerWindow::HelpTopic() const {
     const HWND focus = GetFocus();
     const auto is_in = [focus](HWND pane) { return pane && (focus == pane || IsChild(pane, focus)); };
-    if (is_in(browser_.Handle())) return help::kBrowser;
+    if (is_in(browser_splitter_.Handle())) return help::kBrowser;
     if (is_in(diagram_.Handle())) return help::kDiagram;
     if (is_in(editor_.Handle())) return help::kSqlTab;
     // The grid's rows are numbered from 1 in the help, as their ID is.

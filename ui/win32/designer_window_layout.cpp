@@ -28,7 +28,8 @@ constexpr int kButtonMinimum = 86;
 constexpr int kMargin = 8;
 constexpr int kGap = 6;
 constexpr int kBrowserWidth = 220;
-constexpr int kGridHeight = 270;  // buttons, header, eight rows and the scroll bar
+constexpr int kBrowserHeight = 400;  // above the properties
+constexpr int kGridHeight = 270;     // buttons, header, eight rows and the scroll bar
 constexpr int kSplitterMinimum = 80;
 constexpr int kCheckMark = 20;  // the box of a check button with its gap
 constexpr int kTwipsPerInch = 1440;
@@ -93,10 +94,16 @@ bool DesignerWindow::CreateControls() {
         return false;
 
     if (!main_splitter_.Create(form, kIdMainSplitter, controls::Orientation::SideBySide, this) ||
-        !browser_.Create(main_splitter_.Handle(), kIdBrowser, this) ||
+        !browser_splitter_.Create(main_splitter_.Handle(), kIdBrowserSplitter, controls::Orientation::Stacked,
+                                  this) ||
+        !browser_.Create(browser_splitter_.Handle(), kIdBrowser, this) ||
+        !props_.Create(browser_splitter_.Handle(), kIdProperties) ||
         !strip_.Create(main_splitter_.Handle(), form, kIdPanel))
         return false;
-    main_splitter_.SetPanes(browser_.Handle(), strip_.Handle());
+    browser_splitter_.SetPanes(browser_.Handle(), props_.Handle());
+    browser_splitter_.SetMinimums(2 * kSplitterMinimum, kSplitterMinimum);
+    browser_splitter_.SetPosition(kBrowserHeight);
+    main_splitter_.SetPanes(browser_splitter_.Handle(), strip_.Handle());
     main_splitter_.SetMinimums(kSplitterMinimum, 4 * kSplitterMinimum);
     main_splitter_.SetPosition(kBrowserWidth);
 
@@ -160,6 +167,7 @@ void DesignerWindow::ApplyFonts() {
     font_ = std::move(font);
     editor_.OnDpiChanged(dpi_);
     browser_.OnDpiChanged(dpi_);
+    props_.OnDpiChanged(dpi_);
 }
 
 void DesignerWindow::CentreOnScreen() {

@@ -1,6 +1,7 @@
 #include "controls/browser/win32/browser_icons.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <vector>
 
 #include "common/win32/dpi.h"
@@ -22,6 +23,7 @@ constexpr COLORREF kBlue = RGB(0x2F, 0x6F, 0xBF);
 constexpr COLORREF kPaleBlue = RGB(0xDC, 0xE9, 0xF7);
 constexpr COLORREF kGreen = RGB(0x2E, 0x8B, 0x76);
 constexpr COLORREF kPaleGreen = RGB(0xDD, 0xF1, 0xEC);
+constexpr COLORREF kViolet = RGB(0x7A, 0x5C, 0xB8);
 constexpr COLORREF kGrey = RGB(0x7A, 0x82, 0x8C);
 constexpr COLORREF kPaleGrey = RGB(0xE9, 0xEC, 0xEF);
 constexpr COLORREF kGold = RGB(0xC9, 0x8B, 0x0B);
@@ -44,6 +46,14 @@ public:
     void Oval(int left, int top, int right, int bottom, COLORREF fill, COLORREF line) const {
         const Pens pens(dc_, fill, line, Thickness());
         Ellipse(dc_, At(left), At(top), At(right), At(bottom));
+    }
+    /// A thick line with round ends.
+    void Stroke(std::initializer_list<POINT> points, int width, COLORREF colour) const {
+        const win32::UniquePen pen(CreatePen(PS_SOLID, MulDiv(width, edge_, kField), colour));
+        const win32::Selected pen_in(dc_, pen.get());
+        std::vector<POINT> path;
+        for (const POINT& point : points) path.push_back({At(point.x), At(point.y)});
+        Polyline(dc_, path.data(), static_cast<int>(path.size()));
     }
     void Fill(int left, int top, int right, int bottom, COLORREF colour) const {
         const RECT rect{At(left), At(top), At(right), At(bottom)};
@@ -107,6 +117,47 @@ void DrawField(const Canvas& canvas) {
     canvas.Fill(10, 15, 22, 18, kGrey);
 }
 
+// The sorts of values: a letter, a number sign, a calendar leaf, a ticked box, dots of bytes.
+
+void DrawTextField(const Canvas& canvas) {
+    canvas.Stroke({{7, 26}, {16, 6}, {25, 26}}, 3, kBlue);
+    canvas.Stroke({{11, 19}, {21, 19}}, 3, kBlue);
+}
+
+void DrawNumberField(const Canvas& canvas) {
+    canvas.Stroke({{13, 6}, {10, 26}}, 3, kGreen);
+    canvas.Stroke({{22, 6}, {19, 26}}, 3, kGreen);
+    canvas.Stroke({{6, 12}, {27, 12}}, 3, kGreen);
+    canvas.Stroke({{5, 20}, {26, 20}}, 3, kGreen);
+}
+
+void DrawDateField(const Canvas& canvas) {
+    canvas.Round(4, 6, 28, 28, kWhite, kViolet);
+    canvas.Fill(4, 7, 28, 13, kViolet);
+    canvas.Fill(9, 3, 12, 9, kViolet);
+    canvas.Fill(20, 3, 23, 9, kViolet);
+    for (const int y : {16, 22})
+        for (const int x : {8, 14, 20}) canvas.Fill(x, y, x + 4, y + 4, kViolet);
+}
+
+void DrawBooleanField(const Canvas& canvas) {
+    canvas.Round(5, 5, 28, 28, kWhite, kGrey);
+    canvas.Stroke({{10, 16}, {15, 22}, {23, 10}}, 3, kGreen);
+}
+
+void DrawBinaryField(const Canvas& canvas) {
+    for (const int y : {6, 18}) {
+        canvas.Oval(4, y, 13, y + 9, kPaleGrey, kGrey);
+        canvas.Oval(19, y, 28, y + 9, kGrey, kGrey);
+    }
+}
+
+void DrawRelation(const Canvas& canvas) {
+    canvas.Round(2, 4, 14, 14, kPaleBlue, kBlue);
+    canvas.Round(18, 18, 30, 28, kPaleBlue, kBlue);
+    canvas.Stroke({{8, 15}, {8, 23}, {17, 23}}, 2, kGrey);
+}
+
 void DrawKey(const Canvas& canvas, COLORREF colour) {
     canvas.Fill(15, 14, 30, 18, colour);
     canvas.Fill(26, 17, 30, 23, colour);
@@ -127,6 +178,18 @@ void Draw(BrowserIcon icon, const Canvas& canvas) {
             return DrawView(canvas);
         case BrowserIcon::Field:
             return DrawField(canvas);
+        case BrowserIcon::TextField:
+            return DrawTextField(canvas);
+        case BrowserIcon::NumberField:
+            return DrawNumberField(canvas);
+        case BrowserIcon::DateField:
+            return DrawDateField(canvas);
+        case BrowserIcon::BooleanField:
+            return DrawBooleanField(canvas);
+        case BrowserIcon::BinaryField:
+            return DrawBinaryField(canvas);
+        case BrowserIcon::Relation:
+            return DrawRelation(canvas);
         case BrowserIcon::PrimaryKey:
             return DrawKey(canvas, kGold);
         case BrowserIcon::ForeignKey:

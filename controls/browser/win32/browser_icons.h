@@ -7,8 +7,22 @@
 
 namespace tessel::controls {
 
-enum class BrowserIcon : int { Database, Group, Table, View, Field, PrimaryKey, ForeignKey };
-inline constexpr int kBrowserIconCount = static_cast<int>(BrowserIcon::ForeignKey) + 1;
+enum class BrowserIcon : int {
+    Database,
+    Group,
+    Table,
+    View,
+    Field,
+    TextField,
+    NumberField,
+    DateField,
+    BooleanField,
+    BinaryField,
+    PrimaryKey,
+    ForeignKey,
+    Relation
+};
+inline constexpr int kBrowserIconCount = static_cast<int>(BrowserIcon::Relation) + 1;
 
 /// Edge of the icons in pixels.
 int BrowserIconSize(int dpi);

@@ -51,7 +51,22 @@ std::wstring FieldText(const BrowserField& field) {
 
 BrowserIcon FieldIcon(const BrowserField& field) {
     if (field.primary_key) return BrowserIcon::PrimaryKey;
-    return field.foreign_key ? BrowserIcon::ForeignKey : BrowserIcon::Field;
+    if (field.foreign_key) return BrowserIcon::ForeignKey;
+    switch (field.sort) {
+        case FieldSort::Text:
+            return BrowserIcon::TextField;
+        case FieldSort::Number:
+            return BrowserIcon::NumberField;
+        case FieldSort::Date:
+            return BrowserIcon::DateField;
+        case FieldSort::Boolean:
+            return BrowserIcon::BooleanField;
+        case FieldSort::Binary:
+            return BrowserIcon::BinaryField;
+        case FieldSort::Other:
+            break;
+    }
+    return BrowserIcon::Field;
 }
 
 int LineHeight(HWND hwnd, HFONT font) {
@@ -184,6 +199,7 @@ void SchemaBrowser::FillTree() {
     if (had_selection && IsObject(selected.kind)) found = SelectItem(selected.name);
     if (had_selection && selected.kind == BrowserItem::Kind::Field)
         found = SelectItem(selected.table, selected.name);
+    if (had_selection && selected.kind == BrowserItem::Kind::Relation) found = SelectItem(selected.table);
     if (!found) {
         TreeView_SelectItem(tree_, root);
         TreeView_EnsureVisible(tree_, root);
@@ -226,12 +242,27 @@ void SchemaBrowser::FillFields(HTREEITEM object_item) {
     for (std::size_t i = 0; i < fields.size(); ++i)
         last = AddItem(object_item, last, FieldText(fields[i]), FieldIcon(fields[i]),
                        ItemData(BrowserItem::Kind::Field, i), false);
-    if (last) return;
+    const HTREEITEM relations = FillRelations(object_item, last);
+    if (last || relations) return;
     // Nothing to open: the button goes away.
     TVITEMW item{};
     item.hItem = object_item;
     item.mask = TVIF_CHILDREN;
     TreeView_SetItem(tree_, &item);
+}
+
+/// Adds the group of an object's relations behind its last field; an object without relations has none.
+HTREEITEM SchemaBrowser::FillRelations(HTREEITEM object_item, HTREEITEM after) {
+    const std::size_t object = IndexOf(DataOf(object_item));
+    const std::vector<std::wstring> lines = model_.RelationsOf(object);
+    if (lines.empty()) return nullptr;
+    const HTREEITEM group = AddItem(object_item, after, model_.RelationsCaption(object), BrowserIcon::Group,
+                                    ItemData(BrowserItem::Kind::Relations, object), true);
+    HTREEITEM last = nullptr;
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        last = AddItem(group, last, lines[i], BrowserIcon::Relation, ItemData(BrowserItem::Kind::Relation, i),
+                       false);
+    return group;
 }
 
 LPARAM SchemaBrowser::DataOf(HTREEITEM item) const {
@@ -249,6 +280,11 @@ BrowserItem SchemaBrowser::Describe(HTREEITEM item) const {
             return model_.ItemOfObject(IndexOf(data));
         case BrowserItem::Kind::Field:
             return model_.ItemOfField(IndexOf(DataOf(TreeView_GetParent(tree_, item))), IndexOf(data));
+        case BrowserItem::Kind::Relations:
+            return {BrowserItem::Kind::Relations, model_.RelationsCaption(IndexOf(data)),
+                    model_.ObjectAt(IndexOf(data)).name};
+        case BrowserItem::Kind::Relation:
+            return model_.ItemOfRelation(IndexOf(DataOf(TreeView_GetParent(tree_, item))), IndexOf(data));
         case BrowserItem::Kind::Group:
             return {BrowserItem::Kind::Group,
                     model_.GroupCaption(static_cast<schema::ObjectKind>(IndexOf(data))), L""};

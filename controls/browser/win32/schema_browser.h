@@ -23,7 +23,7 @@ namespace tessel::controls {
 class BrowserEvents {
 public:
     virtual ~BrowserEvents() = default;
-    /// Double click or Enter on a table, view or field.
+    /// Double click or Enter on a table, view, field or relation.
     virtual void OnBrowserActivated(const BrowserItem& item) = 0;
     /// Another item is selected, or nullptr when none is.
     virtual void OnBrowserSelected(const BrowserItem* item) { (void)item; }
@@ -70,8 +70,9 @@ private:
 
     void FillTree();
     HTREEITEM FillGroup(schema::ObjectKind kind, HTREEITEM after);
-    /// Adds the fields below an object that has none yet; other items stay as they are.
+    /// Adds fields and relations below an object that has none yet; other items stay as they are.
     void FillFields(HTREEITEM object_item);
+    HTREEITEM FillRelations(HTREEITEM object_item, HTREEITEM after);
     HTREEITEM AddItem(HTREEITEM parent, HTREEITEM after, const std::wstring& text, BrowserIcon icon,
                       LPARAM data, bool has_children) const;
     BrowserItem Describe(HTREEITEM item) const;

@@ -16,6 +16,12 @@ bool IsKey(const MSG* message, WPARAM key) {
            message->wParam == key;
 }
 
+/// Neither the root nor a group, which only hold others together.
+bool IsPartOfSchema(const BrowserItem& item) {
+    using Kind = BrowserItem::Kind;
+    return item.kind != Kind::Root && item.kind != Kind::Group && item.kind != Kind::Relations;
+}
+
 }  // namespace
 
 LRESULT SchemaBrowser::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -81,10 +87,10 @@ LRESULT SchemaBrowser::OnNotify(NMHDR* header) {
     }
 }
 
-/// Reports the activation of a table, a view or a field; anything else answers false.
+/// Reports the activation of a table, a view, a field or a relation; anything else answers false.
 bool SchemaBrowser::Activate(HTREEITEM item) {
     const BrowserItem described = Describe(item);
-    if (described.kind == BrowserItem::Kind::Root || described.kind == BrowserItem::Kind::Group) return false;
+    if (!IsPartOfSchema(described)) return false;
     if (events_) events_->OnBrowserActivated(described);
     return true;
 }
@@ -133,8 +139,7 @@ bool SchemaBrowser::OnSearchKey(WPARAM key) {
     }
     if (key != VK_RETURN && key != VK_DOWN) return false;
     BrowserItem selected;
-    const bool stays = SelectedItem(selected) && selected.kind != BrowserItem::Kind::Root &&
-                       selected.kind != BrowserItem::Kind::Group;
+    const bool stays = SelectedItem(selected) && IsPartOfSchema(selected);
     if (!stays && model_.IsFiltered()) {
         const auto& hits = model_.Tables().empty() ? model_.Views() : model_.Tables();
         if (!hits.empty()) TreeView_SelectItem(tree_, object_items_[hits.front()]);
