@@ -1,0 +1,18 @@
+; Everything that the installer says besides the standard pages' own texts.
+LangString TextNotForAllUsers ${LANG_SPANISH} "Su cuenta no puede instalar $(^Name) para todos los usuarios de este equipo."
+LangString TextNotForAllUsers ${LANG_ENGLISH} "Your account cannot install $(^Name) for all users of this computer."
+
+LangString TextInUse ${LANG_SPANISH} "Un programa está usando $(^Name). Ciérrelo e inténtelo de nuevo."
+LangString TextInUse ${LANG_ENGLISH} "A program is using $(^Name). Close it and try again."
+
+LangString TextNotRegistered ${LANG_SPANISH} "No se pudo registrar el componente."
+LangString TextNotRegistered ${LANG_ENGLISH} "The component could not be registered."
+
+LangString TextNot32Bit ${LANG_SPANISH} "Este Windows no ejecuta programas de 32 bits: el componente de 32 bits no se registra."
+LangString TextNot32Bit ${LANG_ENGLISH} "This Windows does not run 32-bit programs: the 32-bit component is not registered."
+
+LangString TextNeedsAdministrator ${LANG_SPANISH} "$(^Name) se instaló para todos los usuarios: desinstálelo como administrador."
+LangString TextNeedsAdministrator ${LANG_ENGLISH} "$(^Name) was installed for all users: uninstall it as administrator."
+
+LangString TextDescription ${LANG_SPANISH} "Diseñador de consultas SQL"
+LangString TextDescription ${LANG_ENGLISH} "Visual SQL query designer"
