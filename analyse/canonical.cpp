@@ -109,6 +109,7 @@ void Canonical::Append(NodeId id, std::wstring& out) const {
     const Node& node = statement_.At(id);
     switch (node.kind) {
         case NodeKind::Paren:
+        case NodeKind::Escape:
             Append(node.first_child, out);
             return;
         case NodeKind::Name:

@@ -45,6 +45,10 @@ std::wstring_view BeyondName(sql::Beyond what) {
             return L"la cláusula FOR UPDATE";
         case Values:
             return L"listas VALUES";
+        case TableStatement:
+            return L"la instrucción TABLE";
+        case Crosstab:
+            return L"consultas de referencias cruzadas (TRANSFORM)";
         case Hint:
             return L"indicaciones para el motor";
         case WithOwnerAccess:

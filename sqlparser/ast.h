@@ -54,6 +54,7 @@ enum class NodeKind : std::uint8_t {
     Select,    ///< a nested select; `payload` is its index in Statement::nested
     Tuple,     ///< (a, b)
     Omitted,   ///< an argument left out before a comma, f(a,,b); an empty range
+    Escape,    ///< {fn f(x)}, the ODBC spelling of a call; one child, which is all that counts
 };
 
 enum class NameJoin : std::uint8_t { First, Point, Bang };

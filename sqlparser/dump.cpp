@@ -14,10 +14,11 @@ constexpr std::wstring_view kCompareNames[] = {L"=", L"<>", L"<", L"<=", L">", L
 constexpr std::wstring_view kLogicalNames[] = {L"and", L"or", L"xor", L"eqv", L"imp"};
 constexpr std::wstring_view kQuantifierNames[] = {L"any", L"some", L"all"};
 constexpr std::wstring_view kBeyondNames[] = {
-    L"Union",     L"Intersect",   L"Except",          L"With",          L"DerivedTable", L"Into",
-    L"Limit",     L"Offset",      L"Fetch",           L"Parameters",    L"InDatabase",   L"FullJoin",
-    L"CrossJoin", L"NaturalJoin", L"JoinUsing",       L"OnMissing",     L"Window",       L"ForUpdate",
-    L"Values",    L"Hint",        L"WithOwnerAccess", L"TableFunction", L"Other"};
+    L"Union",      L"Intersect", L"Except",          L"With",          L"DerivedTable",
+    L"Into",       L"Limit",     L"Offset",          L"Fetch",         L"Parameters",
+    L"InDatabase", L"FullJoin",  L"CrossJoin",       L"NaturalJoin",   L"JoinUsing",
+    L"OnMissing",  L"Window",    L"ForUpdate",       L"Values",        L"TableStatement",
+    L"Crosstab",   L"Hint",      L"WithOwnerAccess", L"TableFunction", L"Other"};
 
 class Dumper {
 public:
@@ -118,6 +119,9 @@ public:
             case NodeKind::Omitted:
                 out_ += L"(omitted)";
                 break;
+            case NodeKind::Escape:
+                List(L"escape", node);
+                break;
         }
     }
 
@@ -144,6 +148,8 @@ public:
         for (const std::size_t end : s_.group_ends) out_ += L"(group-" + std::to_wstring(end) + L' ';
         Tokens(L"parameters", s_.parameters);
         if (s_.parameters.length != 0) out_ += L' ';
+        Tokens(L"transform", s_.transform);
+        if (s_.transform.length != 0) out_ += L' ';
         for (const CommonTable& table : s_.common_tables) With(table);
         Core();
         for (const auto& operand : s_.union_operands) {
@@ -183,6 +189,7 @@ private:
         out_ += L"(select";
         if (s_.Distinct) out_ += L" distinct";
         if (s_.top_range.length != 0) Tokens(L" top", s_.top_range);
+        Tokens(L" table", s_.table_statement);
         Items(L"columns", s_.Columns);
         for (const NodeId row : s_.value_rows) {
             out_ += L' ';
@@ -195,6 +202,7 @@ private:
                 out_ += L' ';
                 From(group.root);
             }
+            Tokens(L" external", s_.from_external);
             out_ += L')';
         }
         Condition(L"where", s_.where);
@@ -202,6 +210,7 @@ private:
         Tokens(L" group-suffix", s_.group_suffix);
         Condition(L"having", s_.having);
         Items(L"order", s_.OrderItems);
+        Tokens(L" pivot", s_.pivot);
         Tokens(L" trailing", s_.trailing);
         out_ += L')';
     }

@@ -47,6 +47,11 @@ void ExpressionPrinter::Expression(NodeId id) {
             Joined(node, L", ");
             out_ += L')';
             break;
+        case NodeKind::Escape:
+            out_ += L"{fn ";
+            Joined(node, {});
+            out_ += L'}';
+            break;
         case NodeKind::Unary:
         case NodeKind::Not:
             Prefix(node);

@@ -114,6 +114,10 @@ private:
 
     // grammar_statement.cpp
     void ParametersClause();
+    void TransformClause();
+    bool StartsTableStatement();
+    void TableStatement();
+    std::wstring_view NotASelectMessage() const;
     static bool StartsQuery(const Token& token);
     std::unique_ptr<Statement> NewStatement() const;
     std::unique_ptr<Statement> Query();
@@ -139,6 +143,9 @@ private:
 
     // grammar_clauses.cpp
     void Clauses(int base_parens);
+    void ClausesAfterFrom(int base_parens);
+    void ClausesFrom(int last_rank, int base_parens);
+    void PivotClause();
     bool Clause(int& last_rank);
     void CheckOrder(int rank, int& last_rank);
     void FromClause();
@@ -170,7 +177,7 @@ private:
 
     // grammar_tables.cpp
     int TablePrimary();
-    int ParenthesisedFrom();
+    int EnclosedFrom(TokenKind close, std::wstring_view missing);
     int TableName();
     void TableNameParts(TableRef& table);
     int DerivedTable(std::uint32_t begin);
@@ -233,7 +240,9 @@ private:
     NodeId NamePart(NameJoin join);
     NodeId CaseExpression();
     NodeId MacroPrimary();
+    NodeId BracePrimary();
     NodeId BracedLiteral();
+    bool OnIsAValue();
     NodeId PostfixCasts(NodeId node);
     bool TypeName();
 
@@ -258,6 +267,7 @@ private:
     std::uint32_t previous_begin_ = 0;
     std::uint32_t previous_end_ = 0;
     int parens_ = 0;
+    int on_parens_ = -1;  ///< parens_ where the condition of ON that is being read began
     int depth_ = 0;
     int height_ = 0;  ///< of the tree of the last operand
     Statement* statement_ = nullptr;

@@ -7,19 +7,27 @@
 namespace tessel::sql {
 namespace {
 
-constexpr std::wstring_view kClauseNames[] = {L"SELECT",   L"FROM",   L"WHERE",
-                                              L"GROUP BY", L"HAVING", L"ORDER BY"};
+constexpr std::wstring_view kClauseNames[] = {L"SELECT", L"FROM",     L"WHERE", L"GROUP BY",
+                                              L"HAVING", L"ORDER BY", L"PIVOT"};
 constexpr int kFromRank = 1;
 constexpr int kWhereRank = 2;
 constexpr int kGroupRank = 3;
 constexpr int kHavingRank = 4;
 constexpr int kOrderRank = 5;
+constexpr int kPivotRank = 6;
 
 }  // namespace
 
 // Reads clauses until the select ends. After an error it goes on at the next clause.
 void Grammar::Clauses(int base_parens) {
-    int last_rank = 0;
+    ClausesFrom(0, base_parens);
+}
+
+void Grammar::ClausesAfterFrom(int base_parens) {
+    ClausesFrom(kFromRank, base_parens);
+}
+
+void Grammar::ClausesFrom(int last_rank, int base_parens) {
     for (;;) {
         if (!Recover(base_parens)) return;
         if (Clause(last_rank) || TailClause()) continue;
@@ -62,6 +70,11 @@ bool Grammar::Clause(int& last_rank) {
             CheckOrder(kOrderRank, last_rank);
             OrderByClause();
             return true;
+        case Keyword::Pivot:
+            if (statement_->transform.length == 0) return false;
+            CheckOrder(kPivotRank, last_rank);
+            PivotClause();
+            return true;
         default:
             return false;
     }
@@ -89,6 +102,7 @@ void Grammar::FromClause() {
         CollectJoins(first, group);
         statement_->JoinGroups.push_back(std::move(group));
     } while (Accept(TokenKind::Comma));
+    if (At(Keyword::In)) InDatabase(statement_->from_external);
     statement_->from_range = Since(begin);
 }
 
@@ -146,6 +160,15 @@ void Grammar::OrderItem() {
     }
     item.range = Since(begin);
     statement_->OrderItems.push_back(item);
+}
+
+// PIVOT expression [IN (heading, …)]: the headings read as a condition of the expression.
+void Grammar::PivotClause() {
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    const NodeId heading = Expression();
+    if (heading == kNoNode || IsStar(heading)) return;
+    statement_->pivot = Since(begin);
 }
 
 // What limits, locks or qualifies the whole statement. Words that are not reserved begin such a clause only

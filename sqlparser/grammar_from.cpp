@@ -91,7 +91,10 @@ int Grammar::JoinStep(int left) {
 void Grammar::JoinCondition(const JoinWords& words, FromNode& join) {
     if (Accept(Keyword::On)) {
         const std::uint32_t begin = token_.begin;
+        const int outer_on = on_parens_;
+        on_parens_ = parens_;
         join.on_node = Expression();
+        on_parens_ = outer_on;
         join.on = Since(begin);
     } else if (At(Keyword::Using) && Peek().kind == TokenKind::LeftParen) {
         const std::uint32_t begin = token_.begin;

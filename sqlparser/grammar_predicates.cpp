@@ -13,6 +13,10 @@ bool Grammar::PredicateTail(std::size_t base) {
         keyword = next.keyword == Keyword::Is ? Keyword::None : next.keyword;
         flags = kNegated;
     }
+    // After the condition of a join, IN 'file' is not a predicate: it names the database of all the tables.
+    const bool in_file = keyword == Keyword::In && flags == 0 && parens_ == on_parens_ &&
+                         (Peek().kind == TokenKind::String || Peek().kind == TokenKind::QuotedText);
+    if (in_file) return false;
     switch (keyword) {
         case Keyword::Is:
         case Keyword::Like:
@@ -94,10 +98,13 @@ void Grammar::LikeTail(std::uint8_t flags, std::uint32_t op_begin) {
     Children children = TakeLeft();
     const NodeId pattern = Expression(Level::Concat);
     Append(children, pattern, height_);
+    const bool braced = At(TokenKind::LeftBrace) && IsKeyword(Peek(), Keyword::Escape);
+    if (braced) Advance();
     if (Accept(Keyword::Escape)) {
         const NodeId escape = Expression(Level::Concat);
         Append(children, escape, height_);
     }
+    if (braced) Expect(TokenKind::RightBrace, messages::kMissingRightBrace);
     PutPredicate(NodeKind::Like, 0, flags, op_begin, children);
 }
 

@@ -41,7 +41,7 @@ NodeId Grammar::Primary() {
             node = ParenPrimary();
             break;
         case TokenKind::LeftBrace:
-            node = BracedLiteral();
+            node = BracePrimary();
             break;
         default:
             FailExpression();
@@ -72,6 +72,9 @@ NodeId Grammar::WordPrimary() {
             break;
         case Keyword::False:
             if (!called && !qualifies) return Literal(NodeKind::False);
+            break;
+        case Keyword::On:
+            if (OnIsAValue()) return Literal(NodeKind::True);
             break;
         case Keyword::Case:
             if (!qualifies) return CaseExpression();
@@ -124,6 +127,30 @@ NodeId Grammar::WordPrimary() {
         return kNoNode;
     }
     return NameOrCall();
+}
+
+// The engine knows On beside True and Yes. Before an operand it is a misplaced ON instead.
+bool Grammar::OnIsAValue() {
+    const Token next = Peek();
+    switch (next.kind) {
+        case TokenKind::Word:
+            return IsReserved(next.keyword) && next.keyword != Keyword::Not && next.keyword != Keyword::On &&
+                   next.keyword != Keyword::Case && next.keyword != Keyword::Null &&
+                   next.keyword != Keyword::True && next.keyword != Keyword::False;
+        case TokenKind::RightParen:
+        case TokenKind::Comma:
+        case TokenKind::Semicolon:
+        case TokenKind::End:
+        case TokenKind::Equal:
+        case TokenKind::NotEqual:
+        case TokenKind::Ampersand:
+        case TokenKind::Plus:
+        case TokenKind::Minus:
+        case TokenKind::Star:
+            return true;
+        default:
+            return false;
+    }
 }
 
 // ( expression ), ( SELECT … ) or ( a, b ).
@@ -273,6 +300,20 @@ NodeId Grammar::MacroPrimary() {
     const bool name =
         next.kind == TokenKind::Point || next.kind == TokenKind::Bang || next.kind == TokenKind::LeftParen;
     return name ? NameOrCall() : Literal(NodeKind::Macro);
+}
+
+// {fn f(x)}: the braces add nothing to the call.
+NodeId Grammar::BracePrimary() {
+    if (!IsKeyword(Peek(), Keyword::Fn)) return BracedLiteral();
+    const Nesting nesting(*this);
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    Advance();
+    Children children;
+    const NodeId call = Expression();
+    Append(children, call, height_);
+    if (!Expect(TokenKind::RightBrace, messages::kMissingRightBrace)) return kNoNode;
+    return Finish(Make(NodeKind::Escape, begin), children);
 }
 
 // {d '2020-01-31'}, {ts '…'}, {t '…'}, {guid {…}}: the escapes of ODBC, kept as they stand.

@@ -132,6 +132,8 @@ bool Grammar::IsBareAlias() {
             return Peek().kind != TokenKind::Word;
         case Keyword::Window:
             return !IsKeyword(PeekSecond(), Keyword::As);
+        case Keyword::Pivot:
+            return statement_->transform.length == 0;
         case Keyword::Using:
             return Peek().kind != TokenKind::LeftParen;
         case Keyword::Collate:

@@ -24,11 +24,39 @@ std::unique_ptr<Statement> Grammar::Run() {
     statement_ = statement.get();
     statement->nodes.reserve(std::min(text_.size() / kCharactersPerNode + 16, kMostReservedNodes));
     if (At(Keyword::Parameters)) ParametersClause();
-    if (!blocked_ && !StartsQuery(token_) && !At(TokenKind::LeftParen)) Fail(messages::kNotASelect);
+    if (!blocked_ && At(Keyword::Transform)) TransformClause();
+    const bool starts = StartsQuery(token_) || At(TokenKind::LeftParen) || StartsTableStatement();
+    if (!blocked_ && !starts) Fail(NotASelectMessage());
     if (blocked_) return nullptr;
     QueryBody();
+    if (!blocked_ && statement->transform.length != 0 && statement->pivot.length == 0) {
+        Fail(messages::kExpectedPivot);
+    }
     if (!blocked_) EndOfText();
     return statement;
+}
+
+// What kind of query the text is instead, by its first word.
+std::wstring_view Grammar::NotASelectMessage() const {
+    if (!At(TokenKind::Word)) return messages::kNotASelect;
+    switch (token_.keyword) {
+        case Keyword::Insert:
+            return messages::kInsert;
+        case Keyword::Update:
+            return messages::kUpdate;
+        case Keyword::Delete:
+            return messages::kDelete;
+        case Keyword::Create:
+        case Keyword::Alter:
+        case Keyword::Drop:
+            return messages::kDefinition;
+        case Keyword::Exec:
+        case Keyword::Execute:
+        case Keyword::Call:
+            return messages::kExecute;
+        default:
+            return messages::kNotASelect;
+    }
 }
 
 std::unique_ptr<Statement> Grammar::NewStatement() const {
@@ -52,6 +80,37 @@ void Grammar::ParametersClause() {
     if (!Expect(TokenKind::Semicolon, messages::kExpectedSemicolon)) return;
     statement_->parameters = Since(begin);
     AddBeyond(Beyond::Parameters, begin);
+}
+
+// TRANSFORM aggregate [AS name] before the select of a crosstab; PIVOT comes after its clauses.
+void Grammar::TransformClause() {
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    const NodeId value = Expression();
+    if (value == kNoNode || IsStar(value)) return;
+    TextRange alias;
+    if (Accept(Keyword::As) && !AliasAfterAs(alias)) return;
+    statement_->transform = Since(begin);
+    AddBeyond(Beyond::Crosstab, begin);
+    if (!At(Keyword::Select)) Fail(messages::kExpectedSelect);
+}
+
+// TABLE name stands where a select can, for all the rows of a table.
+bool Grammar::StartsTableStatement() {
+    return At(Keyword::Table) && IsNameToken(Peek());
+}
+
+void Grammar::TableStatement() {
+    const int base_parens = parens_;
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    JoinGroup group;
+    group.root = TableName();
+    if (group.root < 0) return;
+    statement_->JoinGroups.push_back(std::move(group));
+    statement_->table_statement = Since(begin);
+    AddBeyond(Beyond::TableStatement, begin);
+    ClausesAfterFrom(base_parens);
 }
 
 bool Grammar::StartsQuery(const Token& token) {
@@ -85,6 +144,8 @@ void Grammar::QueryOperand() {
         ValuesRows();
     } else if (At(Keyword::Select)) {
         SelectCore();
+    } else if (StartsTableStatement()) {
+        TableStatement();
     } else {
         Fail(messages::kExpectedSelect);
     }

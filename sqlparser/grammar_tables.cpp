@@ -12,17 +12,22 @@ int Grammar::TablePrimary() {
     if (At(TokenKind::LeftParen)) {
         const Token next = Peek();
         const std::uint32_t begin = token_.begin;
-        return StartsQuery(next) ? DerivedTable(begin) : ParenthesisedFrom();
+        if (StartsQuery(next)) return DerivedTable(begin);
+        return EnclosedFrom(TokenKind::RightParen, messages::kMissingRightParen);
+    }
+    if (At(TokenKind::LeftBrace) && IsKeyword(Peek(), Keyword::Oj)) {
+        return EnclosedFrom(TokenKind::RightBrace, messages::kMissingRightBrace);
     }
     if (IsBracketedSelect()) return BracketedSelect();
     return TableName();
 }
 
-// ( tables and joins ), or one table in parentheses of its own.
-int Grammar::ParenthesisedFrom() {
+// ( tables and joins ), or one table in parentheses of its own; {oj joins } is the ODBC spelling.
+int Grammar::EnclosedFrom(TokenKind close, std::wstring_view missing) {
     const Nesting nesting(*this);
     const std::uint32_t begin = token_.begin;
     Advance();
+    if (close == TokenKind::RightBrace) Advance();
     int root = FromItem();
     while (root >= 0 && At(TokenKind::Comma)) {
         FromNode join;
@@ -34,7 +39,7 @@ int Grammar::ParenthesisedFrom() {
         if (right < 0) return -1;
         root = AddJoin(join, root, right);
     }
-    if (root < 0 || !CloseParen()) return -1;
+    if (root < 0 || !Expect(close, missing)) return -1;
     FromNode& node = statement_->From[static_cast<std::size_t>(root)];
     node.parenthesised = true;
     node.outer = Since(begin);

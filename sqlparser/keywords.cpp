@@ -108,6 +108,19 @@ constexpr Entry kEntries[] = {
     {L"SEPARATOR", Keyword::Separator},
     {L"WINDOW", Keyword::Window},
     {L"ROLLUP", Keyword::Rollup},
+    {L"TABLE", Keyword::Table},
+    {L"TRANSFORM", Keyword::Transform},
+    {L"PIVOT", Keyword::Pivot},
+    {L"FN", Keyword::Fn},
+    {L"OJ", Keyword::Oj},
+    {L"INSERT", Keyword::Insert},
+    {L"DELETE", Keyword::Delete},
+    {L"CREATE", Keyword::Create},
+    {L"ALTER", Keyword::Alter},
+    {L"DROP", Keyword::Drop},
+    {L"EXEC", Keyword::Exec},
+    {L"EXECUTE", Keyword::Execute},
+    {L"CALL", Keyword::Call},
 };
 
 constexpr std::size_t kTableSize = 512;

@@ -110,6 +110,19 @@ enum class Keyword : std::uint8_t {
     Separator,
     Window,
     Rollup,
+    Table,
+    Transform,
+    Pivot,
+    Fn,
+    Oj,
+    Insert,
+    Delete,
+    Create,
+    Alter,
+    Drop,
+    Exec,
+    Execute,
+    Call,
 };
 
 /// The keyword of a word in any letter case, or None.

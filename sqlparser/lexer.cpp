@@ -143,7 +143,8 @@ Token Lexer::Word(std::uint32_t from) {
     return token;
 }
 
-// Digits followed by letters are a name (90DaysAvg, 87089_Items), unless the letters are an exponent.
+// Digits followed by letters are a name (90DaysAvg, 87089_Items), unless the letters are an exponent or AND
+// or OR.
 Token Lexer::NumberOrName() {
     state_.after_operand = true;
     std::uint32_t i = at_;
@@ -168,7 +169,11 @@ Token Lexer::NumberOrName() {
         }
     }
     if (i != whole || !Is(At(i), kWordPart)) return Make(TokenKind::Number, i);
+    const std::uint32_t digits_end = i;
     while (i < end_ && Is(text_[i], kWordPart)) ++i;
+    // Statements put together in programs often lack the blank: WHERE a=1AND b=2.
+    const Keyword tail = FindKeyword(text_ + digits_end, i - digits_end);
+    if (tail == Keyword::And || tail == Keyword::Or) return Make(TokenKind::Number, digits_end);
     return Make(TokenKind::Word, i, kDigitFirst);
 }
 

@@ -9,6 +9,16 @@ namespace tessel::sql::messages {
 
 inline constexpr std::wstring_view kEmpty = L"No hay ninguna instrucción SQL.";
 inline constexpr std::wstring_view kNotASelect = L"Se esperaba una instrucción SELECT.";
+inline constexpr std::wstring_view kInsert =
+    L"INSERT es una consulta de datos anexados; se esperaba una instrucción SELECT.";
+inline constexpr std::wstring_view kUpdate =
+    L"UPDATE es una consulta de actualización; se esperaba una instrucción SELECT.";
+inline constexpr std::wstring_view kDelete =
+    L"DELETE es una consulta de eliminación; se esperaba una instrucción SELECT.";
+inline constexpr std::wstring_view kDefinition =
+    L"CREATE, ALTER y DROP son consultas de definición de datos; se esperaba una instrucción SELECT.";
+inline constexpr std::wstring_view kExecute =
+    L"EXECUTE es la llamada a un procedimiento; se esperaba una instrucción SELECT.";
 inline constexpr std::wstring_view kTooLong = L"El texto es demasiado largo.";
 inline constexpr std::wstring_view kTooDeep = L"La instrucción tiene demasiados niveles de anidamiento.";
 inline constexpr std::wstring_view kUnclosedString = L"El texto entre comillas no está cerrado.";
@@ -34,6 +44,8 @@ inline constexpr std::wstring_view kExpectedNull = L"Se esperaba NULL o NOT NULL
 inline constexpr std::wstring_view kExpectedInList = L"Se esperaba una lista entre paréntesis después de IN.";
 inline constexpr std::wstring_view kExpectedLike = L"Se esperaba LIKE, IN o BETWEEN después de NOT.";
 inline constexpr std::wstring_view kExpectedSelect = L"Se esperaba SELECT.";
+inline constexpr std::wstring_view kExpectedPivot =
+    L"Falta la cláusula PIVOT de la consulta de referencias cruzadas (TRANSFORM).";
 inline constexpr std::wstring_view kExpectedWhen = L"Se esperaba WHEN.";
 inline constexpr std::wstring_view kExpectedThen = L"Se esperaba THEN.";
 inline constexpr std::wstring_view kExpectedEnd = L"Falta END al final de CASE.";

@@ -19,6 +19,10 @@ public:
             Tokens(s_.parameters);
             out_ += separator_;
         }
+        if (s_.transform.length != 0) {
+            Tokens(s_.transform);
+            out_ += separator_;
+        }
         With();
         out_.append(s_.group_ends.size(), L'(');
         Core();
@@ -62,6 +66,10 @@ private:
 
     void Core() {
         if (!s_.value_rows.empty()) return Values();
+        if (s_.table_statement.length != 0) {
+            Tokens(s_.table_statement);
+            return ClausesAfterFrom();
+        }
         out_ += L"SELECT";
         if (s_.Distinct) (out_ += L' ') += KeywordText(KeywordAt(s_.distinct_range));
         Optional(L" ", s_.top_range);
@@ -72,11 +80,17 @@ private:
 
     void Clauses() {
         From();
+        Optional(L" ", s_.from_external);
+        ClausesAfterFrom();
+    }
+
+    void ClausesAfterFrom() {
         Condition(L"WHERE ", s_.where);
         Items(std::wstring(separator_) + L"GROUP BY ", s_.GroupItems);
         Optional(L" ", s_.group_suffix);
         Condition(L"HAVING ", s_.having);
         Items(std::wstring(separator_) + L"ORDER BY ", s_.OrderItems);
+        Optional(separator_, s_.pivot);
         Optional(separator_, s_.trailing);
     }
 

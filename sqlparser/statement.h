@@ -107,6 +107,8 @@ enum class Beyond {
     Window,
     ForUpdate,
     Values,
+    TableStatement,
+    Crosstab,
     Hint,
     WithOwnerAccess,
     TableFunction,
@@ -170,10 +172,14 @@ public:
     TextRange where_range;  ///< the condition's text
     TextRange having_range;
     TextRange from_range;
-    TextRange group_suffix;  ///< WITH ROLLUP
-    TextRange into;          ///< after INTO
-    TextRange parameters;    ///< PARAMETERS … ;
-    TextRange trailing;      ///< LIMIT, OFFSET, FETCH, FOR, WITH OWNERACCESS OPTION…, one after the other
+    TextRange group_suffix;     ///< WITH ROLLUP
+    TextRange into;             ///< after INTO
+    TextRange from_external;    ///< IN 'file' … after the last join, for all the tables
+    TextRange parameters;       ///< PARAMETERS … ;
+    TextRange transform;        ///< TRANSFORM aggregate before the select of a crosstab
+    TextRange pivot;            ///< PIVOT … at its end
+    TextRange table_statement;  ///< TABLE name, which has no select list
+    TextRange trailing;  ///< LIMIT, OFFSET, FETCH, FOR, WITH OWNERACCESS OPTION…, one after the other
     std::vector<BeyondItem> beyond;
 
     std::vector<Node> nodes;

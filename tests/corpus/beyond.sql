@@ -63,3 +63,28 @@ SELECT t.a, "una constante de texto muy larga que se repite una y otra vez hasta
 SELECT c.Nombre FROM Clientes AS c WHERE c.Saldo > (SELECT Avg(Clientes.Saldo) FROM Clientes WHERE Clientes.Zona = c.Zona);
 ---
 SELECT c1, c2, c3, c4, c5, c6, c7, c8, c9, c10, c11, c12, c13, c14, c15, c16, c17, c18, c19, c20, c21, c22, c23, c24, c25, c26, c27, c28, c29, c30, c31, c32, c33, c34, c35, c36, c37, c38, c39, c40, c41, c42, c43, c44, c45, c46, c47, c48, c49, c50, c51, c52, c53, c54, c55, c56, c57, c58, c59, c60, c61 FROM Ancha;
+---
+TRANSFORM Sum(Ventas.Importe) AS SumaDeImporte
+SELECT Ventas.Zona, Sum(Ventas.Importe) AS [Total de Importe]
+FROM Ventas
+GROUP BY Ventas.Zona
+PIVOT Format([Fecha],"mmm") In ("ene","feb","mar");
+---
+PARAMETERS [Forms]![frmAños]![Año] Short;
+TRANSFORM First(Notas.Nota)
+SELECT Alumnos.Apellidos, Alumnos.Nombre
+FROM Alumnos INNER JOIN Notas ON Alumnos.Id = Notas.IdAlumno
+WHERE Year([Notas].[Fecha])=[Forms]![frmAños]![Año]
+GROUP BY Alumnos.Apellidos, Alumnos.Nombre
+ORDER BY Alumnos.Apellidos
+PIVOT Notas.Materia;
+---
+TABLE Socios;
+---
+SELECT Nombre, Zona FROM Socios UNION ALL TABLE [Socios antiguos] ORDER BY Nombre;
+---
+SELECT Pedidos.Id, Clientes.Nombre
+FROM Pedidos INNER JOIN Clientes ON Pedidos.IdCliente = Clientes.Id IN '' [MS Access;DATABASE=D:\datos\antiguo.mdb;PWD=clave]
+WHERE (((Pedidos.Fecha)>#1/1/2019#));
+---
+SELECT Hoja.* FROM [Hoja1$] AS Hoja IN "" [Excel 8.0;HDR=YES;IMEX=2;DATABASE=D:\datos\precios.xls];

@@ -69,3 +69,13 @@ SELECT "a" & "b" & 'c' AS abc, 1.5e3 AS mil, &HFF AS hex FROM Datos;
 SELECT Eval("1+1") AS dos, Rnd([Id]) AS azar FROM Datos ORDER BY Rnd([Id]);
 ---
 SELECT [Primero] + [Segundo] AS Total, Datos.[Primero] FROM Datos WHERE (((([Primero]+[Segundo]))>100));
+---
+SELECT {fn UCASE(Socios.Nombre)} AS Nombre1, {fn CONCAT(Socios.Nombre, {fn LEFT(Socios.Zona, 2)})} AS Clave FROM Socios WHERE Socios.Alta >= {d '2020-01-31'} AND {fn LENGTH(Socios.Nombre)} > 3 ORDER BY Socios.Nombre;
+---
+SELECT Facturas.Id FROM Facturas WHERE Facturas.Pagada = On AND Facturas.Anulada = Off;
+---
+SELECT Facturas.Id FROM Facturas WHERE Facturas.Zona=5AND Facturas.Serie='A';
+---
+SELECT Articulos.Codigo FROM Articulos WHERE Articulos.Codigo LIKE 'A!_%' {escape '!'};
+---
+SELECT c.Nombre, {fn YEAR(c.Alta)} AS Anio FROM Clientes AS c WHERE {fn MONTH(c.Alta)} = 5;

@@ -119,3 +119,9 @@ SELECT e.Nombre, j.Nombre AS Jefe FROM Empleados AS e LEFT JOIN Empleados AS j O
 SELECT Empleados.Nombre, Empleados_1.Nombre FROM Empleados INNER JOIN Empleados AS Empleados_1 ON Empleados.IdJefe = Empleados_1.IdEmpleado;
 ---
 SELECT Juegos.Fecha, Equipos.Nombre, Equipos_1.Nombre FROM (Juegos INNER JOIN Equipos ON Juegos.Local = Equipos.Id) INNER JOIN Equipos AS Equipos_1 ON Juegos.Visita = Equipos_1.Id;
+---
+SELECT Clientes.Nombre, Pedidos.Fecha FROM {oj Clientes LEFT OUTER JOIN Pedidos ON Clientes.Id = Pedidos.IdCliente} WHERE Clientes.Zona = 3;
+---
+SELECT P.Id, L.Cantidad, A.Nombre FROM {oj (Pedidos AS P INNER JOIN Lineas AS L ON P.Id = L.IdPedido) LEFT OUTER JOIN Articulos AS A ON L.IdArticulo = A.Id} ORDER BY P.Id;
+---
+SELECT Empleados.Apellidos, Sum(Lineas.Precio*Lineas.Cantidad) AS Ventas FROM Empleados INNER JOIN(Pedidos INNER JOIN Lineas ON Lineas.IdPedido = Pedidos.Id ) ON Pedidos.IdEmpleado = Empleados.Id GROUP BY Empleados.Apellidos;

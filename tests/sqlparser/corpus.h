@@ -69,6 +69,11 @@ inline const std::vector<std::wstring>& Corpus() {
         L"PARAMETERS [Forms]![f]![c] DateTime; SELECT @{t}.campo, @t!c, @t.*, @f(1) FROM [Select uno].[t] "
         L"WINDOW w AS (ORDER BY a)",
         L"SELECT a FROM t FETCH FIRST 5 ROWS WITH TIES FOR UPDATE OF a WITH OWNERACCESS OPTION",
+        L"PARAMETERS p Long; TRANSFORM Sum(v) AS s SELECT a FROM t GROUP BY a PIVOT b IN ('x', 'y') WITH "
+        L"OWNERACCESS OPTION;",
+        L"TABLE [t u] UNION ALL SELECT a FROM {oj t LEFT OUTER JOIN u ON t.k = u.k} UNION TABLE v ORDER BY a",
+        L"SELECT {fn LEFT(a, {fn LENGTH(b)})}, a LIKE 'x!%' {escape '!'} FROM t INNER JOIN u ON t.k = u.k IN "
+        L"'f' WHERE On AND a=1AND b=On",
         L"SELECT a AS Year, b Year, c AS Left, d AS Order, e AS 90DaysAvg, f AS 'x' FROM t",
     };
     return statements;

@@ -58,6 +58,12 @@ TEST(Lexer, NumbersAndNamesThatBeginWithDigits) {
                  {TokenKind::Word, L"HFF"},
                  {TokenKind::Ampersand, L"&"},
                  {TokenKind::Word, L"O17"}});
+    CheckTokens(L"1AND 2or 3Order 4Andes", {{TokenKind::Number, L"1"},
+                                            {TokenKind::Word, L"AND"},
+                                            {TokenKind::Number, L"2"},
+                                            {TokenKind::Word, L"or"},
+                                            {TokenKind::Word, L"3Order"},
+                                            {TokenKind::Word, L"4Andes"}});
     CheckTokens(L"=&HFF+&HFFFF&", {{TokenKind::Equal, L"="},
                                    {TokenKind::Number, L"&HFF"},
                                    {TokenKind::Plus, L"+"},
@@ -106,7 +112,7 @@ TEST(Lexer, KnowsItsKeywordsInAnyLetterCase) {
         Lexer lexer(word);
         EXPECT_EQ(lexer.Next().keyword, Keyword::None) << ToUtf8(word);
     }
-    for (int k = 1; k <= static_cast<int>(Keyword::Rollup); ++k) {
+    for (int k = 1; k <= static_cast<int>(Keyword::Call); ++k) {
         const std::wstring text = Lower(KeywordText(static_cast<Keyword>(k)));
         ASSERT_FALSE(text.empty()) << k;
         EXPECT_EQ(static_cast<int>(FindKeyword(text.data(), text.size())), k) << ToUtf8(text);
