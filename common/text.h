@@ -23,7 +23,7 @@ namespace tessel {
 /// time and hardly ever leave ASCII.
 [[nodiscard]] inline wchar_t LowerChar(wchar_t ch) {
     if (ch >= L'A' && ch <= L'Z') return static_cast<wchar_t>(ch + (L'a' - L'A'));
-    return ch >= L'\0' && ch < L'\x80' ? ch : LowerWideChar(ch);
+    return static_cast<char32_t>(ch) < 0x80 ? ch : LowerWideChar(ch);
 }
 [[nodiscard]] std::wstring Lower(std::wstring_view text);
 
