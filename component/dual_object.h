@@ -7,6 +7,7 @@
 #include <ocidl.h>
 
 #include "common/win32/com_object.h"
+#include "component/default_member.h"
 #include "component/invoke_arguments.h"
 #include "component/type_library.h"
 
@@ -34,7 +35,7 @@ public:
         return FAILED(loaded) ? loaded : type_->GetIDsOfNames(names, count, ids);
     }
 
-    STDMETHODIMP Invoke(DISPID member, REFIID iid, LCID, WORD flags, DISPPARAMS* call, VARIANT* result,
+    STDMETHODIMP Invoke(DISPID member, REFIID iid, LCID locale, WORD flags, DISPPARAMS* call, VARIANT* result,
                         EXCEPINFO* exception, UINT* bad_argument) override {
         if (iid != IID{}) return DISP_E_UNKNOWNINTERFACE;
         if (!call) return E_POINTER;
@@ -42,6 +43,9 @@ public:
             // A method may let the host run, and the host may drop its last reference meanwhile.
             const win32::ComPtr<IUnknown> alive(static_cast<Interface*>(this));
             if (const HRESULT loaded = LoadType(); FAILED(loaded)) return loaded;
+            if (IsForDefaultMember(type_.Get(), member, flags, *call))
+                return InvokeDefaultMember(type_.Get(), static_cast<Interface*>(this), member, flags, locale,
+                                           call, result, exception, bad_argument);
             InvokeArguments arguments;
             const HRESULT prepared = arguments.Prepare(type_.Get(), member, flags, *call, bad_argument);
             if (FAILED(prepared)) return prepared;

@@ -1,5 +1,7 @@
 #include "component/invoke_arguments.h"
 
+#include "component/function_description.h"
+
 namespace tessel::component {
 
 using win32::ComPtr;
@@ -8,39 +10,6 @@ using win32::UniqueVariant;
 namespace {
 
 constexpr WORD kAnyPut = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
-
-/// A function description that is given back to its type.
-class Function {
-public:
-    Function() = default;
-    ~Function() { Reset(); }
-    Function(const Function&) = delete;
-    Function& operator=(const Function&) = delete;
-
-    const FUNCDESC* operator->() const { return description_; }
-    explicit operator bool() const { return description_ != nullptr; }
-
-    /// Finds a member by number and kind. The list is walked because ITypeInfo2::GetFuncIndexOfMemId counts
-    /// the inherited methods of a dual interface differently from GetFuncDesc under Wine 8.
-    void Find(ITypeInfo* type, DISPID member, WORD kinds) {
-        Reset();
-        type_ = type;
-        for (UINT i = 0; SUCCEEDED(type->GetFuncDesc(i, &description_)); ++i) {
-            if (description_->memid == member && (description_->invkind & kinds)) return;
-            Reset();
-        }
-        description_ = nullptr;
-    }
-
-private:
-    void Reset() {
-        if (description_) type_->ReleaseFuncDesc(description_);
-        description_ = nullptr;
-    }
-
-    ITypeInfo* type_ = nullptr;
-    FUNCDESC* description_ = nullptr;
-};
 
 bool IsObjectType(VARTYPE type) {
     return type == VT_DISPATCH || type == VT_UNKNOWN;
@@ -64,7 +33,7 @@ WORD KindsOf(ITypeInfo* type, DISPID member, WORD flags, const DISPPARAMS& call)
     const WORD wanted = is_object && (flags & DISPATCH_PROPERTYPUTREF) ? DISPATCH_PROPERTYPUTREF
                         : (flags & DISPATCH_PROPERTYPUT)               ? DISPATCH_PROPERTYPUT
                                                                        : DISPATCH_PROPERTYPUTREF;
-    Function found;
+    FunctionDescription found;
     found.Find(type, member, wanted);
     if (found) return wanted;
     const bool empties = value_type == VT_EMPTY || value_type == VT_NULL;
@@ -210,7 +179,7 @@ HRESULT InvokeArguments::Fill(const Parameter& parameter, const VARIANTARG* from
 HRESULT InvokeArguments::Prepare(ITypeInfo* type, DISPID member, WORD flags, const DISPPARAMS& call,
                                  UINT* bad_argument) {
     flags_ = KindsOf(type, member, flags, call);
-    Function function;
+    FunctionDescription function;
     function.Find(type, member, flags_);
     if (!function) return DISP_E_MEMBERNOTFOUND;
 

@@ -7,7 +7,9 @@
 #include "common/text.h"
 #include "common/win32/dispatch.h"
 #include "component/errors.h"
+#include "component/foreign_parameter.h"
 #include "component/literal.h"
+#include "component/parameter_collection.h"
 #include "component/pointer.h"
 #include "ui/win32/dlg_dsn.h"
 
@@ -65,16 +67,6 @@ HRESULT RaiseWalkError(const CallResult& failure) {
     const std::wstring& source = failure.Source();
     return win32::RaiseError(failure.Code(), __uuidof(::_Quillon), source.empty() ? kQuillonProgId : source,
                              failure.Message());
-}
-
-/// The `Name` of a parameter, whatever object a host put into the collection.
-CallResult NameOf(const UniqueVariant& element) {
-    const Dispatch parameter(element.Object());
-    if (!parameter) return CallResult(DISP_E_TYPEMISMATCH, {}, ConversionMessage(DISP_E_TYPEMISMATCH));
-    CallResult name = parameter.Get(L"Name");
-    if (name && !name.Text())
-        return CallResult(DISP_E_TYPEMISMATCH, {}, ConversionMessage(DISP_E_TYPEMISMATCH));
-    return name;
 }
 
 }  // namespace
@@ -160,31 +152,28 @@ STDMETHODIMP Quillon::GetParameter(BSTR* Name, ::_cParameter** Parameter) {
         const std::wstring wanted = Folded(Name ? win32::TextOf(*Name) : std::wstring_view());
         std::optional<CallResult> failure;
         ComPtr<IDispatch> match;
-        const CallResult walked =
-            win32::WalkCollection(Dispatch(parameters_), [&](const UniqueVariant& element) {
-                CallResult name = NameOf(element);
-                if (!name) {
-                    failure = std::move(name);
-                    return false;
-                }
-                if (Folded(*name.Text()) != wanted) return true;
-                match = element.Object();
+        const CallResult walked = WalkParameters(Dispatch(parameters_), [&](const UniqueVariant& element) {
+            CallResult name = ParameterName(element);
+            if (!name) {
+                failure = std::move(name);
                 return false;
-            });
+            }
+            if (Folded(*name.Text()) != wanted) return true;
+            match = element.Object();
+            return false;
+        });
         if (failure) return RaiseWalkError(*failure);
         if (!walked) return RaiseWalkError(walked);
         if (!match) return S_OK;
-        const ComPtr<::_cParameter> parameter = match.As<::_cParameter>();
-        if (parameter) return parameter.CopyTo(Parameter);
-        return win32::RaiseError(DISP_E_TYPEMISMATCH, __uuidof(::_Quillon), kQuillonProgId,
-                                 ConversionMessage(DISP_E_TYPEMISMATCH));
+        const ComPtr<::_cParameter> parameter = AsParameter(match);
+        return parameter ? parameter.CopyTo(Parameter) : E_OUTOFMEMORY;
     });
 }
 
 std::vector<std::wstring> Quillon::ParameterNames() {
     std::vector<std::wstring> names;
-    const CallResult walked = win32::WalkCollection(Dispatch(parameters_), [&](const UniqueVariant& element) {
-        if (const auto name = NameOf(element).Text()) names.push_back(*name);
+    const CallResult walked = WalkParameters(Dispatch(parameters_), [&](const UniqueVariant& element) {
+        if (const auto name = ParameterName(element).Text()) names.push_back(*name);
         return true;
     });
     // A collection that fails half way offers what it gave.

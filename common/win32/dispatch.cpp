@@ -72,6 +72,26 @@ CallResult WalkEnumerator(const Dispatch& collection, const ElementVisitor& visi
     }
 }
 
+/// One element by its number.
+CallResult ItemOf(const Dispatch& collection, LONG number) {
+    CallResult item = collection.Get(L"Item", number);
+    if (item.Code() != DISP_E_UNKNOWNNAME) return item;
+    VARIANTARG argument{};
+    argument.vt = VT_I4;
+    argument.lVal = number;
+    CallResult by_default =
+        collection.InvokeId(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {argument});
+    return by_default ? std::move(by_default) : std::move(item);
+}
+
+/// Whether a collection answered a number with an element. Some answer Empty or Nothing to a number that they
+/// do not have, instead of an error.
+bool IsElement(const CallResult& item) {
+    if (!item || item.Value().IsNothing()) return false;
+    const VARIANT& value = item.Value().Get();
+    return (value.vt != VT_DISPATCH && value.vt != VT_UNKNOWN) || value.punkVal != nullptr;
+}
+
 /// Elements through Count and Item. The last element answers to Count where numbers start at 1; only where it
 /// does not is 0 tried, since asking some collections for an absent key adds it.
 CallResult WalkItems(const Dispatch& collection, const ElementVisitor& visitor) {
@@ -80,9 +100,9 @@ CallResult WalkItems(const Dispatch& collection, const ElementVisitor& visitor) 
     const LONG count = counted.Number().value_or(0);
     if (count <= 0) return CallResult(UniqueVariant());
     LONG first = 1;
-    if (!collection.Get(L"Item", count) && collection.Get(L"Item", 0)) first = 0;
+    if (!IsElement(ItemOf(collection, count)) && IsElement(ItemOf(collection, 0))) first = 0;
     for (LONG i = 0; i < count; ++i) {
-        CallResult element = collection.Get(L"Item", first + i);
+        CallResult element = ItemOf(collection, first + i);
         if (!element) return element;
         if (!visitor(element.Value())) break;
     }
@@ -124,6 +144,16 @@ std::optional<bool> CallResult::Boolean() const noexcept {
 
 Dispatch CallResult::Object() const noexcept {
     return Dispatch(value_.Object());
+}
+
+bool Dispatch::Has(const wchar_t* name) const noexcept {
+    if (!object_) return false;
+    try {
+        DISPID id = DISPID_UNKNOWN;
+        return SUCCEEDED(FindMember(object_.Get(), name, &id));
+    } catch (...) {
+        return false;
+    }
 }
 
 CallResult Dispatch::InvokeName(const wchar_t* name, WORD flags, const UniqueVariant* arguments,

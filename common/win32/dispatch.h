@@ -63,11 +63,15 @@ public:
     explicit operator bool() const { return static_cast<bool>(object_); }
     IDispatch* Get() const { return object_.Get(); }
 
+    /// Whether the object has a member of that name.
+    bool Has(const wchar_t* name) const noexcept;
     /// Reads a property, or calls a method for its value. Arguments are whatever UniqueVariant is made from.
     template <class... Arguments>
     CallResult Get(const wchar_t* name, Arguments&&... arguments) const noexcept {
         return Invoke(name, DISPATCH_PROPERTYGET | DISPATCH_METHOD, std::forward<Arguments>(arguments)...);
     }
+    /// Reads a property that is no method. Arrays of script engines answer to nothing else.
+    CallResult Property(const wchar_t* name) const noexcept { return Invoke(name, DISPATCH_PROPERTYGET); }
     /// Calls a method.
     template <class... Arguments>
     CallResult Call(const wchar_t* name, Arguments&&... arguments) const noexcept {
@@ -112,8 +116,8 @@ private:
 using ElementVisitor = std::function<bool(const UniqueVariant& element)>;
 
 /// Walks a collection in its own order: through its enumerator, or else through Count and Item, whose numbers
-/// start at 1, as in the host languages' own collections, or at 0. The first failure ends the walk and is its
-/// result.
+/// start at 1, as in the host languages' own collections, or at 0. An Item that has another name is reached
+/// as the default member. The first failure ends the walk and is its result.
 CallResult WalkCollection(const Dispatch& collection, const ElementVisitor& visitor) noexcept;
 
 }  // namespace tessel::win32

@@ -145,14 +145,6 @@ TEST(GetParameter, AnEnumeratorIsWalkedWhereThereIsOne) {
     EXPECT_EQ(LastErrorText(), L"Enumerador roto");
 }
 
-TEST(GetParameter, AForeignObjectOfThatNameIsATypeMismatch) {
-    FakePtr foreign = tests::MakeFake();
-    foreign->Set(L"Name", L"fecha");
-    const Found found = Find(tests::MakeEnumerable({foreign}).Get(), L"fecha");
-    EXPECT_EQ(found.result, DISP_E_TYPEMISMATCH);
-    EXPECT_FALSE(found.parameter);
-}
-
 TEST(GetParameter, LateBoundItAnswersTheObjectOrNothing) {
     const ComPtr<_cParameter> date = Named(L"fecha");
     const win32::Dispatch quillon(ComponentLibrary::Instance().CreateQuillon().As<IDispatch>());

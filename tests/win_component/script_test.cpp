@@ -68,6 +68,14 @@ TEST_F(Scripts, JScriptWorksWithBothClasses) {
     EXPECT_EQ(RunScript(L"late_binding.js"), kScriptPassed);
 }
 
+TEST_F(Scripts, VBScriptBringsCollectionsInEveryShape) {
+    EXPECT_EQ(RunScript(L"collections.vbs"), kScriptPassed);
+}
+
+TEST_F(Scripts, JScriptBringsCollectionsInEveryShape) {
+    EXPECT_EQ(RunScript(L"collections.js"), kScriptPassed);
+}
+
 TEST_F(Scripts, Regsvr32RegistersForTheUserAlone) {
     EXPECT_EQ(RunProgram(L"regsvr32 /s /n /i:user \"" + tests::ComponentPath() + L"\""), 0u);
     HKEY key = nullptr;

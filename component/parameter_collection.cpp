@@ -1,0 +1,95 @@
+#include "component/parameter_collection.h"
+
+#include "component/errors.h"
+
+namespace tessel::component {
+
+using win32::CallResult;
+using win32::Dispatch;
+using win32::ElementVisitor;
+using win32::UniqueVariant;
+
+namespace {
+
+CallResult Done() {
+    return CallResult(UniqueVariant());
+}
+
+CallResult Mismatch() {
+    return CallResult(DISP_E_TYPEMISMATCH, {}, ConversionMessage(DISP_E_TYPEMISMATCH));
+}
+
+/// The elements of an automation array of one dimension. Each is copied before it is visited: the visitor may
+/// let the host run, and nothing may stay locked meanwhile.
+CallResult WalkArray(const UniqueVariant& value, const ElementVisitor& visitor) {
+    SAFEARRAY* const array = value.Get().parray;
+    LONG first = 0, last = -1;
+    VARTYPE type = VT_EMPTY;
+    if (!array || SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetLBound(array, 1, &first)) ||
+        FAILED(SafeArrayGetUBound(array, 1, &last)) || FAILED(SafeArrayGetVartype(array, &type)))
+        return Mismatch();
+    if (type != VT_VARIANT && type != VT_DISPATCH) return first > last ? Done() : Mismatch();
+    for (LONG i = first; i <= last; ++i) {
+        UniqueVariant element;
+        void* target = element.Address();
+        if (type == VT_DISPATCH) {
+            element.Address()->vt = VT_DISPATCH;
+            target = &element.Address()->pdispVal;
+        }
+        if (const HRESULT got = SafeArrayGetElement(array, &i, target); FAILED(got))
+            return CallResult(got, {}, win32::SystemMessage(got));
+        if (!visitor(element)) break;
+    }
+    return Done();
+}
+
+/// The items of a dictionary, which come as an array, or as a collection from dictionaries of other makes.
+CallResult WalkDictionary(const Dispatch& dictionary, const ElementVisitor& visitor) {
+    CallResult items = dictionary.Get(L"Items");
+    if (!items) return items;
+    if (items.Value().Type() & VT_ARRAY) return WalkArray(items.Value(), visitor);
+    const Dispatch collection = items.Object();
+    return collection ? win32::WalkCollection(collection, visitor) : Mismatch();
+}
+
+CallResult WalkScriptArray(const Dispatch& array, LONG length, const ElementVisitor& visitor) {
+    for (LONG i = 0; i < length; ++i) {
+        CallResult element = array.Property(std::to_wstring(i).c_str());
+        if (!element) return element;
+        if (!visitor(element.Value())) break;
+    }
+    return Done();
+}
+
+CallResult Walk(const Dispatch& collection, const ElementVisitor& visitor) {
+    if (collection.Has(L"Keys") && collection.Has(L"Items")) return WalkDictionary(collection, visitor);
+    if (!collection.Has(L"Count") && !collection.Has(L"Item")) {
+        if (const auto length = collection.Property(L"length").Number())
+            return WalkScriptArray(collection, *length, visitor);
+    }
+    return win32::WalkCollection(collection, [&](const UniqueVariant& element) {
+        if (element.Type() != VT_BSTR) return visitor(element);
+        // A key of that collection, so that asking for it does not add it.
+        const CallResult item = collection.Get(L"Item", win32::TextOf(element.Get().bstrVal));
+        return visitor(item ? item.Value() : element);
+    });
+}
+
+}  // namespace
+
+CallResult WalkParameters(const Dispatch& collection, const ElementVisitor& visitor) noexcept {
+    try {
+        return Walk(collection, visitor);
+    } catch (...) {
+        return CallResult(E_OUTOFMEMORY, {}, {});
+    }
+}
+
+CallResult ParameterName(const UniqueVariant& element) noexcept {
+    const Dispatch parameter(element.Object());
+    if (!parameter) return Mismatch();
+    CallResult name = parameter.Get(L"Name");
+    return name && !name.Text() ? Mismatch() : std::move(name);
+}
+
+}  // namespace tessel::component
