@@ -41,11 +41,21 @@ const std::vector<std::wstring>& OrderWords() {
     return kWords;
 }
 
-DesignGrid::DesignGrid() : columns_(kInitialColumnCount) {}
+DesignGrid::DesignGrid() {
+    AppendColumns(kInitialColumnCount);
+}
+
+void DesignGrid::AppendColumns(int count) {
+    while (ColumnCount() < count) {
+        Column column;
+        column.key = ColumnCount();
+        columns_.push_back(std::move(column));
+    }
+}
 
 void DesignGrid::LoadColumns() {
     if (ColumnCount() >= kGridColumnCount) return;
-    columns_.resize(kGridColumnCount);
+    AppendColumns(kGridColumnCount);
     NotifyChanged();
 }
 
@@ -134,6 +144,23 @@ void DesignGrid::Reset() {
 
 bool DesignGrid::IsColumnUsed(int column) const {
     return !TrimView(Cell(GridRow::Campo, column)).empty();
+}
+
+bool DesignGrid::IsColumnEmpty(int column) const {
+    return std::ranges::all_of(kGridRows, [&](GridRow row) { return Cell(row, column).empty(); });
+}
+
+bool DesignGrid::MoveColumn(int from, int to) {
+    if (!Exists(from) || !Exists(to)) return false;
+    if (from == to) return true;
+    const auto first = columns_.begin();
+    if (from < to) {
+        std::rotate(first + from, first + from + 1, first + to + 1);
+    } else {
+        std::rotate(first + to, first + from, first + from + 1);
+    }
+    NotifyChanged();
+    return true;
 }
 
 void DesignGrid::SetColumns(std::vector<Column> columns) {

@@ -80,9 +80,17 @@ public:
 
     /// True when the column's "Campo:" is more than blanks.
     bool IsColumnUsed(int column) const;
+    /// True when every cell of the column is empty.
+    bool IsColumnEmpty(int column) const;
+
+    /// Takes a column out of its place and puts it in at another, with its cells, caption, width and shown
+    /// state; the columns between them close up. The focus stays on its place. False, and nothing changes,
+    /// when there is no such column or place.
+    bool MoveColumn(int from, int to);
 
     /// The whole state, for copies and undo.
     struct Column {
+        int key = 0;  ///< tells the column from the others, wherever it is moved
         std::array<std::wstring, kGridRowCount> cells;
         std::wstring caption;
         std::vector<std::wstring> pick_list;
@@ -95,6 +103,7 @@ public:
 
 private:
     bool Exists(int column) const;
+    void AppendColumns(int count);
 
     std::vector<Column> columns_;
     GridRow focused_row_ = GridRow::Campo;

@@ -5,6 +5,7 @@
 #include "model/grid_editing.h"
 #include "model/pick_lists.h"
 #include "sqlparser/sql_parser.h"
+#include "ui/designer_gesture.h"
 
 namespace tessel::ui {
 
@@ -73,10 +74,12 @@ void DesignerPresenter::Load() {
     SetGridShown(true);
     view_.ShowReason(true);
     view_.ShowDistinct(design_.distinct);
+    history_.Start(design_);
 }
 
 void DesignerPresenter::BindSchema(const schema::Schema* schema) {
     design_.diagram.Bind(schema);
+    history_.Start(design_);
 }
 
 void DesignerPresenter::SetDsn(std::wstring_view sSQL) {
@@ -85,7 +88,8 @@ void DesignerPresenter::SetDsn(std::wstring_view sSQL) {
     const Working working(*this);
     const Hourglass hourglass(view_, Pointer::Default);
     editor_.SetText(text);
-    if (Analyse(text)) return;
+    composed_.reset();
+    if (Analyse(text)) return DesignAnalysed(false);
     // The design is not in force, so that selecting the SQL tab leaves the text as it came.
     SetGridShown(false);
     tab_ = Tab::Sql;
@@ -116,9 +120,11 @@ void DesignerPresenter::SwitchToSql() {
     view_.ProcessEvents();
     editor_.Refresh();
     if (grid_shown_) {
+        history_.Record(design_);
         editor_.SetText(L"");
         view_.ProcessEvents();
         editor_.SetText(BuildSQL());
+        composed_ = editor_.Text();
     }
     SetGridShown(true);
 }
@@ -127,6 +133,7 @@ void DesignerPresenter::SwitchToDesign() {
     view_.ShowTab(Tab::Design);
     SetGridShown(true);
     const std::wstring text = editor_.Text();
+    const bool text_is_ours = composed_ == text;
     if (IsAllWhiteSpace(text)) {
         ClearDesign(false);
         design_.diagram.Clear();
@@ -137,11 +144,14 @@ void DesignerPresenter::SwitchToDesign() {
         view_.ShowReason(false);
         view_.RedrawDiagram();
         view_.ShowReason(true);
+        DesignAnalysed(text_is_ours);
         return;
     }
     view_.ShowReason(false);
     view_.ProcessEvents();
-    if (!Analyse(text)) {
+    if (Analyse(text)) {
+        DesignAnalysed(text_is_ours);
+    } else {
         SetGridShown(false);
         editor_.SetText(text);
     }
@@ -213,15 +223,18 @@ void DesignerPresenter::GridCellCommitted(model::GridRow row, int column, std::w
         view_.ShowMessage(kCellTooLong);
         return;
     }
+    const Gesture gesture(*this);
     if (design_.grid.SetCell(row, column, text)) model::CellCommitted(design_, row, column);
 }
 
 void DesignerPresenter::DiagramFieldChecked(std::wstring_view table, std::wstring_view field, bool checked) {
+    const Gesture gesture(*this);
     model::FieldChecked(design_, table, field, checked);
 }
 
 void DesignerPresenter::RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
                                       std::wstring_view right_table, std::wstring_view right_field) {
+    const Gesture gesture(*this);
     model::RelInfo relation;
     relation.LeftTable = left_table;
     relation.LeftField = left_field;
@@ -233,17 +246,20 @@ void DesignerPresenter::RelationDrawn(std::wstring_view left_table, std::wstring
 }
 
 void DesignerPresenter::TableChosen(std::wstring_view name) {
+    const Gesture gesture(*this);
     design_.diagram.AddTable(name, false);
     RefillFieldLists();
 }
 
 void DesignerPresenter::DistinctClicked(bool checked) {
+    const Gesture gesture(*this);
     design_.distinct = checked;
 }
 
 // The column is told by its place, not by its field: a field typed twice must lose the column that has the
 // focus.
 void DesignerPresenter::RemoveFocusedColumn() {
+    const Gesture gesture(*this);
     model::DesignGrid& grid = design_.grid;
     const int column = grid.FocusedColumn();
     if (column < 0 || column >= grid.ColumnCount()) return;
@@ -276,6 +292,7 @@ void DesignerPresenter::ShowSyntaxTree() {
 
 void DesignerPresenter::ClearDesign(bool bAsk) {
     if (bAsk && !view_.AskYesNo(kAskClear)) return;
+    const Gesture gesture(*this);
     design_.grid.Reset();
     const Hourglass hourglass(view_);
     view_.ProcessEvents();

@@ -16,6 +16,7 @@
 
 #include "analyse/analyse_sql.h"
 #include "model/design.h"
+#include "model/design_history.h"
 #include "ui/views.h"
 
 namespace tessel::ui {
@@ -68,6 +69,16 @@ public:
     /// "Limpiar todo": asks first when bAsk.
     void ClearDesign(bool bAsk);
 
+    // Undo and redo (designer_presenter_history.cpp). Every gesture above is one step. While the design is not in
+    // force, or not in sight, nothing is undone: the text has the word then.
+    bool CanUndo() const { return IsDesignShown() && history_.CanUndo(); }
+    bool CanRedo() const { return IsDesignShown() && history_.CanRedo(); }
+    void Undo();
+    void Redo();
+    /// What the controls changed by themselves, such as the place of a table, becomes a step. Does nothing
+    /// inside a gesture.
+    void StepDone();
+
     /// "Ver árbol de sintaxis": shows how the parser understands the current SQL, or says that it does not.
     void ShowSyntaxTree();
 
@@ -76,7 +87,11 @@ public:
 
 private:
     class Working;
+    class Gesture;
 
+    bool IsDesignShown() const { return tab_ == Tab::Design && grid_shown_ && !busy_; }
+    void DesignAnalysed(bool text_is_ours);
+    void ShowRestored(const model::DesignHistory::Outcome& outcome);
     bool Analyse(std::wstring_view text);
     void SetGridShown(bool shown);
     void RefillFieldLists();
@@ -87,6 +102,11 @@ private:
     EditorView& editor_;
     DesignerOwner* owner_;
     model::Design design_;
+    model::DesignHistory history_;
+    int gestures_ = 0;  ///< gestures in progress, one inside the other
+    /// What the SQL tab was given when the design was last composed for it; nothing when it shows a text that
+    /// the design did not write.
+    std::optional<std::wstring> composed_;
     Tab tab_ = Tab::Design;
     bool grid_shown_ = true;
     bool busy_ = false;

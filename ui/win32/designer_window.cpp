@@ -32,6 +32,7 @@ DesignerWindow::DesignerWindow(DesignerOwner* owner) : presenter_(*this, *this, 
 DesignerWindow::~DesignerWindow() {
     // The controls show the presenter's model: they let go of it while both are alive.
     presenter_.Design().grid.RemoveListener(this);
+    presenter_.Design().diagram.RemoveListener(this);
     grid_.Bind(nullptr, nullptr);
     diagram_.Bind(nullptr, nullptr);
     Destroy();
@@ -55,6 +56,7 @@ bool DesignerWindow::Create() {
     grid_.Bind(&presenter_.Design().grid, this);
     diagram_.Bind(&presenter_.Design().diagram, this);
     presenter_.Design().grid.AddListener(this);
+    presenter_.Design().diagram.AddListener(this);
     ShowPages();
     UpdateCommands();
     LayoutForm();
@@ -115,6 +117,9 @@ LRESULT DesignerWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return OnCommand(LOWORD(wparam), HIWORD(wparam));
         case WM_NOTIFY:
             return OnNotify(reinterpret_cast<NMHDR*>(lparam));
+        case kStepMessage:
+            OnStepMessage();
+            return 0;
         case WM_CLOSE:
             presenter_.Cancel();
             return 0;

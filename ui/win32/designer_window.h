@@ -73,6 +73,8 @@ public:
     const controls::DesignGridView& GridControl() const { return grid_; }
 
 private:
+    static constexpr UINT kStepMessage = WM_APP + 40;
+
     // Creation and layout (designer_window_layout.cpp).
     bool CreateControls();
     bool CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style,
@@ -98,6 +100,12 @@ private:
     LRESULT OnCommand(int id, int notification);
     LRESULT OnNotify(NMHDR* header);
     bool OnKey(const MSG& message);
+    bool OnHistoryKey(const MSG& message);
+    void Undo();
+    void Redo();
+    /// The design changed; the presenter is told when whoever changes it is done.
+    void AwaitStep();
+    void OnStepMessage();
     void OnTabSelected();
     void ShowPages();
     void MoveToNextPane(bool backwards);
@@ -143,7 +151,7 @@ private:
     void OnBrowserSelected(const controls::BrowserItem* item) override;
     void OnSplitterResized(int id) override;
 
-    // ChangeListener: the design grid changed.
+    // ChangeListener: the design grid or the diagram changed.
     void OnChanged() override;
 
     // First, so that it outlives the controls, which show its model.
@@ -185,6 +193,7 @@ private:
     int dpi_ = 96;
     Pointer pointer_ = Pointer::Default;
     bool done_ = false;
+    bool step_waits_ = false;
     bool grid_visible_ = true;
     const schema::Schema* schema_ = nullptr;
     win32::DisabledPeers* peers_ = nullptr;

@@ -39,6 +39,7 @@ void DesignerWindow::OnSplitterResized(int id) {
 
 void DesignerWindow::OnChanged() {
     UpdateCommands();
+    AwaitStep();
 }
 
 }  // namespace tessel::ui

@@ -9,6 +9,7 @@
 namespace tessel::ui {
 
 bool DesignerWindow::OnKey(const MSG& message) {
+    if (OnHistoryKey(message)) return true;
     if (message.message != WM_KEYDOWN) return false;
     if (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd)) return false;
     const bool shift = GetKeyState(VK_SHIFT) < 0;
