@@ -1,10 +1,11 @@
 // Report macros and host parameters inside a statement: "@name", or "@{any text}".
 //
-// The designer replaces what it can evaluate itself (date, time, user, computer, the host's parameters) and leaves
-// what only means something while a report is printed. Replacement is by plain text, as hosts rely upon: "@hora"
-// also replaces the beginning of "@horario".
+// The designer replaces what it can evaluate itself (date, time, user, computer, the host's parameters) and
+// leaves what only means something while a report is printed. Replacement is by plain text, as hosts rely
+// upon: "@hora" also replaces the beginning of "@horario".
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,12 +26,16 @@ public:
     virtual std::optional<std::wstring> ComputerName() = 0;
 };
 
-/// The macros of a text in order of appearance, duplicates kept: the bare name, or "{name}" for the brace form. A
-/// brace that is not closed ends the list.
+/// The macros of a text in order of appearance, duplicates kept: the bare name, or "{name}" for the brace
+/// form. A brace that is not closed ends the list.
 [[nodiscard]] std::vector<std::wstring> GetMacros(std::wstring_view sql);
 
-/// The text with its replaceable macros expanded. Time grows linearly with the text as long as no replacement holds
-/// an "@" itself.
+/// The longest text that an expansion makes, in units. A parameter whose value names itself doubles the text
+/// each time it is named; a replacement that would go beyond is not made.
+inline constexpr std::size_t kLongestExpansion = std::size_t{1} << 24;
+
+/// The text with its replaceable macros expanded. Time grows linearly with the text as long as no replacement
+/// holds an "@" itself, and is limited when one does.
 [[nodiscard]] std::wstring ReplaceMacros(std::wstring_view sql, MacroSource& source);
 
 }  // namespace tessel::macros

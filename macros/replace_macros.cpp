@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <numeric>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "common/text.h"
@@ -8,6 +9,10 @@
 namespace tessel::macros {
 
 namespace {
+
+/// Units looked through, all replacements together, once replacements hold an "@". Two parameters that stand
+/// for each other would otherwise be exchanged in a long text as often as it names them.
+constexpr std::size_t kMostWork = std::size_t{1} << 27;
 
 /// What stands for a list entry in the text, or nothing when the macro stays.
 std::optional<std::wstring> Replacement(std::wstring_view entry, MacroSource& source) {
@@ -34,29 +39,44 @@ std::optional<std::wstring> Replacement(std::wstring_view entry, MacroSource& so
     return brace ? source.ParameterText(key) : source.ParameterLiteral(key);
 }
 
-void ReplaceEverywhere(std::wstring& text, std::wstring_view what, std::wstring_view with) {
+/// The length of a text in which `count` pieces of `cut` units were replaced by `put` units each.
+std::size_t LengthAfter(std::size_t length, std::size_t count, std::size_t cut, std::size_t put) {
+    return length - count * cut + count * put;
+}
+
+/// True when the text changed. One that would grow beyond `longest` stays.
+bool ReplaceEverywhere(std::wstring& text, std::wstring_view what, std::wstring_view with,
+                       std::size_t longest) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(what); at != std::wstring::npos; at = text.find(what, at + what.size()))
+        ++count;
+    const std::size_t length = LengthAfter(text.size(), count, what.size(), with.size());
+    if (count == 0 || length > longest) return false;
     std::wstring result;
+    result.reserve(length);
     std::size_t start = 0;
-    for (std::size_t found; (found = text.find(what, start)) != std::wstring::npos; start = found + what.size()) {
+    for (std::size_t found; (found = text.find(what, start)) != std::wstring::npos;
+         start = found + what.size()) {
         result.append(text, start, found - start);
         result += with;
     }
-    if (start == 0) return;
     result.append(text, start);
     text = std::move(result);
+    return true;
 }
 
-/// The text cut before every "@". As long as nothing that is replaced or put in holds another "@", an entry can only
-/// match at the beginning of a piece, and a piece is replaced once at most. The pieces are kept sorted by content, so
-/// that the pieces an entry matches are neighbours.
+/// The text cut before every "@". As long as nothing that is replaced or put in holds another "@", an entry
+/// can only match at the beginning of a piece, and a piece is replaced once at most. The pieces are kept
+/// sorted by content, so that the pieces an entry matches are neighbours.
 class Pieces {
 public:
-    explicit Pieces(std::wstring_view text) {
+    Pieces(std::wstring_view text, std::size_t longest) : length_(text.size()), longest_(longest) {
         std::size_t start = text.find(L'@');
         head_ = text.substr(0, start);
         while (start != std::wstring_view::npos) {
             const std::size_t next = text.find(L'@', start + 1);
-            pieces_.push_back({text.substr(start, next == std::wstring_view::npos ? next : next - start), {}, 0});
+            pieces_.push_back(
+                {text.substr(start, next == std::wstring_view::npos ? next : next - start), {}, 0});
             start = next;
         }
         order_.resize(pieces_.size());
@@ -65,11 +85,19 @@ public:
                   [this](std::size_t a, std::size_t b) { return pieces_[a].text < pieces_[b].text; });
     }
 
-    /// Replaces "@" + entry at the beginning of every piece that still has it.
+    /// Replaces "@" + entry at the beginning of every piece that still has it, unless the text got too long.
     void Replace(const std::wstring& what, const std::wstring& with) {
-        auto it = std::lower_bound(order_.begin(), order_.end(), what,
-                                   [this](std::size_t i, const std::wstring& w) { return pieces_[i].text < w; });
-        for (; it != order_.end() && pieces_[*it].text.starts_with(what); ++it) {
+        const auto first =
+            std::lower_bound(order_.begin(), order_.end(), what,
+                             [this](std::size_t i, const std::wstring& w) { return pieces_[i].text < w; });
+        auto end = first;
+        std::size_t count = 0;
+        for (; end != order_.end() && pieces_[*end].text.starts_with(what); ++end)
+            count += pieces_[*end].cut == 0;
+        const std::size_t length = LengthAfter(length_, count, what.size(), with.size());
+        if (length > longest_) return;
+        length_ = length;
+        for (auto it = first; it != end; ++it) {
             Piece& piece = pieces_[*it];
             if (piece.cut > 0) continue;
             piece.with = with;
@@ -78,7 +106,9 @@ public:
     }
 
     std::wstring Text() const {
-        std::wstring text(head_);
+        std::wstring text;
+        text.reserve(length_);
+        text += head_;
         for (const Piece& piece : pieces_) {
             text += piece.with;
             text += piece.text.substr(piece.cut);
@@ -92,12 +122,37 @@ private:
         std::wstring with;    ///< stands in place of the first `cut` characters
         std::size_t cut = 0;  ///< 0 while the piece is as it was
     };
+    std::size_t length_;  ///< of the text as it stands now
+    std::size_t longest_;
     std::wstring_view head_;
     std::vector<Piece> pieces_;
     std::vector<std::size_t> order_;
 };
 
-bool HoldsAt(std::wstring_view text) { return text.find(L'@') != std::wstring_view::npos; }
+bool HoldsAt(std::wstring_view text) {
+    return text.find(L'@') != std::wstring_view::npos;
+}
+
+/// The rule as it stands, on the whole text, for the entries from `next` on. An entry is not looked for again
+/// in a text that has not changed since it was found to be without it.
+void ReplaceOneByOne(std::wstring& text, const std::vector<std::wstring>& macros, std::size_t next,
+                     MacroSource& source, std::size_t longest) {
+    std::unordered_map<std::wstring, std::size_t> absent;  // the text's state in which the entry was missing
+    std::size_t state = 0;
+    std::size_t work = 0;
+    for (; next < macros.size() && work < kMostWork; ++next) {
+        const std::wstring& entry = macros[next];
+        const auto known = absent.find(entry);
+        if (known != absent.end() && known->second == state) continue;
+        const std::optional<std::wstring> with = Replacement(entry, source);
+        if (!with) continue;
+        work += text.size();
+        if (ReplaceEverywhere(text, L"@" + entry, *with, longest))
+            ++state;
+        else
+            absent[entry] = state;
+    }
+}
 
 }  // namespace
 
@@ -105,7 +160,8 @@ std::wstring ReplaceMacros(std::wstring_view sql, MacroSource& source) {
     const std::vector<std::wstring> macros = GetMacros(sql);
     if (macros.empty()) return std::wstring(sql);
 
-    Pieces pieces(sql);
+    const std::size_t longest = std::max(sql.size(), kLongestExpansion);
+    Pieces pieces(sql, longest);
     std::unordered_set<std::wstring> seen;
     std::size_t next = 0;
     for (; next < macros.size(); ++next) {
@@ -120,9 +176,7 @@ std::wstring ReplaceMacros(std::wstring_view sql, MacroSource& source) {
 
     // From the first "@" inside an entry or a replacement on, only the whole text will do.
     std::wstring text = pieces.Text();
-    for (; next < macros.size(); ++next)
-        if (const std::optional<std::wstring> with = Replacement(macros[next], source))
-            ReplaceEverywhere(text, L"@" + macros[next], *with);
+    ReplaceOneByOne(text, macros, next, source, longest);
     return text;
 }
 

@@ -225,4 +225,50 @@ TEST(ReplaceMacros, TenThousandMacrosInAMegabyte) {
     EXPECT_EQ(Replaced(text, source), expected);
 }
 
+TEST(ReplaceMacros, AMegabyteOfAtIsReadOnce) {
+    const std::wstring text(1 << 20, L'@');
+    EXPECT_EQ(Replaced(text), text);
+    std::wstring spaced;
+    for (int i = 0; i < (1 << 19); ++i) spaced += L"@ ";
+    EXPECT_EQ(Replaced(spaced), spaced);
+}
+
+TEST(ReplaceMacros, AValueWithAnAtIsPutIntoAMegabyteToo) {
+    FakeSource source;
+    source.parameters[L"correo"] = {L"'ana@casa.es'", L""};
+    std::wstring text, expected;
+    for (int i = 0; i < 100000; ++i) {
+        text += L"@correo, ";
+        expected += L"'ana@casa.es', ";
+    }
+    EXPECT_EQ(Replaced(text, source), expected);
+}
+
+TEST(ReplaceMacros, AValueThatNamesItselfStopsGrowing) {
+    FakeSource source;
+    source.parameters[L"a"] = {L"@a @a", L""};
+    std::wstring text;
+    for (int i = 0; i < 100; ++i) text += L"@a ";
+    const std::wstring expanded = Replaced(text, source);
+    EXPECT_GT(expanded.size(), text.size() * 1000);
+    EXPECT_LE(expanded.size(), macros::kLongestExpansion);
+}
+
+TEST(ReplaceMacros, AValueThatWouldMakeTheTextTooLongIsNotPutIn) {
+    FakeSource source;
+    source.parameters[L"largo"] = {std::wstring(1 << 20, L'x'), L""};
+    std::wstring text;
+    for (int i = 0; i < 1000; ++i) text += L"@largo ";
+    EXPECT_EQ(Replaced(text + L"@hora", source), text + L"TIME()");
+}
+
+TEST(ReplaceMacros, ValuesThatStandForEachOtherEnd) {
+    FakeSource source;
+    source.parameters[L"{a}"] = {L"", L"@{b}"};
+    source.parameters[L"{b}"] = {L"", L"@{a}"};
+    std::wstring text;
+    for (int i = 0; i < 100000; ++i) text += L"@{a}@{b}";
+    EXPECT_EQ(Replaced(text, source).size(), text.size());
+}
+
 }  // namespace
