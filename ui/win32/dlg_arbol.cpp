@@ -2,7 +2,9 @@
 
 #include <commctrl.h>
 
+#include "common/win32/accessible_name.h"
 #include "common/win32/clipboard.h"
+#include "common/win32/handles.h"
 #include "common/win32/module.h"
 
 namespace tessel::ui {
@@ -11,8 +13,13 @@ namespace {
 
 constexpr wchar_t kTitle[] = L"Árbol de sintaxis";
 constexpr wchar_t kClose[] = L"&Cerrar";
+constexpr wchar_t kNodes[] = L"Instrucción analizada";
+constexpr wchar_t kMenuCopyTree[] = L"Copiar el &árbol\tCtrl+C";
+constexpr wchar_t kMenuCopyNode[] = L"Copiar la &línea\tCtrl+Mayús+C";
 constexpr int kIdTree = 201;
 constexpr int kMargin = 10;  // dips
+
+enum MenuCommand : int { kCopyTree = 401, kCopyNode };
 
 void AppendText(const std::vector<analyse::TreeNode>& nodes, int level, std::wstring& text) {
     for (const analyse::TreeNode& node : nodes) {
@@ -27,7 +34,9 @@ void AppendText(const std::vector<analyse::TreeNode>& nodes, int level, std::wst
 dlgArbol::dlgArbol(const std::vector<analyse::TreeNode>& roots, std::function<void(TextRange)> on_selected)
     : roots_(roots), on_selected_(std::move(on_selected)) {}
 
-void dlgArbol::ShowTree(HWND owner) { Run(owner, kTitle, {520, 560}, {280, 220}); }
+void dlgArbol::ShowTree(HWND owner) {
+    Run(owner, kTitle, {520, 560}, {280, 220});
+}
 
 std::wstring dlgArbol::AsText(const std::vector<analyse::TreeNode>& roots) {
     std::wstring text;
@@ -36,18 +45,24 @@ std::wstring dlgArbol::AsText(const std::vector<analyse::TreeNode>& roots) {
 }
 
 bool dlgArbol::OnCreateControls() {
-    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT |
-                             TVS_SHOWSELALWAYS;
-    tree_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_TREEVIEWW, L"", kStyle, 0, 0, 0, 0, Handle(),
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdTree)), win32::ThisModule(), nullptr);
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES |
+                             TVS_LINESATROOT | TVS_SHOWSELALWAYS;
+    tree_ =
+        CreateWindowExW(WS_EX_CLIENTEDGE, WC_TREEVIEWW, L"", kStyle, 0, 0, 0, 0, Handle(),
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdTree)), win32::ThisModule(), nullptr);
     close_ = AddButton(kClose, IDCANCEL, true);
     if (!tree_ || !close_) return false;
+    win32::SetAccessibleName(tree_, kNodes);
     SendMessageW(tree_, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
     filling_ = true;
     SendMessageW(tree_, WM_SETREDRAW, FALSE, 0);
     AddNodes(roots_, TVI_ROOT);
     SendMessageW(tree_, WM_SETREDRAW, TRUE, 0);
-    if (const HTREEITEM first = TreeView_GetRoot(tree_)) TreeView_SelectSetFirstVisible(tree_, first);
+    // Selected here, or the tree would select it on getting the focus, as if the user had.
+    if (const HTREEITEM first = TreeView_GetRoot(tree_)) {
+        TreeView_SelectItem(tree_, first);
+        TreeView_SelectSetFirstVisible(tree_, first);
+    }
     filling_ = false;
     return true;
 }
@@ -87,12 +102,56 @@ LRESULT dlgArbol::OnNotify(NMHDR* header) {
         const auto* node = reinterpret_cast<const analyse::TreeNode*>(change.itemNew.lParam);
         if (node && node->range && on_selected_) on_selected_(*node->range);
     }
-    if (header->code == TVN_KEYDOWN && reinterpret_cast<NMTVKEYDOWN*>(header)->wVKey == 'C' &&
-        GetKeyState(VK_CONTROL) < 0)
-        Copy();
     return 0;
 }
 
-void dlgArbol::Copy() { win32::CopyToClipboard(Handle(), AsText(roots_)); }
+// The tree itself would take Ctrl+C for the beginning of a search.
+bool dlgArbol::OnPreTranslate(const MSG& message) {
+    const bool copies = message.message == WM_KEYDOWN && message.hwnd == tree_ && message.wParam == 'C' &&
+                        GetKeyState(VK_CONTROL) < 0;
+    if (copies) GetKeyState(VK_SHIFT) < 0 ? CopyNode() : CopyTree();
+    return copies;
+}
+
+LRESULT dlgArbol::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message != WM_CONTEXTMENU || reinterpret_cast<HWND>(wparam) != tree_)
+        return ModalDialog::OnMessage(message, wparam, lparam);
+    ShowMenu({static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))});
+    return 0;
+}
+
+const analyse::TreeNode* dlgArbol::SelectedNode() const {
+    TVITEMW info{};
+    info.mask = TVIF_HANDLE | TVIF_PARAM;
+    info.hItem = TreeView_GetSelection(tree_);
+    if (!info.hItem || !SendMessageW(tree_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&info))) return nullptr;
+    return reinterpret_cast<const analyse::TreeNode*>(info.lParam);
+}
+
+// The keyboard's menu key gives no place: the menu then opens below the selected node.
+void dlgArbol::ShowMenu(POINT screen) {
+    const HTREEITEM selected = TreeView_GetSelection(tree_);
+    if (screen.x == -1 && screen.y == -1) {
+        RECT node{};
+        if (selected) TreeView_GetItemRect(tree_, selected, &node, TRUE);
+        screen = {node.left, node.bottom};
+        ClientToScreen(tree_, &screen);
+    }
+    const win32::UniqueMenu menu(CreatePopupMenu());
+    AppendMenuW(menu.get(), MF_STRING, kCopyTree, kMenuCopyTree);
+    AppendMenuW(menu.get(), selected ? MF_STRING : MF_STRING | MF_GRAYED, kCopyNode, kMenuCopyNode);
+    const int chosen =
+        TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, 0, Handle(), nullptr);
+    if (chosen == kCopyTree) CopyTree();
+    if (chosen == kCopyNode) CopyNode();
+}
+
+void dlgArbol::CopyTree() {
+    win32::CopyToClipboard(Handle(), AsText(roots_));
+}
+
+void dlgArbol::CopyNode() {
+    if (const analyse::TreeNode* node = SelectedNode()) win32::CopyToClipboard(Handle(), node->text);
+}
 
 }  // namespace tessel::ui

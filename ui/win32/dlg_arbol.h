@@ -1,4 +1,5 @@
-// dlgArbol, "Árbol de sintaxis": how the parser understood a statement, as a tree.
+// dlgArbol, "Árbol de sintaxis": how the parser understood a statement, as a tree that can be copied as text.
+// What the nodes are is decided in analyse/syntax_tree; nothing can be changed here.
 #pragma once
 
 #include <windows.h>
@@ -20,7 +21,8 @@ public:
     void ShowTree(HWND owner);
 
     HWND Tree() const { return tree_; }
-    /// The tree as text, two blanks a level, one node a line; what Ctrl+C copies.
+    /// The tree as text, two blanks a level, one node a line: what Ctrl+C copies. Ctrl+Shift+C copies the
+    /// selected node alone.
     static std::wstring AsText(const std::vector<analyse::TreeNode>& roots);
 
 private:
@@ -28,10 +30,15 @@ private:
     void OnLayout(SIZE client) override;
     void OnCommand(int id, int notification) override;
     LRESULT OnNotify(NMHDR* header) override;
+    bool OnPreTranslate(const MSG& message) override;
+    LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
     HWND FirstFocus() const override { return tree_; }
 
     void AddNodes(const std::vector<analyse::TreeNode>& nodes, void* parent);
-    void Copy();
+    const analyse::TreeNode* SelectedNode() const;
+    void ShowMenu(POINT screen);
+    void CopyTree();
+    void CopyNode();
 
     const std::vector<analyse::TreeNode>& roots_;
     std::function<void(TextRange)> on_selected_;
