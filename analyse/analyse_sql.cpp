@@ -92,8 +92,7 @@ private:
         }
         if (where_fits) {
             const bool alone = plan_.criteria.empty() && !HasConditionsOnKeys();
-            if (Outcome refusal = where.FillCriteria(statement_.where, alone))
-                return refusal;
+            if (Outcome refusal = where.FillCriteria(statement_.where, alone)) return refusal;
         }
         CriteriaBuilder having(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Having);
         const bool has_having = statement_.having != sql::kNoNode;
@@ -114,9 +113,8 @@ private:
     bool HasConditionsOnKeys() {
         if (statement_.having == sql::kNoNode) return false;
         const GroupConditions groups(scope_, canonical_);
-        return std::ranges::any_of(canonical_.ConjunctNodes(statement_.having), [&](sql::NodeId condition) {
-            return groups.MayStandInWhere(condition);
-        });
+        return std::ranges::any_of(canonical_.ConjunctNodes(statement_.having),
+                                   [&](sql::NodeId condition) { return groups.MayStandInWhere(condition); });
     }
 
     // Conditions on the keys of the groups are criteria of the grouped columns, which composition writes into

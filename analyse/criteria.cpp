@@ -21,39 +21,6 @@ using sql::NodeKind;
 constexpr std::wstring_view kIsTrue = L"=True";
 constexpr std::wstring_view kIsNotFalse = L"<> False";
 
-std::wstring_view Sign(CompareOp op) {
-    switch (op) {
-        case CompareOp::Equal:
-            return L"=";
-        case CompareOp::NotEqual:
-            return L"<>";
-        case CompareOp::Less:
-            return L"<";
-        case CompareOp::LessEqual:
-            return L"<=";
-        case CompareOp::Greater:
-            return L">";
-        case CompareOp::GreaterEqual:
-            return L">=";
-    }
-    return L"=";
-}
-
-CompareOp Mirrored(CompareOp op) {
-    switch (op) {
-        case CompareOp::Less:
-            return CompareOp::Greater;
-        case CompareOp::LessEqual:
-            return CompareOp::GreaterEqual;
-        case CompareOp::Greater:
-            return CompareOp::Less;
-        case CompareOp::GreaterEqual:
-            return CompareOp::LessEqual;
-        default:
-            return op;
-    }
-}
-
 /// True when an OR stands among the connectives of the condition, parentheses and NOT passed through.
 bool HasAlternatives(const sql::Statement& statement, NodeId id) {
     const NodeId inner = WithoutParens(statement, id);

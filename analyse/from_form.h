@@ -1,5 +1,5 @@
-// FROM in normal form: a set of units joined by inner joins, where a unit is a table or an outer join of two
-// such sets, and the conditions of those inner joins.
+// FROM in normal form: one text for its groups of tables (table_groups.h), and the conditions of the inner
+// joins whose rows no outer join adds, which could as well stand in WHERE.
 #pragma once
 
 #include <set>
@@ -10,8 +10,8 @@
 namespace tessel::analyse {
 
 struct FromForm {
-    std::wstring units;                 ///< one text for the whole set
-    std::set<std::wstring> conditions;  ///< of inner joins, as far as no outer join stands in their way
+    std::wstring groups;
+    std::set<std::wstring> conditions;
 };
 
 [[nodiscard]] FromForm NormaliseFrom(const StatementScope& scope, const Canonical& canonical);

@@ -14,204 +14,306 @@ using sql::FromNode;
 using sql::NodeId;
 using sql::NodeKind;
 
-bool IsOuter(const FromNode& node) {
-    return node.is_join && (node.kind == sql::JoinKind::Left || node.kind == sql::JoinKind::Right);
+bool Includes(const std::set<int>& all, const std::set<int>& some) {
+    return std::ranges::includes(all, some);
 }
 
 }  // namespace
 
 JoinPlanner::JoinPlanner(StatementScope& scope, const Canonical& canonical,
                          const std::vector<std::wstring>& table_names)
-    : scope_(scope),
-      canonical_(canonical),
-      statement_(scope.Source()),
-      table_names_(table_names),
-      tables_(statement_.From.size()) {}
+    : scope_(scope), canonical_(canonical), statement_(scope.Source()), table_names_(table_names) {}
 
 Outcome JoinPlanner::Plan(int root, JoinPlan& plan) {
     plan_ = &plan;
-    Tables chain;
-    return Chain(root, true, chain);
+    SettleFields(root);
+    const TableGroup group = GroupOf(scope_, canonical_, root);
+    Work work = WorkOf(group);
+    work.is_outermost = true;
+    work.stop = static_cast<int>(statement_.From.size());
+    return AddChains(work);
 }
 
-Outcome JoinPlanner::Chain(int index, bool filters_may_follow, Tables& chain) {
-    if (IsTable(index)) {
-        chain.insert(Join(index).table);
+// A side without a table takes the only table of the operand that the other side leaves to it, unless it is
+// known to be ambiguous.
+void JoinPlanner::SettleFields(int index) {
+    const FromNode& node = Join(index);
+    if (!node.is_join) return;
+    SettleFields(node.left);
+    SettleFields(node.right);
+    if (node.on_node == sql::kNoNode) return;
+    for (const NodeId id : canonical_.ConjunctNodes(node.on_node)) {
+        const sql::Node& comparison = statement_.At(id);
+        const bool is_equality = comparison.kind == NodeKind::Compare &&
+                                 comparison.op == static_cast<std::uint8_t>(sql::CompareOp::Equal);
+        if (!is_equality) continue;
+        const NodeId first_node = WithoutParens(statement_, comparison.first_child);
+        const NodeId second_node = WithoutParens(statement_, statement_.At(comparison.first_child).next);
+        Field first = ReadSide(first_node);
+        Field second = ReadSide(second_node);
+        if (first.text.length == 0 || second.text.length == 0) continue;
+        SettleSide(index, first, first_node, second);
+        SettleSide(index, second, second_node, first);
+    }
+}
+
+void JoinPlanner::SettleSide(int join, Field& side, NodeId name, const Field& other) {
+    if (side.table != kNoTable || other.table == kNoTable) return;
+    const Tables left = TablesBelow(Join(Join(join).left));
+    const Tables operand = left.contains(other.table) ? TablesBelow(Join(Join(join).right)) : left;
+    if (operand.size() != 1) return;
+    const std::wstring key = IdentifierKey(statement_.Slice(side.text));
+    if (scope_.IsTableKnown(*operand.begin()) && !scope_.HasField(*operand.begin(), key)) return;
+    if (scope_.IsAmbiguousField(key)) return;
+    side.table = *operand.begin();
+    scope_.Settle(name, side.table);
+}
+
+// Steps are taken in the order of the text, as far as what they need is there.
+Outcome JoinPlanner::AddChains(Work& work) {
+    if (!work.is_outermost && work.first.size() > 1) {
+        return Refuse(work.first.back()->join, messages::kJoinNesting);
+    }
+    const auto is_placed = [&](int table) { return work.placed.contains(table); };
+    while (!std::ranges::all_of(work.group.tables, is_placed)) {
+        if (!work.is_outermost && !work.placed.empty()) {
+            const int join = work.inner.empty() ? work.stop : work.inner.front().condition->join;
+            return Refuse(join, messages::kJoinCondition);
+        }
+        Tables chain;
+        if (Outcome refusal = Begin(work, chain)) return refusal;
+        while (TakeStep(work, chain)) {
+        }
+        work.placed.merge(chain);
+    }
+    return Finish(work);
+}
+
+JoinPlanner::Work JoinPlanner::WorkOf(const TableGroup& group) const {
+    Work work{group, false, 0, {}, {}, {}, {}};
+    for (const JoinCondition& condition : group.conditions) {
+        work.inner.push_back({&condition, Compare(condition), false});
+    }
+    for (const AddedRows& rows : group.added) {
+        if (MayFollow(rows)) {
+            work.added.push_back({&rows, *LinkOf(rows)});
+        } else {
+            work.first.push_back(&rows);
+        }
+    }
+    return work;
+}
+
+/// Whether the rows are those of one table, to which others are added in the same way.
+bool JoinPlanner::MayFollow(const AddedRows& rows) const {
+    const TableGroup& group = rows.group;
+    if (group.tables.size() != 1 || !group.conditions.empty()) return false;
+    const std::optional<Link> link = LinkOf(rows);
+    if (!link || link->added.size() != 1 || !link->added.contains(group.tables.front())) return false;
+    return std::ranges::all_of(group.added, [&](const AddedRows& next) { return MayFollow(next); });
+}
+
+/// "(…) RIGHT JOIN table" stays as it was written.
+bool JoinPlanner::IsWrittenFirst(const AddedRows& rows) const {
+    const FromNode& join = Join(rows.join);
+    return join.kind == sql::JoinKind::Right && !Join(join.right).is_join;
+}
+
+std::size_t JoinPlanner::FirstInner(const Work& work) const {
+    const auto first = std::ranges::find_if(work.inner, [&](const InnerStep& step) {
+        return !step.taken && step.comparison && step.comparison->op == sql::CompareOp::Equal &&
+               CanBeAdded(work, step.comparison->left.table) &&
+               CanBeAdded(work, step.comparison->right.table);
+    });
+    return static_cast<std::size_t>(first - work.inner.begin());
+}
+
+std::size_t JoinPlanner::FirstAdded(const Work& work) const {
+    std::size_t first = work.added.size();
+    for (std::size_t index = 0; index < work.added.size(); ++index) {
+        const AddedStep& step = work.added[index];
+        if (step.rows->join >= work.stop || step.link.kept.size() != 1) continue;
+        if (!CanBeAdded(work, *step.link.kept.begin())) continue;
+        if (first == work.added.size() || step.rows->join < work.added[first].rows->join) first = index;
+    }
+    return first;
+}
+
+/// Whether the table is one of the group's that stands in no chain so far and with which none has to begin.
+bool JoinPlanner::CanBeAdded(const Work& work, int table) const {
+    if (!work.group.Has(table) || work.placed.contains(table)) return false;
+    return std::ranges::none_of(work.first, [&](const AddedRows* rows) {
+        const std::optional<Link> link = LinkOf(*rows);
+        return link && link->kept.contains(table);
+    });
+}
+
+Outcome JoinPlanner::Begin(Work& work, Tables& chain) {
+    if (!work.first.empty()) {
+        const AddedRows& rows = *work.first.front();
+        work.first.erase(work.first.begin());
+        return BeginWithAdded(work, rows, chain);
+    }
+    const std::size_t inner = FirstInner(work);
+    const std::size_t added = FirstAdded(work);
+    const bool has_inner = inner < work.inner.size();
+    if (added < work.added.size()) {
+        const AddedRows& rows = *work.added[added].rows;
+        if (!has_inner || rows.join < work.inner[inner].condition->join) {
+            if (IsWrittenFirst(rows)) {
+                work.added.erase(work.added.begin() + static_cast<std::ptrdiff_t>(added));
+                return BeginWithAdded(work, rows, chain);
+            }
+            chain.insert(*work.added[added].link.kept.begin());
+            return std::nullopt;
+        }
+    }
+    if (has_inner) {
+        chain.insert(work.inner[inner].comparison->left.table);
         return std::nullopt;
     }
-    return IsOuter(Join(index)) ? OuterChain(index, filters_may_follow, chain)
-                                : InnerChain(index, filters_may_follow, chain);
+    const auto lone =
+        std::ranges::find_if(work.group.tables, [&](int table) { return !work.placed.contains(table); });
+    chain.insert(*lone);
+    return std::nullopt;
 }
 
-// One operand may be a chain of its own, with which the chain then begins; all others are tables that are
-// added as soon as an equality reaches them.
-Outcome JoinPlanner::InnerChain(int index, bool filters_may_follow, Tables& chain) {
-    Cluster cluster;
-    Gather(index, cluster);
-    Tables free;
-    int composite = -1;
-    for (const int unit : cluster.units) {
-        if (IsTable(unit)) {
-            free.insert(Join(unit).table);
-        } else if (composite >= 0) {
-            return Refuse(unit, messages::kJoinNesting);
-        } else {
-            composite = unit;
-        }
+// The rows to add are no chain of their own that could follow: it comes first, and the join to it is
+// mirrored.
+Outcome JoinPlanner::BeginWithAdded(Work& work, const AddedRows& rows, Tables& chain) {
+    const std::optional<Link> link = LinkOf(rows);
+    if (!link) return Refuse(rows.join, messages::kJoinCondition);
+    if (link->kept.size() != 1 || !CanBeAdded(work, *link->kept.begin())) {
+        return Refuse(rows.join, messages::kJoinNesting);
     }
-    if (composite >= 0) {
-        if (Outcome refusal = Chain(composite, filters_may_follow, chain)) return refusal;
+    Work inside = WorkOf(rows.group);
+    inside.stop = rows.join;
+    if (Outcome refusal = AddChains(inside)) return refusal;
+    work.added.insert(work.added.end(), inside.added.begin(), inside.added.end());
+    chain = std::move(inside.placed);
+    std::vector<Comparison> comparisons;
+    for (const Comparison& comparison : link->comparisons) comparisons.push_back(Exchanged(comparison));
+    AddRelation(comparisons, model::kRightJoin);
+    chain.insert(*link->kept.begin());
+    return std::nullopt;
+}
+
+bool JoinPlanner::TakeStep(Work& work, Tables& chain) {
+    std::size_t inner = 0;
+    for (; inner < work.inner.size(); ++inner) {
+        const InnerStep& step = work.inner[inner];
+        if (step.taken || !step.comparison || step.comparison->op != sql::CompareOp::Equal) continue;
+        const int left = step.comparison->left.table;
+        const int right = step.comparison->right.table;
+        if (chain.contains(left) == chain.contains(right)) continue;
+        if (CanBeAdded(work, chain.contains(left) ? right : left)) break;
     }
-    while (TakeStep(cluster, free, chain)) {
+    std::size_t added = work.added.size();
+    for (std::size_t index = 0; index < work.added.size(); ++index) {
+        const AddedStep& step = work.added[index];
+        if (step.rows->join >= work.stop || !Includes(chain, step.link.kept)) continue;
+        if (added == work.added.size() || step.rows->join < work.added[added].rows->join) added = index;
     }
-    if (!std::ranges::includes(chain, free)) return Refuse(index, messages::kJoinCondition);
-    for (const Condition& condition : cluster.conditions) {
-        if (condition.taken) continue;
-        if (!filters_may_follow) {
-            return Refusal{statement_.At(condition.node).Range(), std::wstring(messages::kJoinCriteria)};
-        }
-        if (condition.bound_to_join) {
-            return Refusal{statement_.At(condition.node).Range(), std::wstring(messages::kJoinBareName)};
-        }
+    const bool has_inner = inner < work.inner.size();
+    const bool has_added = added < work.added.size();
+    if (!has_inner && !has_added) return false;
+    if (has_inner && (!has_added || work.inner[inner].condition->join < work.added[added].rows->join)) {
+        TakeInner(work, inner, chain);
+    } else {
+        TakeAdded(work, added, chain);
+    }
+    return true;
+}
+
+void JoinPlanner::TakeInner(Work& work, std::size_t index, Tables& chain) {
+    work.inner[index].taken = true;
+    const Comparison equality = *work.inner[index].comparison;
+    const int table = chain.contains(equality.left.table) ? equality.right.table : equality.left.table;
+    std::vector<Comparison> comparisons = {equality};
+    for (const Comparison& further : FurtherComparisons(work, table, chain)) comparisons.push_back(further);
+    AddRelation(comparisons, model::kInnerJoin);
+    chain.insert(table);
+}
+
+void JoinPlanner::TakeAdded(Work& work, std::size_t index, Tables& chain) {
+    const AddedStep step = work.added[index];
+    work.added.erase(work.added.begin() + static_cast<std::ptrdiff_t>(index));
+    AddRelation(step.link.comparisons, model::kLeftJoin);
+    chain.insert(*step.link.added.begin());
+    for (const AddedRows& next : step.rows->group.added) work.added.push_back({&next, *LinkOf(next)});
+}
+
+/// The other conditions between a table and those of a chain, where they cannot stand in WHERE.
+std::vector<JoinPlanner::Comparison> JoinPlanner::FurtherComparisons(Work& work, int table,
+                                                                     const Tables& chain) const {
+    std::vector<Comparison> further;
+    if (work.is_outermost) return further;
+    for (InnerStep& step : work.inner) {
+        if (step.taken || !step.comparison) continue;
+        Comparison comparison = *step.comparison;
+        if (comparison.left.table == table) comparison = Exchanged(comparison);
+        if (comparison.right.table != table || !chain.contains(comparison.left.table)) continue;
+        step.taken = true;
+        further.push_back(comparison);
+    }
+    return further;
+}
+
+// A filter on rows that an outer join adds is not the same as a condition of the joins inside, so only
+// conditions of the outermost group may become criteria.
+Outcome JoinPlanner::Finish(const Work& work) {
+    if (!work.first.empty()) return Refuse(work.first.front()->join, messages::kJoinNesting);
+    for (const AddedStep& step : work.added) {
+        if (step.rows->join < work.stop) return Refuse(step.rows->join, messages::kJoinNesting);
+    }
+    for (const InnerStep& step : work.inner) {
+        if (step.taken) continue;
+        const JoinCondition& condition = *step.condition;
+        const TextRange place = statement_.At(condition.node).Range();
+        if (!work.is_outermost) return Refusal{place, std::wstring(messages::kJoinCriteria)};
+        const bool narrower =
+            static_cast<int>(TablesBelow(Join(condition.join)).size()) < scope_.TableCount();
+        if (condition.has_bare_name && narrower) return Refusal{place, std::wstring(messages::kJoinBareName)};
         plan_->criteria.push_back(condition.node);
     }
     return std::nullopt;
 }
 
-// A filter on rows that an outer join added is not the same as a condition of the joins inside, so conditions
-// may become criteria only on the side whose rows are kept.
-Outcome JoinPlanner::OuterChain(int index, bool filters_may_follow, Tables& chain) {
-    const FromNode& node = Join(index);
-    const std::optional<Equality> equality = OuterEquality(index);
-    if (!equality) return Refuse(index, messages::kJoinCondition);
-    const bool left_kept = node.kind == sql::JoinKind::Left;
-    const int kept = left_kept ? node.left : node.right;
-    const int added = left_kept ? node.right : node.left;
-
-    // "a RIGHT JOIN b" and "(…) RIGHT JOIN b" stay as they were written.
-    if (IsTable(kept) && !left_kept) {
-        if (Outcome refusal = Chain(added, false, chain)) return refusal;
-        AddRelation(equality->left, equality->right, model::kRightJoin);
-        chain.insert(Join(kept).table);
-        return std::nullopt;
+/// Nothing when a condition is not between a field of the rows to add and one of those kept, or when none of
+/// them is an equality.
+std::optional<JoinPlanner::Link> JoinPlanner::LinkOf(const AddedRows& rows) const {
+    Link link;
+    for (const JoinCondition& condition : rows.on) {
+        std::optional<Comparison> comparison = Compare(condition);
+        if (!comparison) return std::nullopt;
+        if (rows.tables.contains(comparison->left.table)) comparison = Exchanged(*comparison);
+        if (!rows.tables.contains(comparison->right.table)) return std::nullopt;
+        if (rows.tables.contains(comparison->left.table)) return std::nullopt;
+        link.kept.insert(comparison->left.table);
+        link.added.insert(comparison->right.table);
+        link.comparisons.push_back(*comparison);
     }
-    const std::size_t relations = plan_->relations.size();
-    const std::size_t criteria = plan_->criteria.size();
-    const Outcome refusal = [&]() -> Outcome {
-        if (Outcome inside = Chain(kept, filters_may_follow, chain)) return inside;
-        return AppendAddedRows(added, *equality, !left_kept, chain);
-    }();
-    if (!refusal || !IsTable(kept)) return refusal;
-
-    // The rows to add are no chain of their own that could follow: it comes first, and the join to it is
-    // mirrored.
-    plan_->relations.resize(relations);
-    plan_->criteria.resize(criteria);
-    chain.clear();
-    if (Outcome inside = Chain(added, false, chain)) return inside;
-    AddRelation(equality->right, equality->left, model::kRightJoin);
-    chain.insert(Join(kept).table);
-    return std::nullopt;
+    const auto equality = std::ranges::find(link.comparisons, sql::CompareOp::Equal, &Comparison::op);
+    if (equality == link.comparisons.end()) return std::nullopt;
+    std::rotate(link.comparisons.begin(), equality, equality + 1);
+    return link;
 }
 
-// a LEFT JOIN (b LEFT JOIN c) is (a LEFT JOIN b) LEFT JOIN c when the first condition does not name c.
-Outcome JoinPlanner::AppendAddedRows(int index, const Equality& equality, bool added_on_left, Tables& chain) {
-    const Field& from = added_on_left ? equality.right : equality.left;
-    const Field& to = added_on_left ? equality.left : equality.right;
-    if (IsTable(index)) {
-        AddRelation(from, to, model::kLeftJoin);
-        chain.insert(Join(index).table);
-        return std::nullopt;
-    }
-    const FromNode& node = Join(index);
-    if (!IsOuter(node)) return Refuse(index, messages::kJoinNesting);
-    const bool left_kept = node.kind == sql::JoinKind::Left;
-    const int kept = left_kept ? node.left : node.right;
-    const int added = left_kept ? node.right : node.left;
-    if (!TablesOf(kept).contains(to.table)) return Refuse(index, messages::kJoinNesting);
-    const std::optional<Equality> inner = OuterEquality(index);
-    if (!inner) return Refuse(index, messages::kJoinCondition);
-    if (Outcome refusal = AppendAddedRows(kept, equality, added_on_left, chain)) return refusal;
-    return AppendAddedRows(added, *inner, !left_kept, chain);
+std::optional<JoinPlanner::Comparison> JoinPlanner::Compare(const JoinCondition& condition) const {
+    const sql::Node& node = statement_.At(condition.node);
+    if (node.kind != NodeKind::Compare) return std::nullopt;
+    Comparison comparison;
+    comparison.op = static_cast<sql::CompareOp>(node.op);
+    comparison.left = ReadSide(WithoutParens(statement_, node.first_child));
+    comparison.right = ReadSide(WithoutParens(statement_, statement_.At(node.first_child).next));
+    if (comparison.left.table == kNoTable || comparison.right.table == kNoTable) return std::nullopt;
+    if (comparison.left.table == comparison.right.table) return std::nullopt;
+    if (TablesBelow(Join(Join(condition.join).left)).contains(comparison.left.table)) return comparison;
+    return Exchanged(comparison);
 }
 
-void JoinPlanner::Gather(int index, Cluster& cluster) {
-    const FromNode& node = Join(index);
-    if (!node.is_join || IsOuter(node)) {
-        cluster.units.push_back(index);
-        return;
-    }
-    Gather(node.left, cluster);
-    Gather(node.right, cluster);
-    if (node.on_node == sql::kNoNode) return;
-    for (const NodeId condition : canonical_.ConjunctNodes(node.on_node)) {
-        const auto equality = LeftName(condition, TablesOf(node.left), TablesOf(node.right));
-        const bool narrower = static_cast<int>(TablesOf(index).size()) < scope_.TableCount();
-        cluster.conditions.push_back({condition, equality, false, narrower && HasBareName(condition)});
-    }
-}
-
-bool JoinPlanner::HasBareName(NodeId id) const {
-    if (statement_.At(id).kind == NodeKind::Name) {
-        return ChildrenOf(statement_, id).size() == 1 && scope_.TableOfName(id) == kNoTable;
-    }
-    return std::ranges::any_of(ChildrenOf(statement_, id), [&](NodeId child) { return HasBareName(child); });
-}
-
-bool JoinPlanner::TakeStep(Cluster& cluster, const Tables& free, Tables& chain) {
-    for (Condition& condition : cluster.conditions) {
-        const std::optional<Equality>& equality = condition.equality;
-        if (condition.taken || !equality) continue;
-        const bool left_there = chain.contains(equality->left.table);
-        const bool right_there = chain.contains(equality->right.table);
-        if (left_there && right_there) continue;
-        if (!left_there && !right_there && !chain.empty()) continue;
-        if (!left_there && !free.contains(equality->left.table)) continue;
-        if (!right_there && !free.contains(equality->right.table)) continue;
-        AddRelation(equality->left, equality->right, model::kInnerJoin);
-        chain.insert(equality->left.table);
-        chain.insert(equality->right.table);
-        condition.taken = true;
-        return true;
-    }
-    return false;
-}
-
-std::optional<JoinPlanner::Equality> JoinPlanner::OuterEquality(int index) {
-    const FromNode& node = Join(index);
-    if (node.on_node == sql::kNoNode) return std::nullopt;
-    return LeftName(WithoutParens(statement_, node.on_node), TablesOf(node.left), TablesOf(node.right));
-}
-
-// A side without a table takes the only table of the operand that the other side leaves to it, unless it is
-// known to be ambiguous.
-std::optional<JoinPlanner::Equality> JoinPlanner::LeftName(NodeId node, const Tables& left,
-                                                           const Tables& right) {
-    const sql::Node& comparison = statement_.At(node);
-    const bool is_equality = comparison.kind == NodeKind::Compare &&
-                             comparison.op == static_cast<std::uint8_t>(sql::CompareOp::Equal);
-    if (!is_equality) return std::nullopt;
-    const NodeId first_node = WithoutParens(statement_, comparison.first_child);
-    const NodeId second_node = WithoutParens(statement_, statement_.At(comparison.first_child).next);
-    Field first = ReadSide(first_node);
-    Field second = ReadSide(second_node);
-    if (first.text.length == 0 || second.text.length == 0) return std::nullopt;
-
-    const auto settle = [&](Field& side, NodeId name, const Field& other) {
-        if (side.table != kNoTable || other.table == kNoTable) return;
-        const Tables& operand = left.contains(other.table) ? right : left;
-        if (operand.size() != 1) return;
-        const std::wstring key = IdentifierKey(statement_.Slice(side.text));
-        if (scope_.IsTableKnown(*operand.begin()) && !scope_.HasField(*operand.begin(), key)) return;
-        if (scope_.IsAmbiguousField(key)) return;
-        side.table = *operand.begin();
-        scope_.Settle(name, side.table);
-    };
-    settle(first, first_node, second);
-    settle(second, second_node, first);
-    if (left.contains(first.table) && right.contains(second.table)) return Equality{node, first, second};
-    if (left.contains(second.table) && right.contains(first.table)) return Equality{node, second, first};
-    return std::nullopt;
+JoinPlanner::Comparison JoinPlanner::Exchanged(const Comparison& comparison) {
+    return {Mirrored(comparison.op), comparison.right, comparison.left};
 }
 
 JoinPlanner::Field JoinPlanner::ReadSide(NodeId node) const {
@@ -225,28 +327,28 @@ JoinPlanner::Field JoinPlanner::ReadSide(NodeId node) const {
     return field;
 }
 
-void JoinPlanner::AddRelation(const Field& left, const Field& right, std::int32_t kind) {
-    model::RelInfo relation;
-    relation.LeftTable = table_names_[static_cast<std::size_t>(left.table)];
-    relation.LeftField = statement_.Text(left.text);
-    relation.RightTable = table_names_[static_cast<std::size_t>(right.table)];
-    relation.RightField = statement_.Text(right.text);
-    relation.JType = kind;
-    plan_->relations.push_back(std::move(relation));
+std::wstring JoinPlanner::TextOf(const Field& field) const {
+    return table_names_[static_cast<std::size_t>(field.table)] + L'.' + statement_.Text(field.text);
 }
 
-const JoinPlanner::Tables& JoinPlanner::TablesOf(int index) {
-    Tables& tables = tables_[static_cast<std::size_t>(index)];
-    if (!tables.empty()) return tables;
-    const FromNode& node = Join(index);
-    if (!node.is_join) {
-        tables.insert(node.table);
-        return tables;
+// A relation has one field on either side. Composition writes what follows the right one after the equality,
+// and there the other comparisons find their place.
+void JoinPlanner::AddRelation(const std::vector<Comparison>& comparisons, model::JoinKind kind) {
+    const auto name = [&](const Field& field) { return table_names_[static_cast<std::size_t>(field.table)]; };
+    const Comparison& equality = comparisons.front();
+    model::RelInfo relation;
+    relation.LeftTable = name(equality.left);
+    relation.LeftField = statement_.Text(equality.left.text);
+    relation.RightTable = name(equality.right);
+    relation.RightField = statement_.Text(equality.right.text);
+    for (std::size_t index = 1; index < comparisons.size(); ++index) {
+        const Comparison& further = comparisons[index];
+        relation.RightField += L" AND " + TextOf(further.left) + L' ';
+        relation.RightField += Sign(further.op);
+        relation.RightField += L' ' + TextOf(further.right);
     }
-    tables = TablesOf(node.left);
-    const Tables& right = TablesOf(node.right);
-    tables.insert(right.begin(), right.end());
-    return tables;
+    relation.JType = kind;
+    plan_->relations.push_back(std::move(relation));
 }
 
 Refusal JoinPlanner::Refuse(int index, std::wstring_view message) const {

@@ -1,4 +1,4 @@
-// One join tree of FROM as a chain of relations; see tables_and_joins.h for the rules.
+// One join tree of FROM as chains of relations; see tables_and_joins.h for the rules.
 #pragma once
 
 #include <optional>
@@ -6,9 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "analyse/canonical.h"
 #include "analyse/refusal.h"
-#include "analyse/statement_scope.h"
+#include "analyse/table_groups.h"
 #include "model/records.h"
 
 namespace tessel::analyse {
@@ -21,7 +20,7 @@ public:
     JoinPlanner(StatementScope& scope, const Canonical& canonical,
                 const std::vector<std::wstring>& table_names);
 
-    /// Adds the chain of the tree with that root (an index in Statement::From) to the plan.
+    /// Adds the chains of the tree with that root (an index in Statement::From) to the plan.
     [[nodiscard]] Outcome Plan(int root, JoinPlan& plan);
 
 private:
@@ -32,51 +31,78 @@ private:
         TextRange text;
     };
 
-    /// A condition that is one equality between a field of either operand.
-    struct Equality {
-        sql::NodeId node = sql::kNoNode;
-        Field left;   ///< of the join's left operand
-        Field right;  ///< of the join's right operand
+    /// A condition that compares fields of two tables.
+    struct Comparison {
+        sql::CompareOp op = sql::CompareOp::Equal;
+        Field left;
+        Field right;
     };
 
-    struct Condition {
-        sql::NodeId node = sql::kNoNode;
-        std::optional<Equality> equality;
+    /// What joins rows to add to those that are kept.
+    struct Link {
+        std::vector<Comparison> comparisons;  ///< an equality first; the kept rows' fields on the left
+        Tables kept;                          ///< the tables of the kept rows that are named
+        Tables added;                         ///< those of the rows to add
+    };
+
+    struct AddedStep {
+        const AddedRows* rows = nullptr;
+        Link link;
+    };
+
+    /// A condition of a group, by which an inner join may add a table to a chain.
+    struct InnerStep {
+        const JoinCondition* condition = nullptr;
+        std::optional<Comparison> comparison;
         bool taken = false;
-        /// It names a field without its table, and WHERE has more tables to look for it than the join.
-        bool bound_to_join = false;
     };
 
-    /// Inner joins next to each other in the tree: their operands and all their conditions.
-    struct Cluster {
-        std::vector<int> units;
-        std::vector<Condition> conditions;
+    /// What is left to do for a group.
+    struct Work {
+        const TableGroup& group;
+        bool is_outermost = false;  ///< its conditions may stand in WHERE
+        int stop = 0;               ///< joins from here on are for those around the group
+        std::vector<InnerStep> inner;
+        std::vector<AddedStep> added;         ///< that can follow by a LEFT JOIN
+        std::vector<const AddedRows*> first;  ///< with which a chain has to begin
+        Tables placed;                        ///< in one of the chains
     };
 
-    // Each appends to plan_ and adds the tables that its chain holds to `chain`.
-    Outcome Chain(int index, bool filters_may_follow, Tables& chain);
-    Outcome InnerChain(int index, bool filters_may_follow, Tables& chain);
-    Outcome OuterChain(int index, bool filters_may_follow, Tables& chain);
-    Outcome AppendAddedRows(int index, const Equality& equality, bool added_on_left, Tables& chain);
+    void SettleFields(int index);
+    void SettleSide(int join, Field& side, sql::NodeId name, const Field& other);
 
-    void Gather(int index, Cluster& cluster);
-    /// True when the condition holds a field of which nothing tells the table.
-    bool HasBareName(sql::NodeId id) const;
-    bool TakeStep(Cluster& cluster, const Tables& free, Tables& chain);
-    std::optional<Equality> LeftName(sql::NodeId node, const Tables& left, const Tables& right);
-    std::optional<Equality> OuterEquality(int index);
+    /// Appends the chains of the work's group to the plan. Only the outermost group may have more than one.
+    Outcome AddChains(Work& work);
+    Outcome Begin(Work& work, Tables& chain);
+    Outcome BeginWithAdded(Work& work, const AddedRows& rows, Tables& chain);
+    bool TakeStep(Work& work, Tables& chain);
+    void TakeInner(Work& work, std::size_t index, Tables& chain);
+    void TakeAdded(Work& work, std::size_t index, Tables& chain);
+    Outcome Finish(const Work& work);
+
+    Work WorkOf(const TableGroup& group) const;
+    /// The first step, in the order of the text, with which a chain can begin; its place in the list, or the
+    /// length of the list.
+    std::size_t FirstInner(const Work& work) const;
+    std::size_t FirstAdded(const Work& work) const;
+    bool IsWrittenFirst(const AddedRows& rows) const;
+    bool CanBeAdded(const Work& work, int table) const;
+    bool MayFollow(const AddedRows& rows) const;
+    std::optional<Link> LinkOf(const AddedRows& rows) const;
+    std::vector<Comparison> FurtherComparisons(Work& work, int table, const Tables& chain) const;
+
+    std::optional<Comparison> Compare(const JoinCondition& condition) const;
     Field ReadSide(sql::NodeId node) const;
-    void AddRelation(const Field& left, const Field& right, std::int32_t kind);
-    const Tables& TablesOf(int index);
+    static Comparison Exchanged(const Comparison& comparison);
+    std::wstring TextOf(const Field& field) const;
+    void AddRelation(const std::vector<Comparison>& comparisons, model::JoinKind kind);
     const sql::FromNode& Join(int index) const { return statement_.From[static_cast<std::size_t>(index)]; }
-    bool IsTable(int index) const { return !Join(index).is_join; }
     Refusal Refuse(int index, std::wstring_view message) const;
 
     StatementScope& scope_;
     const Canonical& canonical_;
     const sql::Statement& statement_;
     const std::vector<std::wstring>& table_names_;
-    std::vector<Tables> tables_;  ///< under each node of From, filled when asked for
     JoinPlan* plan_ = nullptr;
 };
 

@@ -64,6 +64,39 @@ bool IsLogical(const Node& node, sql::LogicalOp op) {
     return node.kind == NodeKind::Logical && node.op == static_cast<std::uint8_t>(op);
 }
 
+std::wstring_view Sign(sql::CompareOp op) {
+    switch (op) {
+        case sql::CompareOp::Equal:
+            return L"=";
+        case sql::CompareOp::NotEqual:
+            return L"<>";
+        case sql::CompareOp::Less:
+            return L"<";
+        case sql::CompareOp::LessEqual:
+            return L"<=";
+        case sql::CompareOp::Greater:
+            return L">";
+        case sql::CompareOp::GreaterEqual:
+            return L">=";
+    }
+    return L"=";
+}
+
+sql::CompareOp Mirrored(sql::CompareOp op) {
+    switch (op) {
+        case sql::CompareOp::Less:
+            return sql::CompareOp::Greater;
+        case sql::CompareOp::LessEqual:
+            return sql::CompareOp::GreaterEqual;
+        case sql::CompareOp::Greater:
+            return sql::CompareOp::Less;
+        case sql::CompareOp::GreaterEqual:
+            return sql::CompareOp::LessEqual;
+        default:
+            return op;
+    }
+}
+
 bool IsPredicate(const Node& node) {
     switch (node.kind) {
         case NodeKind::Compare:

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "sqlparser/statement.h"
@@ -23,6 +24,11 @@ namespace tessel::analyse {
 
 /// The comparison that holds where the given one does not: what NOT before it makes of it.
 [[nodiscard]] sql::CompareOp Opposite(sql::CompareOp op);
+
+/// The comparison of the same two values with their sides exchanged.
+[[nodiscard]] sql::CompareOp Mirrored(sql::CompareOp op);
+
+[[nodiscard]] std::wstring_view Sign(sql::CompareOp op);
 
 /// True for nodes whose value is a truth value whatever the data: comparisons, Like, Between, In, Is Null,
 /// Exists, logical connectives, True and False.

@@ -163,7 +163,7 @@ NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
             form.star_order.push_back(scope.TableKey(table));
     }
     FromForm from = NormaliseFrom(scope, canonical);
-    form.from = std::move(from.units);
+    form.from = std::move(from.groups);
     form.join_conditions = std::move(from.conditions);
     form.where = canonical.Conjuncts(statement.where);
     const GroupConditions groups(scope, canonical);

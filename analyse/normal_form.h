@@ -2,11 +2,10 @@
 // rows, and the comparison of two such forms: the judge of whether a design shows a statement faithfully.
 //
 // What the form leaves out: the order of inner joins and of the conditions that hold together (also whether a
-// condition on inner-joined tables stands in ON or in WHERE), RIGHT joins (written as LEFT joins with
-// exchanged operands), the nesting of chained LEFT joins, the names of table aliases, DISTINCT or
-// DISTINCTROW, whether a condition on the keys of GROUP BY stands in HAVING or in WHERE (group_conditions.h),
-// ordinals and aliases in ORDER BY, repeated sort keys and constants among them, and what canonical.h levels out
-// inside expressions.
+// condition on inner-joined tables stands in ON or in WHERE), the nesting of outer joins as far as it adds
+// the same rows (table_groups.h), the names of table aliases, DISTINCT or DISTINCTROW, whether a condition on
+// the keys of GROUP BY stands in HAVING or in WHERE (group_conditions.h), ordinals and aliases in ORDER BY,
+// repeated sort keys and constants among them, and what canonical.h levels out inside expressions.
 //
 // What the comparison forgives besides is named by the functions in normal_form.cpp: output names that the
 // design adds or that repeat the field's name, and grouping by a condition that WHERE demands.

@@ -32,7 +32,8 @@ inline constexpr std::wstring_view kQualifiedTable =
 inline constexpr std::wstring_view kTableTwice =
     L"El diseño no puede mostrar dos veces la misma tabla (combinación de una tabla consigo misma).";
 inline constexpr std::wstring_view kJoinCondition =
-    L"El diseño solo puede mostrar combinaciones sobre la igualdad entre un campo de cada tabla.";
+    L"El diseño solo puede mostrar esta combinación si compara campos de sus tablas y una comparación es de "
+    L"igualdad.";
 inline constexpr std::wstring_view kJoinCriteria =
     L"El diseño no puede mostrar condiciones adicionales en esta combinación, porque depende de una externa.";
 inline constexpr std::wstring_view kJoinBareName =

@@ -1,11 +1,13 @@
 // FROM into the diagram: its tables, and its joins as relations in an order from which composition writes an
 // equivalent chain.
 //
-// Composition writes one chain of joins, each step adding one table to what stands so far, and never
-// exchanges LEFT and RIGHT. So a group nested on the right comes first and the join to it is stored mirrored,
-// and the joins of a cluster of inner joins are listed as they become reachable. An inner join on more than
-// one condition keeps one equality as its relation; the others become criteria, if no outer join makes that a
-// different thing.
+// Composition writes chains of joins, each step adding one table to what stands so far, and never exchanges
+// LEFT and RIGHT. So what the joins mean (table_groups.h) is put into steps again, in the order of the text
+// as far as what they need is there. Rows of more than one table that an outer join adds come first, and the
+// join to them is stored mirrored: of those a chain can hold one. A step needs an equality between fields of
+// two tables. What else inner joins demand becomes criteria, or, where an outer join adds their rows, further
+// comparisons after the relation's equality, where those of outer joins stand, too. Tables that no equality
+// of inner joins reaches are chains of their own.
 #pragma once
 
 #include <string>

@@ -50,7 +50,8 @@ bool ShareATable(const RelInfo& a, const RelInfo& b) {
 bool JoinSameFields(const RelInfo& a, const RelInfo& b) {
     const auto same = [](std::wstring_view table_a, std::wstring_view field_a, std::wstring_view table_b,
                          std::wstring_view field_b) {
-        return SameIdentifier(table_a, table_b) && SameIdentifier(field_a, field_b);
+        return SameIdentifier(table_a, table_b) &&
+               SameIdentifier(FieldOfRelation(field_a), FieldOfRelation(field_b));
     };
     return (same(a.LeftTable, a.LeftField, b.LeftTable, b.LeftField) &&
             same(a.RightTable, a.RightField, b.RightTable, b.RightField)) ||
@@ -59,6 +60,12 @@ bool JoinSameFields(const RelInfo& a, const RelInfo& b) {
 }
 
 }  // namespace
+
+std::wstring_view FieldOfRelation(std::wstring_view relation_field) {
+    // A name that holds the word has brackets.
+    const std::size_t closing = relation_field.starts_with(L'[') ? relation_field.find(L']') : 0;
+    return relation_field.substr(0, relation_field.find(L" AND ", closing));
+}
 
 void Diagram::Bind(const schema::Schema* schema) {
     schema_ = schema;

@@ -46,6 +46,10 @@ struct DiagramTable {
     friend bool operator==(const DiagramTable&, const DiagramTable&) = default;
 };
 
+/// The field that a relation's RightField begins with. An analysed join on more than one comparison has the
+/// further ones after it, as composition writes them: "Id AND A.Linea = B.Linea".
+[[nodiscard]] std::wstring_view FieldOfRelation(std::wstring_view relation_field);
+
 struct DiagramRelation {
     int key = 0;  ///< unique while the diagram lives
     RelInfo info;

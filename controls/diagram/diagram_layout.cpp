@@ -67,7 +67,8 @@ void Layout::Build(const model::Diagram& diagram, const BoxMetrics& metrics) {
         line.right_table = TableIndex(relation.info.RightTable);
         if (line.left_table < 0 || line.right_table < 0 || line.left_table == line.right_table) continue;
         line.left_row = RowOf(tables[static_cast<std::size_t>(line.left_table)], relation.info.LeftField);
-        line.right_row = RowOf(tables[static_cast<std::size_t>(line.right_table)], relation.info.RightField);
+        line.right_row = RowOf(tables[static_cast<std::size_t>(line.right_table)],
+                               model::FieldOfRelation(relation.info.RightField));
         lines_.push_back(std::move(line));
     }
 }

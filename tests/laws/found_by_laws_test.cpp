@@ -36,7 +36,9 @@ TEST(FoundByLaws, ParametersByPlaceKeepTheirPlaces) {
 TEST(FoundByLaws, NameThatTwoTablesHaveIsNotGivenToTheJoinedOne) {
     const schema::Schema schema =
         test::MakeSchema(Tables{{L"A", {L"Id", L"País"}}, {L"B", {L"Id", L"País"}}, {L"C", {L"Otro"}}});
-    EXPECT_EQ(Composed(L"SELECT A.Id FROM A INNER JOIN B ON País = B.País", &schema), "refused");
+    EXPECT_EQ(Composed(L"SELECT A.Id FROM A INNER JOIN B ON País = B.País", &schema),
+              "SELECT A.Id AS Id \r\nFROM A, B \r\nWHERE (País = B.País);");
+    EXPECT_EQ(Composed(L"SELECT A.Id FROM A LEFT JOIN B ON País = B.País", &schema), "refused");
     EXPECT_EQ(Composed(L"SELECT A.Id FROM A INNER JOIN C ON Otro = A.Id", &schema),
               "SELECT A.Id AS Id \r\nFROM (A INNER JOIN C ON A.Id = C.Otro) ;");
 }

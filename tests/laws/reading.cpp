@@ -22,8 +22,9 @@ std::vector<std::wstring> SettledLines(const Reading& reading) {
         const std::size_t sign = line.find(L" = ");
         if (line.starts_with(kRelation) && sign != std::wstring::npos) {
             const std::wstring left = line.substr(kRelation.size(), sign - kRelation.size());
-            const std::wstring right = line.substr(sign + 3);
-            if (right < left) line = kRelation + right + L" = " + left;
+            const std::size_t further = std::min(line.find(L" AND ", sign), line.size());
+            const std::wstring right = line.substr(sign + 3, further - sign - 3);
+            if (right < left) line = kRelation + right + L" = " + left + line.substr(further);
         }
         static const std::wstring grouped = L"|Agrupado por|No|";
         if (const std::size_t at = line.find(grouped); at != std::wstring::npos) {

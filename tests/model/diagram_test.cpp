@@ -222,6 +222,22 @@ TEST_F(DiagramTest, BindingASchemaLaterFillsTheTablesAndKeepsMarks) {
     EXPECT_TRUE(later.Tables()[0].fields.empty());
 }
 
+TEST_F(DiagramTest, FurtherComparisonsOfARelationAreNoPartOfItsField) {
+    EXPECT_EQ(FieldOfRelation(L"Id"), L"Id");
+    EXPECT_EQ(FieldOfRelation(L"Id AND A.Linea = B.Linea AND A.n > B.n"), L"Id");
+    EXPECT_EQ(FieldOfRelation(L"[ida AND vuelta]"), L"[ida AND vuelta]");
+    EXPECT_EQ(FieldOfRelation(L"[ida AND vuelta] AND A.x = B.y"), L"[ida AND vuelta]");
+    EXPECT_EQ(FieldOfRelation(L""), L"");
+}
+
+TEST_F(DiagramTest, SameFieldsAreRelatedOnceWithOrWithoutFurtherComparisons) {
+    diagram.AddTable(L"Clientes", true);
+    diagram.AddTable(L"Pedidos", true);
+    const int key = diagram.AddRelation(
+        {L"Clientes", L"IdCliente", L"Pedidos", L"IdCliente AND Clientes.País = Pedidos.País", kLeftJoin});
+    EXPECT_EQ(diagram.AddRelation({L"Pedidos", L"IdCliente", L"Clientes", L"IdCliente"}), key);
+}
+
 TEST_F(DiagramTest, SaveAndRestoreGiveTheSameContents) {
     diagram.AddTable(L"Clientes", false);
     diagram.AddTable(L"Pedidos", false);
