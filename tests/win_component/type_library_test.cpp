@@ -253,6 +253,39 @@ TEST(TypeLibrary, RecordsAreAutomationRecords) {
     }
 }
 
+struct LayoutCase {
+    const wchar_t* record;
+    const wchar_t* offsets;  ///< of the fields in their order, then the size
+};
+
+/// As natural alignment places the fields, for each size of a pointer; hosts lay out their own copies so.
+const LayoutCase kLayouts[] = {
+    {L"{ffb5db3a-a2f1-42f6-b002-5ec4e91795c0}",
+     sizeof(void*) == 8 ? L"0 8 16 24 32 40 48 56" : L"0 4 8 12 16 20 24 28"},
+    {L"{03a7e689-8010-4727-b1f2-aa99d8d901b0}",
+     sizeof(void*) == 8 ? L"0 8 16 24 32 36 40" : L"0 4 8 12 16 20 24"},
+    {L"{acd7eed6-5ac9-4f87-83f8-c4e69f630cd8}", sizeof(void*) == 8 ? L"0 8 16 24" : L"0 4 8 12"},
+    {L"{0a706872-9b99-41c8-be24-0724ccf7589f}", sizeof(void*) == 8 ? L"0 8 16" : L"0 4 8"},
+};
+
+TEST(TypeLibrary, FieldsOfRecordsLieWhereHostsExpectThem) {
+    for (const LayoutCase& c : kLayouts) {
+        ComPtr<ITypeInfo> type;
+        ASSERT_EQ(Library()->GetTypeInfoOfGuid(GuidOf(c.record), type.Put()), S_OK);
+        TYPEATTR* attributes = nullptr;
+        ASSERT_EQ(type->GetTypeAttr(&attributes), S_OK);
+        std::wstring offsets;
+        for (UINT i = 0; i < attributes->cVars; ++i) {
+            VARDESC* field = nullptr;
+            ASSERT_EQ(type->GetVarDesc(i, &field), S_OK);
+            offsets += std::to_wstring(field->oInst) + L" ";
+            type->ReleaseVarDesc(field);
+        }
+        EXPECT_EQ(ToUtf8(offsets + std::to_wstring(attributes->cbSizeInstance)), ToUtf8(c.offsets));
+        type->ReleaseTypeAttr(attributes);
+    }
+}
+
 TEST(TypeLibrary, ARecordGivesItsFieldsByName) {
     const ComPtr<IRecordInfo> record = RecordOf(GuidOf(kRecords[0].guid));
     ASSERT_TRUE(record);
