@@ -16,6 +16,7 @@ import struct
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 from html.parser import HTMLParser
 
@@ -285,6 +286,14 @@ class Compiled(unittest.TestCase):
             for path in unwanted - {"//", "/"}:
                 self.assertNotIn(path.encode(), stream)
         self.assertNotIn(b"/", self.extract("/#STRINGS"), "a page's name has a folder")
+
+    def test_the_same_topics_give_the_same_file_at_another_time(self):
+        again = self.folder / "otra.chm"
+        earlier = self.file.stat().st_mtime
+        while int(time.time()) == int(earlier):  # a time stamp counts whole seconds
+            time.sleep(0.05)
+        self.run_build(again)
+        self.assertEqual(self.file.read_bytes(), again.read_bytes())
 
     def test_full_text_search_and_contents_are_inside(self):
         names = chm_directory.Directory(self.file.read_bytes()).entries
