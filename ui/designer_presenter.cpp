@@ -180,7 +180,7 @@ void DesignerPresenter::SetGridShown(bool shown) {
 }
 
 std::wstring DesignerPresenter::GetSQLText() {
-    if (tab_ == Tab::Design && grid_shown_) editor_.SetText(BuildSQL());
+    if (IsDesignInForce()) editor_.SetText(BuildSQL());
     return editor_.Text();
 }
 
@@ -193,7 +193,7 @@ void DesignerPresenter::Accept() {
         accept_waits_ = true;
         return;
     }
-    const bool from_design = tab_ == Tab::Design && grid_shown_;
+    const bool from_design = IsDesignInForce();
     if (from_design) {
         edit_refused_ = false;
         view_.FocusNeutral();
@@ -241,7 +241,8 @@ void DesignerPresenter::RelationDrawn(std::wstring_view left_table, std::wstring
     relation.RightTable = right_table;
     relation.RightField = right_field;
     if (design_.diagram.AddRelation(relation) == 0) return;
-    // A line between two groups of joined tables makes them one chain, whose relations must follow one another.
+    // A line between two groups of joined tables makes them one chain, whose relations must follow one
+    // another.
     design_.diagram.ArrangeRelations();
 }
 

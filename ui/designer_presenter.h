@@ -17,6 +17,7 @@
 #include "analyse/analyse_sql.h"
 #include "model/design.h"
 #include "model/design_history.h"
+#include "ui/context_menus.h"
 #include "ui/views.h"
 
 namespace tessel::ui {
@@ -82,6 +83,20 @@ public:
     /// "Ver árbol de sintaxis": shows how the parser understands the current SQL, or says that it does not.
     void ShowSyntaxTree();
 
+    // The context menus and their commands (designer_commands.cpp).
+
+    /// The menu of the diagram's selected element; without entries when nothing is selected.
+    [[nodiscard]] Menu DiagramMenu() const;
+    /// The menu of a table or view of the schema browser, which becomes CurrentTable.
+    [[nodiscard]] Menu BrowserMenu(std::wstring_view table);
+    void MenuChosen(MenuCommand command);
+    /// Del on the diagram: removes the selected relation or table.
+    void DeleteSelected();
+    /// Double click or Enter on a relation: its properties.
+    void RelationActivated(int key);
+    /// The table of the last table menu.
+    const std::wstring& CurrentTable() const { return current_table_; }
+
     /// Why the last analysis answered false; empty when it answered true.
     const std::optional<Diagnostic>& Reason() const { return reason_; }
 
@@ -97,6 +112,8 @@ private:
     void RefillFieldLists();
     void SwitchToSql();
     void SwitchToDesign();
+    bool IsDesignInForce() const { return tab_ == Tab::Design && grid_shown_; }
+    void RemoveTable(std::wstring_view name);
 
     DesignerView& view_;
     EditorView& editor_;
@@ -114,6 +131,7 @@ private:
     bool edit_refused_ = false;
     bool accepted_ = false;
     std::wstring result_sql_;
+    std::wstring current_table_;
     std::optional<Diagnostic> reason_;
 };
 

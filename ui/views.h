@@ -1,5 +1,6 @@
-// What the designer's presenter needs of its window. The Win32 window implements these; tests and the command line
-// implement them with a few lines. Views show what they are told and report gestures; they decide nothing.
+// What the designer's presenter needs of its window. The Win32 window implements these; tests and the command
+// line implement them with a few lines. Views show what they are told and report gestures; they decide
+// nothing.
 #pragma once
 
 #include <optional>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "analyse/syntax_tree.h"
+#include "model/records.h"
 
 namespace tessel::ui {
 
@@ -38,7 +40,8 @@ public:
 
     /// Shows a tab without reporting a tab click back.
     virtual void ShowTab(Tab tab) = 0;
-    /// Grid dxG and its button panel picCtrs, shown or hidden together. Hidden, tab 0 shows lblNo in their place.
+    /// Grid dxG and its button panel picCtrs, shown or hidden together. Hidden, tab 0 shows lblNo in their
+    /// place.
     virtual void ShowGrid(bool shown) = 0;
     /// lblNo, which lies under the grid.
     virtual void ShowReason(bool shown) = 0;
@@ -54,6 +57,19 @@ public:
     /// dlgArbol on the roots of a statement's tree; returns when the user closes it.
     virtual void ShowSyntaxTree(const std::vector<analyse::TreeNode>& roots) = 0;
 
+    /// Begins a relation from a table: the user completes it in the diagram, or gives it up.
+    virtual void BeginRelation(std::wstring_view table) = 0;
+    /// The properties of a relation: the kind that the user chose, or nothing when they are closed otherwise.
+    virtual std::optional<model::JoinKind> AskRelationKind(const model::RelInfo& relation) = 0;
+    /// dlgAddTable on the tables related to one, or on everything when the name is empty; returns when it is
+    /// closed.
+    virtual void AddTable(std::wstring_view related_to) = 0;
+
+    /// Whether there is a connection that rows can be read from.
+    virtual bool HasConnection() const = 0;
+    /// Every row of a table, in the preview; returns when it is closed.
+    virtual void PreviewTable(std::wstring_view table) = 0;
+
     /// Hides the window, which ends its modal call.
     virtual void Hide() = 0;
 };
@@ -64,8 +80,8 @@ public:
     virtual ~DesignerOwner() = default;
     /// The names of the host's parameters in collection order; empty when there are none.
     virtual std::vector<std::wstring> ParameterNames() = 0;
-    /// What the macros of a statement stand for; nothing where the owner has no answer. The value of the host's
-    /// parameter of that name as an SQL literal, and as it is.
+    /// What the macros of a statement stand for; nothing where the owner has no answer. The value of the
+    /// host's parameter of that name as an SQL literal, and as it is.
     virtual std::optional<std::wstring> ParameterLiteral(std::wstring_view) { return std::nullopt; }
     virtual std::optional<std::wstring> ParameterText(std::wstring_view) { return std::nullopt; }
     /// The name of the user logged on, and the computer's network name.

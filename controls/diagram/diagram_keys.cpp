@@ -34,10 +34,11 @@ bool DiagramState::KeyDown(Key key, Modifiers modifiers) {
     if (key == Key::Escape) {
         const bool had_gesture = HoldsMouse();
         Cancel();
-        return had_gesture;
+        if (had_gesture || !IsRelating()) return had_gesture;
     }
     if (!diagram_ || HoldsMouse()) return false;
     Update();
+    if (IsRelating() && RelatingKey(key, modifiers)) return true;
     if (modifiers.ctrl && ZoomKey(key)) return true;
     if (DirectionOf(key) != Point{}) return ArrowKey(key, modifiers);
     switch (key) {

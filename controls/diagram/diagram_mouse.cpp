@@ -72,11 +72,12 @@ void DiagramState::MouseDown(Button button, Point client_px) {
     Update();
     gesture_button_ = button;
     const Hit hit = HitAt(client_px);
+    if (IsRelating() && RelatingMouseDown(button, hit)) return;
     if (button == Button::Middle) return BeginGesture(Gesture::Pan, {}, client_px);
     if (button == Button::Right) return SelectElement(hit);
     switch (hit.kind) {
         case HitKind::None:
-            SelectElement(hit);
+            if (!IsRelating()) SelectElement(hit);
             return BeginGesture(Gesture::Pan, hit, client_px);
         case HitKind::Relation:
             return SelectElement(hit);
@@ -108,6 +109,10 @@ void DiagramState::MouseDown(Button button, Point client_px) {
 }
 
 void DiagramState::MouseMove(Point client_px) {
+    if (IsRelating() && pointer_ != client_px) {
+        relating_by_key_ = false;
+        host_.Repaint();
+    }
     pointer_ = client_px;
     Update();
     switch (gesture_) {
@@ -229,6 +234,7 @@ void DiagramState::DoubleClick(Point client_px) {
     if (!diagram_) return;
     Cancel();
     Update();
+    if (IsRelating()) return MouseDown(Button::Left, client_px);
     const Hit hit = HitAt(client_px);
     switch (hit.kind) {
         case HitKind::Relation:
@@ -319,11 +325,12 @@ void DiagramState::AutoScroll() {
 }
 
 std::optional<Rubber> DiagramState::RubberLine() const {
+    if (IsRelating()) return RelatingLine();
     if (gesture_ != Gesture::Link) return std::nullopt;
     const int table = layout_.TableIndex(gesture_table_);
     if (table < 0) return std::nullopt;
     const Hit target = HitAt(pointer_);
-    return Rubber{table, gesture_hit_.row, view_.ToPlane(pointer_), CanJoin(target) ? target : Hit{}};
+    return Rubber{table, gesture_hit_.row, view_.ToPlane(pointer_), CanJoin(target) ? target : Hit{}, true};
 }
 
 Cursor DiagramState::PointerAt(Point client_px) const {
@@ -344,6 +351,8 @@ Cursor DiagramState::PointerAt(Point client_px) const {
         default:
             break;
     }
+    if (IsRelating() && hit.kind != HitKind::ScrollBar)
+        return CanChoose(hit) || hit.table < 0 ? Cursor::Link : Cursor::No;
     if (hit.kind == HitKind::Edge) return EdgeCursor(hit.edges);
     return hit.kind == HitKind::Relation ? Cursor::Hand : Cursor::Arrow;
 }

@@ -14,6 +14,7 @@ constexpr std::size_t kMostKnownPlaces = 1000;
 
 void DiagramState::Bind(model::Diagram* diagram) {
     Cancel();
+    CancelRelation();
     diagram_ = diagram;
     raised_.clear();
     box_scroll_.clear();
@@ -53,6 +54,7 @@ void DiagramState::Update() {
         (hover_.kind == HitKind::Relation && !layout_.FindLine(hover_.relation)))
         hover_ = {};
     if (!gesture_table_.empty() && layout_.TableIndex(gesture_table_) < 0) EndGesture();
+    if (IsRelating() && layout_.TableIndex(relating_table_) < 0) CancelRelation();
 }
 
 // A table that was here before goes back to its place if that is still free: leaving for the text and coming
@@ -221,6 +223,7 @@ void DiagramState::ToggleCheck(int table, int row) {
 void DiagramState::ContextMenu(Point client_px) {
     Cancel();
     if (!diagram_) return;
+    if (IsRelating()) return CancelRelation();
     Update();
     SelectElement(HitAt(client_px));
     host_.ContextMenu(diagram_->SelectedElement(), client_px);

@@ -47,7 +47,8 @@ enum class Key {
     Escape,
     Plus,
     Minus,
-    Zero
+    Zero,
+    Tab
 };
 struct Modifiers {
     bool shift = false;
@@ -55,12 +56,14 @@ struct Modifiers {
 };
 enum class Cursor { Arrow, Move, SizeWE, SizeNS, SizeNWSE, SizeNESW, Hand, Link, No };
 
-/// A relation being drawn: from a field's row to the pointer, over `target` when it may be dropped there.
+/// A relation being drawn: from a field's row, or from the table's title (-1), to a point, over `target` when
+/// that field may be taken.
 struct Rubber {
     int table = -1;
     int row = -1;
     Point to;  ///< plane
     Hit target;
+    bool drawn = false;  ///< there is a line; otherwise rows are marked only
 };
 
 class DiagramState {
@@ -93,6 +96,15 @@ public:
     void Typed(wchar_t letter);
     /// Gives up a gesture: Esc, or the mouse was taken away.
     void Cancel();
+
+    /// "Agregar relación": asks for the fields of a relation that begins at that table
+    /// (diagram_relating.cpp).
+    void BeginRelation(std::wstring_view table);
+    void CancelRelation();
+    bool IsRelating() const { return !relating_table_.empty(); }
+    /// What the user is to do next; empty when no relation is begun.
+    std::wstring RelatingHint() const;
+
     /// While a gesture holds the mouse outside the client area, to be called some times a second.
     void AutoScroll();
     bool HoldsMouse() const { return gesture_ != Gesture::None; }
@@ -135,6 +147,12 @@ private:
     void RowKey(Key key);
     void StepElement(int direction);
     bool ZoomKey(Key key);
+    bool CanChoose(const Hit& hit) const;
+    Hit FocusedHit() const;
+    void ChooseForRelation(const Hit& hit);
+    bool RelatingMouseDown(Button button, const Hit& hit);
+    bool RelatingKey(Key key, Modifiers modifiers);
+    std::optional<Rubber> RelatingLine() const;
 
     DiagramHost& host_;
     model::Diagram* diagram_ = nullptr;
@@ -161,6 +179,10 @@ private:
     Rect gesture_rect_;
     Point pointer_;
     bool moved_ = false;
+
+    std::wstring relating_table_;  ///< where a relation begins that is not complete yet; empty when none does
+    std::wstring relating_field_;  ///< empty until it is chosen
+    bool relating_by_key_ = false;  ///< the line ends where the keyboard is, not at the pointer
 };
 
 }  // namespace tessel::controls::diagram

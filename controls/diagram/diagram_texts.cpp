@@ -31,4 +31,12 @@ std::wstring TableText(const model::DiagramTable& table) {
     return table.name + (table.kind == schema::ObjectKind::View ? L" (vista)" : L" (tabla)");
 }
 
+std::wstring RelatingText(const std::wstring& table, const std::wstring& field) {
+    const std::wstring what =
+        field.empty()
+            ? L"Nueva relación: señale el campo de " + table + L" y después el de otra tabla"
+            : L"Nueva relación: señale el campo de otra tabla que se une con " + table + L"." + field;
+    return what + L" (Entrar elige, Esc abandona).";
+}
+
 }  // namespace tessel::controls::diagram

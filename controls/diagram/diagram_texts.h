@@ -16,5 +16,7 @@ namespace tessel::controls::diagram {
 [[nodiscard]] std::wstring FieldText(const model::DiagramField& field);
 [[nodiscard]] std::wstring AllFieldsText(const model::DiagramTable& table);
 [[nodiscard]] std::wstring TableText(const model::DiagramTable& table);
+/// What the user is to do for a relation that begins at that table; the field is empty until it is chosen.
+[[nodiscard]] std::wstring RelatingText(const std::wstring& table, const std::wstring& field);
 
 }  // namespace tessel::controls::diagram

@@ -52,6 +52,12 @@ void MouseClick(POINT screen, int times) {
     }
 }
 
+void RightClick(POINT screen) {
+    MouseEvent(screen, 0);
+    MouseEvent(screen, MOUSEEVENTF_RIGHTDOWN);
+    MouseEvent(screen, MOUSEEVENTF_RIGHTUP);
+}
+
 void MouseDrag(POINT from, POINT to) {
     constexpr int kSteps = 8;
     MouseEvent(from, 0);

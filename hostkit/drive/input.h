@@ -11,6 +11,7 @@ namespace tessel::testing {
 /// Real input through SendInput, in screen pixels.
 void MouseMove(POINT screen);
 void MouseClick(POINT screen, int times = 1);
+void RightClick(POINT screen);
 void MouseDrag(POINT from, POINT to);
 void PressKey(WORD virtual_key, bool shift = false, bool control = false);
 void TypeText(const wchar_t* text);

@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -77,6 +78,14 @@ public:
         calls_.push_back(L"question");
         return answer;
     }
+    void BeginRelation(std::wstring_view table) override { relation_begun = table; }
+    std::optional<model::JoinKind> AskRelationKind(const model::RelInfo& relation) override {
+        asked_relation = relation;
+        return chosen_kind;
+    }
+    void AddTable(std::wstring_view related_to) override { add_table_calls.emplace_back(related_to); }
+    bool HasConnection() const override { return has_connection; }
+    void PreviewTable(std::wstring_view table) override { previewed.emplace_back(table); }
     void Hide() override {
         hidden = true;
         calls_.push_back(L"hide");
@@ -92,6 +101,12 @@ public:
     std::vector<std::wstring> messages;
     std::vector<std::wstring> questions;
     std::vector<analyse::TreeNode> tree;
+    std::wstring relation_begun;
+    model::RelInfo asked_relation;
+    std::optional<model::JoinKind> chosen_kind;
+    std::vector<std::wstring> add_table_calls;
+    bool has_connection = false;
+    std::vector<std::wstring> previewed;
     std::function<void()> on_focus_lost;
     std::deque<std::function<void()>> pending_input;  ///< one for each ProcessEvents
 

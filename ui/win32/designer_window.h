@@ -58,8 +58,8 @@ public:
     void LoadSchema(const schema::Schema* schema, std::wstring_view caption);
     void SetConnection(IDispatch* connection);
     bool ShowModal();
-    /// "Ver los datos de la tabla": every row of the table, in the preview.
-    void PreviewTable(std::wstring_view table);
+
+    void PreviewTable(std::wstring_view table) override;
 
     DesignerPresenter& Presenter() { return presenter_; }
     /// Replaces what "Ay&uda" and F1 call, which is ShowHelp, so that a test opens no help window.
@@ -115,8 +115,7 @@ private:
 
     // Commands (designer_window_commands.cpp).
     void UpdateCommands();
-    /// "Agregar tabla al diagrama", offering the tables related to one, or all when the name is empty.
-    void AddTable(std::wstring_view related_to);
+    void ShowMenu(const Menu& menu, POINT screen);
     void RunQuery();
 
     // DesignerView (designer_window_view.cpp)
@@ -131,6 +130,10 @@ private:
     void ShowMessage(std::wstring_view text) override;
     bool AskYesNo(std::wstring_view text) override;
     void ShowSyntaxTree(const std::vector<analyse::TreeNode>& roots) override;
+    void BeginRelation(std::wstring_view table) override;
+    std::optional<model::JoinKind> AskRelationKind(const model::RelInfo& relation) override;
+    void AddTable(std::wstring_view related_to) override;
+    bool HasConnection() const override { return static_cast<bool>(connection_); }
     void Hide() override;
 
     // PreviewView; its other members are DesignerView's
@@ -147,6 +150,10 @@ private:
     void OnDiagramFieldChecked(std::wstring_view table, std::wstring_view field, bool checked) override;
     void OnDiagramRelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
                                 std::wstring_view right_table, std::wstring_view right_field) override;
+    void OnDiagramContextMenu(model::DiagramElement element, POINT screen) override;
+    void OnDiagramDelete(model::DiagramElement element) override;
+    void OnDiagramRelationActivated(int key) override;
+    void OnBrowserContextMenu(const controls::BrowserItem& item, POINT screen) override;
     void OnBrowserActivated(const controls::BrowserItem& item) override;
     void OnBrowserSelected(const controls::BrowserItem* item) override;
     void OnSplitterResized(int id) override;

@@ -126,15 +126,8 @@ void DiagramPainter::Paint(HDC dc, const RECT& clip, const DiagramState& state, 
     PaintLines(layout);
     for (const int table : layout.Order())
         if (Touches(At(layout.BoxOf(table).Frame()), clip_)) PaintBox(table, rubber);
-    if (rubber && rubber->row >= 0) {
-        const Box& box = layout.BoxOf(rubber->table);
-        const bool to_right = rubber->to.x >= Center(box.Frame()).x;
-        const Point from{to_right ? Right(box.Frame()) : box.Frame().left - 1, box.AnchorY(rubber->row)};
-        const int bend = (from.x + rubber->to.x) / 2;
-        const std::vector<Point> path{from, {bend, from.y}, {bend, rubber->to.y}, rubber->to};
-        Stroke(path, std::max(2, Px(2)), colours_.highlight);
-        PaintEnd(path.front(), path[1], false, colours_.highlight);
-    }
+    if (rubber && rubber->drawn) PaintRubber(*rubber);
+    PaintHint(state.RelatingHint());
     if (focused && layout.Boxes().empty()) {
         const Size client = view_->Client();
         const RECT around{1, 1, client.width - 1, client.height - 1};

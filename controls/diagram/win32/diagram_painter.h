@@ -50,6 +50,9 @@ private:
     bool IsReadable() const;
     void PaintLines(const Layout& layout);
     void PaintLine(const Line& line, bool strong);
+    void PaintRubber(const Rubber& rubber);
+    /// A line of text over the lower edge, which tells the user what to do.
+    void PaintHint(const std::wstring& text);
     void PaintEnd(Point end, Point before, bool arrow, COLORREF colour);
     void Stroke(const std::vector<Point>& plane_path, int width, COLORREF colour);
     void Bend(Point before, Point corner, Point after, int radius, int width, COLORREF colour);

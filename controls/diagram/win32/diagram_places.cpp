@@ -44,6 +44,11 @@ POINT DiagramView::RelationPoint(int key) const {
     return {point.x, point.y};
 }
 
+void DiagramView::BeginRelation(std::wstring_view table) {
+    SetFocus(Handle());
+    state_.BeginRelation(table);
+}
+
 void DiagramView::SetZoom(int percent) {
     const diagram::Size client = state_.View().Client();
     state_.SetZoom(percent, {client.width / 2, client.height / 2});

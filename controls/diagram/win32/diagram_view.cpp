@@ -51,6 +51,11 @@ LPCWSTR CursorName(diagram::Cursor cursor) {
     return IDC_ARROW;
 }
 
+/// Keys that complete or give up a relation, which the dialog would take otherwise.
+bool IsRelatingKey(WPARAM key) {
+    return key == VK_RETURN || key == VK_ESCAPE || key == VK_TAB;
+}
+
 }  // namespace
 
 DiagramView::DiagramView() : state_(static_cast<diagram::DiagramHost&>(*this)) {}
@@ -276,7 +281,8 @@ LRESULT DiagramView::DialogCode(LPARAM lparam) const {
     const bool on_relation = diagram_ && diagram_->SelectedElement() == model::DiagramElement::Relation;
     // Enter and Esc belong to the dialog unless they mean something here and now.
     if ((message->wParam == VK_RETURN && on_relation) ||
-        (message->wParam == VK_ESCAPE && state_.HoldsMouse()))
+        (message->wParam == VK_ESCAPE && state_.HoldsMouse()) ||
+        (state_.IsRelating() && IsRelatingKey(message->wParam)))
         code |= DLGC_WANTMESSAGE;
     return code;
 }
@@ -296,6 +302,7 @@ LRESULT DiagramView::OnKeyDown(WPARAM wparam, LPARAM lparam) {
         {VK_ADD, diagram::Key::Plus},       {VK_OEM_PLUS, diagram::Key::Plus},
         {VK_SUBTRACT, diagram::Key::Minus}, {VK_OEM_MINUS, diagram::Key::Minus},
         {'0', diagram::Key::Zero},          {VK_NUMPAD0, diagram::Key::Zero},
+        {VK_TAB, diagram::Key::Tab},
     };
     for (const KeyName& name : kKeys) {
         if (name.code != wparam) continue;
@@ -357,8 +364,10 @@ LRESULT DiagramView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return 0;
         case WM_GETDLGCODE:
             return DialogCode(lparam);
-        case WM_SETFOCUS:
         case WM_KILLFOCUS:
+            state_.CancelRelation();
+            [[fallthrough]];
+        case WM_SETFOCUS:
             InvalidateRect(Handle(), nullptr, FALSE);
             return 0;
         case WM_LBUTTONDOWN:

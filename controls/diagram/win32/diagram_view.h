@@ -52,6 +52,12 @@ public:
     /// Reads the model again and repaints everything.
     void Redraw();
 
+    /// Asks the user for the fields of a relation that begins at that table, and takes the focus for it.
+    /// Reported as a relation drawn when it is complete.
+    void BeginRelation(std::wstring_view table);
+    /// What the user is to do next; empty when no relation is begun.
+    std::wstring RelatingHint() const { return state_.RelatingHint(); }
+
     /// Where something is shown, in client pixels; an empty rectangle when it is not there or scrolled out of
     /// its box.
     RECT TableRect(std::wstring_view table) const;

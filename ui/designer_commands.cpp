@@ -1,0 +1,81 @@
+// The commands of the context menus: DesignerPresenter's part that changes the diagram's tables and
+// relations. None of them composes the statement: that happens when the text is needed.
+#include "ui/designer_presenter.h"
+
+namespace tessel::ui {
+
+Menu DesignerPresenter::DiagramMenu() const {
+    const model::Diagram& diagram = design_.diagram;
+    switch (diagram.SelectedElement()) {
+        case model::DiagramElement::Relation:
+            return LinksMenu();
+        case model::DiagramElement::Table:
+            return TablesMenu(diagram.Tables().size() > 1, diagram.BoundSchema() != nullptr,
+                              view_.HasConnection());
+        case model::DiagramElement::None:
+            break;
+    }
+    return {};
+}
+
+Menu DesignerPresenter::BrowserMenu(std::wstring_view table) {
+    current_table_ = table;
+    return TableMenu(IsDesignInForce(), view_.HasConnection());
+}
+
+void DesignerPresenter::MenuChosen(MenuCommand command) {
+    // Copies: the selection goes with what is removed, and dialogs let the user change it.
+    const std::wstring table = design_.diagram.SelectedTable();
+    const int relation = design_.diagram.SelectedRelation();
+    switch (command) {
+        case MenuCommand::None:
+            return;
+        case MenuCommand::mnuQuitarRel:
+            design_.diagram.RemoveRelation(relation);
+            return;
+        case MenuCommand::mnuPropRel:
+            return RelationActivated(relation);
+        case MenuCommand::mnuDelTable:
+            return RemoveTable(table);
+        case MenuCommand::mnuRelacionar:
+            if (!table.empty()) view_.BeginRelation(table);
+            return;
+        case MenuCommand::mnuAddRelTable:
+            if (!table.empty()) view_.AddTable(table);
+            return;
+        case MenuCommand::mnuVista2:
+            if (table.empty()) return;
+            current_table_ = table;
+            [[fallthrough]];
+        case MenuCommand::mnuVista:
+            view_.PreviewTable(current_table_);
+            return;
+        case MenuCommand::mnuAddTD:
+            TableChosen(current_table_);
+            return;
+    }
+}
+
+void DesignerPresenter::DeleteSelected() {
+    switch (design_.diagram.SelectedElement()) {
+        case model::DiagramElement::Relation:
+            return MenuChosen(MenuCommand::mnuQuitarRel);
+        case model::DiagramElement::Table:
+            return MenuChosen(MenuCommand::mnuDelTable);
+        case model::DiagramElement::None:
+            return;
+    }
+}
+
+void DesignerPresenter::RelationActivated(int key) {
+    const model::DiagramRelation* relation = design_.diagram.FindRelation(key);
+    if (!relation) return;
+    const model::RelInfo info = relation->info;
+    if (const auto kind = view_.AskRelationKind(info)) design_.diagram.SetRelationKind(key, *kind);
+}
+
+void DesignerPresenter::RemoveTable(std::wstring_view name) {
+    if (design_.diagram.RemoveTable(name)) RefillFieldLists();
+}
+
+}  // namespace tessel::ui
