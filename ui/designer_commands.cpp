@@ -1,5 +1,6 @@
 // The commands of the context menus: DesignerPresenter's part that changes the diagram's tables and
 // relations. None of them composes the statement: that happens when the text is needed.
+#include "ui/designer_gesture.h"
 #include "ui/designer_presenter.h"
 
 namespace tessel::ui {
@@ -31,8 +32,7 @@ void DesignerPresenter::MenuChosen(MenuCommand command) {
         case MenuCommand::None:
             return;
         case MenuCommand::mnuQuitarRel:
-            design_.diagram.RemoveRelation(relation);
-            return;
+            return RemoveRelation(relation);
         case MenuCommand::mnuPropRel:
             return RelationActivated(relation);
         case MenuCommand::mnuDelTable:
@@ -71,10 +71,19 @@ void DesignerPresenter::RelationActivated(int key) {
     const model::DiagramRelation* relation = design_.diagram.FindRelation(key);
     if (!relation) return;
     const model::RelInfo info = relation->info;
-    if (const auto kind = view_.AskRelationKind(info)) design_.diagram.SetRelationKind(key, *kind);
+    const auto kind = view_.AskRelationKind(info);
+    if (!kind) return;
+    const Gesture gesture(*this);
+    design_.diagram.SetRelationKind(key, *kind);
+}
+
+void DesignerPresenter::RemoveRelation(int key) {
+    const Gesture gesture(*this);
+    design_.diagram.RemoveRelation(key);
 }
 
 void DesignerPresenter::RemoveTable(std::wstring_view name) {
+    const Gesture gesture(*this);
     if (design_.diagram.RemoveTable(name)) RefillFieldLists();
 }
 

@@ -104,7 +104,8 @@ private:
     class Working;
     class Gesture;
 
-    bool IsDesignShown() const { return tab_ == Tab::Design && grid_shown_ && !busy_; }
+    bool IsDesignInForce() const { return tab_ == Tab::Design && grid_shown_; }
+    bool IsDesignShown() const { return IsDesignInForce() && !busy_; }
     void DesignAnalysed(bool text_is_ours);
     void ShowRestored(const model::DesignHistory::Outcome& outcome);
     bool Analyse(std::wstring_view text);
@@ -112,7 +113,7 @@ private:
     void RefillFieldLists();
     void SwitchToSql();
     void SwitchToDesign();
-    bool IsDesignInForce() const { return tab_ == Tab::Design && grid_shown_; }
+    void RemoveRelation(int key);
     void RemoveTable(std::wstring_view name);
 
     DesignerView& view_;
