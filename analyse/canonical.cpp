@@ -69,6 +69,10 @@ std::wstring Canonical::Expression(NodeId id) const {
     return out;
 }
 
+std::wstring Canonical::AllFields(int table) const {
+    return table_marks_[static_cast<std::size_t>(table)] + L"[*]";
+}
+
 std::wstring Canonical::Condition(NodeId id) const {
     const NodeId inner = WithoutParens(statement_, id);
     if (IsTruthValue(inner)) return Expression(inner);
@@ -176,9 +180,13 @@ void Canonical::AppendChildren(NodeId id, std::wstring_view head, std::wstring& 
 
 void Canonical::AppendName(NodeId id, std::wstring& out) const {
     std::vector<std::wstring> keys = NameKeys(statement_, id);
-    const bool star = statement_.At(id).kind == NodeKind::Star;
-    if (star) keys.push_back(L"*");
-    const int table = star && keys.size() == 1 ? kNoTable : scope_.TableOfName(id);
+    int table = kNoTable;
+    if (statement_.At(id).kind == NodeKind::Star) {
+        if (keys.size() == 1) table = scope_.TableCalled(keys[0]);
+        keys.push_back(L"*");
+    } else {
+        table = scope_.TableOfName(id);
+    }
     std::size_t next = 0;
     if (table != kNoTable) {
         out += table_marks_[static_cast<std::size_t>(table)];

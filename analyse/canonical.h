@@ -20,6 +20,8 @@ public:
     explicit Canonical(const StatementScope& scope);
 
     [[nodiscard]] std::wstring Expression(sql::NodeId id) const;
+    /// The form of "t.*" for a table by its index.
+    [[nodiscard]] std::wstring AllFields(int table) const;
     /// As Expression, for a place where only the truth of the value counts: b and b <> False are the same.
     [[nodiscard]] std::wstring Condition(sql::NodeId id) const;
     /// The conditions that must all hold, nothing for kNoNode.

@@ -4,6 +4,7 @@
 
 #include "analyse/nested_aggregates.h"
 #include "analyse/nodes.h"
+#include "common/identifiers.h"
 #include "common/mdl_global.h"
 #include "common/text.h"
 #include "compose/compose.h"
@@ -42,6 +43,7 @@ ColumnBuilder::ColumnBuilder(const StatementScope& scope, const Canonical& canon
       canonical_(canonical),
       statement_(scope.Source()),
       design_(design),
+      table_names_(table_names),
       alias_replacements_(table_names) {
     for (std::size_t table = 0; table < alias_replacements_.size(); ++table) {
         if (statement_.Tables[table].alias.length == 0) alias_replacements_[table].clear();
@@ -90,6 +92,11 @@ bool ColumnBuilder::HasText(std::wstring_view text) const {
     return model::FieldCol(design_.grid, TrimView(text)) >= 0;
 }
 
+std::wstring ColumnBuilder::WithFreeText(std::wstring text) const {
+    while (HasText(text)) text = L"(" + text + L")";
+    return text;
+}
+
 bool ColumnBuilder::IsGrouped(int column) const {
     return Cell(GridRow::Agrupacion, column) == kGrouped;
 }
@@ -102,29 +109,60 @@ Outcome ColumnBuilder::AddSelectList() {
 }
 
 Outcome ColumnBuilder::AddSelectItem(const Item& item) {
+    const sql::Node& node = statement_.At(item.node);
+    if (!IsBareStar(node) || StarKeepsItsOrder()) {
+        return AddSelectColumn(FieldText(item.node), statement_.Text(item.alias),
+                               canonical_.Expression(item.node), item.range);
+    }
+    for (int table = 0; table < scope_.TableCount(); ++table) {
+        const std::wstring text = table_names_[static_cast<std::size_t>(table)] + L".*";
+        if (Outcome refusal = AddSelectColumn(text, L"", canonical_.AllFields(table), item.range))
+            return refusal;
+    }
+    return std::nullopt;
+}
+
+/// Whether composition names the tables in the order of the text, which is that of the columns of "*".
+bool ColumnBuilder::StarKeepsItsOrder() const {
+    std::vector<std::wstring> composed;
+    for (const model::JPath& chain : compose::BuildJoinChains(design_.diagram)) {
+        composed.push_back(chain.StartTable);
+        for (const model::JInfo& join : chain.Joins) composed.push_back(join.Table);
+    }
+    // Tables that no relation names follow in the order of the text.
+    for (const std::wstring& name : table_names_) {
+        if (std::ranges::find(composed, name) == composed.end()) composed.push_back(name);
+    }
+    return composed == table_names_;
+}
+
+Outcome ColumnBuilder::AddSelectColumn(const std::wstring& text, const std::wstring& alias, std::wstring form,
+                                       TextRange place) {
     if (select_columns_.size() == static_cast<std::size_t>(model::kGridColumnCount)) {
-        return Refusal{item.range, std::wstring(messages::kTooManyColumns)};
+        return Refusal{place, std::wstring(messages::kTooManyColumns)};
     }
-    const std::wstring text = FieldText(item.node);
-    const std::wstring alias = statement_.Text(item.alias);
-    if (!FitsCell(text) || !FitsCell(alias)) return Refusal{item.range, std::wstring(messages::kCellTooLong)};
+    std::wstring title = alias;
     if (HasText(text)) {
-        return Refusal{item.range, std::wstring(messages::kExpressionTwice)};
+        if (text.ends_with(L'*')) return Refusal{place, std::wstring(messages::kStarTwice)};
+        // As where fields of two tables have the same name, the title tells them apart.
+        const std::vector<std::wstring> parts =
+            IsQualifiedName(text) ? SplitQualified(text) : std::vector<std::wstring>();
+        if (title.empty() && parts.size() > 1) title = model::UniqueCaption(design_.grid, -1, parts.back());
     }
-    const int column = model::AddField(design_, text, alias, model::kShow);
-    if (column < 0) return Refusal{item.range, std::wstring(messages::kTooManyColumns)};
+    const std::wstring shown = WithFreeText(text);
+    if (!FitsCell(shown) || !FitsCell(title)) return Refusal{place, std::wstring(messages::kCellTooLong)};
+    const int column = model::AddField(design_, shown, title, model::kShow);
+    if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
     select_columns_.push_back(column);
-    columns_.emplace(canonical_.Expression(item.node), column);
+    columns_.emplace(std::move(form), column);
     return std::nullopt;
 }
 
 Outcome ColumnBuilder::SetColumn(const model::ColInfo& record, const std::wstring& canonical_form,
                                  TextRange place, int& column) {
-    if (!FitsCell(record.Expresion)) return Refusal{place, std::wstring(messages::kCellTooLong)};
-    if (HasText(record.Expresion)) {
-        return Refusal{place, std::wstring(messages::kExpressionTwice)};
-    }
-    column = model::AddField(design_, record.Expresion, L"", model::kHide);
+    const std::wstring text = WithFreeText(record.Expresion);
+    if (!FitsCell(text)) return Refusal{place, std::wstring(messages::kCellTooLong)};
+    column = model::AddField(design_, text, L"", model::kHide);
     if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
     columns_.emplace(canonical_form, column);
     if (!record.GroupBy.empty()) {
@@ -135,10 +173,17 @@ Outcome ColumnBuilder::SetColumn(const model::ColInfo& record, const std::wstrin
     return Write(GridRow::Orden, column, std::wstring(direction), place);
 }
 
+/// Whether an engine may take the grouping for the number of a column.
+bool ColumnBuilder::MayBeOrdinal(NodeId node) const {
+    const NodeKind kind = statement_.At(WithoutParens(statement_, node)).kind;
+    if (kind == NodeKind::String || kind == NodeKind::Date || kind == NodeKind::Null) return false;
+    return IsConstant(statement_, node);
+}
+
 Outcome ColumnBuilder::AddGrouping() {
     for (const Item& item : statement_.GroupItems) {
         const TextRange place = PlaceOf(statement_, item);
-        if (IsConstant(statement_, item.node)) return Refusal{place, std::wstring(messages::kGroupOrdinal)};
+        if (MayBeOrdinal(item.node)) return Refusal{place, std::wstring(messages::kGroupOrdinal)};
         const std::wstring form = canonical_.Expression(item.node);
         int column = FindColumn(form);
         if (column != kNoColumn) {
@@ -189,7 +234,6 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
     // A second column of the same expression has to be told from the first.
     model::ColInfo record;
     record.Expresion = FieldText(WithoutParens(statement_, node));
-    while (HasText(record.Expresion)) record.Expresion = L"(" + record.Expresion + L")";
     record.OrderBy = item.descending ? kDescendingCode : kAscendingCode;
     if (is_totals_) record.GroupBy = kExpression;
     if (Outcome refusal = SetColumn(record, form, place, column)) return refusal;

@@ -31,8 +31,6 @@ public:
     /// A query that groups without any aggregate: a hidden count makes composition write GROUP BY.
     [[nodiscard]] Outcome KeepGroupBy();
 
-    /// True when a column holds that text, so that no other can be added for it.
-    bool HasText(std::wstring_view text) const;
     /// The column that shows the expression of that canonical form, or kNoColumn.
     int FindColumn(const std::wstring& canonical_form) const;
     /// Adds a hidden column from the record; the position is where to point when it cannot be done.
@@ -58,18 +56,27 @@ public:
     const std::wstring& Cell(model::GridRow row, int column) const { return design_.grid.Cell(row, column); }
 
 private:
+    bool HasText(std::wstring_view text) const;
+    /// The text in as many parentheses as tell it from those of the other columns, for the grid holds no text
+    /// twice.
+    std::wstring WithFreeText(std::wstring text) const;
     bool ComputesTotals() const;
+    bool MayBeOrdinal(sql::NodeId node) const;
+    bool StarKeepsItsOrder() const;
     Outcome AddSelectItem(const sql::Item& item);
+    Outcome AddSelectColumn(const std::wstring& text, const std::wstring& alias, std::wstring form,
+                            TextRange place);
     Outcome AddSortKey(const sql::Item& item, int& last_column);
 
     const StatementScope& scope_;
     const Canonical& canonical_;
     const sql::Statement& statement_;
     model::Design& design_;
+    const std::vector<std::wstring>& table_names_;
     std::vector<std::wstring> alias_replacements_;  ///< table names for the tables that have an alias
     std::unordered_map<std::wstring, int> columns_;
     std::set<std::wstring> sorted_;    ///< canonical forms of the sort keys so far
-    std::vector<int> select_columns_;  ///< by index in Statement::Columns
+    std::vector<int> select_columns_;  ///< of the select list
     bool is_totals_ = false;
     bool hides_aggregates_ = false;
 };

@@ -244,7 +244,6 @@ Outcome CriteriaBuilder::AddColumn(std::wstring text, const std::wstring& form, 
     if (clause_ == Clause::Having && !IsAggregate(text)) {
         return Refusal{place, std::wstring(messages::kHavingWithoutAggregate)};
     }
-    while (columns_.HasText(text)) text = L"(" + text + L")";
     model::ColInfo record;
     record.Expresion = std::move(text);
     return columns_.SetColumn(record, form, place, column);

@@ -97,6 +97,10 @@ sql::CompareOp Mirrored(sql::CompareOp op) {
     }
 }
 
+bool IsBareStar(const Node& node) {
+    return node.kind == NodeKind::Star && node.first_child == sql::kNoNode;
+}
+
 bool IsPredicate(const Node& node) {
     switch (node.kind) {
         case NodeKind::Compare:

@@ -34,6 +34,9 @@ namespace tessel::analyse {
 /// Exists, logical connectives, True and False.
 [[nodiscard]] bool IsPredicate(const sql::Node& node);
 
+/// True for "*" without a table.
+[[nodiscard]] bool IsBareStar(const sql::Node& node);
+
 /// True when the expression names no field and calls nothing: literals, parameters, macros and what is
 /// computed from them.
 [[nodiscard]] bool IsConstant(const sql::Statement& statement, sql::NodeId id);

@@ -30,11 +30,6 @@ NormalForm::SelectItem NormaliseItem(const Statement& statement, const Canonical
     return result;
 }
 
-bool IsBareStar(const Statement& statement, const Item& item) {
-    const sql::Node& node = statement.At(item.node);
-    return node.kind == NodeKind::Star && node.first_child == sql::kNoNode;
-}
-
 /// The number that an integer literal in ORDER BY stands for, or 0.
 std::size_t Ordinal(const Statement& statement, NodeId key) {
     const sql::Node& node = statement.At(key);
@@ -80,8 +75,7 @@ bool CatchesAName(const NormalForm::SelectItem& original, const NormalForm::Sele
 }
 
 bool SameSelect(const NormalForm& original, const NormalForm& composed) {
-    if (original.select.size() != composed.select.size() || original.star_order != composed.star_order)
-        return false;
+    if (original.select.size() != composed.select.size()) return false;
     for (std::size_t index = 0; index < original.select.size(); ++index) {
         const NormalForm::SelectItem& before = original.select[index];
         const NormalForm::SelectItem& after = composed.select[index];
@@ -157,10 +151,14 @@ NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
     form.distinct = statement.Distinct;
     form.unqualified = scope.UnqualifiedNames();
     for (const Item& item : statement.Columns) {
-        form.select.push_back(NormaliseItem(statement, canonical, item));
-        if (!IsBareStar(statement, item) || !form.star_order.empty()) continue;
-        for (int table = 0; table < scope.TableCount(); ++table)
-            form.star_order.push_back(scope.TableKey(table));
+        if (!IsBareStar(statement.At(item.node))) {
+            form.select.push_back(NormaliseItem(statement, canonical, item));
+            continue;
+        }
+        // "*" is all fields of each table, in the order in which FROM names the tables.
+        for (int table = 0; table < scope.TableCount(); ++table) {
+            form.select.push_back({canonical.AllFields(table), L"", L""});
+        }
     }
     FromForm from = NormaliseFrom(scope, canonical);
     form.from = std::move(from.groups);

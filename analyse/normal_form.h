@@ -34,8 +34,6 @@ struct NormalForm {
 
     bool distinct = false;
     std::vector<SelectItem> select;
-    /// Tables in the order of the text when "*" makes the order of the columns depend on it.
-    std::vector<std::wstring> star_order;
     std::wstring from;
     std::set<std::wstring> join_conditions;  ///< of inner joins, as far as they could stand in WHERE
     std::set<std::wstring> where;

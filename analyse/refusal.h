@@ -43,10 +43,10 @@ inline constexpr std::wstring_view kJoinNesting =
 inline constexpr std::wstring_view kTooManyColumns = L"El diseño no puede mostrar más de 60 columnas.";
 inline constexpr std::wstring_view kCellTooLong =
     L"El texto no cabe en una celda del diseño, que admite hasta 255 caracteres.";
-inline constexpr std::wstring_view kExpressionTwice =
-    L"El diseño no puede mostrar dos veces la misma expresión en la lista de selección.";
+inline constexpr std::wstring_view kStarTwice =
+    L"El diseño no puede mostrar dos veces todos los campos de la misma tabla.";
 inline constexpr std::wstring_view kGroupOrdinal =
-    L"El diseño no puede mostrar una agrupación por número de columna o por una constante.";
+    L"El diseño no puede mostrar una agrupación por número de columna o por un valor fijo numérico.";
 inline constexpr std::wstring_view kAmbiguousOrder =
     L"No está claro a qué columna se refiere esta ordenación; el diseño no puede mostrarla.";
 inline constexpr std::wstring_view kTotalsFilter =
