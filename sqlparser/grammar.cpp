@@ -58,7 +58,10 @@ void Grammar::Advance() {
     if (token_.flags & kUnterminated) {
         FailAt(token_.Range(), std::wstring(UnterminatedMessage(token_.kind)));
     } else if (token_.kind == TokenKind::Unknown) {
-        FailAt(token_.Range(), std::wstring(messages::kUnknownCharacter));
+        const bool quote =
+            std::wstring_view(L"“”‘’„«»´").find(text_[token_.begin]) != std::wstring_view::npos;
+        FailAt(token_.Range(),
+               std::wstring(quote ? messages::kTypographicQuote : messages::kUnknownCharacter));
     } else if (token_.kind == TokenKind::Macro && token_.length == 1) {
         FailAt(token_.Range(), std::wstring(messages::kMacroWithoutName));
     }
@@ -104,6 +107,19 @@ bool Grammar::Expect(Keyword keyword, std::wstring_view message) {
 
 bool Grammar::CloseParen() {
     return Expect(TokenKind::RightParen, messages::kMissingRightParen);
+}
+
+// The end of a list or of an expression in parentheses; anything but the end of a clause is a surprise.
+bool Grammar::CloseList() {
+    if (Accept(TokenKind::RightParen)) return true;
+    const bool ends = At(TokenKind::End) || At(TokenKind::Semicolon) || At(TokenKind::RightBrace) ||
+                      (At(TokenKind::Word) && IsReserved(token_.keyword));
+    if (ends) {
+        Fail(messages::kMissingRightParen);
+    } else {
+        FailAt(token_.Range(), messages::UnexpectedInParens(TextOf(token_.Range())));
+    }
+    return false;
 }
 
 // A token that can be a name where only a name can stand.

@@ -84,6 +84,7 @@ private:
     bool Expect(TokenKind kind, std::wstring_view message);
     bool Expect(Keyword keyword, std::wstring_view message);
     bool CloseParen();
+    bool CloseList();
     std::wstring_view TextOf(TextRange range) const { return text_.substr(range.offset, range.length); }
     TextRange Since(std::uint32_t begin) const {
         return {begin, previous_end_ > begin ? previous_end_ - begin : 0u};
@@ -137,6 +138,7 @@ private:
     bool TopClause();
     void SelectList();
     void SelectItem();
+    bool ItemAlias(TextRange& alias);
     bool AliasAfterAs(TextRange& alias);
     bool IsBareAlias();
     void IntoClause();
@@ -171,6 +173,7 @@ private:
     int JoinStep(int left);
     bool StartsJoin();
     JoinWords ReadJoinWords();
+    bool StartsCondition() const;
     void JoinCondition(const JoinWords& words, FromNode& join);
     int AddJoin(FromNode join, int left, int right);
     void CollectJoins(std::size_t first, JoinGroup& group);

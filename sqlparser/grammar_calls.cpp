@@ -13,14 +13,14 @@ NodeId Grammar::Call(NodeId name, Keyword callee) {
     Append(children, name, 0);
     Advance();
     if (!At(TokenKind::RightParen)) CallArguments(children, flags, callee);
-    if (!CloseParen()) return kNoNode;
+    if (!CloseList()) return kNoNode;
     const NodeId call = Finish(Make(NodeKind::Call, begin), children);
     At(call).flags = flags;
     return At(TokenKind::Word) ? CallTail(call) : call;
 }
 
-// Jet's functions may leave out arguments between commas: InStr(, a, b). A few standard functions separate their arguments by words: EXTRACT(YEAR FROM d), SUBSTRING(a FROM 1 FOR
-// 2).
+// Jet's functions may leave out arguments between commas: InStr(, a, b). A few standard functions separate
+// their arguments by words: EXTRACT(YEAR FROM d), SUBSTRING(a FROM 1 FOR 2).
 void Grammar::CallArguments(Children& children, std::uint8_t& flags, Keyword callee) {
     if (At(TokenKind::Star)) {
         flags |= kStarArgument;

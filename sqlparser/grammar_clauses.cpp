@@ -117,7 +117,7 @@ void Grammar::ConditionClause(NodeId& node, TextRange& range) {
 
 void Grammar::GroupByClause() {
     Advance();
-    if (!Expect(Keyword::By, messages::kExpectedBy)) return;
+    if (!Expect(Keyword::By, messages::kExpectedGroupBy)) return;
     do {
         Item item;
         const std::uint32_t begin = token_.begin;
@@ -137,7 +137,7 @@ void Grammar::GroupByClause() {
 
 void Grammar::OrderByClause() {
     Advance();
-    if (!Expect(Keyword::By, messages::kExpectedBy)) return;
+    if (!Expect(Keyword::By, messages::kExpectedOrderBy)) return;
     do {
         OrderItem();
     } while (Accept(TokenKind::Comma));

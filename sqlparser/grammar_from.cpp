@@ -104,7 +104,25 @@ void Grammar::JoinCondition(const JoinWords& words, FromNode& join) {
         join.using_columns = Since(columns);
         AddBeyond(Beyond::JoinUsing, begin);
     } else if (words.needs_condition) {
+        if (StartsCondition()) return Fail(messages::kExpectedOn);
         AddBeyond(Beyond::OnMissing, words.range);
+    }
+}
+
+// What cannot follow a table, so that it is the condition without its ON.
+bool Grammar::StartsCondition() const {
+    switch (token_.kind) {
+        case TokenKind::Word:
+            return token_.keyword == Keyword::None;
+        case TokenKind::BracketName:
+        case TokenKind::QuotedText:
+        case TokenKind::LeftParen:
+        case TokenKind::Point:
+        case TokenKind::Bang:
+        case TokenKind::Equal:
+            return true;
+        default:
+            return false;
     }
 }
 

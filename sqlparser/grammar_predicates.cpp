@@ -137,7 +137,7 @@ void Grammar::InTail(std::uint8_t flags, std::uint32_t op_begin) {
                 Append(children, item, height_);
             } while (Accept(TokenKind::Comma));
         }
-        CloseParen();
+        CloseList();
     }
     PutPredicate(kind, 0, flags, op_begin, children);
 }

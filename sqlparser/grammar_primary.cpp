@@ -85,6 +85,11 @@ NodeId Grammar::WordPrimary() {
                 Advance();
                 return SubqueryNode(NodeKind::Exists, begin);
             }
+            if (StartsQuery(next)) {
+                Advance();
+                Fail(messages::kExpectedLeftParen);
+                return kNoNode;
+            }
             break;
         case Keyword::Any:
         case Keyword::Some:
@@ -168,7 +173,7 @@ NodeId Grammar::ParenPrimary() {
         Append(children, item, height_);
         ++items;
     } while (Accept(TokenKind::Comma));
-    if (!CloseParen()) return kNoNode;
+    if (!CloseList()) return kNoNode;
     return Finish(Make(items > 1 ? NodeKind::Tuple : NodeKind::Paren, begin), children);
 }
 

@@ -28,11 +28,12 @@ void Grammar::Quantifiers() {
     }
 }
 
-// TOP is a name unless a count follows it.
+// TOP is a name unless a count follows it, or a name that should be one.
 bool Grammar::TopClause() {
     const Token next = Peek();
     const bool counted = next.kind == TokenKind::Number || next.kind == TokenKind::LeftParen ||
-                         next.kind == TokenKind::Macro || next.kind == TokenKind::Parameter;
+                         next.kind == TokenKind::Macro || next.kind == TokenKind::Parameter ||
+                         next.kind == TokenKind::String || IsNameToken(next);
     if (!counted) return false;
     const std::uint32_t begin = token_.begin;
     Advance();
@@ -74,14 +75,18 @@ void Grammar::SelectItem() {
     }
     if (blocked_) return;
     item.expression = Since(begin);
-    if (Accept(Keyword::As)) {
-        if (!AliasAfterAs(item.alias)) return;
-    } else if (IsBareAlias()) {
-        item.alias = token_.Range();
-        Advance();
-    }
+    const bool star = At(item.node).kind == NodeKind::Star;
+    if (!star && !ItemAlias(item.alias)) return;
     item.range = Since(begin);
     statement_->Columns.push_back(item);
+}
+
+bool Grammar::ItemAlias(TextRange& alias) {
+    if (Accept(Keyword::As)) return AliasAfterAs(alias);
+    if (!IsBareAlias()) return true;
+    alias = token_.Range();
+    Advance();
+    return true;
 }
 
 // After AS any word is a name, except that "AS FROM t" more likely lacks the alias.

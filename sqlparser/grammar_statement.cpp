@@ -72,7 +72,7 @@ void Grammar::ParametersClause() {
     do {
         // A form's control may be declared too: [Forms]![f]![c] DateTime.
         do {
-            if (!IsNameToken(token_) && !At(TokenKind::Macro)) return Fail(messages::kExpectedName);
+            if (!IsNameToken(token_) && !At(TokenKind::Macro)) return Fail(messages::kExpectedParameter);
             Advance();
         } while (Accept(TokenKind::Bang) || Accept(TokenKind::Point));
         if (!TypeName()) return;
@@ -175,7 +175,7 @@ void Grammar::WithClause() {
     Accept(Keyword::Recursive);
     do {
         CommonTable table;
-        if (!IsNameToken(token_)) return Fail(messages::kExpectedName);
+        if (!IsNameToken(token_)) return Fail(messages::kExpectedCommonTable);
         table.name = token_.Range();
         Advance();
         if (At(TokenKind::LeftParen)) {

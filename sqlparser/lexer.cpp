@@ -200,7 +200,12 @@ std::uint32_t Lexer::DateEnd() const {
 Token Lexer::Hash() {
     state_.after_operand = true;
     if (const std::uint32_t stop = DateEnd(); stop != 0) return Make(TokenKind::Date, stop);
-    if (Is(At(at_ + 1), kWordStart)) return Word(at_ + 1);
+    if (Is(At(at_ + 1), kWordStart)) {
+        std::uint32_t stop = at_ + 1;
+        while (Is(At(stop), kWordPart)) ++stop;
+        // Between two signs stands a date, and words alone are none.
+        return text_[stop - 1] == L'#' ? Make(TokenKind::Date, stop, kUnterminated) : Word(at_ + 1);
+    }
     // No partner: the mark with the digits after it, so that the message points at something.
     std::uint32_t i = at_ + 1;
     while (i < end_ && (Is(text_[i], kDigit) || text_[i] == L'/' || text_[i] == L'-' || text_[i] == L':'))

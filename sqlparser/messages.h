@@ -36,9 +36,15 @@ inline constexpr std::wstring_view kExpectedFrom =
     L"Se esperaba una coma, FROM o el final de la instrucción.";
 inline constexpr std::wstring_view kExpectedTable = L"Se esperaba el nombre de una tabla.";
 inline constexpr std::wstring_view kExpectedJoin = L"Se esperaba JOIN.";
-inline constexpr std::wstring_view kExpectedBy = L"Se esperaba BY.";
+inline constexpr std::wstring_view kExpectedOn = L"Se esperaba ON y la condición de la combinación.";
+inline constexpr std::wstring_view kExpectedGroupBy = L"Se esperaba BY después de GROUP.";
+inline constexpr std::wstring_view kExpectedOrderBy = L"Se esperaba BY después de ORDER.";
 inline constexpr std::wstring_view kExpectedAlias = L"Se esperaba un alias después de AS.";
-inline constexpr std::wstring_view kExpectedName = L"Se esperaba un nombre.";
+inline constexpr std::wstring_view kExpectedName =
+    L"Se esperaba un nombre después del punto o del signo de admiración.";
+inline constexpr std::wstring_view kExpectedParameter = L"Se esperaba el nombre de un parámetro.";
+inline constexpr std::wstring_view kExpectedCommonTable =
+    L"Se esperaba el nombre de una expresión de tabla (WITH).";
 inline constexpr std::wstring_view kExpectedAnd = L"Falta AND en la condición BETWEEN.";
 inline constexpr std::wstring_view kExpectedNull = L"Se esperaba NULL o NOT NULL después de IS.";
 inline constexpr std::wstring_view kExpectedInList = L"Se esperaba una lista entre paréntesis después de IN.";
@@ -46,15 +52,15 @@ inline constexpr std::wstring_view kExpectedLike = L"Se esperaba LIKE, IN o BETW
 inline constexpr std::wstring_view kExpectedSelect = L"Se esperaba SELECT.";
 inline constexpr std::wstring_view kExpectedPivot =
     L"Falta la cláusula PIVOT de la consulta de referencias cruzadas (TRANSFORM).";
-inline constexpr std::wstring_view kExpectedWhen = L"Se esperaba WHEN.";
-inline constexpr std::wstring_view kExpectedThen = L"Se esperaba THEN.";
+inline constexpr std::wstring_view kExpectedWhen = L"Se esperaba WHEN en la expresión CASE.";
+inline constexpr std::wstring_view kExpectedThen = L"Se esperaba THEN en la expresión CASE.";
 inline constexpr std::wstring_view kExpectedEnd = L"Falta END al final de CASE.";
 inline constexpr std::wstring_view kExpectedType = L"Se esperaba un tipo de datos.";
 inline constexpr std::wstring_view kExpectedAs = L"Se esperaba AS.";
 inline constexpr std::wstring_view kExpectedNumber = L"Se esperaba un número después de TOP.";
 inline constexpr std::wstring_view kExpectedTies = L"Se esperaba TIES después de WITH.";
 inline constexpr std::wstring_view kExpectedOwnerAccess = L"Se esperaba OWNERACCESS OPTION después de WITH.";
-inline constexpr std::wstring_view kExpectedOption = L"Se esperaba OPTION.";
+inline constexpr std::wstring_view kExpectedOption = L"Se esperaba OPTION después de WITH OWNERACCESS.";
 inline constexpr std::wstring_view kExpectedFirstOrLast = L"Se esperaba FIRST o LAST después de NULLS.";
 inline constexpr std::wstring_view kExpectedLeftParen = L"Se esperaba un paréntesis de apertura.";
 inline constexpr std::wstring_view kExpectedFile =
@@ -66,6 +72,8 @@ inline constexpr std::wstring_view kTextAfterEnd = L"Hay texto después del fina
 inline constexpr std::wstring_view kStarInExpression =
     L"El asterisco no puede formar parte de una expresión.";
 inline constexpr std::wstring_view kUnknownCharacter = L"El carácter no es válido en este lugar.";
+inline constexpr std::wstring_view kTypographicQuote =
+    L"Las comillas tipográficas no son válidas; escriba comillas rectas.";
 
 /// What comes next should have been an expression; `after` is the text before the place, empty when there is
 /// none.
@@ -91,6 +99,11 @@ inline constexpr std::wstring_view kUnknownCharacter = L"El carácter no es vál
 
 [[nodiscard]] inline std::wstring Unexpected(std::wstring_view what) {
     return L"No se esperaba «" + std::wstring(what) + L"»: falta un operador, una coma o una cláusula.";
+}
+
+[[nodiscard]] inline std::wstring UnexpectedInParens(std::wstring_view what) {
+    return L"No se esperaba «" + std::wstring(what) +
+           L"»: falta un operador, una coma o el paréntesis de cierre.";
 }
 
 }  // namespace tessel::sql::messages
