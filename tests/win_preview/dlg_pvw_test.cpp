@@ -2,17 +2,19 @@
 #include "ui/win32/dlg_pvw.h"
 
 #include <gtest/gtest.h>
-#include <psapi.h>
 
 #include "common/win32/activation_context.h"
 #include "common/win32/dpi.h"
 #include "hostkit/drive/input.h"
 #include "hostkit/drive/script.h"
 #include "tests/preview/literal_rows.h"
+#include "tests/support/win32/process_use.h"
 #include "tests/win_preview/generated_recordset.h"
 #include "ui/win32/recordset_rows.h"
 
 namespace tessel::testing {
+
+using tests::MemoryInUse;
 
 using tests::MakeGeneratedRecordset;
 using tests::NumberedColumns;
@@ -32,14 +34,6 @@ std::wstring ClipboardText() {
         }
     CloseClipboard();
     return text;
-}
-
-/// In kilobytes, so that differences may be negative.
-long long MemoryInUse() {
-    PROCESS_MEMORY_COUNTERS counters{};
-    counters.cb = sizeof counters;
-    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    return static_cast<long long>(counters.WorkingSetSize / 1024);
 }
 
 class PreviewWindow : public ::testing::Test {

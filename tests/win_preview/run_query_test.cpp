@@ -1,116 +1,21 @@
 // "Ejecutar consulta" and F5 in the designer, on the sample database through ADO.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
-#include "common/win32/dispatch.h"
-#include "common/win32/module.h"
-#include "tests/support/win32/fake_dispatch.h"
-#include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
-#include "ui/win32/dlg_pvw.h"
+#include "tests/support/win32/process_use.h"
+#include "tests/win_preview/query_test.h"
 
 namespace tessel::testing {
 
-using win32::ComPtr;
-using win32::Dispatch;
+using tests::MemoryInUse;
 
-/// Where ADO is the test objects' own, they are registered first; the system's stays as it is.
-void RegisterAdo() {
-    const HMODULE library = LoadLibraryW((win32::ModuleFolder() + L"tesselado.dll").c_str());
-    if (!library) return;
-    using Registration = HRESULT(WINAPI*)();
-    if (const auto registration = reinterpret_cast<Registration>(
-            reinterpret_cast<void*>(GetProcAddress(library, "DllRegisterServer"))))
-        static_cast<void>(registration());
-}
-
-std::wstring SampleDatabase() {
-    const wchar_t* folder = _wgetenv(L"TESSEL_BINARY_DIR");
-    return (folder ? std::wstring(folder) : L".") + L"/ventas.db";
-}
-
-class Owner final : public ui::DesignerOwner {
-public:
-    std::vector<std::wstring> ParameterNames() override { return {L"pais"}; }
-    std::optional<std::wstring> ParameterLiteral(std::wstring_view name) override {
-        if (name == L"minimo") return L"3";
-        return std::nullopt;
-    }
-};
-
-class RunQuery : public ::testing::Test {
+class RunQuery : public QueryTest {
 protected:
-    static void SetUpTestSuite() {
-        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-        RegisterAdo();
-    }
-
-    RunQuery() : schema_(SmallSchema()) {
-        CLSID clsid{};
-        ComPtr<IDispatch> object;
-        EXPECT_HRESULT_SUCCEEDED(CLSIDFromProgID(L"ADODB.Connection", &clsid));
-        EXPECT_HRESULT_SUCCEEDED(
-            CoCreateInstance(clsid, nullptr, CLSCTX_ALL, __uuidof(IDispatch), object.PutVoid()));
-        connection_ = Dispatch(object);
-        const win32::CallResult opened =
-            connection_.Call(L"Open", L"Driver=SQLite3;Database=" + SampleDatabase());
-        EXPECT_TRUE(opened) << "the sample database opens";
-        EXPECT_TRUE(window_.Create());
-        window_.LoadSchema(&schema_, L"ventas");
-        window_.SetConnection(connection_.Get());
-        script_.OnTrouble([this] {
-            for (HWND window : {OpenMessageBox(), Preview(), window_.Handle()})
-                if (window) PostMessageW(window, WM_CLOSE, 0, 0);
-        });
-        script_.Until([this] { return IsWindowVisible(window_.Handle()) != FALSE; },
-                      "the designer is visible");
-    }
-
-    /// The open preview window, or nullptr.
-    static HWND Preview() {
-        const HWND found = FindWindowW(nullptr, L"Vista previa de datos");
-        return found && IsWindowVisible(found) ? found : nullptr;
-    }
-    static std::wstring Status() { return TextOf(Descendant(Preview(), ui::dlgPVW::kIdStatus)); }
-    static std::wstring Cell(int row, int column) {
-        wchar_t text[300] = L"";
-        LVITEMW item{};
-        item.iSubItem = column;
-        item.pszText = text;
-        item.cchTextMax = 300;
-        SendMessageW(Descendant(Preview(), ui::dlgPVW::kIdRows), LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
-                     reinterpret_cast<LPARAM>(&item));
-        return text;
-    }
-    void PressRun() { PostMessageW(Descendant(window_.Handle(), ui::kIdRunQuery), BM_CLICK, 0, 0); }
-    void ClosePreview() {
-        script_.Do([] { PressKey(VK_ESCAPE); });
-        script_.Until([] { return Preview() == nullptr; }, "the preview is closed");
-    }
-    void CloseBox() {
-        script_.Do([] { PostMessageW(OpenMessageBox(), WM_CLOSE, 0, 0); });
-        script_.Until([] { return OpenMessageBox() == nullptr; }, "the message is closed");
-    }
-    /// Opens the designer on the statement, runs the script and cancels.
-    void Run(std::wstring_view statement) {
-        window_.Presenter().SetDsn(statement);
-        script_.Do([this] { PostMessageW(window_.Handle(), WM_CLOSE, 0, 0); });
-        script_.Start();
-        window_.ShowModal();
-        EXPECT_TRUE(script_.Finished()) << script_.Trouble();
-    }
-
-    win32::ActivationContext context_;
-    schema::Schema schema_;
-    Dispatch connection_;
-    Owner owner_;
-    Script script_;
-    ui::DesignerWindow window_{&owner_};
+    RunQuery() : QueryTest(SampleDatabase()) {}
 };
 
 TEST_F(RunQuery, F5ShowsTheRowsOfTheDesign) {
     script_.Do([] { PressKey(VK_F5); });
-    script_.Until([] { return Preview() != nullptr; }, "the preview is open");
+    UntilPreview();
     script_.Do([this] {
         EXPECT_FALSE(IsWindowEnabled(window_.Handle()));
         EXPECT_NE(Cell(0, 0), L"");
@@ -126,7 +31,7 @@ TEST_F(RunQuery, MacrosRunExpandedAndTheEditorKeepsThem) {
         L"SELECT IdCliente, @fecha AS Hoy FROM Clientes WHERE IdCliente < @minimo UNION SELECT -1, "
         L"'@pagenumber'";
     script_.Do([this] { PressRun(); });
-    script_.Until([] { return Preview() != nullptr; }, "the preview is open");
+    UntilPreview();
     script_.Do([&] {
         EXPECT_EQ(Status(), L"Fila 1 de 3");
         EXPECT_EQ(Cell(0, 1), L"@pagenumber");
@@ -142,38 +47,25 @@ TEST_F(RunQuery, AFailingStatementShowsTheProvidersErrorsExactly) {
     const std::wstring statement = L"SELECT a FROM NoHayTal UNION SELECT 1";
     std::wstring message;
     script_.Do([this] { PressRun(); });
-    script_.Until([] { return OpenMessageBox() != nullptr; }, "the message is open");
-    script_.Do([&] { message = MessageBoxText(OpenMessageBox()); });
-    CloseBox();
+    TakeMessage(message);
     script_.Do([&] {
         EXPECT_EQ(Preview(), nullptr);
         EXPECT_EQ(window_.EditorText(), statement);
     });
     Run(statement);
 
-    // What the connection holds now, put together independently.
-    const Dispatch errors = connection_.Get(L"Errors").Object();
-    const LONG count = errors.Get(L"Count").Number().value_or(0);
-    ASSERT_GT(count, 0);
-    std::wstring lines;
-    for (LONG i = 0; i < count; ++i) {
-        const Dispatch error = errors.Get(L"Item", i).Object();
-        lines += *error.Get(L"Source").Text() + L" -> " + *error.Get(L"Description").Text() + L" (" +
-                 *error.Get(L"Number").Text() + L") (" + *error.Get(L"NativeError").Text() + L")\r\n";
-    }
+    const std::wstring lines = ErrorLines(connection_);
+    ASSERT_FALSE(lines.empty());
     const std::size_t gap = message.find(L"\r\n\r\n");
     ASSERT_NE(gap, std::wstring::npos);
     EXPECT_NE(message.substr(0, gap).find(L"NoHayTal"), std::wstring::npos);
     EXPECT_EQ(message.substr(gap + 4), lines);
-    std::printf("%ls\n", message.c_str());
 }
 
 TEST_F(RunQuery, ABlankStatementGivesTheMessage) {
     std::wstring message;
     script_.Do([] { PressKey(VK_F5); });
-    script_.Until([] { return OpenMessageBox() != nullptr; }, "the message is open");
-    script_.Do([&] { message = MessageBoxText(OpenMessageBox()); });
-    CloseBox();
+    TakeMessage(message);
     Run(L"");
     EXPECT_EQ(message, L"No hay ninguna consulta que ejecutar o existe un error en la definición");
 }
@@ -181,9 +73,7 @@ TEST_F(RunQuery, ABlankStatementGivesTheMessage) {
 TEST_F(RunQuery, AStatementWithoutRowsIsSaidToHaveNone) {
     std::wstring message;
     script_.Do([this] { PressRun(); });
-    script_.Until([] { return OpenMessageBox() != nullptr; }, "the message is open");
-    script_.Do([&] { message = MessageBoxText(OpenMessageBox()); });
-    CloseBox();
+    TakeMessage(message);
     Run(L"UPDATE Clientes SET Nombre = Nombre WHERE 1 = 0");
     EXPECT_EQ(message.rfind(L"La instrucción se ejecutó, pero no devuelve filas que mostrar.\r\n\r\n", 0),
               0u);
@@ -191,7 +81,7 @@ TEST_F(RunQuery, AStatementWithoutRowsIsSaidToHaveNone) {
 
 TEST_F(RunQuery, ATableIsShownWhole) {
     script_.Do([this] { window_.PreviewTable(L"[Detalle de pedidos]"); });
-    script_.Until([] { return Preview() != nullptr; }, "the preview is open");
+    UntilPreview();
     script_.Do([] { EXPECT_EQ(Status().rfind(L"Fila 1 de ", 0), 0u); });
     ClosePreview();
     Run(L"");
@@ -201,9 +91,7 @@ TEST_F(RunQuery, AClosedConnectionIsReported) {
     static_cast<void>(connection_.Call(L"Close"));
     std::wstring message;
     script_.Do([this] { window_.PreviewTable(L"Clientes"); });
-    script_.Until([] { return OpenMessageBox() != nullptr; }, "the message is open");
-    script_.Do([&] { message = MessageBoxText(OpenMessageBox()); });
-    CloseBox();
+    TakeMessage(message);
     Run(L"");
     const std::size_t gap = message.find(L"\r\n\r\n");
     EXPECT_NE(gap, std::wstring::npos);
@@ -218,11 +106,37 @@ TEST_F(RunQuery, WithoutAConnectionTheButtonIsOffAndATableGivesTheMessage) {
         PressKey(VK_F5);
     });
     script_.Do([this] { window_.PreviewTable(L"Clientes"); });
-    script_.Until([] { return OpenMessageBox() != nullptr; }, "the message is open");
-    script_.Do([&] { message = MessageBoxText(OpenMessageBox()); });
-    CloseBox();
+    TakeMessage(message);
     Run(L"SELECT 1");
     EXPECT_EQ(message, L"No hay una conexión válida u ocurrió un error desconocido.");
+}
+
+// The client cursor holds every row, as ADO's does; what the window adds must not grow with them.
+TEST_F(RunQuery, AMillionRowsOfTheDatabaseAreScrolledToTheEndAndGivenBack) {
+    long long open = 0, at_end = 0;
+    const long long before = MemoryInUse();
+    script_.Do([] { PressKey(VK_F5); });
+    UntilPreview();
+    script_.Do([&] {
+        open = MemoryInUse();
+        EXPECT_EQ(Cell(0, 1), L"Cliente 1");
+        PressKey(VK_END);
+    });
+    script_.Until([] { return Status().rfind(L"Fila 1 de", 0) != 0; }, "the last row");
+    script_.Do([&] {
+        EXPECT_EQ(Cell(999999, 0), L"1000000");
+        EXPECT_EQ(Cell(999999, 1), L"Cliente 1000000");
+        at_end = MemoryInUse();
+    });
+    ClosePreview();
+    Run(L"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1000000) "
+        L"SELECT i AS IdCliente, 'Cliente ' || i AS Nombre FROM n");
+    const long long closed = MemoryInUse();
+    EXPECT_LT(at_end - open, 8 * 1024);
+    EXPECT_LT(closed - before, 24 * 1024);
+    std::printf(
+        "memory for 1000000 rows of a database: %lld KB open, %lld KB at the end, %lld KB after closing\n",
+        open - before, at_end - before, closed - before);
 }
 
 }  // namespace tessel::testing
