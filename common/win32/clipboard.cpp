@@ -46,4 +46,15 @@ bool CopyToClipboard(HWND owner, std::wstring_view text) {
     return false;
 }
 
+bool CopyToClipboard(HWND owner, HGLOBAL dib, HENHMETAFILE metafile) {
+    const OpenedClipboard clipboard(owner);
+    const bool open = clipboard && EmptyClipboard();
+    // The clipboard owns each form once it took it.
+    const bool took_metafile = open && metafile && SetClipboardData(CF_ENHMETAFILE, metafile);
+    const bool took_dib = open && dib && SetClipboardData(CF_DIB, dib);
+    if (metafile && !took_metafile) DeleteEnhMetaFile(metafile);
+    if (dib && !took_dib) GlobalFree(dib);
+    return took_metafile || took_dib;
+}
+
 }  // namespace tessel::win32

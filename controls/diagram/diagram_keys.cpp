@@ -77,6 +77,8 @@ bool DiagramState::ZoomKey(Key key) {
         SetZoom(NextZoom(view_.Zoom(), -1), middle);
     else if (key == Key::Zero)
         SetZoom(100, middle);
+    else if (key == Key::Nine)
+        Fit();
     else
         return false;
     return true;

@@ -1,5 +1,6 @@
 // The mouse on the table diagram: DiagramState's gestures.
 #include <cstdlib>
+#include <utility>
 
 #include "common/identifiers.h"
 #include "controls/diagram/diagram_state.h"
@@ -12,6 +13,7 @@ constexpr int kDragThreshold_px = 4;
 constexpr int kWheelRows = 3;
 constexpr int kWheelStep_px = 60;
 constexpr int kAutoScrollStep_px = 20;
+constexpr int kScrollEdge_px = 10;
 
 Cursor EdgeCursor(int edges) {
     switch (edges) {
@@ -48,6 +50,8 @@ void DiagramState::EndGesture() {
     gesture_ = Gesture::None;
     gesture_table_.clear();
     moved_ = false;
+    taken_outside_ = false;
+    if (std::exchange(outside_, false)) host_.CarriedBack();
     host_.Repaint();
 }
 
@@ -124,15 +128,19 @@ void DiagramState::MouseMove(Point client_px) {
             return host_.Repaint();
         }
         case Gesture::Press:
-            // Dragging "*" joins nothing.
-            if (!PassedThreshold(client_px) || gesture_hit_.row <= 0) return;
+            if (!PassedThreshold(client_px)) return;
             gesture_ = Gesture::Link;
-            return host_.Repaint();
+            [[fallthrough]];
         case Gesture::Link:
+            CarryTo(client_px);
             hover_ = HitAt(client_px);
             return host_.Repaint();
         case Gesture::Move:
-            if (PassedThreshold(client_px)) MoveTo(client_px);
+            if (!PassedThreshold(client_px)) return;
+            // A table that is carried over something else stays where it is meanwhile.
+            if (!CarryTo(client_px)) return MoveTo(client_px);
+            if (const int table = layout_.TableIndex(gesture_table_); table >= 0)
+                Shift(table, TableAt(table)->rect);
             return;
         case Gesture::Resize:
             if (PassedThreshold(client_px)) ResizeTo(client_px);
@@ -191,7 +199,8 @@ void DiagramState::ResizeTo(Point client_px) {
 
 bool DiagramState::CanJoin(const Hit& target) const {
     if (target.kind != HitKind::Row && target.kind != HitKind::Check) return false;
-    return target.row > 0 && target.table != layout_.TableIndex(gesture_table_);
+    // All the fields together join nothing.
+    return gesture_hit_.row > 0 && target.row > 0 && target.table != layout_.TableIndex(gesture_table_);
 }
 
 void DiagramState::MouseUp(Button button, Point client_px) {
@@ -204,8 +213,14 @@ void DiagramState::MouseUp(Button button, Point client_px) {
     const Rect rect = gesture_rect_;
     const bool moved = moved_;
     const bool joins = gesture == Gesture::Link && CanJoin(hit);
+    const bool dropped = taken_outside_;
     EndGesture();
     hover_ = hit;
+    if (const model::DiagramTable* carried = TableAt(table); dropped && carried) {
+        const std::wstring name = carried->name;
+        const std::wstring field(RowName(*carried, std::max(0, began.row)));
+        return host_.DroppedOutside(name, field, client_px);
+    }
     switch (gesture) {
         case Gesture::Move:
         case Gesture::Resize:
@@ -294,10 +309,17 @@ void DiagramState::Wheel(Point client_px, int steps, Modifiers modifiers, bool s
 void DiagramState::AutoScroll() {
     if (gesture_ != Gesture::Move && gesture_ != Gesture::Resize && gesture_ != Gesture::Link) return;
     if (!moved_) return;
+    if (taken_outside_) {
+        // What lies there may want to scroll, too.
+        CarryTo(pointer_);
+        return;
+    }
     const Point before = view_.Scroll();
     const Size client = view_.Client();
-    const auto step = [](int at, int size) {
-        return at < 0 ? -kAutoScrollStep_px : at >= size ? kAutoScrollStep_px : 0;
+    // A box may not get far outside, where something else takes it: the edge scrolls already.
+    const int edge = gesture_ == Gesture::Move ? kScrollEdge_px * view_.Dpi() / 96 : 0;
+    const auto step = [edge](int at, int size) {
+        return at < edge ? -kAutoScrollStep_px : at >= size - edge ? kAutoScrollStep_px : 0;
     };
     const Point by{step(pointer_.x, client.width), step(pointer_.y, client.height)};
     if (by == Point{}) {
@@ -326,7 +348,7 @@ void DiagramState::AutoScroll() {
 
 std::optional<Rubber> DiagramState::RubberLine() const {
     if (IsRelating()) return RelatingLine();
-    if (gesture_ != Gesture::Link) return std::nullopt;
+    if (gesture_ != Gesture::Link || gesture_hit_.row <= 0 || taken_outside_) return std::nullopt;
     const int table = layout_.TableIndex(gesture_table_);
     if (table < 0) return std::nullopt;
     const Hit target = HitAt(pointer_);
@@ -337,12 +359,14 @@ Cursor DiagramState::PointerAt(Point client_px) const {
     const Hit hit = HitAt(client_px);
     switch (gesture_) {
         case Gesture::Move:
-            return moved_ ? Cursor::Move : Cursor::Arrow;
+            return moved_ && !taken_outside_ ? Cursor::Move : Cursor::Arrow;
         case Gesture::Resize:
             return EdgeCursor(gesture_hit_.edges);
         case Gesture::Pan:
             return moved_ ? Cursor::Move : Cursor::Arrow;
         case Gesture::Link: {
+            if (taken_outside_) return Cursor::Arrow;
+            if (outside_) return Cursor::No;
             // Over the table it comes from and over the plane the line is still on its way, not forbidden.
             if (CanJoin(hit)) return Cursor::Link;
             return hit.table >= 0 && hit.table != layout_.TableIndex(gesture_table_) ? Cursor::No

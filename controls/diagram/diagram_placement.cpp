@@ -246,4 +246,31 @@ void PlaceBoxes(std::vector<PlacementBox>& boxes, const std::vector<PlacementLin
     Placer(boxes, links, style).Run();
 }
 
+// One of the best places lies at the wished height or touches some box's room from above or below, and
+// likewise sideways: only these are looked at.
+Rect NearestFree(const Rect& wished, const std::vector<Rect>& others, int room) {
+    std::vector<int> lefts{std::max(0, wished.left)};
+    std::vector<int> tops{std::max(0, wished.top)};
+    for (const Rect& other : others) {
+        lefts.push_back(Right(other) + room);
+        tops.push_back(Bottom(other) + room);
+        if (const int left = other.left - room - wished.width; left >= 0) lefts.push_back(left);
+        if (const int top = other.top - room - wished.height; top >= 0) tops.push_back(top);
+    }
+    long best = std::numeric_limits<long>::max();
+    Rect place = wished;
+    for (const int left : lefts)
+        for (const int top : tops) {
+            const long distance = std::labs(left - wished.left) + std::labs(top - wished.top);
+            if (distance >= best) continue;
+            const Rect candidate{left, top, wished.width, wished.height};
+            const Rect with_room = Inflated(candidate, room);
+            if (std::ranges::any_of(others, [&](const Rect& other) { return Overlaps(other, with_room); }))
+                continue;
+            best = distance;
+            place = candidate;
+        }
+    return place;
+}
+
 }  // namespace tessel::controls::diagram

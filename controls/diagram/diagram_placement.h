@@ -35,4 +35,7 @@ struct PlacementStyle {
 void PlaceBoxes(std::vector<PlacementBox>& boxes, const std::vector<PlacementLink>& links,
                 const PlacementStyle& style = {});
 
+/// The place nearest to the rectangle's own where it keeps `room` from all of the others.
+[[nodiscard]] Rect NearestFree(const Rect& wished, const std::vector<Rect>& others, int room);
+
 }  // namespace tessel::controls::diagram

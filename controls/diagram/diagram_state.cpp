@@ -1,7 +1,6 @@
 #include "controls/diagram/diagram_state.h"
 
 #include "common/identifiers.h"
-#include "controls/diagram/diagram_placement.h"
 
 namespace tessel::controls::diagram {
 
@@ -19,6 +18,7 @@ void DiagramState::Bind(model::Diagram* diagram) {
     raised_.clear();
     box_scroll_.clear();
     known_places_.clear();
+    wished_places_.clear();
     hover_ = {};
     layout_.Clear();
     ModelChanged();
@@ -73,6 +73,7 @@ void DiagramState::PlaceNewTables() {
             if (boxes[i].fixed) continue;
             const Size size = NaturalSize(tables[i], metrics_, *measurer_);
             boxes[i].rect = {0, 0, size.width, size.height};
+            if (wished_places_.contains(IdentifierKey(tables[i].name))) continue;
             const auto known = known_places_.find(IdentifierKey(tables[i].name));
             if (known == known_places_.end()) continue;
             const bool taken = std::any_of(boxes.begin(), boxes.end(), [&](const PlacementBox& other) {
@@ -80,6 +81,7 @@ void DiagramState::PlaceNewTables() {
             });
             if (!taken) boxes[i] = {known->second, true};
         }
+        PlaceWished(boxes);
         Layout links;
         links.Build(*diagram_, metrics_);
         std::vector<PlacementLink> related;
@@ -90,6 +92,7 @@ void DiagramState::PlaceNewTables() {
         for (std::size_t i = 0; i < tables.size(); ++i)
             if (!tables[i].placed) diagram_->SetTableRect(tables[i].name, boxes[i].rect);
     }
+    wished_places_.clear();
     if (known_places_.size() > kMostKnownPlaces) known_places_.clear();
     for (std::size_t i = 0; i < boxes.size(); ++i)
         if (!IsEmpty(boxes[i].rect)) known_places_[IdentifierKey(diagram_->Tables()[i].name)] = boxes[i].rect;

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "controls/diagram/diagram_layout.h"
+#include "controls/diagram/diagram_placement.h"
 #include "controls/diagram/diagram_viewport.h"
 
 namespace tessel::controls::diagram {
@@ -29,6 +30,13 @@ public:
     virtual void ContextMenu(model::DiagramElement element, Point client_px) = 0;
     virtual void DeleteWanted(model::DiagramElement element) = 0;
     virtual void RelationActivated(int key) = 0;
+    /// The pointer carries a field ("*" for all of them) outside the diagram. True when what is there takes
+    /// it.
+    virtual bool CarriedOutside(std::wstring_view table, std::wstring_view field, Point client_px) = 0;
+    /// What was carried outside came back, was dropped or given up.
+    virtual void CarriedBack() = 0;
+    /// It was dropped where something takes it.
+    virtual void DroppedOutside(std::wstring_view table, std::wstring_view field, Point client_px) = 0;
 };
 
 enum class Button { Left, Middle, Right };
@@ -48,6 +56,7 @@ enum class Key {
     Plus,
     Minus,
     Zero,
+    Nine,
     Tab
 };
 struct Modifiers {
@@ -82,6 +91,19 @@ public:
     void SetClient(Size client_px);
     void SetZoom(int percent, Point anchor_px);
     void ScrollTo(Point scroll_px);
+
+    /// "Ajustar": the largest zoom up to 100 % at which everything is in view, and scrolls there.
+    void Fit();
+    /// Everything drawn, with some room around; nothing when there is no table.
+    Rect Content() const;
+    bool ShowsEverything() const;
+    /// Gives every table a place anew, as if all of them had just arrived.
+    void Arrange();
+    /// Where a table that is about to be added should come to stand: its title under that point, or as near
+    /// to it as there is room.
+    void WishPlace(std::wstring_view table, Point client_px);
+    /// Selects a table, or its field, and brings it into view. False when it is not there.
+    bool Reveal(std::wstring_view table, std::wstring_view field);
 
     void MouseDown(Button button, Point client_px);
     void MouseMove(Point client_px);
@@ -142,6 +164,8 @@ private:
     void MoveTo(Point client_px);
     void ResizeTo(Point client_px);
     bool CanJoin(const Hit& target) const;
+    bool CarryTo(Point client_px);
+    void PlaceWished(std::vector<PlacementBox>& boxes);
     void RevealFocus();
     bool ArrowKey(Key key, Modifiers modifiers);
     void RowKey(Key key);
@@ -165,6 +189,7 @@ private:
 
     std::vector<std::wstring> raised_;  ///< tables brought to the front, the foremost last
     std::unordered_map<std::wstring, int> box_scroll_;
+    std::unordered_map<std::wstring, Point> wished_places_;
     std::unordered_map<std::wstring, Rect> known_places_;  ///< also of tables that went; they may come back
     std::wstring focus_table_;
     int focus_row_ = -1;
@@ -179,6 +204,8 @@ private:
     Rect gesture_rect_;
     Point pointer_;
     bool moved_ = false;
+    bool outside_ = false;        ///< the host was told that something is carried outside
+    bool taken_outside_ = false;  ///< and takes it
 
     std::wstring relating_table_;  ///< where a relation begins that is not complete yet; empty when none does
     std::wstring relating_field_;  ///< empty until it is chosen

@@ -39,4 +39,24 @@ std::wstring RelatingText(const std::wstring& table, const std::wstring& field) 
     return what + L" (Entrar elige, Esc abandona).";
 }
 
+std::wstring_view FitCaption() {
+    return L"Ajustar";
+}
+
+std::wstring_view FitEntry() {
+    return L"Ajustar\tCtrl+9";
+}
+
+std::wstring_view ActualSizeEntry() {
+    return L"Tamaño real (100 %)\tCtrl+0";
+}
+
+std::wstring_view ArrangeEntry() {
+    return L"Ordenar las tablas";
+}
+
+std::wstring_view CopyPictureEntry() {
+    return L"Copiar como imagen\tCtrl+C";
+}
+
 }  // namespace tessel::controls::diagram

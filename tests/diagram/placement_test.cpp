@@ -115,6 +115,63 @@ TEST_P(RandomPlacement, NeverOverlapsAndNeverDepends) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomPlacement, testing::Range(1u, 201u));
 
+// Over many random trees, tables stand clearly nearer to their relatives than to the others.
+TEST(DiagramPlacement, RelatedTablesStandNearEachOther) {
+    double shares = 0;
+    constexpr unsigned kRounds = 200;
+    for (unsigned seed = 1; seed <= kRounds; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        std::mt19937 random(seed);
+        const auto below = [&](int limit) {
+            return static_cast<int>(random() % static_cast<unsigned>(limit));
+        };
+        const int count = 8 + below(20);
+        std::vector<PlacementBox> boxes;
+        for (int i = 0; i < count; ++i) boxes.push_back(Unplaced(100 + below(150), 80 + below(150)));
+        std::vector<PlacementLink> links;
+        for (int i = 1; i < count; ++i)
+            links.push_back({static_cast<std::size_t>(below(i)), static_cast<std::size_t>(i)});
+        PlaceBoxes(boxes, links);
+        ExpectNoOverlap(boxes);
+        const auto distance = [&](std::size_t a, std::size_t b) {
+            const Point from = Center(boxes[a].rect);
+            const Point to = Center(boxes[b].rect);
+            return static_cast<double>(std::abs(from.x - to.x) + std::abs(from.y - to.y));
+        };
+        double all = 0;
+        int pairs = 0;
+        for (std::size_t a = 0; a < boxes.size(); ++a)
+            for (std::size_t b = a + 1; b < boxes.size(); ++b, ++pairs) all += distance(a, b);
+        double related = 0;
+        for (const PlacementLink& link : links) related += distance(link.left, link.right);
+        const double share = related / static_cast<double>(links.size()) / (all / pairs);
+        EXPECT_LT(share, 1.2);
+        shares += share;
+    }
+    EXPECT_LT(shares / kRounds, 0.75);
+}
+
+TEST(NearestFreePlace, StaysWhereThereIsRoomAndElseTouchesTheRoomOfAnother) {
+    const std::vector<Rect> others{{100, 100, 100, 100}};
+    EXPECT_EQ(NearestFree({300, 100, 50, 50}, others, 16), (Rect{300, 100, 50, 50}));
+    EXPECT_EQ(NearestFree({190, 120, 50, 50}, others, 16), (Rect{216, 120, 50, 50}));
+    EXPECT_EQ(NearestFree({110, 60, 50, 50}, others, 16), (Rect{110, 34, 50, 50}));
+    EXPECT_EQ(NearestFree({-20, -5, 50, 50}, {}, 16), (Rect{0, 0, 50, 50}));
+}
+
+TEST_P(RandomPlacement, ANearestFreePlaceIsFree) {
+    const unsigned seed = GetParam();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    std::vector<Rect> others;
+    for (int i = 0; i < 30; ++i) others.push_back({below(900), below(700), 80 + below(150), 60 + below(200)});
+    const Rect place = NearestFree({below(900), below(700), 150, 180}, others, 16);
+    for (const Rect& other : others) EXPECT_FALSE(Overlaps(Inflated(place, 16), other));
+    EXPECT_GE(place.left, 0);
+    EXPECT_GE(place.top, 0);
+}
+
 TEST(DiagramPlacement, HundredsOfTablesArePlacedAtOnce) {
     std::vector<PlacementBox> boxes(300, Unplaced(150, 180));
     std::vector<PlacementLink> links;

@@ -33,7 +33,16 @@ public:
         log.push_back(L"delete " + std::to_wstring(static_cast<int>(element)));
     }
     void RelationActivated(int key) override { log.push_back(L"activate " + std::to_wstring(key)); }
+    bool CarriedOutside(std::wstring_view table, std::wstring_view field, Point) override {
+        log.push_back(L"carried " + std::wstring(table) + L"." + std::wstring(field));
+        return takes_outside;
+    }
+    void CarriedBack() override { log.push_back(L"back"); }
+    void DroppedOutside(std::wstring_view table, std::wstring_view field, Point) override {
+        log.push_back(L"dropped " + std::wstring(table) + L"." + std::wstring(field));
+    }
 
+    bool takes_outside = false;
     Log log;
     int repaints = 0;
 
@@ -470,6 +479,148 @@ TEST_F(DiagramStateTest, NothingHappensWithoutADiagram) {
     state.ContextMenu({100, 100});
     EXPECT_FALSE(state.KeyDown(Key::Down, {}));
     EXPECT_TRUE(host.log.empty());
+}
+
+TEST_F(DiagramStateTest, AFieldCarriedOutsideIsDroppedWhereItIsTaken) {
+    host.takes_outside = true;
+    diagram.AddTable(L"Clientes", true);
+    const Point field = FieldOf(L"Clientes", L"Nombre");
+    state.MouseDown(Button::Left, field);
+    state.MouseMove({field.x + 20, field.y});
+    EXPECT_TRUE(state.RubberLine());
+    EXPECT_TRUE(host.log.empty());
+    state.MouseMove({200, 640});
+    EXPECT_EQ(host.log, (Log{L"carried Clientes.nombre"}));
+    EXPECT_FALSE(state.RubberLine());
+    EXPECT_EQ(state.PointerAt({200, 640}), Cursor::Arrow);
+    state.MouseMove({200, 300});
+    EXPECT_EQ(host.log.back(), L"back");
+    state.MouseMove({210, 650});
+    state.MouseUp(Button::Left, {210, 650});
+    EXPECT_EQ(host.log, (Log{L"carried Clientes.nombre", L"back", L"carried Clientes.nombre", L"back",
+                             L"dropped Clientes.nombre"}));
+    EXPECT_FALSE(state.HoldsMouse());
+}
+
+TEST_F(DiagramStateTest, AFieldLetGoWhereNothingTakesItIsForgotten) {
+    diagram.AddTable(L"Clientes", true);
+    const Point field = FieldOf(L"Clientes", L"Nombre");
+    state.MouseDown(Button::Left, field);
+    state.MouseMove({200, 640});
+    state.MouseMove({200, 641});
+    EXPECT_EQ(state.PointerAt({200, 641}), Cursor::No);
+    state.MouseUp(Button::Left, {200, 641});
+    EXPECT_EQ(host.log.back(), L"back");
+}
+
+TEST_F(DiagramStateTest, ATableCarriedOutsideStandsForAllItsFieldsAndIsNotMoved) {
+    host.takes_outside = true;
+    diagram.AddTable(L"Clientes", true);
+    const Point title = TitleOf(L"Clientes");
+    const Rect before = diagram.FindTable(L"Clientes")->rect;
+    state.MouseDown(Button::Left, title);
+    state.MouseMove({title.x + 30, title.y + 30});
+    EXPECT_NE(BoxOf(L"Clientes").Frame(), before);
+    state.MouseMove({300, 640});
+    EXPECT_EQ(BoxOf(L"Clientes").Frame(), before);
+    state.AutoScroll();
+    EXPECT_EQ(state.View().Scroll(), (Point{0, 0}));
+    state.MouseUp(Button::Left, {300, 640});
+    EXPECT_EQ(host.log.back(), L"dropped Clientes.*");
+    EXPECT_EQ(BoxOf(L"Clientes").Frame(), before);
+    EXPECT_EQ(diagram.FindTable(L"Clientes")->rect, before);
+}
+
+TEST_F(DiagramStateTest, AllTheFieldsAreCarriedOutsideButJoinNothing) {
+    host.takes_outside = true;
+    diagram.AddTable(L"Clientes", true);
+    diagram.AddTable(L"Pedidos", true);
+    const Point all = FieldOf(L"Clientes", L"*");
+    Drag(all, FieldOf(L"Pedidos", L"IdCliente"));
+    EXPECT_TRUE(host.log.empty());
+    Drag(all, {200, 700});
+    EXPECT_EQ(host.log.back(), L"dropped Clientes.*");
+}
+
+TEST_F(DiagramStateTest, EscGivesUpWhatIsCarriedOutside) {
+    host.takes_outside = true;
+    diagram.AddTable(L"Clientes", true);
+    const Point field = FieldOf(L"Clientes", L"Nombre");
+    state.MouseDown(Button::Left, field);
+    state.MouseMove({200, 640});
+    EXPECT_TRUE(state.KeyDown(Key::Escape, {}));
+    state.MouseUp(Button::Left, {200, 640});
+    EXPECT_EQ(host.log, (Log{L"carried Clientes.nombre", L"back"}));
+}
+
+TEST_F(DiagramStateTest, ATableArrivesWhereItIsDropped) {
+    state.WishPlace(L"Pedidos", {500, 300});
+    diagram.AddTable(L"Pedidos", true);
+    const Rect title = BoxOf(L"Pedidos").Title();
+    EXPECT_TRUE(Contains(title, {500, 300}));
+    // The wish was for that one arrival.
+    diagram.RemoveTable(L"Pedidos");
+    state.Update();
+    diagram.AddTable(L"Clientes", true);
+    EXPECT_LT(BoxOf(L"Clientes").Frame().left, 100);
+}
+
+TEST_F(DiagramStateTest, ATableDroppedOnAnotherStandsBesideIt) {
+    diagram.AddTable(L"Clientes", true);
+    state.WishPlace(L"Pedidos", TitleOf(L"Clientes"));
+    diagram.AddTable(L"Pedidos", true);
+    const Rect there = BoxOf(L"Clientes").Frame();
+    const Rect arrived = BoxOf(L"Pedidos").Frame();
+    EXPECT_FALSE(Overlaps(there, arrived));
+    EXPECT_LT(std::abs(arrived.left - there.left) + std::abs(arrived.top - there.top), 400);
+}
+
+TEST_F(DiagramStateTest, FittingShowsEverythingAtTheLargestZoomThatDoes) {
+    diagram.AddTable(L"Clientes", true);
+    diagram.AddTable(L"Pedidos", true);
+    diagram.SetTableRect(L"Clientes", {400, 900, 160, 120});
+    diagram.SetTableRect(L"Pedidos", {1600, 200, 160, 120});
+    state.Update();
+    EXPECT_FALSE(state.ShowsEverything());
+    state.KeyDown(Key::Nine, {false, true});
+    EXPECT_TRUE(state.ShowsEverything());
+    const int zoom = state.View().Zoom();
+    EXPECT_LT(zoom, 100);
+    state.SetZoom(zoom + 3, {0, 0});
+    EXPECT_FALSE(state.ShowsEverything());
+    diagram.SetTableRect(L"Pedidos", {600, 900, 160, 120});
+    state.Fit();
+    EXPECT_EQ(state.View().Zoom(), 100);
+    EXPECT_TRUE(state.ShowsEverything());
+    diagram.SetTableRect(L"Pedidos", {30000, 30000, 160, 120});
+    state.Fit();
+    EXPECT_EQ(state.View().Zoom(), kMinZoom);
+}
+
+TEST_F(DiagramStateTest, ArrangingPutsRelatedTablesSideBySideAgain) {
+    diagram.AddTable(L"Clientes", true);
+    diagram.AddTable(L"Pedidos", true);
+    Relate(L"Clientes", L"IdCliente", L"Pedidos", L"IdCliente");
+    diagram.SetTableRect(L"Clientes", {900, 700, 200, 150});
+    diagram.SetTableRect(L"Pedidos", {880, 690, 170, 110});
+    state.Arrange();
+    const Rect left = BoxOf(L"Clientes").Frame();
+    const Rect right = BoxOf(L"Pedidos").Frame();
+    EXPECT_FALSE(Overlaps(left, right));
+    EXPECT_LT(Right(left), right.left);
+    EXPECT_LT(left.left, 100);
+    EXPECT_EQ(left.width, 200);
+    EXPECT_EQ(right.height, 110);
+}
+
+TEST_F(DiagramStateTest, RevealingSelectsTheFieldAndShowsIt) {
+    diagram.AddTable(L"Clientes", true);
+    diagram.SetTableRect(L"Clientes", {2000, 1500, 160, 120});
+    EXPECT_TRUE(state.Reveal(L"clientes", L"Nombre"));
+    EXPECT_EQ(diagram.SelectedTable(), L"Clientes");
+    EXPECT_EQ(state.FocusRow(), RowIn(L"Clientes", L"Nombre"));
+    EXPECT_TRUE(Contains({0, 0, 900, 600}, FieldOf(L"Clientes", L"Nombre")));
+    EXPECT_FALSE(state.Reveal(L"Otra", L""));
 }
 
 TEST_F(DiagramStateTest, RandomEventsNeverLoseABoxOrALine) {

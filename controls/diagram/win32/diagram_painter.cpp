@@ -113,22 +113,33 @@ void DiagramPainter::SetScale(const Viewport& view) {
 }
 
 void DiagramPainter::Paint(HDC dc, const RECT& clip, const DiagramState& state, bool focused) {
+    focused_ = focused;
+    picture_ = false;
+    PaintAll(dc, clip, state, state.View());
+}
+
+void DiagramPainter::PaintPicture(HDC dc, const RECT& clip, const DiagramState& state, const Viewport& view) {
+    focused_ = false;
+    picture_ = true;
+    PaintAll(dc, clip, state, view);
+}
+
+void DiagramPainter::PaintAll(HDC dc, const RECT& clip, const DiagramState& state, const Viewport& view) {
     dc_ = dc;
     clip_ = clip;
     state_ = &state;
-    view_ = &state.View();
-    focused_ = focused;
-    SetScale(*view_);
+    view_ = &view;
+    SetScale(view);
     win32::FillSolid(dc, clip, colours_.window);
     if (!state.Model()) return;
     const Layout& layout = state.Shapes();
-    const std::optional<Rubber> rubber = state.RubberLine();
+    const std::optional<Rubber> rubber = picture_ ? std::nullopt : state.RubberLine();
     PaintLines(layout);
     for (const int table : layout.Order())
         if (Touches(At(layout.BoxOf(table).Frame()), clip_)) PaintBox(table, rubber);
     if (rubber && rubber->drawn) PaintRubber(*rubber);
-    PaintHint(state.RelatingHint());
-    if (focused && layout.Boxes().empty()) {
+    if (!picture_) PaintHint(state.RelatingHint());
+    if (focused_ && layout.Boxes().empty()) {
         const Size client = view_->Client();
         const RECT around{1, 1, client.width - 1, client.height - 1};
         DrawFocusRect(dc, &around);
@@ -138,9 +149,9 @@ void DiagramPainter::Paint(HDC dc, const RECT& clip, const DiagramState& state, 
 // Selected and hovered lines come last, above the others.
 void DiagramPainter::PaintLines(const Layout& layout) {
     const model::Diagram& diagram = *state_->Model();
-    const int hovered = state_->Hover().kind == HitKind::Relation ? state_->Hover().relation : 0;
-    const int selected =
-        diagram.SelectedElement() == model::DiagramElement::Relation ? diagram.SelectedRelation() : 0;
+    const Hit hover = Hovered();
+    const int hovered = hover.kind == HitKind::Relation ? hover.relation : 0;
+    const int selected = Selected() == model::DiagramElement::Relation ? diagram.SelectedRelation() : 0;
     const auto is_strong = [&](const Line& line) { return line.key == hovered || line.key == selected; };
     for (const bool strong : {false, true})
         for (const Line& line : layout.Lines()) {
@@ -225,14 +236,13 @@ void DiagramPainter::PaintBox(int table, const std::optional<Rubber>& rubber) {
     const Box& box = state_->Shapes().BoxOf(table);
     const model::DiagramTable& shown = state_->Model()->Tables()[static_cast<std::size_t>(table)];
     const model::Diagram& diagram = *state_->Model();
-    const bool selected = diagram.SelectedElement() == model::DiagramElement::Table &&
+    const bool selected = Selected() == model::DiagramElement::Table &&
                           state_->Shapes().TableIndex(diagram.SelectedTable()) == table;
     PaintFrame(At(box.Frame()), At(box.Title()), selected ? colours_.highlight : colours_.border,
                selected ? colours_.highlight : colours_.title);
     PaintTitle(box, shown, selected);
     PaintRows(table, box, shown, selected, rubber);
-    if (box.Scrollable())
-        PaintThumb(box, state_->Hover().kind == HitKind::ScrollBar && state_->Hover().table == table);
+    if (box.Scrollable()) PaintThumb(box, Hovered().kind == HitKind::ScrollBar && Hovered().table == table);
 }
 
 void DiagramPainter::PaintFrame(const RECT& rect, const RECT& title, COLORREF border, COLORREF title_colour) {

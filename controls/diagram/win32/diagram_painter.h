@@ -35,6 +35,8 @@ public:
 
     /// Paints the state into `clip`. `focused` shows where the keyboard is.
     void Paint(HDC dc, const RECT& clip, const DiagramState& state, bool focused);
+    /// Paints it as `view` sees it, with neither selection nor hover nor focus: a picture to keep.
+    void PaintPicture(HDC dc, const RECT& clip, const DiagramState& state, const Viewport& view);
 
 private:
     struct Colours {
@@ -42,7 +44,12 @@ private:
             focus, mark, light_mark;
     };
 
+    void PaintAll(HDC dc, const RECT& clip, const DiagramState& state, const Viewport& view);
     void SetScale(const Viewport& view);
+    Hit Hovered() const { return picture_ ? Hit{} : state_->Hover(); }
+    model::DiagramElement Selected() const {
+        return picture_ ? model::DiagramElement::None : state_->Model()->SelectedElement();
+    }
     int Width(HFONT font, std::wstring_view text, std::unordered_map<std::wstring, int>& cache) const;
     int Px(int units) const { return view_->ToPixels(units); }
     RECT At(const Rect& plane) const;
@@ -88,6 +95,7 @@ private:
     const Viewport* view_ = nullptr;
     RECT clip_{};
     bool focused_ = false;
+    bool picture_ = false;
 };
 
 }  // namespace tessel::controls::diagram

@@ -64,9 +64,9 @@ void DiagramView::RelationDrawn(std::wstring_view left_table, std::wstring_view 
 }
 
 void DiagramView::ContextMenu(model::DiagramElement element, diagram::Point client_px) {
-    POINT screen{client_px.x, client_px.y};
-    ClientToScreen(Handle(), &screen);
-    if (events_) events_->OnDiagramContextMenu(element, screen);
+    // Nothing is a place of the view's own: its menu changes what is seen, not the design.
+    if (element == model::DiagramElement::None) return ShowPlaneMenu(ToScreen(client_px));
+    if (events_) events_->OnDiagramContextMenu(element, ToScreen(client_px));
 }
 
 void DiagramView::DeleteWanted(model::DiagramElement element) {
@@ -75,6 +75,34 @@ void DiagramView::DeleteWanted(model::DiagramElement element) {
 
 void DiagramView::RelationActivated(int key) {
     if (events_) events_->OnDiagramRelationActivated(key);
+}
+
+POINT DiagramView::ToScreen(diagram::Point client_px) const {
+    POINT screen{client_px.x, client_px.y};
+    ClientToScreen(Handle(), &screen);
+    return screen;
+}
+
+bool DiagramView::CarriedOutside(std::wstring_view table, std::wstring_view field, diagram::Point client_px) {
+    return events_ && events_->OnDiagramCarriedOutside(table, field, ToScreen(client_px));
+}
+
+void DiagramView::CarriedBack() {
+    if (events_) events_->OnDiagramCarriedBack();
+}
+
+void DiagramView::DroppedOutside(std::wstring_view table, std::wstring_view field, diagram::Point client_px) {
+    if (events_) events_->OnDiagramDroppedOutside(table, field, ToScreen(client_px));
+}
+
+void DiagramView::WishPlace(std::wstring_view table, POINT screen) {
+    if (!IsCreated()) return;
+    ScreenToClient(Handle(), &screen);
+    state_.WishPlace(table, {screen.x, screen.y});
+}
+
+void DiagramView::Reveal(std::wstring_view table, std::wstring_view field) {
+    state_.Reveal(table, field);
 }
 
 }  // namespace tessel::controls

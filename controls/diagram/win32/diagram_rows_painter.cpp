@@ -30,7 +30,7 @@ void DiagramPainter::PaintRows(int index, const Box& box, const model::DiagramTa
     const Rect field = box.Field();
     if (IsEmpty(field)) return;
     const Clipped clipped(dc_, At(field));
-    const Hit& hover = state_->Hover();
+    const Hit hover = Hovered();
     const int first = box.Scroll() / metrics_.row_height;
     for (int row = first; row < box.Rows() && box.RowVisible(row); ++row) {
         const RECT place = At(box.Row(row));

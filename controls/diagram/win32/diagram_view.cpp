@@ -66,9 +66,10 @@ DiagramView::~DiagramView() {
 }
 
 bool DiagramView::Create(HWND parent, int id) {
-    return CreateWindowOf({L"TesselDiagram", CS_DBLCLKS}, L"",
-                          WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_HSCROLL | WS_VSCROLL, 0,
-                          parent, id);
+    return CreateWindowOf(
+        {L"TesselDiagram", CS_DBLCLKS}, L"",
+        WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_HSCROLL | WS_VSCROLL, 0,
+        parent, id);
 }
 
 void DiagramView::OnCreated() {
@@ -77,6 +78,8 @@ void DiagramView::OnCreated() {
     tip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
                            CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, Handle(), nullptr,
                            win32::ThisModule(), nullptr);
+    fit_button_ = CreateWindowExW(0, L"BUTTON", std::wstring(diagram::FitCaption()).c_str(), WS_CHILD, 0, 0,
+                                  0, 0, Handle(), nullptr, win32::ThisModule(), nullptr);
     ReadSettings();
     if (!tip_) return;
     TTTOOLINFOW tool{};
@@ -93,6 +96,11 @@ void DiagramView::ReadSettings() {
     state_.SetDpi(dpi_);
     state_.SetMetrics(painter_.Metrics(), &painter_);
     if (tip_) SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, win32::Scale(480, dpi_));
+    if (fit_button_) {
+        button_font_ = win32::MessageFont(dpi_);
+        SendMessageW(fit_button_, WM_SETFONT, reinterpret_cast<WPARAM>(button_font_.get()), TRUE);
+        PlaceFitButton();
+    }
 }
 
 void DiagramView::Bind(model::Diagram* diagram, DiagramEvents* events) {
@@ -133,6 +141,7 @@ void DiagramView::Refresh() {
                       view.Client().height, view.Scroll().y);
     }
     refreshing_ = false;
+    PlaceFitButton();
 }
 
 void DiagramView::ShowScrollBar(int bar, int low, int high, int page, int position) {
@@ -303,7 +312,9 @@ LRESULT DiagramView::OnKeyDown(WPARAM wparam, LPARAM lparam) {
         {VK_SUBTRACT, diagram::Key::Minus}, {VK_OEM_MINUS, diagram::Key::Minus},
         {'0', diagram::Key::Zero},          {VK_NUMPAD0, diagram::Key::Zero},
         {VK_TAB, diagram::Key::Tab},
+        {'9', diagram::Key::Nine},          {VK_NUMPAD9, diagram::Key::Nine},
     };
+    if (OnCommandKey(wparam)) return 0;
     for (const KeyName& name : kKeys) {
         if (name.code != wparam) continue;
         if (!state_.KeyDown(name.key, HeldKeys())) break;
@@ -349,6 +360,7 @@ LRESULT DiagramView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return 0;
         case WM_DESTROY:
             tip_ = nullptr;
+            fit_button_ = nullptr;
             state_.Cancel();
             return 0;
         case WM_ERASEBKGND:
@@ -361,6 +373,12 @@ LRESULT DiagramView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return 0;
         case kRefresh:
             Refresh();
+            return 0;
+        case WM_COMMAND:
+            if (fit_button_ && reinterpret_cast<HWND>(lparam) == fit_button_) {
+                Fit();
+                SetFocus(Handle());
+            }
             return 0;
         case WM_GETDLGCODE:
             return DialogCode(lparam);

@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "common/change_source.h"
+#include "common/win32/handles.h"
 #include "common/win32/window.h"
 #include "controls/diagram/diagram_state.h"
 #include "controls/diagram/win32/diagram_painter.h"
@@ -37,6 +38,22 @@ public:
     virtual void OnDiagramDelete(model::DiagramElement element) { (void)element; }
     /// A relation was double-clicked, or Enter pressed on it.
     virtual void OnDiagramRelationActivated(int key) { (void)key; }
+    /// The pointer carries a field of a table ("*" for all of them) outside the diagram. True when what is
+    /// there takes it. Comes again and again while the pointer is outside.
+    virtual bool OnDiagramCarriedOutside(std::wstring_view table, std::wstring_view field, POINT screen) {
+        (void)table;
+        (void)field;
+        (void)screen;
+        return false;
+    }
+    /// What was carried outside came back, was dropped or given up.
+    virtual void OnDiagramCarriedBack() {}
+    /// It was dropped where something takes it.
+    virtual void OnDiagramDroppedOutside(std::wstring_view table, std::wstring_view field, POINT screen) {
+        (void)table;
+        (void)field;
+        (void)screen;
+    }
 };
 
 class DiagramView : public win32::Window, private ChangeListener, private diagram::DiagramHost {
@@ -69,6 +86,16 @@ public:
     /// 25 to 400; other values are brought into that range. The middle of the view stays where it is.
     void SetZoom(int percent);
     int Zoom() const { return state_.View().Zoom(); }
+    /// "Ajustar": the largest zoom up to 100 % at which everything is in view.
+    void Fit();
+    /// Puts the whole diagram on the clipboard as a picture, at 100 % and without selection. False when there
+    /// is no table or another program holds the clipboard.
+    bool CopyPicture();
+
+    /// A table that is about to be added comes to stand at that point of the screen.
+    void WishPlace(std::wstring_view table, POINT screen);
+    /// Selects a table, or its field, and scrolls to it.
+    void Reveal(std::wstring_view table, std::wstring_view field);
 
 private:
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
@@ -99,12 +126,23 @@ private:
     void ContextMenu(model::DiagramElement element, diagram::Point client_px) override;
     void DeleteWanted(model::DiagramElement element) override;
     void RelationActivated(int key) override;
+    bool CarriedOutside(std::wstring_view table, std::wstring_view field, diagram::Point client_px) override;
+    void CarriedBack() override;
+    void DroppedOutside(std::wstring_view table, std::wstring_view field, diagram::Point client_px) override;
+
+    // diagram_view_commands.cpp
+    bool OnCommandKey(WPARAM key);
+    void ShowPlaneMenu(POINT screen);
+    void PlaceFitButton();
+    POINT ToScreen(diagram::Point client_px) const;
 
     model::Diagram* diagram_ = nullptr;
     DiagramEvents* events_ = nullptr;
     diagram::DiagramPainter painter_;
     mutable diagram::DiagramState state_;  ///< queries bring it up to date first
     HWND tip_ = nullptr;                   ///< owned by our window
+    HWND fit_button_ = nullptr;            ///< in the corner while something is out of view
+    win32::UniqueFont button_font_;
     diagram::Hit tip_hit_;
     std::wstring tip_text_;
     int dpi_ = 0;
