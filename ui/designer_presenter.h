@@ -64,14 +64,19 @@ public:
     void RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
                        std::wstring_view right_table, std::wstring_view right_field);
     void TableChosen(std::wstring_view name);
+    /// A table was dropped on the diagram.
+    void TableDropped(std::wstring_view table);
+    /// A field of a table ("*" for all of them) was dropped on a query column of the grid; beyond the last
+    /// one the first free column takes it. A table that is not in the diagram comes along.
+    void FieldDropped(std::wstring_view table, std::wstring_view field, int column);
     void DistinctClicked(bool checked);
     /// "Quitar columna": removes the focused query column.
     void RemoveFocusedColumn();
     /// "Limpiar todo": asks first when bAsk.
     void ClearDesign(bool bAsk);
 
-    // Undo and redo (designer_presenter_history.cpp). Every gesture above is one step. While the design is not in
-    // force, or not in sight, nothing is undone: the text has the word then.
+    // Undo and redo (designer_presenter_history.cpp). Every gesture above is one step. While the design is
+    // not in force, or not in sight, nothing is undone: the text has the word then.
     bool CanUndo() const { return IsDesignShown() && history_.CanUndo(); }
     bool CanRedo() const { return IsDesignShown() && history_.CanRedo(); }
     void Undo();

@@ -34,6 +34,7 @@
 #include "ui/preview.h"
 #include "ui/views.h"
 #include "ui/win32/designer_ids.h"
+#include "ui/win32/drag_window.h"
 #include "ui/win32/panel.h"
 #include "ui/win32/reason_label.h"
 
@@ -48,6 +49,7 @@ class DesignerWindow final : public win32::Window,
                              private controls::BrowserEvents,
                              private controls::SqlEditorEvents,
                              private controls::SplitterEvents,
+                             private DragEvents,
                              private ChangeListener {
 public:
     explicit DesignerWindow(DesignerOwner* owner);
@@ -156,7 +158,25 @@ private:
     void OnBrowserContextMenu(const controls::BrowserItem& item, POINT screen) override;
     void OnBrowserActivated(const controls::BrowserItem& item) override;
     void OnBrowserSelected(const controls::BrowserItem* item) override;
+    void OnBrowserDragBegun(const controls::BrowserItem& item, std::wstring_view caption) override;
     void OnSplitterResized(int id) override;
+
+    // What is dragged (designer_window_drag.cpp)
+    enum class DropPlace { None, Diagram, Grid, Editor };
+    /// A table, or one of its fields.
+    struct Dragged {
+        std::wstring table;
+        std::wstring field;
+    };
+    DropPlace DropPlaceAt(POINT screen) const;
+    bool ShowDropMark(POINT screen);
+    void Drop(POINT screen);
+    bool OnDragMoved(POINT screen) override;
+    void OnDragDropped(POINT screen) override;
+    void OnDragCancelled() override;
+    bool OnDiagramCarriedOutside(std::wstring_view table, std::wstring_view field, POINT screen) override;
+    void OnDiagramCarriedBack() override;
+    void OnDiagramDroppedOutside(std::wstring_view table, std::wstring_view field, POINT screen) override;
 
     // ChangeListener: the design grid or the diagram changed.
     void OnChanged() override;
@@ -182,6 +202,8 @@ private:
     controls::DesignGridView grid_;    // dxG
     controls::SqlEditor editor_;       // edtSQL
     ReasonLabel reason_;               // lblNo
+    DragWindow drag_;
+    Dragged dragged_;
     HWND tabs_ = nullptr;
     HWND tips_ = nullptr;
     HWND focus_ = nullptr;

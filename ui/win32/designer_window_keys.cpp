@@ -9,6 +9,11 @@
 namespace tessel::ui {
 
 bool DesignerWindow::OnKey(const MSG& message) {
+    if (drag_.IsDragging() && message.message == WM_KEYDOWN) {
+        // While something is dragged, keys mean nothing else.
+        if (message.wParam == VK_ESCAPE) drag_.Cancel();
+        return true;
+    }
     if (OnHistoryKey(message)) return true;
     if (message.message != WM_KEYDOWN) return false;
     if (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd)) return false;

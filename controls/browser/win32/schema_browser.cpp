@@ -108,7 +108,7 @@ bool SchemaBrowser::OnCreate() {
         CreateWindowExW(WS_EX_CLIENTEDGE, WC_EDITW, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL,
                         0, 0, 0, 0, Handle(), reinterpret_cast<HMENU>(INT_PTR{kIdSearch}), module, nullptr);
     constexpr DWORD kTreeStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | TVS_HASBUTTONS |
-                                 TVS_LINESATROOT | TVS_SHOWSELALWAYS | TVS_DISABLEDRAGDROP;
+                                 TVS_LINESATROOT | TVS_SHOWSELALWAYS;
     tree_ = CreateWindowExW(0, WC_TREEVIEWW, L"", kTreeStyle, 0, 0, 0, 0, Handle(),
                             reinterpret_cast<HMENU>(INT_PTR{kIdTree}), module, nullptr);
     if (!search_ || !tree_) return false;

@@ -27,6 +27,11 @@ public:
     virtual void OnBrowserActivated(const BrowserItem& item) = 0;
     /// Another item is selected, or nullptr when none is.
     virtual void OnBrowserSelected(const BrowserItem* item) { (void)item; }
+    /// The left button began to drag a table, a view or a field. `caption` is what the tree shows of it.
+    virtual void OnBrowserDragBegun(const BrowserItem& item, std::wstring_view caption) {
+        (void)item;
+        (void)caption;
+    }
     /// Right click, Shift+F10 or the menu key on an item, which is selected by then. `screen` is where a menu
     /// belongs.
     virtual void OnBrowserContextMenu(const BrowserItem& item, POINT screen) {
@@ -62,6 +67,7 @@ private:
     void Layout();
     LRESULT OnNotify(NMHDR* header);
     bool Activate(HTREEITEM item);
+    void OnDragBegun(HTREEITEM item);
     void OnContextMenu(POINT screen);
     void OnSearchChanged();
     bool OnSearchKey(WPARAM key);

@@ -1,6 +1,7 @@
 // What the user does in the schema browser: messages of the browser and of its two children.
 #include <windowsx.h>
 
+#include "common/identifiers.h"
 #include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
 #include "controls/browser/win32/schema_browser.h"
@@ -69,6 +70,9 @@ LRESULT SchemaBrowser::OnNotify(NMHDR* header) {
             events_->OnBrowserSelected(&described);
             return 0;
         }
+        case TVN_BEGINDRAGW:
+            OnDragBegun(reinterpret_cast<const NMTREEVIEWW*>(header)->itemNew.hItem);
+            return 0;
         // An answer other than 0 keeps the tree from opening or closing the item as well.
         case NM_DBLCLK: {
             const HTREEITEM item = ItemUnderPointer();
@@ -93,6 +97,20 @@ bool SchemaBrowser::Activate(HTREEITEM item) {
     if (!IsPartOfSchema(described)) return false;
     if (events_) events_->OnBrowserActivated(described);
     return true;
+}
+
+void SchemaBrowser::OnDragBegun(HTREEITEM item) {
+    if (!item || !events_) return;
+    const BrowserItem described = Describe(item);
+    using Kind = BrowserItem::Kind;
+    if (described.kind != Kind::Table && described.kind != Kind::View && described.kind != Kind::Field)
+        return;
+    // The pointer carries what the tree shows as selected.
+    TreeView_SelectItem(tree_, item);
+    const std::wstring caption = described.kind == Kind::Field
+                                     ? Unbracketed(described.table) + L"." + Unbracketed(described.name)
+                                     : Unbracketed(described.name);
+    events_->OnBrowserDragBegun(described, caption);
 }
 
 HTREEITEM SchemaBrowser::ItemUnderPointer() const {

@@ -259,6 +259,15 @@ void SqlEditor::SetText(std::wstring_view text) {
     if (impl_->hwnd_) impl_->SetText(text);
 }
 
+void SqlEditor::InsertText(std::wstring_view text) {
+    if (!impl_->hwnd_) return;
+    const std::string bytes = ToEditorBytes(text);
+    impl_->editor_.Send(SCI_BEGINUNDOACTION);
+    impl_->editor_.Send(SCI_REPLACESEL, 0, reinterpret_cast<sptr_t>(bytes.c_str()));
+    impl_->editor_.Send(SCI_ENDUNDOACTION);
+    impl_->editor_.Send(SCI_SCROLLCARET);
+}
+
 void SqlEditor::Refresh() {
     if (!impl_->hwnd_) return;
     impl_->editor_.Send(SCI_STARTSTYLING, 0);

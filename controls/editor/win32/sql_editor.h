@@ -45,6 +45,8 @@ public:
     /// Replaces the whole text as one undoable step, with the caret at the start. The same text again changes
     /// nothing.
     void SetText(std::wstring_view text);
+    /// Writes a text at the caret, over what is selected, as one undoable step that is reported like typing.
+    void InsertText(std::wstring_view text);
     /// Colours and paints everything again.
     void Refresh();
 

@@ -111,6 +111,7 @@ void DesignGridView::OnPaint() {
     }
     PaintCaptions(dc, colours);
     PaintHeaderItem(dc, colours, layout.CornerArea(), -1);
+    PaintDropMark(dc);
 }
 
 void DesignGridView::PaintHeaderItem(HDC dc, const GridColours& colours, const GridRect& place, int column) {

@@ -67,6 +67,14 @@ public:
     /// Opens the list of the cell being edited.
     void ShowList() { editor_.ShowList(); }
 
+    /// The query column that would take what is dropped at that point of the screen; one beyond the last
+    /// behind it, -1 where nothing is taken.
+    int DropColumnAt(POINT screen) const;
+    /// Marks the column that would take what is dragged; -1 takes the mark away.
+    void ShowDropMark(int column);
+    /// Scrolls while something is dragged near the left or right end of the cells.
+    void ScrollUnderDrag(POINT screen);
+
     /// A cell's place in client pixels, as far as it shows; empty when it is scrolled out or its column is
     /// hidden.
     RECT CellRect(model::GridRow row, int column) const;
@@ -123,6 +131,7 @@ private:
     void PaintCaptions(HDC dc, const GridColours& colours);
     void PaintCell(HDC dc, const GridColours& colours, const GridRect& rect, model::GridRow row, int column);
     void PaintFocusedCell(HDC dc, const GridColours& colours);
+    void PaintDropMark(HDC dc) const;
     int Scaled(int dips) const;
 
     model::DesignGrid* grid_ = nullptr;
@@ -132,6 +141,7 @@ private:
     model::GridRow edited_row_ = model::GridRow::Campo;
     int edited_column_ = 0;
     bool committing_ = false;  ///< the presenter is being told; its message box takes the editor's focus
+    int drop_column_ = -1;
     int dpi_ = 96;
     int wheel_rest_ = 0;
     std::wstring accessible_name_;
