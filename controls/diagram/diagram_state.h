@@ -32,11 +32,20 @@ public:
     virtual void RelationActivated(int key) = 0;
     /// The pointer carries a field ("*" for all of them) outside the diagram. True when what is there takes
     /// it.
-    virtual bool CarriedOutside(std::wstring_view table, std::wstring_view field, Point client_px) = 0;
+    virtual bool CarriedOutside(std::wstring_view table, std::wstring_view field, Point client_px) {
+        (void)table;
+        (void)field;
+        (void)client_px;
+        return false;
+    }
     /// What was carried outside came back, was dropped or given up.
-    virtual void CarriedBack() = 0;
+    virtual void CarriedBack() {}
     /// It was dropped where something takes it.
-    virtual void DroppedOutside(std::wstring_view table, std::wstring_view field, Point client_px) = 0;
+    virtual void DroppedOutside(std::wstring_view table, std::wstring_view field, Point client_px) {
+        (void)table;
+        (void)field;
+        (void)client_px;
+    }
 };
 
 enum class Button { Left, Middle, Right };

@@ -1,5 +1,7 @@
 // Dragging tables and fields with the real mouse: from the schema browser onto the diagram, the grid and the
 // editor, and from the diagram onto the grid.
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
@@ -135,7 +137,8 @@ TEST_F(DragTest, ATableFromTheBrowserBecomesAllItsFieldsInTheGrid) {
 
 TEST_F(DragTest, AFieldFromTheDiagramIsInsertedBeforeAUsedColumn) {
     Drag([this] { return DiagramField(L"Clientes", L"IdCliente"); }, [this] { return GridPoint(0); });
-    script_.Until([this] { return Cell(GridRow::Campo, 0) == L"Clientes.IdCliente"; }, "the column is filled");
+    script_.Until([this] { return Cell(GridRow::Campo, 0) == L"Clientes.IdCliente"; },
+                  "the column is filled");
     script_.Do([this] { EXPECT_EQ(Cell(GridRow::Campo, 1), L"Clientes.Nombre"); });
     Close();
     EXPECT_FALSE(Run(kClientes));
@@ -146,7 +149,8 @@ TEST_F(DragTest, ATableFromTheDiagramBecomesAllItsFieldsAndIsNotMoved) {
     Drag(
         [this, &before] {
             before = window_.DiagramControl().TableRect(L"Clientes");
-            return ScreenPoint(Control(ui::kIdDiagram), {before.left, before.top, before.right, before.top + 20});
+            return ScreenPoint(Control(ui::kIdDiagram),
+                               {before.left, before.top, before.right, before.top + 20});
         },
         [this] { return GridPoint(1); });
     script_.Until([this] { return Cell(GridRow::Campo, 1) == L"Clientes.*"; }, "the column is filled");
@@ -173,7 +177,8 @@ TEST_F(DragTest, EscGivesUpADragAndLeavesTheWindowOpen) {
 }
 
 TEST_F(DragTest, DroppingElsewhereDoesNothing) {
-    Drag([this] { return BrowserField(L"Pedidos", L"Importe"); }, [this] { return MiddleOf(Control(ui::kIdCancel)); });
+    Drag([this] { return BrowserField(L"Pedidos", L"Importe"); },
+         [this] { return MiddleOf(Control(ui::kIdCancel)); });
     script_.Do([this] {
         EXPECT_TRUE(IsWindowVisible(window_.Handle()));
         EXPECT_FALSE(IsShown(L"Pedidos"));
@@ -196,15 +201,18 @@ TEST_F(DragTest, ADropIsOneStepToUndo) {
 TEST_F(DragTest, ANameDroppedOnTheEditorIsWrittenAtTheCaret) {
     script_.Do([this] { ClickTab(Tab::Sql); });
     script_.Until([this] { return GetFocus() == Control(ui::kIdEditor); }, "the editor has the focus");
-    Drag([this] { return ItemPoint(L"Detalle de pedidos"); }, [this] { return MiddleOf(Control(ui::kIdEditor)); });
-    script_.Until([this] { return EditorText().starts_with(L"[Detalle de pedidos]"); }, "the name is written");
+    Drag([this] { return ItemPoint(L"Detalle de pedidos"); },
+         [this] { return MiddleOf(Control(ui::kIdEditor)); });
+    script_.Until([this] { return EditorText().starts_with(L"[Detalle de pedidos]"); },
+                  "the name is written");
     script_.Do([this] { EXPECT_EQ(GetFocus(), Control(ui::kIdEditor)); });
     Close();
     EXPECT_FALSE(Run(kClientes));
 }
 
 TEST_F(DragTest, AFieldOfATableThatIsThereIsOnlySelectedByADropOnTheDiagram) {
-    Drag([this] { return BrowserField(L"Clientes", L"IdCliente"); }, [this] { return DiagramPoint(420, 120); });
+    Drag([this] { return BrowserField(L"Clientes", L"IdCliente"); },
+         [this] { return DiagramPoint(420, 120); });
     script_.Until([this] { return Diagram().SelectedTable() == L"Clientes"; }, "the table is selected");
     script_.Do([this] {
         EXPECT_EQ(Diagram().Tables().size(), 1u);

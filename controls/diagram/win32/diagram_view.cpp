@@ -311,8 +311,8 @@ LRESULT DiagramView::OnKeyDown(WPARAM wparam, LPARAM lparam) {
         {VK_ADD, diagram::Key::Plus},       {VK_OEM_PLUS, diagram::Key::Plus},
         {VK_SUBTRACT, diagram::Key::Minus}, {VK_OEM_MINUS, diagram::Key::Minus},
         {'0', diagram::Key::Zero},          {VK_NUMPAD0, diagram::Key::Zero},
-        {VK_TAB, diagram::Key::Tab},
-        {'9', diagram::Key::Nine},          {VK_NUMPAD9, diagram::Key::Nine},
+        {VK_TAB, diagram::Key::Tab},        {'9', diagram::Key::Nine},
+        {VK_NUMPAD9, diagram::Key::Nine},
     };
     if (OnCommandKey(wparam)) return 0;
     for (const KeyName& name : kKeys) {
