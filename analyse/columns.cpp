@@ -66,7 +66,7 @@ std::wstring ColumnBuilder::CellText(TextRange range) const {
 }
 
 std::wstring ColumnBuilder::FieldText(NodeId node) const {
-    const std::wstring text = CellText(node);
+    std::wstring text = CellText(node);
     if (!IsAggregate(text)) return text;
     if (FirstAggregate(statement_, node) == sql::kNoNode) return WithHiddenAggregates(text);
     // The aggregate test of the composition does not look behind a parenthesis.

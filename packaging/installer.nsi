@@ -36,6 +36,11 @@ BrandingText "${PRODUCT} ${VERSION}"
 
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_LICENSE "${TREE}/LICENSE.txt"
+!define MUI_PAGE_HEADER_TEXT "$(TextScopeTitle)"
+!define MUI_PAGE_HEADER_SUBTEXT "$(TextScopeSubtitle)"
+!define MULTIUSER_INSTALLMODEPAGE_TEXT_TOP "$(TextScopeTop)"
+!define MULTIUSER_INSTALLMODEPAGE_TEXT_ALLUSERS "$(TextScopeAllUsers)"
+!define MULTIUSER_INSTALLMODEPAGE_TEXT_CURRENTUSER "$(TextScopeCurrentUser)"
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES

@@ -16,3 +16,15 @@ LangString TextNeedsAdministrator ${LANG_ENGLISH} "$(^Name) was installed for al
 
 LangString TextDescription ${LANG_SPANISH} "Diseñador de consultas SQL"
 LangString TextDescription ${LANG_ENGLISH} "Visual SQL query designer"
+
+; The page of scopes, whose usual Spanish texts have faults.
+LangString TextScopeTitle ${LANG_SPANISH} "Elegir usuarios"
+LangString TextScopeTitle ${LANG_ENGLISH} "Choose users"
+LangString TextScopeSubtitle ${LANG_SPANISH} "Elija para quién se instala $(^NameDA)."
+LangString TextScopeSubtitle ${LANG_ENGLISH} "Choose for whom $(^NameDA) is installed."
+LangString TextScopeTop ${LANG_SPANISH} "$(^NameDA) puede instalarse para todos los usuarios de este equipo o solo para usted. Lo segundo no necesita derechos de administrador."
+LangString TextScopeTop ${LANG_ENGLISH} "$(^NameDA) can be installed for all users of this computer, or for you alone, which needs no administrator rights."
+LangString TextScopeAllUsers ${LANG_SPANISH} "Para todos los usuarios de este equipo"
+LangString TextScopeAllUsers ${LANG_ENGLISH} "For all users of this computer"
+LangString TextScopeCurrentUser ${LANG_SPANISH} "Solo para mí"
+LangString TextScopeCurrentUser ${LANG_ENGLISH} "For me alone"
