@@ -52,6 +52,10 @@ Canonical::Canonical(const StatementScope& scope) : scope_(scope), statement_(sc
     for (int table = 0; table < scope.TableCount(); ++table) {
         std::wstring mark;
         AppendIdentifier(scope.TableKey(table), L'{', L'}', mark);
+        const sql::TableRef& reference = statement_.Tables[static_cast<std::size_t>(table)];
+        if (scope.IsTableRepeated(table)) {
+            AppendIdentifier(IdentifierKey(statement_.Slice(reference.alias)), L'{', L'}', mark);
+        }
         table_marks_.push_back(std::move(mark));
     }
     sql::Lexer lexer(statement_.source);
@@ -70,7 +74,7 @@ std::wstring Canonical::Expression(NodeId id) const {
 }
 
 std::wstring Canonical::AllFields(int table) const {
-    return table_marks_[static_cast<std::size_t>(table)] + L"[*]";
+    return Table(table) + L"[*]";
 }
 
 std::wstring Canonical::Condition(NodeId id) const {

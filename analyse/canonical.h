@@ -20,6 +20,11 @@ public:
     explicit Canonical(const StatementScope& scope);
 
     [[nodiscard]] std::wstring Expression(sql::NodeId id) const;
+    /// How a table is written, by its index: by its own name, or by its alias too where the name does not
+    /// tell it from another.
+    [[nodiscard]] const std::wstring& Table(int table) const {
+        return table_marks_[static_cast<std::size_t>(table)];
+    }
     /// The form of "t.*" for a table by its index.
     [[nodiscard]] std::wstring AllFields(int table) const;
     /// As Expression, for a place where only the truth of the value counts: b and b <> False are the same.

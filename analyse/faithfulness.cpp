@@ -16,6 +16,8 @@ TextRange RangeOf(const std::vector<sql::Item>& items) {
 
 TextRange RangeOf(const sql::Statement& statement, Clause clause) {
     switch (clause) {
+        case Clause::Whole:
+            return {0, statement.source.size()};
         case Clause::Select:
             return RangeOf(statement.Columns);
         case Clause::Distinct:

@@ -18,7 +18,7 @@ public:
     /// Without the group's own conditions.
     std::wstring Text(const TableGroup& group) const {
         std::vector<std::wstring> parts;
-        for (const int table : group.tables) parts.push_back(scope_.TableKey(table));
+        for (const int table : group.tables) parts.push_back(canonical_.Table(table));
         for (const AddedRows& rows : group.added) parts.push_back(Text(rows));
         std::ranges::sort(parts);
         std::wstring text = L"{";
@@ -49,7 +49,7 @@ private:
         const std::set<int> visible = TablesBelow(join);
         if (static_cast<int>(visible.size()) == scope_.TableCount()) return text;
         std::set<std::wstring> keys;
-        for (const int table : visible) keys.insert(scope_.TableKey(table));
+        for (const int table : visible) keys.insert(canonical_.Table(table));
         text += L" among";
         for (const std::wstring& key : keys) text += L" " + key;
         return text;

@@ -6,6 +6,7 @@
 #include "analyse/group_conditions.h"
 #include "analyse/nodes.h"
 #include "common/identifiers.h"
+#include "sqlparser/token_text.h"
 
 namespace tessel::analyse {
 
@@ -148,6 +149,9 @@ int SelectItemOfSortKey(const StatementScope& scope, const Canonical& canonical,
 NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
     const Statement& statement = scope.Source();
     NormalForm form;
+    if (!statement.beyond.empty() || statement.top_range.length > 0) {
+        form.beyond = sql::CanonicalTokens(statement.source, {0, statement.source.size()});
+    }
     form.distinct = statement.Distinct;
     form.unqualified = scope.UnqualifiedNames();
     for (const Item& item : statement.Columns) {
@@ -189,6 +193,7 @@ NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
 
 std::optional<Clause> FirstDifference(const NormalForm& original, const NormalForm& composed,
                                       LeftOut left_out) {
+    if (original.beyond != composed.beyond) return Clause::Whole;
     if (original.distinct != composed.distinct) return Clause::Distinct;
     if (original.from != composed.from) return Clause::From;
     if (RowConditions(original, left_out) != RowConditions(composed, {})) return Clause::Where;

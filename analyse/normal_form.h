@@ -1,14 +1,33 @@
 // A statement in a form that leaves out everything by which two statements may differ and still give the same
 // rows, and the comparison of two such forms: the judge of whether a design shows a statement faithfully.
 //
-// What the form leaves out: the order of inner joins and of the conditions that hold together (also whether a
-// condition on inner-joined tables stands in ON or in WHERE), the nesting of outer joins as far as it adds
-// the same rows (table_groups.h), the names of table aliases, DISTINCT or DISTINCTROW, whether a condition on
-// the keys of GROUP BY stands in HAVING or in WHERE (group_conditions.h), ordinals and aliases in ORDER BY,
-// repeated sort keys and constants among them, and what canonical.h levels out inside expressions.
+// Differences that do not count, each with a test of its name in tests/analyse/differences_test.cpp:
 //
-// What the comparison forgives besides is named by the functions in normal_form.cpp: output names that the
-// design adds or that repeat the field's name, and grouping by a condition that WHERE demands.
+// - anywhere: white space, comments, letter case of words and names, brackets, a trailing ";", parentheses
+// that
+//   group nothing, a qualifier that could be left out, "!" for "." after a table, a table's alias for its
+//   name;
+// - select list: an alias that repeats the field's name, a title that the design adds, "*" for the tables'
+// "t.*"
+//   in their order; DISTINCT for DISTINCTROW;
+// - FROM (table_groups.h): the order of inner joins, commas for inner joins, RIGHT for LEFT with exchanged
+//   operands, an outer join before or after an inner one that it does not need, the nesting of outer joins
+//   whose conditions fail without the rows that the inner one adds; ON or WHERE for the conditions of inner
+//   joins;
+// - conditions (canonical.h): the order of AND and of OR, exchanged sides of a comparison, NOT before a
+// predicate,
+//   a predicate compared with True, b and b <> False, the same condition twice;
+// - GROUP BY and HAVING: the order of the keys, grouping also by a condition that WHERE demands, WHERE for a
+//   condition of HAVING on the keys (group_conditions.h);
+// - ORDER BY: a column's number or alias for its expression, a key once more, a constant column.
+//
+// Everything else counts. Among what a careless design would lose, with a test each: OR across columns and
+// under AND, a third alternative, composite and other conditions of outer joins, their kind and nesting,
+// filters on the rows they add, filter columns that would split groups, the one row of totals over nothing,
+// expressions that stand twice, aliases, self joins, DISTINCT inside an aggregate, NOT over a group and
+// before ANY and ALL, comparisons with Null, numbers taken for truth values, AND between numbers, letters of
+// literals, the order of unnamed parameters, of columns, of sort keys and of "*", and whatever a design has
+// no place for: UNION and its ALL, selects in FROM, TOP, LIMIT, INTO and the like.
 #pragma once
 
 #include <optional>
@@ -32,6 +51,8 @@ struct NormalForm {
         friend bool operator==(const SortKey&, const SortKey&) = default;
     };
 
+    /// The whole text of a statement that holds what a design has no place for: it is like no other.
+    std::wstring beyond;
     bool distinct = false;
     std::vector<SelectItem> select;
     std::wstring from;
@@ -45,10 +66,10 @@ struct NormalForm {
     std::set<std::wstring> unqualified;  ///< keys of the unqualified names that occur
 };
 
-/// The form of the statement, which must hold nothing that a design has no place for.
+/// The form of the statement.
 [[nodiscard]] NormalForm Normalise(const StatementScope& scope, const Canonical& canonical);
 
-enum class Clause { Select, Distinct, From, Where, GroupBy, Having, OrderBy };
+enum class Clause { Whole, Select, Distinct, From, Where, GroupBy, Having, OrderBy };
 
 /// Clauses that the user was told are not shown, and which therefore do not count.
 struct LeftOut {

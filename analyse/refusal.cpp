@@ -63,6 +63,8 @@ std::wstring_view BeyondName(sql::Beyond what) {
 
 std::wstring_view ClauseName(Clause clause) {
     switch (clause) {
+        case Clause::Whole:
+            return L"la instrucción";
         case Clause::Select:
             return L"la lista de selección";
         case Clause::Distinct:

@@ -34,9 +34,11 @@ NodeId QualifierOf(const Statement& statement, const Node& node) {
 
 StatementScope::StatementScope(const Statement& statement, const schema::Schema* schema)
     : statement_(statement), schema_(schema) {
+    Keys names;
     for (const TableRef& table : statement.Tables) {
         called_.emplace(CallingKey(statement, table), static_cast<int>(table_keys_.size()));
         table_keys_.push_back(IdentifierKey(statement.Slice(table.name)));
+        if (!names.insert(table_keys_.back()).second) repeated_.insert(table_keys_.back());
     }
     std::vector<const Keys*> hidden;
     CollectReferences(statement, hidden);

@@ -29,6 +29,8 @@ public:
     int TableCalled(const std::wstring& key) const;
     /// Key of the table's own name.
     const std::wstring& TableKey(int table) const { return table_keys_[static_cast<std::size_t>(table)]; }
+    /// True when FROM holds the same table once more.
+    bool IsTableRepeated(int table) const { return repeated_.contains(TableKey(table)); }
     int TableCount() const { return static_cast<int>(table_keys_.size()); }
 
     /// The table of an unqualified field: the only table, or the only one of which the schema says so; else
@@ -67,6 +69,7 @@ private:
     const sql::Statement& statement_;
     const schema::Schema* schema_;
     std::vector<std::wstring> table_keys_;
+    Keys repeated_;
     std::unordered_map<std::wstring, int> called_;
     std::unordered_map<sql::NodeId, int> settled_;
     std::vector<Reference> references_;
