@@ -27,36 +27,8 @@ std::wstring TypeText(const schema::Field& field) {
     return text;
 }
 
-const DiagramField* FindField(const DiagramTable& table, std::wstring_view name) {
-    const auto found = std::ranges::find_if(
-        table.fields, [&](const DiagramField& field) { return SameIdentifier(field.name, name); });
-    return found == table.fields.end() ? nullptr : &*found;
-}
-
-/// The field's name as the table shows it, or as it was given when the table does not know it.
-std::wstring ShownFieldName(const DiagramTable& table, std::wstring_view name) {
-    const DiagramField* field = FindField(table, name);
-    return field ? field->name : Trim(name);
-}
-
 bool Touches(const RelInfo& relation, std::wstring_view table) {
     return SameIdentifier(relation.LeftTable, table) || SameIdentifier(relation.RightTable, table);
-}
-
-bool ShareATable(const RelInfo& a, const RelInfo& b) {
-    return Touches(a, b.LeftTable) || Touches(a, b.RightTable);
-}
-
-bool JoinSameFields(const RelInfo& a, const RelInfo& b) {
-    const auto same = [](std::wstring_view table_a, std::wstring_view field_a, std::wstring_view table_b,
-                         std::wstring_view field_b) {
-        return SameIdentifier(table_a, table_b) &&
-               SameIdentifier(FieldOfRelation(field_a), FieldOfRelation(field_b));
-    };
-    return (same(a.LeftTable, a.LeftField, b.LeftTable, b.LeftField) &&
-            same(a.RightTable, a.RightField, b.RightTable, b.RightField)) ||
-           (same(a.LeftTable, a.LeftField, b.RightTable, b.RightField) &&
-            same(a.RightTable, a.RightField, b.LeftTable, b.LeftField));
 }
 
 }  // namespace
@@ -122,22 +94,6 @@ bool Diagram::AddTable(std::wstring_view name, bool from_analysis) {
     return true;
 }
 
-void Diagram::AddSchemaRelations(const std::wstring& name) {
-    if (!schema_) return;
-    for (const schema::ForeignKey* key : schema_->ForeignKeysOf(name)) {
-        if (key->fields.size() != 1 || key->referenced_fields.size() != 1) continue;
-        if (!FindTable(key->table) || !FindTable(key->referenced_table)) continue;
-        if (AreConnected(key->table, key->referenced_table)) continue;
-        RelInfo relation;
-        relation.LeftTable = key->referenced_table;
-        relation.LeftField = key->referenced_fields.front();
-        relation.RightTable = key->table;
-        relation.RightField = key->fields.front();
-        Append(relation);
-    }
-    ArrangeRelations();
-}
-
 bool Diagram::RemoveTable(std::wstring_view name) {
     if (!FindTable(name)) return false;
     std::erase_if(relations_, [&](const DiagramRelation& r) { return Touches(r.info, name); });
@@ -157,65 +113,6 @@ DiagramTable* Diagram::Find(std::wstring_view name) {
     return const_cast<DiagramTable*>(FindTable(name));
 }
 
-int Diagram::AddRelation(const RelInfo& relation) {
-    const int key = Append(relation);
-    if (key != 0) NotifyChanged();
-    return key;
-}
-
-int Diagram::Append(const RelInfo& relation) {
-    const DiagramTable* left = FindTable(relation.LeftTable);
-    const DiagramTable* right = FindTable(relation.RightTable);
-    if (!left || !right || left == right) return 0;
-    RelInfo shown = relation;
-    shown.LeftTable = left->name;
-    shown.LeftField = ShownFieldName(*left, relation.LeftField);
-    shown.RightTable = right->name;
-    shown.RightField = ShownFieldName(*right, relation.RightField);
-    shown.Used = false;
-    for (const DiagramRelation& existing : relations_) {
-        if (JoinSameFields(existing.info, shown)) return existing.key;
-    }
-    relations_.push_back({next_key_, std::move(shown)});
-    return next_key_++;
-}
-
-bool Diagram::AreConnected(std::wstring_view a, std::wstring_view b) const {
-    std::vector<std::wstring> reached = {IdentifierKey(a)};
-    const auto is_reached = [&](std::wstring_view table) {
-        return std::ranges::find(reached, IdentifierKey(table)) != reached.end();
-    };
-    for (bool grown = true; grown && !is_reached(b);) {
-        grown = false;
-        for (const DiagramRelation& relation : relations_) {
-            const bool left = is_reached(relation.info.LeftTable);
-            if (left == is_reached(relation.info.RightTable)) continue;
-            reached.push_back(IdentifierKey(left ? relation.info.RightTable : relation.info.LeftTable));
-            grown = true;
-        }
-    }
-    return is_reached(b);
-}
-
-void Diagram::ArrangeRelations() {
-    std::vector<DiagramRelation> waiting = std::exchange(relations_, {});
-    while (!waiting.empty()) {
-        const std::size_t group = relations_.size();
-        auto next = waiting.begin();
-        // The first of a group is whichever comes first; after it, the first waiting one that touches the
-        // group.
-        while (next != waiting.end()) {
-            relations_.push_back(std::move(*next));
-            waiting.erase(next);
-            next = std::ranges::find_if(waiting, [&](const DiagramRelation& candidate) {
-                return std::any_of(
-                    relations_.begin() + static_cast<std::ptrdiff_t>(group), relations_.end(),
-                    [&](const DiagramRelation& placed) { return ShareATable(placed.info, candidate.info); });
-            });
-        }
-    }
-}
-
 bool Diagram::RemoveRelation(int key) {
     if (std::erase_if(relations_, [&](const DiagramRelation& r) { return r.key == key; }) == 0) return false;
     DropLostSelection();
@@ -226,15 +123,6 @@ bool Diagram::RemoveRelation(int key) {
 const DiagramRelation* Diagram::FindRelation(int key) const {
     const auto found = std::ranges::find(relations_, key, &DiagramRelation::key);
     return found == relations_.end() ? nullptr : &*found;
-}
-
-bool Diagram::SetRelationKind(int key, JoinKind kind) {
-    const auto found = std::ranges::find(relations_, key, &DiagramRelation::key);
-    if (found == relations_.end()) return false;
-    if (found->info.JType == kind) return true;
-    found->info.JType = kind;
-    NotifyChanged();
-    return true;
 }
 
 bool Diagram::SetChecked(std::wstring_view table, std::wstring_view field, bool checked) {

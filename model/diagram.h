@@ -7,6 +7,7 @@
 // them, or as they were given when the schema does not know them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,20 @@ struct DiagramRelation {
     friend bool operator==(const DiagramRelation&, const DiagramRelation&) = default;
 };
 
+/// What became of a relation that the user wants.
+enum class RelationOutcome {
+    Done,
+    NoTables,      ///< a table is missing, or both are the same
+    AlreadyThere,  ///< the same two fields are related
+    ClosesRing,    ///< the tables are connected: a composed chain would name one of them twice
+    LosesRows,     ///< no chain gives the rows that the arrows show (relation_order.h)
+};
+
+struct RelationResult {
+    RelationOutcome outcome = RelationOutcome::NoTables;
+    int key = 0;  ///< of the relation that is there now
+};
+
 /// Kinds of element under the pointer or selected; 2 is a relation.
 enum class DiagramElement : int { None = 0, Table = 1, Relation = 2 };
 
@@ -76,9 +91,10 @@ public:
 
     /// Adds a table by name; a table that is there already is left alone. With `from_analysis` no relation is
     /// taken from the schema's foreign keys; otherwise the table is related to the tables already there by
-    /// the single-column foreign keys between two different tables, as inner joins with the referenced table
-    /// on the left. A key that would close a ring of relations is left out: a composed chain has no place for
-    /// it. True when the table is new; false for a blank name.
+    /// the single-column foreign keys between two different tables, with the referenced table on the left. As
+    /// an inner join, unless that would take rows away that an outer join keeps; then the rows that are there
+    /// stay. A key that would close a ring of relations is left out: a composed chain has no place for it.
+    /// True when the table is new; false for a blank name.
     bool AddTable(std::wstring_view name, bool from_analysis);
     /// Removes a table with its relations. False when there is none of that name.
     bool RemoveTable(std::wstring_view name);
@@ -88,14 +104,13 @@ public:
     /// fields in either direction is not added twice (the existing key is returned). 0 when a table is
     /// missing or both are the same table. Names are kept as the diagram shows them.
     int AddRelation(const RelInfo& relation);
-    /// Brings the relations of each connected group into an order in which each one but the first touches an
-    /// earlier one; an order that is so already stays. Composition walks the relations once for a chain, so a
-    /// group in another order would name a table twice. For relations that the user draws or that come from
-    /// keys; those of an analysed statement have their order from it.
-    void ArrangeRelations();
+    /// Adds a relation as the user wants it, and brings its group into an order that composes to what is
+    /// shown.
+    RelationResult Relate(const RelInfo& relation);
+    /// Changes the kind likewise. NoTables when there is no relation of that key.
+    RelationOutcome SetRelationKind(int key, JoinKind kind);
     bool RemoveRelation(int key);
     const DiagramRelation* FindRelation(int key) const;
-    bool SetRelationKind(int key, JoinKind kind);
 
     /// Sets a field's mark. False when the table or the field is not there.
     bool SetChecked(std::wstring_view table, std::wstring_view field, bool checked);
@@ -130,8 +145,8 @@ private:
     DiagramTable* Find(std::wstring_view name);
     void ReadFields(DiagramTable& table) const;
     void AddSchemaRelations(const std::wstring& name);
-    bool AreConnected(std::wstring_view a, std::wstring_view b) const;
-    int Append(const RelInfo& relation);
+    std::optional<RelInfo> AsShown(const RelInfo& relation) const;
+    int KeyOfSameFields(const RelInfo& relation) const;
     void DropLostSelection();
 
     const schema::Schema* schema_ = nullptr;

@@ -1,5 +1,5 @@
-// What dlgAddTable lists: the tables and views of a schema, or the tables related to one of them. Text lines whose
-// first field, up to the first tab, is the table's name; the rest is for the user.
+// What dlgAddTable lists: the tables and views of a schema, or the tables related to one of them. Text lines
+// whose first field, up to the first tab, is the table's name; the rest is for the user.
 #pragma once
 
 #include <string>
@@ -18,12 +18,13 @@ inline constexpr std::wstring_view kAllTablesEntry = L"< Mostrar todas las tabla
 /// The entry of that text, or the first one when there is none.
 [[nodiscard]] std::size_t EntryOf(const std::vector<std::wstring>& entries, std::wstring_view table_name);
 
-/// List1 for an entry. For everything: each table and view with a tab. For a table: one line a relation, the related
-/// table, a tab, and the fields that join them: the referenced side, "<--", the referring side.
+/// List1 for an entry. For everything: each table and view with a tab. For a table: one line a relation, the
+/// related table, a tab, and the fields that join them: the referenced side, "<--", the referring side.
 [[nodiscard]] std::vector<std::wstring> AddTableLines(const schema::Schema& schema, std::wstring_view entry);
 
 /// The lines whose table's name holds the text, without regard to case; all of them for a blank text.
-[[nodiscard]] std::vector<std::wstring> LinesHolding(const std::vector<std::wstring>& lines, std::wstring_view text);
+[[nodiscard]] std::vector<std::wstring> LinesHolding(const std::vector<std::wstring>& lines,
+                                                     std::wstring_view text);
 
 /// The table named by a line.
 [[nodiscard]] std::wstring TableOfLine(std::wstring_view line);

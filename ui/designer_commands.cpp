@@ -1,7 +1,9 @@
 // The commands of the context menus: DesignerPresenter's part that changes the diagram's tables and
 // relations. None of them composes the statement: that happens when the text is needed.
+#include "model/grid_editing.h"
 #include "ui/designer_gesture.h"
 #include "ui/designer_presenter.h"
+#include "ui/relation_messages.h"
 
 namespace tessel::ui {
 
@@ -74,7 +76,44 @@ void DesignerPresenter::RelationActivated(int key) {
     const auto kind = view_.AskRelationKind(info);
     if (!kind) return;
     const Gesture gesture(*this);
-    design_.diagram.SetRelationKind(key, *kind);
+    if (design_.diagram.SetRelationKind(key, *kind) == model::RelationOutcome::LosesRows)
+        view_.ShowMessage(texts::kRelationLosesRows);
+}
+
+void DesignerPresenter::RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
+                                      std::wstring_view right_table, std::wstring_view right_field) {
+    const Gesture gesture(*this);
+    model::RelInfo relation;
+    relation.LeftTable = left_table;
+    relation.LeftField = left_field;
+    relation.RightTable = right_table;
+    relation.RightField = right_field;
+    const model::RelationResult result = design_.diagram.Relate(relation);
+    if (result.key != 0) design_.diagram.SelectRelation(result.key);
+    switch (result.outcome) {
+        case model::RelationOutcome::AlreadyThere:
+            return view_.ShowMessage(texts::kRelationAlreadyThere);
+        case model::RelationOutcome::ClosesRing:
+            return view_.ShowMessage(texts::kRelationClosesRing);
+        case model::RelationOutcome::LosesRows:
+            return view_.ShowMessage(texts::kRelationLosesRows);
+        case model::RelationOutcome::NoTables:
+        case model::RelationOutcome::Done:
+            return;
+    }
+}
+
+// A table that is there already is only shown: a second copy would need a name of its own, which the
+// statement's columns do not have.
+void DesignerPresenter::TableChosen(std::wstring_view name) {
+    if (!IsDesignInForce()) return;
+    const Gesture gesture(*this);
+    if (design_.diagram.AddTable(name, false)) {
+        // Columns that were typed before their table came get their ticks.
+        model::SyncDiagramChecks(design_);
+        RefillFieldLists();
+    }
+    design_.diagram.SelectTable(name);
 }
 
 void DesignerPresenter::RemoveRelation(int key) {

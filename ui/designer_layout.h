@@ -1,5 +1,5 @@
-// The designer window's layout rules as arithmetic, in twips (1/1440 inch), so that they can be tested without a
-// window. The window converts to pixels at its own dpi.
+// The designer window's layout rules as arithmetic, in twips (1/1440 inch), so that they can be tested
+// without a window. The window converts to pixels at its own dpi.
 #pragma once
 
 #include <optional>
@@ -32,8 +32,8 @@ inline constexpr int kGridTop = 300;
 inline constexpr int kGridNarrower = 90;
 inline constexpr int kGridLower = 390;
 
-/// The form's resize: the splitter fills what picTop and picBottom leave. Nothing when the height would be negative
-/// (a minimised window changes nothing).
+/// The form's resize: the splitter fills what picTop and picBottom leave. Nothing when the height would be
+/// negative (a minimised window changes nothing).
 [[nodiscard]] std::optional<TwipsBox> SplitterBox(int inner_width, int inner_height, int top_height,
                                                   int bottom_height);
 

@@ -232,26 +232,6 @@ void DesignerPresenter::DiagramFieldChecked(std::wstring_view table, std::wstrin
     model::FieldChecked(design_, table, field, checked);
 }
 
-void DesignerPresenter::RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
-                                      std::wstring_view right_table, std::wstring_view right_field) {
-    const Gesture gesture(*this);
-    model::RelInfo relation;
-    relation.LeftTable = left_table;
-    relation.LeftField = left_field;
-    relation.RightTable = right_table;
-    relation.RightField = right_field;
-    if (design_.diagram.AddRelation(relation) == 0) return;
-    // A line between two groups of joined tables makes them one chain, whose relations must follow one
-    // another.
-    design_.diagram.ArrangeRelations();
-}
-
-void DesignerPresenter::TableChosen(std::wstring_view name) {
-    const Gesture gesture(*this);
-    design_.diagram.AddTable(name, false);
-    RefillFieldLists();
-}
-
 void DesignerPresenter::DistinctClicked(bool checked) {
     const Gesture gesture(*this);
     design_.distinct = checked;

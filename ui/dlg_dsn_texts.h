@@ -20,7 +20,8 @@ inline constexpr wchar_t kCancel[] = L"&Cancelar";
 inline constexpr wchar_t kHelp[] = L"Ay&uda";
 
 inline constexpr wchar_t kReason[] =
-    L"No se puede mostrar más información visual de la consulta porque es demasiado compleja, usa una sintaxis no "
+    L"No se puede mostrar más información visual de la consulta porque es demasiado compleja, usa una "
+    L"sintaxis no "
     L"conocida o contiene un error.\r\n\r\n"
     L"Realice los cambios manualmente en el código SQL o bórrelo para habilitar el modo de diseño.";
 

@@ -102,16 +102,6 @@ TEST_F(DiagramTest, ATableThatJoinsTwoGroupsBringsTheirRelationsIntoOneWalk) {
                                       L"Categorías.IdCategoría = Productos.IdCategoría 0"}));
 }
 
-TEST_F(DiagramTest, ArrangingLeavesAWalkableOrderAlone) {
-    for (const wchar_t* table : {L"A", L"B", L"C", L"D", L"E"}) diagram.AddTable(table, true);
-    diagram.AddRelation({L"A", L"x", L"B", L"x"});
-    diagram.AddRelation({L"C", L"x", L"B", L"x", kLeftJoin});
-    diagram.AddRelation({L"D", L"x", L"E", L"x"});
-    const Texts before = RelationTexts();
-    diagram.ArrangeRelations();
-    EXPECT_EQ(RelationTexts(), before);
-}
-
 TEST_F(DiagramTest, RelationsUseTheNamesShown) {
     diagram.AddTable(L"Clientes", true);
     diagram.AddTable(L"Pedidos", true);

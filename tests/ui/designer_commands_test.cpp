@@ -1,9 +1,12 @@
 // The context menus and their commands.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/model/sample_schema.h"
 #include "tests/ui/fakes.h"
 #include "ui/designer_presenter.h"
+#include "ui/relation_messages.h"
 #include "ui/relation_texts.h"
 
 namespace tessel::ui {
@@ -164,6 +167,83 @@ TEST_F(DiagramCommands, PropertiesClosedWithoutAcceptingChangeNothing) {
     const int key = Diagram().Relations()[0].key;
     presenter_.RelationActivated(key);
     EXPECT_EQ(Diagram().FindRelation(key)->info.JType, model::kInnerJoin);
+}
+
+TEST_F(DiagramCommands, AKindThatWouldLoseKeptRowsIsRefusedWithAMessage) {
+    for (const wchar_t* table : {L"A", L"B", L"C"}) presenter_.TableChosen(table);
+    presenter_.RelationDrawn(L"A", L"x", L"B", L"x");
+    presenter_.RelationDrawn(L"C", L"y", L"B", L"y");
+    window_.chosen_kind = model::kLeftJoin;
+    presenter_.RelationActivated(Diagram().Relations()[0].key);
+    EXPECT_TRUE(window_.messages.empty());
+    const auto before = Diagram().Save();
+    for (const model::DiagramRelation& relation : before.relations)
+        if (relation.info.JType == model::kInnerJoin) {
+            window_.chosen_kind = relation.info.LeftTable == L"C" ? model::kLeftJoin : model::kRightJoin;
+            presenter_.RelationActivated(relation.key);
+        }
+    EXPECT_EQ(window_.messages, Texts({texts::kRelationLosesRows}));
+    EXPECT_EQ(Diagram().Save(), before);
+}
+
+TEST_F(DiagramCommands, AnOuterJoinDrawnTowardsAJoinedTableIsComposedAsItsArrowSays) {
+    for (const wchar_t* table : {L"A", L"B", L"C"}) presenter_.TableChosen(table);
+    presenter_.RelationDrawn(L"B", L"x", L"C", L"x");
+    presenter_.RelationDrawn(L"A", L"y", L"B", L"y");
+    window_.chosen_kind = model::kLeftJoin;  // every row of A
+    presenter_.RelationActivated(Diagram().Relations()[1].key);
+    presenter_.GridCellCommitted(model::GridRow::Campo, 0, L"A.z");
+    EXPECT_EQ(presenter_.BuildSQL(),
+              L"SELECT A.z AS z \r\nFROM ((B INNER JOIN C ON B.x = C.x)  RIGHT JOIN A ON B.y = A.y) ;");
+}
+
+TEST_F(DiagramCommands, ARelationThatIsThereIsSelectedAndSaidSo) {
+    presenter_.TableChosen(L"Clientes");
+    presenter_.TableChosen(L"Pedidos");
+    Diagram().SelectNothing();
+    presenter_.RelationDrawn(L"Pedidos", L"IdCliente", L"Clientes", L"IdCliente");
+    EXPECT_EQ(window_.messages, Texts({texts::kRelationAlreadyThere}));
+    EXPECT_EQ(Diagram().SelectedRelation(), Diagram().Relations()[0].key);
+    EXPECT_EQ(Diagram().Relations().size(), 1u);
+}
+
+TEST_F(DiagramCommands, ARelationThatWouldCloseARingIsRefusedWithAMessage) {
+    presenter_.TableChosen(L"Clientes");
+    presenter_.TableChosen(L"Pedidos");
+    presenter_.RelationDrawn(L"Pedidos", L"nombre", L"Clientes", L"nombre");
+    EXPECT_EQ(window_.messages, Texts({texts::kRelationClosesRing}));
+    EXPECT_EQ(Diagram().Relations().size(), 1u);
+}
+
+TEST_F(DiagramCommands, ADrawnRelationIsSelected) {
+    presenter_.TableChosen(L"Clientes");
+    presenter_.TableChosen(L"Empleados");
+    presenter_.RelationDrawn(L"Clientes", L"nombre", L"Empleados", L"nombre");
+    EXPECT_EQ(Diagram().SelectedRelation(), Diagram().Relations()[0].key);
+    EXPECT_TRUE(window_.messages.empty());
+}
+
+TEST_F(DiagramCommands, AddingATableTwiceShowsTheOneThatIsThere) {
+    presenter_.TableChosen(L"Clientes");
+    presenter_.TableChosen(L"Pedidos");
+    const auto before = Diagram().Save();
+    presenter_.TableChosen(L"[clientes]");
+    EXPECT_EQ(Diagram().Save(), before);
+    EXPECT_EQ(Diagram().SelectedTable(), L"Clientes");
+    EXPECT_TRUE(window_.messages.empty());
+}
+
+TEST_F(DiagramCommands, AddingATableTicksTheFieldsThatTheGridHolds) {
+    presenter_.GridCellCommitted(model::GridRow::Campo, 0, L"Pedidos.Importe");
+    presenter_.TableChosen(L"Pedidos");
+    const auto& fields = Diagram().FindTable(L"Pedidos")->fields;
+    EXPECT_TRUE(std::ranges::find(fields, L"Importe", &model::DiagramField::name)->checked);
+}
+
+TEST_F(DiagramCommands, NoTableIsAddedToADiagramThatIsNotShown) {
+    presenter_.TabClicked(Tab::Sql);
+    presenter_.TableChosen(L"Pedidos");
+    EXPECT_TRUE(Diagram().Tables().empty());
 }
 
 TEST_F(DiagramCommands, DelRemovesWhatIsSelected) {
