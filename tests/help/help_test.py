@@ -165,6 +165,7 @@ MESSAGES = {
     "analyse/refusal.h": "mensajes_diseno.html",
     "analyse/refusal.cpp": "mensajes_diseno.html",
     "analyse/analyse_sql.h": "mensajes_programa.html",
+    "ui/relation_messages.h": "mensajes_programa.html",
     "ui/designer_presenter.cpp": "mensajes_programa.html",
     "ui/win32/show_help.h": "mensajes_programa.html",
 }
