@@ -4,6 +4,7 @@
 
 #include <commctrl.h>
 
+#include "common/win32/dpi.h"
 #include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
 
 namespace tessel::testing {
@@ -218,6 +219,37 @@ TEST_F(DragTest, AFieldOfATableThatIsThereIsOnlySelectedByADropOnTheDiagram) {
         EXPECT_EQ(Diagram().Tables().size(), 1u);
         EXPECT_EQ(Cell(GridRow::Campo, 1), L"");
     });
+    Close();
+    EXPECT_FALSE(Run(kClientes));
+}
+
+// Pictures of a drag on its way, for a person's eyes, when a folder for them is given.
+TEST_F(DragTest, PicturesOfADragOnItsWay) {
+    wchar_t folder[MAX_PATH];
+    if (!GetEnvironmentVariableW(L"TESSEL_PICTURES", folder, MAX_PATH))
+        GTEST_SKIP() << "TESSEL_PICTURES is not set";
+    const std::wstring name = std::wstring(folder) + L"\\drag" + std::to_wstring(win32::DpiOf(nullptr));
+    const auto save = [this](const std::wstring& file) {
+        RedrawWindow(window_.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        EXPECT_TRUE(SavePicture(window_.Handle(), file));
+    };
+    Drag([this] { return ItemPoint(L"Pedidos"); }, [this] { return DiagramPoint(380, 40); });
+    script_.Until([this] { return IsShown(L"Pedidos"); }, "the table is there");
+    Drag([this] { return ItemPoint(L"Detalle"); }, [this] { return DiagramPoint(380, 60); });
+    script_.Until([this] { return IsShown(L"[Detalle de pedidos]"); }, "the table is there");
+    script_.Do([=] { save(name + L"_dropped.bmp"); });
+    Carry([this] { return BrowserField(L"Pedidos", L"Importe"); }, [this] { return GridPoint(0); });
+    script_.Do([=] { save(name + L"_used.bmp"); });
+    script_.Do([this] { MouseMove(GridPoint(1)); });
+    script_.Do([=, this] {
+        save(name + L"_unused.bmp");
+        HWND label = FindWindowW(L"TesselDragWindow", nullptr);
+        EXPECT_TRUE(IsWindowVisible(label));
+        EXPECT_TRUE(SavePicture(label, name + L"_label.bmp"));
+        SendButton(MOUSEEVENTF_LEFTUP);
+    });
+    script_.Until([this] { return !Cell(GridRow::Campo, 1).empty(); }, "the column is filled");
+    script_.Do([=] { save(name + L"_filled.bmp"); });
     Close();
     EXPECT_FALSE(Run(kClientes));
 }
