@@ -1,0 +1,173 @@
+#!/usr/bin/env python3
+"""The documents: links and paths lead somewhere, the grammar is the parser's, the blocks do what they show, and the
+messages and limits are the program's.
+
+usage: docs_test.py [TESTCASE...]       (Python's unittest; TESSELSQL names the program, TESSEL_SEED a seed)
+"""
+
+import json
+import os
+import pathlib
+import random
+import re
+import subprocess
+import tempfile
+import unittest
+
+import ebnf
+from documents import ROOT, all_documents, document
+
+TESSELSQL = os.environ.get("TESSELSQL", str(ROOT / "build" / "native" / "bin" / "tesselsql"))
+SENTENCES = 3000
+ROOM = 60  # rules in a sentence, about
+
+
+def source(name):
+    return (ROOT / name).read_text(encoding="utf-8")
+
+
+def run(arguments, text=""):
+    return subprocess.run([TESSELSQL, *arguments], input=text.encode(), capture_output=True, timeout=120)
+
+
+def blocks_of(name, language):
+    return [block for block in document(name).blocks if block.language == language]
+
+
+class Links(unittest.TestCase):
+    def test_links_and_anchors_lead_somewhere(self):
+        documents = {each.path: each for each in all_documents()}
+        for each in documents.values():
+            for target in each.links():
+                if re.match(r"[a-z]+:", target):
+                    continue
+                name, _, anchor = target.partition("#")
+                path = (each.path.parent / name).resolve() if name else each.path
+                self.assertTrue(path.exists(), f"{each.name}: {target}")
+                if anchor:
+                    self.assertIn(anchor, documents[path].anchors, f"{each.name}: {target}")
+
+    def test_every_document_is_reached_from_the_readme(self):
+        documents = {each.path: each for each in all_documents()}
+        open_, seen = [ROOT / "README.md"], set()
+        while open_:
+            path = open_.pop()
+            if path in seen or path not in documents:
+                continue
+            seen.add(path)
+            open_ += [(path.parent / t.partition("#")[0]).resolve() for t in documents[path].links() if "#" != t[0]]
+        for path in (ROOT / "docs").glob("*.md"):
+            self.assertIn(path, seen, f"{path.name} is linked from nowhere")
+
+    def test_paths_that_are_mentioned_exist(self):
+        for each in all_documents():
+            for span in each.spans():
+                path = re.fullmatch(r"([a-z_.]+)/[\w./*-]*", span)
+                if not path or not (ROOT / path.group(1)).is_dir() or path.group(1) == "build":
+                    continue
+                self.assertTrue(list(ROOT.glob(span.rstrip("/"))), f"{each.name}: {span}")
+
+
+class Blocks(unittest.TestCase):
+    """A block of "sh": lines after "$ " are run, lines after "> " continue them, the others are what they print."""
+
+    def test_every_command_prints_what_it_shows(self):
+        tried = 0
+        for each in all_documents():
+            with tempfile.TemporaryDirectory() as folder:
+                for block in each.blocks:
+                    if block.language == "sh":
+                        tried += self.check_commands(each.name, block, folder)
+        self.assertGreater(tried, 30)
+
+    def check_commands(self, name, block, folder):
+        environment = dict(os.environ, PATH=f"{pathlib.Path(TESSELSQL).parent}:{os.environ['PATH']}", LC_ALL="C.UTF-8")
+        commands = []
+        for line in block.text.split("\n")[:-1]:
+            if line.startswith("$ "):
+                commands.append([line[2:], ""])
+            elif line.startswith("> ") and not commands[-1][1]:
+                commands[-1][0] += "\n" + line[2:]
+            else:
+                self.assertTrue(commands, f"{name}, line {block.line}: an answer without a command")
+                commands[-1][1] += line + "\n"
+        for command, expected in commands:
+            done = subprocess.run(["bash", "-c", command], cwd=folder, env=environment, timeout=120,
+                                  stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL)
+            # A text without a line end of its own is shown as a line.
+            printed = done.stdout.decode().replace("\r\n", "\n")
+            if printed and not printed.endswith("\n"):
+                printed += "\n"
+            self.assertEqual(printed, expected, f"{name}, line {block.line}: {command}")
+        return len(commands)
+
+    def test_only_known_languages_are_used(self):
+        known = {"sh", "ebnf", "words", "vbs", "js", "output", "vb", "csharp", "cpp", "python", "pascal", "text", "sql",
+                 "json", "cmake", "xml", "ini"}
+        for each in all_documents():
+            for block in each.blocks:
+                self.assertIn(block.language, known, f"{each.name}, line {block.line}")
+
+    def test_json_is_well_formed(self):
+        for each in all_documents():
+            for block in each.blocks:
+                if block.language == "json":
+                    json.loads(block.text)
+
+
+class Dialect(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.grammar = ebnf.Grammar("\n".join(block.text for block in blocks_of("docs/dialect.md", "ebnf")))
+        cls.tokens = {}
+        for line in document("docs/dialect.md").prose:
+            row = re.match(r"\| ([A-Z_]+) \| (.+?) \|", line)
+            if row:
+                spans = re.findall(r"`` (.+?) ``|`(.+?)`", row.group(2))
+                # A back quote at the edge of a span needs blanks that are not part of it.
+                cls.tokens[row.group(1)] = [("`nombre`" if a.strip("`") == "nombre" else a) or b for a, b in spans]
+
+    def test_every_name_is_a_rule_or_a_token(self):
+        used = self.grammar.names()
+        self.assertEqual(used - set(self.grammar.rules) - set(self.tokens), set())
+        self.assertEqual(set(self.grammar.rules) - used, {"statement"}, "rules that nothing uses")
+        self.assertEqual(set(self.tokens) - used, set(), "tokens that nothing uses")
+        for token, examples in self.tokens.items():
+            self.assertTrue(examples, token)
+
+    def test_the_parser_accepts_random_sentences(self):
+        seed = int(os.environ.get("TESSEL_SEED", "20240305"))
+        source_of_chance = random.Random(seed)
+        sentences = [" ".join(self.grammar.sentence("statement", self.tokens, source_of_chance, ROOM))
+                     for _ in range(SENTENCES)]
+        refused = self.refused(sentences)
+        shortest = min(refused, key=lambda each: len(each[0]), default=None)
+        self.assertEqual(len(refused), 0, f"seed {seed}: {len(refused)} refused, the shortest {shortest}")
+        # Long and short ones, and not one shape only.
+        self.assertGreater(len(set(sentences)), SENTENCES * 9 // 10)
+
+    def refused(self, sentences):
+        done = run(["design", "--batch"], "\n---\n".join(sentences) + "\n")
+        self.assertIn(done.returncode, (0, 1), done.stderr.decode())
+        answers = [json.loads(line) for line in done.stdout.decode().splitlines()]
+        self.assertEqual(len(answers), len(sentences))
+        return [(sentence, answer) for sentence, answer in zip(sentences, answers) if not answer["parsed"]]
+
+    def test_broken_sentences_are_refused(self):
+        sentences = ["SELECT FROM t", "SELECT a FROM", "SELECT a b c FROM t", "SELECT a FROM t WHERE", "DELETE FROM t",
+                     "SELECT a FROM t GROUP a", "SELECT a FROM t WHERE a IN b"]
+        self.assertEqual(len(self.refused(sentences)), len(sentences))
+
+    def test_the_words_are_the_lexers(self):
+        words = {block.words[0]: block.text.split() for block in blocks_of("docs/dialect.md", "words")}
+        texts = dict((b, a) for a, b in re.findall(r'\{L"([A-Z_]+)", Keyword::(\w+)\}', source("sqlparser/keywords.cpp")))
+        body = re.search(r"enum class Keyword[^{]*\{(.*?)\};", source("sqlparser/keywords.h"), re.S).group(1)
+        names = re.findall(r"^    (\w+)", re.sub(r"//.*", "", body), re.M)
+        reserved = names[1:names.index("LastReserved")]
+        known = names[names.index("LastReserved") + 1:]
+        self.assertEqual(words["reserved"], [texts[name] for name in reserved])
+        self.assertEqual(words["known"], [texts[name] for name in known])
+
+
+if __name__ == "__main__":
+    unittest.main()
