@@ -63,7 +63,7 @@ class Document:
 
 def all_documents():
     """Every document of the repository."""
-    skipped = {"build", ".git"}
+    skipped = {"build", ".git", ".github"}
     return [Document(path) for path in sorted(ROOT.rglob("*.md"))
             if not skipped & set(path.relative_to(ROOT).parts[:-1])]
 
