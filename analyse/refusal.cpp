@@ -27,6 +27,8 @@ std::wstring_view BeyondName(sql::Beyond what) {
             return L"la cláusula FETCH";
         case Parameters:
             return L"la declaración PARAMETERS";
+        case Procedure:
+            return L"la declaración PROCEDURE";
         case InDatabase:
             return L"tablas de otra base de datos (IN)";
         case FullJoin:

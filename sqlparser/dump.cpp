@@ -14,11 +14,11 @@ constexpr std::wstring_view kCompareNames[] = {L"=", L"<>", L"<", L"<=", L">", L
 constexpr std::wstring_view kLogicalNames[] = {L"and", L"or", L"xor", L"eqv", L"imp"};
 constexpr std::wstring_view kQuantifierNames[] = {L"any", L"some", L"all"};
 constexpr std::wstring_view kBeyondNames[] = {
-    L"Union",      L"Intersect", L"Except",          L"With",          L"DerivedTable",
-    L"Into",       L"Limit",     L"Offset",          L"Fetch",         L"Parameters",
-    L"InDatabase", L"FullJoin",  L"CrossJoin",       L"NaturalJoin",   L"JoinUsing",
-    L"OnMissing",  L"Window",    L"ForUpdate",       L"Values",        L"TableStatement",
-    L"Crosstab",   L"Hint",      L"WithOwnerAccess", L"TableFunction", L"Other"};
+    L"Union",         L"Intersect", L"Except",         L"With",       L"DerivedTable", L"Into",
+    L"Limit",         L"Offset",    L"Fetch",          L"Parameters", L"Procedure",    L"InDatabase",
+    L"FullJoin",      L"CrossJoin", L"NaturalJoin",    L"JoinUsing",  L"OnMissing",    L"Window",
+    L"ForUpdate",     L"Values",    L"TableStatement", L"Crosstab",   L"Hint",         L"WithOwnerAccess",
+    L"TableFunction", L"Other"};
 
 class Dumper {
 public:

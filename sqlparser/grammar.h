@@ -115,6 +115,8 @@ private:
 
     // grammar_statement.cpp
     void ParametersClause();
+    void ProcedureClause();
+    bool ParameterList();
     void TransformClause();
     bool StartsTableStatement();
     void TableStatement();

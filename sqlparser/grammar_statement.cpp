@@ -24,6 +24,7 @@ std::unique_ptr<Statement> Grammar::Run() {
     statement_ = statement.get();
     statement->nodes.reserve(std::min(text_.size() / kCharactersPerNode + 16, kMostReservedNodes));
     if (At(Keyword::Parameters)) ParametersClause();
+    if (!blocked_ && At(Keyword::Procedure) && IsNameToken(Peek())) ProcedureClause();
     if (!blocked_ && At(Keyword::Transform)) TransformClause();
     const bool starts = StartsQuery(token_) || At(TokenKind::LeftParen) || StartsTableStatement();
     if (!blocked_ && !starts) Fail(NotASelectMessage());
@@ -69,17 +70,36 @@ std::unique_ptr<Statement> Grammar::NewStatement() const {
 void Grammar::ParametersClause() {
     const std::uint32_t begin = token_.begin;
     Advance();
-    do {
-        // A form's control may be declared too: [Forms]![f]![c] DateTime.
-        do {
-            if (!IsNameToken(token_) && !At(TokenKind::Macro)) return Fail(messages::kExpectedParameter);
-            Advance();
-        } while (Accept(TokenKind::Bang) || Accept(TokenKind::Point));
-        if (!TypeName()) return;
-    } while (Accept(TokenKind::Comma));
+    if (!ParameterList()) return;
     if (!Expect(TokenKind::Semicolon, messages::kExpectedSemicolon)) return;
     statement_->parameters = Since(begin);
     AddBeyond(Beyond::Parameters, begin);
+}
+
+// PROCEDURE name [parameter type, …]; names the statement that follows.
+void Grammar::ProcedureClause() {
+    const std::uint32_t begin = token_.begin;
+    Advance();
+    Advance();
+    if (IsNameToken(token_) && !ParameterList()) return;
+    if (!Expect(TokenKind::Semicolon, messages::kExpectedProcedureEnd)) return;
+    statement_->parameters = Since(begin);
+    AddBeyond(Beyond::Procedure, begin);
+}
+
+bool Grammar::ParameterList() {
+    do {
+        // A form's control may be declared too: [Forms]![f]![c] DateTime.
+        do {
+            if (!IsNameToken(token_) && !At(TokenKind::Macro)) {
+                Fail(messages::kExpectedParameter);
+                return false;
+            }
+            Advance();
+        } while (Accept(TokenKind::Bang) || Accept(TokenKind::Point));
+        if (!TypeName()) return false;
+    } while (Accept(TokenKind::Comma));
+    return true;
 }
 
 // TRANSFORM aggregate [AS name] before the select of a crosstab; PIVOT comes after its clauses.

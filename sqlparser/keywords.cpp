@@ -121,6 +121,7 @@ constexpr Entry kEntries[] = {
     {L"EXEC", Keyword::Exec},
     {L"EXECUTE", Keyword::Execute},
     {L"CALL", Keyword::Call},
+    {L"PROCEDURE", Keyword::Procedure},
 };
 
 constexpr std::size_t kTableSize = 512;

@@ -123,6 +123,7 @@ enum class Keyword : std::uint8_t {
     Exec,
     Execute,
     Call,
+    Procedure,
 };
 
 /// The keyword of a word in any letter case, or None.

@@ -66,6 +66,7 @@ inline constexpr std::wstring_view kExpectedLeftParen = L"Se esperaba un parént
 inline constexpr std::wstring_view kExpectedFile =
     L"Se esperaba el nombre de un archivo entre comillas después de IN.";
 inline constexpr std::wstring_view kExpectedSemicolon = L"Falta el punto y coma después de PARAMETERS.";
+inline constexpr std::wstring_view kExpectedProcedureEnd = L"Falta el punto y coma después de PROCEDURE.";
 inline constexpr std::wstring_view kExpectedJoinOrClause =
     L"Se esperaba una coma, una combinación, otra cláusula o el final de la instrucción.";
 inline constexpr std::wstring_view kTextAfterEnd = L"Hay texto después del final de la instrucción.";

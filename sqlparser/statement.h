@@ -98,6 +98,7 @@ enum class Beyond {
     Offset,
     Fetch,
     Parameters,
+    Procedure,
     InDatabase,
     FullJoin,
     CrossJoin,
@@ -175,7 +176,7 @@ public:
     TextRange group_suffix;     ///< WITH ROLLUP
     TextRange into;             ///< after INTO
     TextRange from_external;    ///< IN 'file' … after the last join, for all the tables
-    TextRange parameters;       ///< PARAMETERS … ;
+    TextRange parameters;       ///< PARAMETERS … ; or PROCEDURE name … ;
     TextRange transform;        ///< TRANSFORM aggregate before the select of a crosstab
     TextRange pivot;            ///< PIVOT … at its end
     TextRange table_statement;  ///< TABLE name, which has no select list

@@ -133,6 +133,18 @@ TEST(Parameters, AreDeclaredBeforeTheStatement) {
     });
 }
 
+TEST(Procedure, NamesTheStatement) {
+    Check({
+        {L"PROCEDURE Lista; SELECT a FROM t",
+         L"(parameters \"PROCEDURE Lista;\") (select (columns a) (from t))", L"Procedure"},
+        {L"PROCEDURE [Ventas de zona] [Zona] Text(20), Desde DateTime; SELECT a FROM t WHERE z = [Zona]",
+         L"(parameters \"PROCEDURE [Ventas de zona] [Zona] Text (20), Desde DateTime;\") (select (columns a) "
+         L"(from t) (where (= z [Zona])))",
+         L"Procedure"},
+        {L"SELECT Procedure FROM t Procedure", L"(select (columns Procedure) (from (as t Procedure)))"},
+    });
+}
+
 TEST(Crosstab, TransformBeforeAndPivotAfter) {
     Check({
         {L"TRANSFORM Sum(v) SELECT a FROM t GROUP BY a PIVOT b;",
@@ -187,6 +199,8 @@ TEST(InDatabase, AfterATableOrAfterTheWholeFrom) {
         {L"SELECT a FROM [;DATABASE=C:\\x.mdb;PWD=y].[t] AS q",
          L"(select (columns a) (from (as [;DATABASE=C:\\x.mdb;PWD=y].[t] q)))"},
         {L"SELECT a FROM `C:\\datos\\x`.`t`", L"(select (columns a) (from `C:\\datos\\x`.`t`))"},
+        {L"SELECT a FROM [text;HDR=Yes;FMT=Delimited(,);Database=C:\\datos].ventas.csv AS v",
+         L"(select (columns a) (from (as [text;HDR=Yes;FMT=Delimited(,);Database=C:\\datos].ventas.csv v)))"},
     });
 }
 

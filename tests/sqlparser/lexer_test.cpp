@@ -112,7 +112,7 @@ TEST(Lexer, KnowsItsKeywordsInAnyLetterCase) {
         Lexer lexer(word);
         EXPECT_EQ(lexer.Next().keyword, Keyword::None) << ToUtf8(word);
     }
-    for (int k = 1; k <= static_cast<int>(Keyword::Call); ++k) {
+    for (int k = 1; k <= static_cast<int>(Keyword::Procedure); ++k) {
         const std::wstring text = Lower(KeywordText(static_cast<Keyword>(k)));
         ASSERT_FALSE(text.empty()) << k;
         EXPECT_EQ(static_cast<int>(FindKeyword(text.data(), text.size())), k) << ToUtf8(text);
