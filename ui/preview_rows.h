@@ -11,9 +11,13 @@
 
 namespace tessel::ui {
 
+/// Where a column's values stand: numbers on the right, dates in the middle, so that the kinds tell
+/// themselves apart.
+enum class Alignment { Left, Right, Centre };
+
 struct PreviewColumn {
     std::wstring name;
-    bool right_aligned = false;  ///< numbers
+    Alignment alignment = Alignment::Left;
 };
 
 /// A value as the user reads it. Null has no text.

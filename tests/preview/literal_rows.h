@@ -15,7 +15,7 @@ public:
     LiteralRows(const std::vector<std::wstring>& columns, std::vector<std::vector<std::wstring>> rows,
                 int* alive = nullptr)
         : rows_(std::move(rows)), alive_(alive) {
-        for (const std::wstring& name : columns) columns_.push_back({name, false});
+        for (const std::wstring& name : columns) columns_.push_back({name, ui::Alignment::Left});
         if (alive_) ++*alive_;
     }
     ~LiteralRows() override {

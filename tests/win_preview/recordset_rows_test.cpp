@@ -27,20 +27,22 @@ TEST(RecordsetRows, NumbersAreAlignedRightAndTextsAreNot) {
     ASSERT_TRUE(rows);
     ASSERT_EQ(rows->Columns().size(), 3u);
     EXPECT_EQ(rows->Columns()[0].name, L"Nombre");
-    EXPECT_FALSE(rows->Columns()[0].right_aligned);
-    EXPECT_TRUE(rows->Columns()[1].right_aligned);
+    EXPECT_EQ(rows->Columns()[0].alignment, Alignment::Left);
+    EXPECT_EQ(rows->Columns()[1].alignment, Alignment::Right);
     EXPECT_EQ(rows->RowCount(), 3);
 }
 
-TEST(RecordsetRows, WhatIsRightAlignedFollowsTheAdoType) {
-    const std::pair<LONG, bool> cases[] = {{2, true},   {3, true},    {5, true},   {6, true},    {131, true},
-                                           {20, true},  {202, false}, {7, false},  {135, false}, {11, false},
-                                           {72, false}, {204, false}, {999, false}};
-    for (const auto& [type, right] : cases) {
+TEST(RecordsetRows, AlignmentFollowsTheAdoType) {
+    constexpr auto kLeft = Alignment::Left, kRight = Alignment::Right, kCentre = Alignment::Centre;
+    const std::pair<LONG, Alignment> cases[] = {
+        {2, kRight},  {3, kRight},    {5, kRight},    {6, kRight},   {131, kRight}, {20, kRight},
+        {202, kLeft}, {11, kLeft},    {72, kLeft},    {204, kLeft},  {999, kLeft},  {8, kLeft},
+        {7, kCentre}, {133, kCentre}, {134, kCentre}, {135, kCentre}};
+    for (const auto& [type, alignment] : cases) {
         const auto rows =
             RowsOf(MakeGeneratedRecordset({{L"c", type, [](LONG) { return UniqueVariant(1); }}}, 1));
         ASSERT_TRUE(rows);
-        EXPECT_EQ(rows->Columns()[0].right_aligned, right) << type;
+        EXPECT_EQ(rows->Columns()[0].alignment, alignment) << type;
     }
 }
 

@@ -26,6 +26,16 @@ constexpr std::size_t kCellLimit = 259;
 /// More rows than a list control can count are shown up to here.
 constexpr std::int64_t kMostRows = 100'000'000;
 
+int HeaderFormat(Alignment alignment) {
+    if (alignment == Alignment::Right) return LVCFMT_RIGHT;
+    return alignment == Alignment::Centre ? LVCFMT_CENTER : LVCFMT_LEFT;
+}
+
+UINT TextFormat(Alignment alignment) {
+    if (alignment == Alignment::Right) return DT_RIGHT;
+    return alignment == Alignment::Centre ? DT_CENTER : DT_LEFT;
+}
+
 std::wstring UserGroupSeparator() {
     wchar_t separator[8] = L"";
     return GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_STHOUSAND, separator, 8) > 0 ? separator : L"";
@@ -89,7 +99,7 @@ void dlgPVW::AddColumns() {
     SendMessageW(list_, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
     const auto& columns = rows_.Columns();
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        column.fmt = columns[i].right_aligned ? LVCFMT_RIGHT : LVCFMT_LEFT;
+        column.fmt = HeaderFormat(columns[i].alignment);
         column.cx = FittingWidth(static_cast<int>(i));
         column.pszText = const_cast<wchar_t*>(columns[i].name.c_str());
         SendMessageW(list_, LVM_INSERTCOLUMNW, i + 1, reinterpret_cast<LPARAM>(&column));
@@ -175,8 +185,8 @@ void dlgPVW::FillCell(NMLVDISPINFOW& info) {
     lstrcpynW(info.item.pszText, text.c_str(), info.item.cchTextMax);
 }
 
-// Null is grey. Two kinds of cells are drawn here: the current one, which has a frame, and numbers in the
-// leftmost column, which some systems always draw left-aligned.
+// Null is grey. Two kinds of cells are drawn here: the current one, which has a frame, and numbers and dates
+// in the leftmost column, which some systems always draw left-aligned.
 LRESULT dlgPVW::DrawCell(NMLVCUSTOMDRAW& draw) {
     switch (draw.nmcd.dwDrawStage) {
         case CDDS_PREPAINT:
@@ -189,7 +199,8 @@ LRESULT dlgPVW::DrawCell(NMLVCUSTOMDRAW& draw) {
             return CDRF_DODEFAULT;
     }
     const CellPlace place{static_cast<std::int64_t>(draw.nmcd.dwItemSpec), draw.iSubItem};
-    if (place == CurrentCell() || (place.column == 0 && rows_.Columns().front().right_aligned)) {
+    if (place == CurrentCell() ||
+        (place.column == 0 && rows_.Columns().front().alignment != Alignment::Left)) {
         DrawWholeCell(draw.nmcd.hdc, place);
         return CDRF_SKIPDEFAULT;
     }
@@ -210,11 +221,12 @@ void dlgPVW::DrawWholeCell(HDC dc, CellPlace place) {
     if (selected) back = focused ? COLOR_HIGHLIGHT : COLOR_BTNFACE;
     if (selected && focused) front = COLOR_HIGHLIGHTTEXT;
     win32::FillSolid(dc, bounds, GetSysColor(back));
-    if (focused && place == CurrentCell()) FrameRect(dc, &bounds, GetSysColorBrush(front));
-    const bool right = rows_.Columns()[static_cast<std::size_t>(place.column)].right_aligned;
+    // While the user types what to find, the place found needs a mark too.
+    if (place == CurrentCell()) FrameRect(dc, &bounds, GetSysColorBrush(focused ? front : COLOR_HIGHLIGHT));
+    const Alignment alignment = rows_.Columns()[static_cast<std::size_t>(place.column)].alignment;
     InflateRect(&bounds, -Px(kTextInset), 0);
     const std::wstring text = cell.is_null ? preview_texts::kNull : OneLine(cell.text, kCellLimit);
-    win32::DrawTextLine(dc, bounds, text, GetSysColor(front), right ? DT_RIGHT : DT_LEFT);
+    win32::DrawTextLine(dc, bounds, text, GetSysColor(front), TextFormat(alignment));
 }
 
 /// The cell's rectangle in the list. The rectangle of column 0 would be the whole row's if asked for its

@@ -16,6 +16,7 @@ namespace {
 constexpr wchar_t kRecordsetProgId[] = L"ADODB.Recordset";
 constexpr LONG kClientCursor = 3;  // adUseClient
 constexpr LONG kClosedState = 0;   // adStateClosed
+constexpr int kBstrType = 8;       // adBSTR
 constexpr int kGuidType = 72;      // adGUID
 constexpr std::int64_t kPageRows = 256;
 constexpr std::size_t kPagesKept = 16;
@@ -35,9 +36,18 @@ Result<Dispatch> CreateRecordset() {
     return Dispatch(std::move(recordset));
 }
 
-/// An ADO type whose values are numbers. A GUID counts as one for literals, but nobody reads it as a number.
-bool IsNumberType(int type) {
-    return type != kGuidType && ADOTypeClass(ADOTypeName(type)) == ValueClass::Number;
+/// How an ADO type's values stand in their column. For literals a GUID counts as a number and a BSTR as a
+/// date, but nobody reads them as such.
+Alignment AlignmentOf(int type) {
+    if (type == kGuidType || type == kBstrType) return Alignment::Left;
+    switch (ADOTypeClass(ADOTypeName(type))) {
+        case ValueClass::Number:
+            return Alignment::Right;
+        case ValueClass::DateTime:
+            return Alignment::Centre;
+        default:
+            return Alignment::Left;
+    }
 }
 
 std::wstring BytesAsText(const VARIANT& value) {
@@ -120,7 +130,7 @@ std::optional<Error> RecordsetRows::ReadShape() {
         if (!item) return ErrorOf(item);
         const Dispatch field = item.Object();
         columns_.push_back({field.Get(L"Name").Text().value_or(std::wstring()),
-                            IsNumberType(static_cast<int>(field.Get(L"Type").Number().value_or(0)))});
+                            AlignmentOf(static_cast<int>(field.Get(L"Type").Number().value_or(0)))});
     }
     const CallResult rows = recordset_.Get(L"RecordCount");
     if (!rows) return ErrorOf(rows);
