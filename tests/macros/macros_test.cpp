@@ -46,7 +46,9 @@ private:
     }
 };
 
-std::wstring Replaced(std::wstring_view sql, FakeSource source = {}) { return macros::ReplaceMacros(sql, source); }
+std::wstring Replaced(std::wstring_view sql, FakeSource source = {}) {
+    return macros::ReplaceMacros(sql, source);
+}
 
 TEST(GetMacros, ListsPlainNamesWithoutAt) {
     EXPECT_THAT(GetMacros(L"a = @desde AND b = @hasta"), ElementsAre(L"desde", L"hasta"));
@@ -60,7 +62,8 @@ TEST(GetMacros, EveryTerminatorEndsAName) {
     const std::wstring terminators = L" {}[]+-*/<>=!(),:?'&\"";
     ASSERT_EQ(terminators.size(), 20u + 1u);  // and the double quote
     for (wchar_t ch : terminators)
-        EXPECT_THAT(GetMacros(std::wstring(L"@uno") + ch + L"dos"), ElementsAre(L"uno")) << static_cast<int>(ch);
+        EXPECT_THAT(GetMacros(std::wstring(L"@uno") + ch + L"dos"), ElementsAre(L"uno"))
+            << static_cast<int>(ch);
 }
 
 TEST(GetMacros, AtPointDigitUnderscoreAndTabDoNotEndAName) {
@@ -73,16 +76,22 @@ TEST(GetMacros, BraceFormKeepsItsBracesAndTerminators) {
     EXPECT_THAT(GetMacros(L"@{Fecha de alta (1)}"), ElementsAre(L"{Fecha de alta (1)}"));
 }
 
-TEST(GetMacros, TabInBracesBecomesABlank) { EXPECT_THAT(GetMacros(L"@{a\tb}"), ElementsAre(L"{a b}")); }
+TEST(GetMacros, TabInBracesBecomesABlank) {
+    EXPECT_THAT(GetMacros(L"@{a\tb}"), ElementsAre(L"{a b}"));
+}
 
-TEST(GetMacros, BlankBraceNameIsDropped) { EXPECT_THAT(GetMacros(L"@{  } @x"), ElementsAre(L"x")); }
+TEST(GetMacros, BlankBraceNameIsDropped) {
+    EXPECT_THAT(GetMacros(L"@{  } @x"), ElementsAre(L"x"));
+}
 
 TEST(GetMacros, UnterminatedBraceEndsTheList) {
     EXPECT_THAT(GetMacros(L"@{fecha"), IsEmpty());
     EXPECT_THAT(GetMacros(L"@uno @{fecha @dos"), ElementsAre(L"uno"));
 }
 
-TEST(GetMacros, SpaceAfterAtYieldsNothing) { EXPECT_THAT(GetMacros(L"@ nombre"), IsEmpty()); }
+TEST(GetMacros, SpaceAfterAtYieldsNothing) {
+    EXPECT_THAT(GetMacros(L"@ nombre"), IsEmpty());
+}
 
 TEST(GetMacros, AtAsLastCharacterAddsNothing) {
     EXPECT_THAT(GetMacros(L"@"), IsEmpty());
@@ -112,22 +121,25 @@ TEST(ReplaceMacros, DateBecomesACall) {
 
 TEST(ReplaceMacros, FixedNamesInEitherLanguageAndAnyCase) {
     const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-        {L"@fecha", L"DATE()"},      {L"@date", L"DATE()"},       {L"@FECHA", L"DATE()"},
-        {L"@Date", L"DATE()"},       {L"@hora", L"TIME()"},       {L"@time", L"TIME()"},
-        {L"@winuser", L"'maria'"},   {L"@usuariowin", L"'maria'"}, {L"@winpcname", L"'PC-01'"},
+        {L"@fecha", L"DATE()"},       {L"@date", L"DATE()"},        {L"@FECHA", L"DATE()"},
+        {L"@Date", L"DATE()"},        {L"@hora", L"TIME()"},        {L"@time", L"TIME()"},
+        {L"@winuser", L"'maria'"},    {L"@usuariowin", L"'maria'"}, {L"@winpcname", L"'PC-01'"},
         {L"@nombrepcwin", L"'PC-01'"}};
     for (const auto& [text, expected] : cases) EXPECT_EQ(Replaced(text), expected);
 }
 
 TEST(ReplaceMacros, ReportMacrosStay) {
-    for (const wchar_t* text : {L"@pagenumber", L"@numpagina", L"@pages", L"@paginas", L"@datetime", L"@fechahora"}) {
+    for (const wchar_t* text :
+         {L"@pagenumber", L"@numpagina", L"@pages", L"@paginas", L"@datetime", L"@fechahora"}) {
         FakeSource source;
         source.parameters[Folded(text + 1)] = {L"1", L"1"};
         EXPECT_EQ(Replaced(text, source), text);
     }
 }
 
-TEST(ReplaceMacros, ReplacesByPlainSubstring) { EXPECT_EQ(Replaced(L"@hora, @horario"), L"TIME(), TIME()rio"); }
+TEST(ReplaceMacros, ReplacesByPlainSubstring) {
+    EXPECT_EQ(Replaced(L"@hora, @horario"), L"TIME(), TIME()rio");
+}
 
 TEST(ReplaceMacros, LongerNameFirstLeavesTheShorterToItself) {
     FakeSource source;
@@ -155,7 +167,17 @@ TEST(ReplaceMacros, NamesWithAPointStay) {
     EXPECT_EQ(Replaced(L"@T.Campo", source), L"@T.Campo");
 }
 
-TEST(ReplaceMacros, UnknownParameterStays) { EXPECT_EQ(Replaced(L"x = @nadie"), L"x = @nadie"); }
+TEST(GetMacros, AQualifiedNameIsListedWhole) {
+    EXPECT_THAT(GetMacros(L"x = @T.Campo"), ElementsAre(L"T.Campo"));
+}
+
+TEST(ReplaceMacros, ATextWithoutAtIsReturnedUnchanged) {
+    for (const wchar_t* text : {L"", L"SELECT 1", L"  SELECT\r\n'ñ' "}) EXPECT_EQ(Replaced(text), text);
+}
+
+TEST(ReplaceMacros, UnknownParameterStays) {
+    EXPECT_EQ(Replaced(L"x = @nadie"), L"x = @nadie");
+}
 
 TEST(ReplaceMacros, FailingLookUpLeavesTheTextAndGoesOn) {
     FakeSource source;
@@ -183,9 +205,12 @@ std::wstring ReplacedStepByStep(std::wstring text, FakeSource& source) {
         const std::wstring key = Trim(entry);
         std::optional<std::wstring> with;
         if (key.find(L'.') != std::wstring::npos) continue;
-        if (Lower(key) == L"hora") with = L"TIME()";
-        else if (key.find(L'{') != std::wstring::npos) with = source.ParameterText(key);
-        else with = source.ParameterLiteral(key);
+        if (Lower(key) == L"hora")
+            with = L"TIME()";
+        else if (key.find(L'{') != std::wstring::npos)
+            with = source.ParameterText(key);
+        else
+            with = source.ParameterLiteral(key);
         if (!with) continue;
         const std::wstring what = L"@" + entry;
         for (std::size_t at = 0; (at = text.find(what, at)) != std::wstring::npos; at += with->size())

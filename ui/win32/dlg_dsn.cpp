@@ -32,7 +32,13 @@ void dlgDsn::SetDsn(std::wstring_view sSql) {
     if (IsCreated()) impl_->window.Presenter().SetDsn(sSql);
 }
 
-bool dlgDsn::ShowModal() { return impl_->window.ShowModal(); }
+bool dlgDsn::ShowModal() {
+    // The window's panes shape the pointer as it moves over them; the host's own shape comes back without a move.
+    const HCURSOR before = GetCursor();
+    const bool accepted = impl_->window.ShowModal();
+    SetCursor(before);
+    return accepted;
+}
 
 std::vector<std::wstring> dlgDsn::GetMacros(std::wstring_view sql) const { return macros::GetMacros(sql); }
 std::wstring dlgDsn::ReplaceMacros(std::wstring_view sql) {
