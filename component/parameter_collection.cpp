@@ -43,9 +43,13 @@ CallResult WalkArray(const UniqueVariant& value, const ElementVisitor& visitor) 
     return Done();
 }
 
+/// Whether a member exists but is to be called with arguments.
+bool WantsArguments(const CallResult& result) {
+    return result.Code() == DISP_E_BADPARAMCOUNT || result.Code() == DISP_E_PARAMNOTOPTIONAL;
+}
+
 /// The items of a dictionary, which come as an array, or as a collection from dictionaries of other makes.
-CallResult WalkDictionary(const Dispatch& dictionary, const ElementVisitor& visitor) {
-    CallResult items = dictionary.Get(L"Items");
+CallResult WalkDictionary(CallResult items, const ElementVisitor& visitor) {
     if (!items) return items;
     if (items.Value().Type() & VT_ARRAY) return WalkArray(items.Value(), visitor);
     const Dispatch collection = items.Object();
@@ -62,7 +66,10 @@ CallResult WalkScriptArray(const Dispatch& array, LONG length, const ElementVisi
 }
 
 CallResult Walk(const Dispatch& collection, const ElementVisitor& visitor) {
-    if (collection.Has(L"Keys") && collection.Has(L"Items")) return WalkDictionary(collection, visitor);
+    if (collection.Has(L"Keys") && collection.Has(L"Items")) {
+        CallResult items = collection.Get(L"Items");
+        if (!WantsArguments(items)) return WalkDictionary(std::move(items), visitor);
+    }
     if (!collection.Has(L"Count") && !collection.Has(L"Item")) {
         if (const auto length = collection.Property(L"length").Number())
             return WalkScriptArray(collection, *length, visitor);

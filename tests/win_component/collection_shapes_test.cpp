@@ -128,6 +128,22 @@ TEST(CollectionShapes, ItemsThatAreNoCollectionAreATypeMismatch) {
     EXPECT_EQ(LastErrorText(), L"Cerrado");
 }
 
+TEST(CollectionShapes, ItemsThatWantAnIndexMakeNoDictionary) {
+    const ComPtr<_cParameter> date = Named(L"fecha");
+    for (const HRESULT refusal : {DISP_E_BADPARAMCOUNT, DISP_E_PARAMNOTOPTIONAL}) {
+        FakePtr collection = tests::MakeFake();
+        collection->Set(L"Keys", 0);
+        collection->Set(L"Count", 1);
+        const auto item = [&, refusal](const FakeCall& call) {
+            if (call.arguments.empty()) return tests::Fail(refusal);
+            return call.Number(0) == 1 ? tests::Value(ObjectOf(date)) : tests::Raise(kOutOfRange, L"fuera");
+        };
+        collection->On(L"Items", item);
+        collection->On(L"Item", item);
+        EXPECT_EQ(Find(collection.Get(), L"fecha").parameter.Get(), date.Get());
+    }
+}
+
 TEST(CollectionShapes, AnEmptyDictionaryHoldsNothing) {
     FakePtr dictionary = tests::MakeFake();
     dictionary->Set(L"Keys", 0);
