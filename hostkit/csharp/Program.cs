@@ -5,7 +5,7 @@
 //   dotnet run -- "Provider=MSOLEDBSQL;Server=.;Database=ventas;Trusted_Connection=yes"
 //
 // A process of 64 bits takes the 64-bit component and providers; for Microsoft.Jet.OLEDB.4.0 build for x86.
-// This sample has not been run or compiled: there is no .NET here.
+// This sample has not been run, only compiled (by Mono's compiler): there is no .NET here.
 using System;
 using System.Collections;
 using System.Collections.Generic;
