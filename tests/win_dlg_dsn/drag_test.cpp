@@ -211,6 +211,32 @@ TEST_F(DragTest, ANameDroppedOnTheEditorIsWrittenAtTheCaret) {
     EXPECT_FALSE(Run(kClientes));
 }
 
+TEST_F(DragTest, PlacesSurviveATabSwitch) {
+    RECT moved{};
+    Drag(
+        [this] {
+            const RECT box = window_.DiagramControl().TableRect(L"Clientes");
+            return ScreenPoint(Control(ui::kIdDiagram), {box.left, box.top, box.right, box.top + 20});
+        },
+        [this] { return DiagramPoint(480, 60); });
+    script_.Do([&moved, this] {
+        moved = window_.DiagramControl().TableRect(L"Clientes");
+        EXPECT_GT(moved.left, 200);
+        ClickTab(Tab::Sql);
+    });
+    script_.Until([this] { return IsWindowVisible(Control(ui::kIdEditor)) != FALSE; },
+                  "the SQL tab is shown");
+    script_.Do([this] { ClickTab(Tab::Design); });
+    script_.Until([this] { return IsWindowVisible(Control(ui::kIdDiagram)) != FALSE; },
+                  "the diagram is shown");
+    script_.Do([&moved, this] {
+        const RECT after = window_.DiagramControl().TableRect(L"Clientes");
+        EXPECT_TRUE(EqualRect(&moved, &after));
+    });
+    Close();
+    EXPECT_FALSE(Run(kClientes));
+}
+
 TEST_F(DragTest, AFieldOfATableThatIsThereIsOnlySelectedByADropOnTheDiagram) {
     Drag([this] { return BrowserField(L"Clientes", L"IdCliente"); },
          [this] { return DiagramPoint(420, 120); });

@@ -19,6 +19,8 @@ constexpr COLORREF kUnpainted = RGB(1, 2, 3);
 // Drawings are laid out on a field of 32 by 32.
 constexpr int kField = 32;
 
+constexpr int kTextGap = 3;  // between icon and text, at 96 dpi
+
 constexpr COLORREF kBlue = RGB(0x2F, 0x6F, 0xBF);
 constexpr COLORREF kPaleBlue = RGB(0xDC, 0xE9, 0xF7);
 constexpr COLORREF kGreen = RGB(0x2E, 0x8B, 0x76);
@@ -199,11 +201,11 @@ void Draw(BrowserIcon icon, const Canvas& canvas) {
 
 /// A bitmap whose pixels can be read and written as 0xAARRGGBB, top row first.
 struct PixelBitmap {
-    explicit PixelBitmap(int edge) {
+    PixelBitmap(int width, int height) {
         BITMAPINFO info{};
         info.bmiHeader.biSize = sizeof info.bmiHeader;
-        info.bmiHeader.biWidth = edge;
-        info.bmiHeader.biHeight = -edge;
+        info.bmiHeader.biWidth = width;
+        info.bmiHeader.biHeight = -height;
         info.bmiHeader.biPlanes = 1;
         info.bmiHeader.biBitCount = 32;
         void* bits = nullptr;
@@ -233,10 +235,12 @@ std::uint32_t Average(const std::uint32_t* pixels, int stride) {
     return (alpha << 24) | (red / painted << 16) | (green / painted << 8) | (blue / painted);
 }
 
-win32::UniqueIcon MakeIcon(BrowserIcon icon, int size) {
+/// `gap` columns at the right stay free.
+win32::UniqueIcon MakeIcon(BrowserIcon icon, int size, int gap) {
     const int edge = size * kOversampling;
-    const PixelBitmap large(edge);
-    const PixelBitmap small(size);
+    const int width = size + gap;
+    const PixelBitmap large(edge, edge);
+    const PixelBitmap small(width, size);
     const win32::UniqueMemoryDc dc(CreateCompatibleDC(nullptr));
     if (!large.pixels || !small.pixels || !dc) return {};
     {
@@ -247,10 +251,10 @@ win32::UniqueIcon MakeIcon(BrowserIcon icon, int size) {
     }
     for (int y = 0; y < size; ++y)
         for (int x = 0; x < size; ++x)
-            small.pixels[y * size + x] = Average(large.pixels + (y * edge + x) * kOversampling, edge);
+            small.pixels[y * width + x] = Average(large.pixels + (y * edge + x) * kOversampling, edge);
     // With an alpha channel the mask is not looked at, but an icon must have one.
-    const std::vector<std::uint8_t> mask_bits(static_cast<std::size_t>((size + 15) / 16 * 2 * size), 0);
-    const win32::UniqueBitmap mask(CreateBitmap(size, size, 1, 1, mask_bits.data()));
+    const std::vector<std::uint8_t> mask_bits(static_cast<std::size_t>((width + 15) / 16 * 2 * size), 0);
+    const win32::UniqueBitmap mask(CreateBitmap(width, size, 1, 1, mask_bits.data()));
     ICONINFO info{};
     info.fIcon = TRUE;
     info.hbmColor = small.bitmap.get();
@@ -266,10 +270,12 @@ int BrowserIconSize(int dpi) {
 
 HIMAGELIST MakeBrowserIcons(int dpi) {
     const int size = BrowserIconSize(dpi);
-    const HIMAGELIST list = ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, kBrowserIconCount, 0);
+    // The tree puts the text three pixels behind the icon at every resolution: the rest is part of the icon.
+    const int gap = win32::Scale(kTextGap, dpi) - kTextGap;
+    const HIMAGELIST list = ImageList_Create(size + gap, size, ILC_COLOR32 | ILC_MASK, kBrowserIconCount, 0);
     if (!list) return nullptr;
     for (int i = 0; i < kBrowserIconCount; ++i) {
-        const win32::UniqueIcon icon = MakeIcon(static_cast<BrowserIcon>(i), size);
+        const win32::UniqueIcon icon = MakeIcon(static_cast<BrowserIcon>(i), size, gap);
         if (icon) ImageList_ReplaceIcon(list, -1, icon.get());
     }
     return list;

@@ -27,8 +27,8 @@ inline constexpr int kBrowserIconCount = static_cast<int>(BrowserIcon::Relation)
 /// Edge of the icons in pixels.
 int BrowserIconSize(int dpi);
 
-/// An image list with the icons in the order of BrowserIcon; the caller destroys it. nullptr when Windows
-/// refuses.
+/// An image list with the icons in the order of BrowserIcon, each with the room that a tree leaves too
+/// narrow; the caller destroys it. nullptr when Windows refuses.
 HIMAGELIST MakeBrowserIcons(int dpi);
 
 }  // namespace tessel::controls
