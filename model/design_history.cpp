@@ -1,7 +1,6 @@
 #include "model/design_history.h"
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 namespace tessel::model {
@@ -51,8 +50,7 @@ DesignHistory::State DesignHistory::Take(const Design& design, const State* befo
 }
 
 bool DesignHistory::IsSameStep(const State& before, const State& after) {
-    return before.distinct == after.distinct &&
-           AllSame(before.columns, after.columns, std::equal_to<Column>()) &&
+    return before.distinct == after.distinct && AllSame(before.columns, after.columns, HoldsTheSame) &&
            AllSame(before.tables, after.tables, IsSameTable) &&
            std::ranges::equal(before.relations, after.relations, {}, &DiagramRelation::info,
                               &DiagramRelation::info);
@@ -90,6 +88,10 @@ void DesignHistory::RecordReadBack(const Design& design) {
     } else {
         states_[now_] = std::move(state);
     }
+}
+
+bool DesignHistory::HoldsTheSame(const Column& before, const Column& after) {
+    return before.cells == after.cells && before.caption == after.caption && before.shown == after.shown;
 }
 
 bool DesignHistory::HasLess(const State& than, const State& state) {

@@ -41,7 +41,8 @@ public:
 
     /// What changed since the last state is one step, after which nothing can be redone. False when nothing
     /// changed. A layout that gives a place to a table that had none is no step: it belongs to the one that
-    /// brought the table. Neither are the keys of relations, which a new analysis gives anew.
+    /// brought the table. Neither are the keys of relations, which a new analysis gives anew, nor empty
+    /// columns that change places.
     bool Record(const Design& design);
 
     /// The design was read back from its own statement: the same query, perhaps in other words or with a gap
@@ -77,6 +78,7 @@ private:
     };
 
     static State Take(const Design& design, const State* before);
+    static bool HoldsTheSame(const Column& before, const Column& after);
     static bool HasLess(const State& than, const State& state);
     static bool IsSameStep(const State& before, const State& after);
     static std::optional<GridPlace> FirstDifference(const State& a, const State& b);

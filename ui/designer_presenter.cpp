@@ -6,13 +6,13 @@
 #include "model/pick_lists.h"
 #include "sqlparser/sql_parser.h"
 #include "ui/designer_gesture.h"
+#include "ui/grid_messages.h"
 
 namespace tessel::ui {
 
 namespace {
 
 constexpr std::wstring_view kAskClear = L"¿Seguro desea eliminar todas las columnas definidas?";
-constexpr std::wstring_view kCellTooLong = L"El texto de una celda no puede tener más de 255 caracteres.";
 
 /// The first shown column from there to the right, else to the left, so that the focus stays on something
 /// visible.
@@ -220,7 +220,7 @@ void DesignerPresenter::GridFocusMoved(model::GridRow row, int column) {
 void DesignerPresenter::GridCellCommitted(model::GridRow row, int column, std::wstring_view text) {
     if (Utf16Length(text) > model::kMaxCellLength) {
         edit_refused_ = true;
-        view_.ShowMessage(kCellTooLong);
+        view_.ShowMessage(messages::kCellTooLong);
         return;
     }
     const Gesture gesture(*this);

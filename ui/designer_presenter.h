@@ -15,6 +15,7 @@
 #include <string_view>
 
 #include "analyse/analyse_sql.h"
+#include "model/block_editing.h"
 #include "model/design.h"
 #include "model/design_history.h"
 #include "ui/context_menus.h"
@@ -60,6 +61,13 @@ public:
     /// The user finished editing a cell. A text longer than a cell is refused with a message; the old one
     /// stays.
     void GridCellCommitted(model::GridRow row, int column, std::wstring_view text);
+    /// A column was dragged, or moved by its keys, to the place of another.
+    void GridColumnMoved(int from, int to);
+    void GridCellsEmptied(const model::CellRange& range);
+    /// False, after a message, when the block does not fit; nothing is written then.
+    bool GridCellsPasted(const model::CellRange& range, const model::CellBlock& block);
+    /// "Insertar columna": an empty column before the focused one.
+    void InsertColumn();
     void DiagramFieldChecked(std::wstring_view table, std::wstring_view field, bool checked);
     void RelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
                        std::wstring_view right_table, std::wstring_view right_field);
@@ -72,6 +80,8 @@ public:
     void DistinctClicked(bool checked);
     /// "Quitar columna": removes the focused query column.
     void RemoveFocusedColumn();
+    bool CanRemoveFocusedColumn() const;
+    bool CanClearDesign() const;
     /// "Limpiar todo": asks first when bAsk.
     void ClearDesign(bool bAsk);
 

@@ -89,6 +89,12 @@ TEST_F(Undoing, ATickIsOneStepAndItsMarkFollowsTheGrid) {
     EXPECT_FALSE(presenter_.CanUndo());
 }
 
+TEST_F(Undoing, AnAddedTableShowsTheTicksOfFieldsThatTheGridUsesAlready) {
+    presenter_.GridCellCommitted(GridRow::Campo, 0, L"Clientes.nombre");
+    presenter_.TableChosen(L"Clientes");
+    EXPECT_TRUE(IsTicked(L"Clientes", L"nombre"));
+}
+
 TEST_F(Undoing, AnAddedTableGoesWithTheRelationThatItBrought) {
     presenter_.TableChosen(L"Clientes");
     presenter_.TableChosen(L"Pedidos");

@@ -11,14 +11,8 @@
 namespace tessel::ui {
 
 void DesignerWindow::UpdateCommands() {
-    const model::DesignGrid& grid = presenter_.Design().grid;
-    bool any_used = false;
-    for (int column = 0; column < grid.ColumnCount() && !any_used; ++column)
-        any_used = grid.IsColumnUsed(column);
-    const int focused = grid.FocusedColumn();
-    const bool focused_used = focused >= 0 && focused < grid.ColumnCount() && grid.IsColumnUsed(focused);
-    EnableWindow(remove_column_, focused_used);
-    EnableWindow(clear_all_, any_used);
+    EnableWindow(remove_column_, presenter_.CanRemoveFocusedColumn());
+    EnableWindow(clear_all_, presenter_.CanClearDesign());
     // A table can only be added to a diagram that is in force and in sight.
     const bool design_shown = SendMessageW(tabs_, TCM_GETCURSEL, 0, 0) == static_cast<LRESULT>(Tab::Design);
     EnableWindow(add_table_, schema_ && design_shown && grid_visible_);
