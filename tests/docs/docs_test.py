@@ -59,6 +59,18 @@ class Links(unittest.TestCase):
         for path in (ROOT / "docs").glob("*.md"):
             self.assertIn(path, seen, f"{path.name} is linked from nowhere")
 
+    def test_what_ships_links_to_what_ships(self):
+        # The folder of documents is installed without the rest of the repository.
+        for each in all_documents():
+            if each.path.parent == ROOT / "docs":
+                for target in each.links():
+                    self.assertFalse(target.startswith(".."), f"{each.name}: {target}")
+
+    def test_the_version_is_the_projects(self):
+        version = re.search(r"project\(tessel VERSION ([0-9.]+)", source("CMakeLists.txt")).group(1)
+        named = re.findall(r"tessel-([0-9.]+)-setup", source("docs/start.md"))
+        self.assertEqual(set(named), {version})
+
     def test_paths_that_are_mentioned_exist(self):
         for each in all_documents():
             for span in each.spans():
@@ -252,6 +264,21 @@ class Dialect(unittest.TestCase):
         known = names[names.index("LastReserved") + 1:]
         self.assertEqual(words["reserved"], [texts[name] for name in reserved])
         self.assertEqual(words["known"], [texts[name] for name in known])
+
+    def refused_words(self, pattern, words):
+        sentences = {pattern.format(word): word for word in words}
+        return [sentences[sentence] for sentence, _ in self.refused(list(sentences))]
+
+    def test_reserved_words_are_names_only_where_the_document_says(self):
+        words = {block.words[0]: block.text.split() for block in blocks_of("docs/dialect.md", "words")}
+        reserved, known = words["reserved"], words["known"]
+        self.assertEqual(self.refused_words("SELECT x FROM {}", reserved), reserved)
+        self.assertEqual(self.refused_words("SELECT x {} FROM t", reserved), reserved)
+        for pattern in ("SELECT [{}] FROM t", "SELECT t.{} FROM t", "SELECT a AS {} FROM t"):
+            self.assertEqual(self.refused_words(pattern, reserved + known), [], pattern)
+        for pattern in ("SELECT x FROM {}", "SELECT {} FROM t", "SELECT {}.a FROM t"):
+            self.assertEqual(self.refused_words(pattern, known), [], pattern)
+        self.assertEqual(self.refused_words("SELECT a {} FROM t", known), ["ESCAPE", "OVER", "COLLATE"])
 
 
 if __name__ == "__main__":
