@@ -9,7 +9,9 @@ namespace tessel::testing {
 class AddTable : public DlgDsnTest {
 protected:
     static HWND Dialog() { return FindWindowW(L"TesselDialog", L"Agregar tabla al diagrama"); }
-    static HWND Part(const wchar_t* window_class) { return FindWindowExW(Dialog(), nullptr, window_class, nullptr); }
+    static HWND Part(const wchar_t* window_class) {
+        return FindWindowExW(Dialog(), nullptr, window_class, nullptr);
+    }
     static std::vector<std::wstring> Lines() {
         std::vector<std::wstring> lines;
         const HWND list = Part(L"ListBox");
@@ -47,7 +49,8 @@ TEST_F(AddTable, OpensOnEveryTableAndView) {
 TEST_F(AddTable, TypingNarrowsTheListAndEnterAddsTheTable) {
     Open();
     script_.Do([] { TypeText(L"prod"); });
-    script_.Until([] { return Lines() == std::vector<std::wstring>{L"Productos\t"}; }, "the list is narrowed");
+    script_.Until([] { return Lines() == std::vector<std::wstring>{L"Productos\t"}; },
+                  "the list is narrowed");
     script_.Do([] { PressKey(VK_RETURN); });
     script_.Until([this] { return Diagram().Tables().size() == 2; }, "the table is on the diagram");
     script_.Do([this] { EXPECT_EQ(Diagram().Tables()[1].name, L"Productos"); });
@@ -78,11 +81,65 @@ TEST_F(AddTable, AChosenTableListsItsRelations) {
         SendMessageW(combo, CB_SETCURSEL, 2, 0);
         SendMessageW(Dialog(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
                      reinterpret_cast<LPARAM>(combo));
-        EXPECT_EQ(Lines(),
-                  (std::vector<std::wstring>{L"Clientes\t(Clientes.IdCliente<--Pedidos.IdCliente)",
-                                             L"[Detalle de pedidos]\t(Pedidos.IdPedido<--[Detalle de pedidos].IdPedido)"}));
+        EXPECT_EQ(Lines(), (std::vector<std::wstring>{
+                               L"Clientes\t(Clientes.IdCliente<--Pedidos.IdCliente)",
+                               L"[Detalle de pedidos]\t(Pedidos.IdPedido<--[Detalle de pedidos].IdPedido)"}));
         PressKey(VK_ESCAPE);
     });
+    Cancel();
+}
+
+TEST_F(AddTable, OpenedOnATableOfTheDiagramItListsTheRelatedOnes) {
+    script_.Do([this] {
+        window_.Presenter().Design().diagram.SelectTable(L"Clientes");
+        window_.Presenter().MenuChosen(ui::MenuCommand::mnuAddRelTable);
+    });
+    script_.Until([] { return Dialog() && IsWindowVisible(Dialog()); }, "the dialog is open");
+    script_.Do([] {
+        EXPECT_EQ(TextOf(Part(L"ComboBox")), L"Clientes");
+        EXPECT_EQ(Lines(), (std::vector<std::wstring>{L"Pedidos\t(Clientes.IdCliente<--Pedidos.IdCliente)"}));
+        SendMessageW(Part(L"ListBox"), LB_SETCURSEL, 0, 0);
+        PressKey(VK_RETURN);
+    });
+    script_.Until([this] { return Diagram().Relations().size() == 1; },
+                  "the table is added with its relation");
+    Cancel();
+}
+
+TEST_F(AddTable, ADoubleClickOnALineAddsItsTable) {
+    Open();
+    script_.Do([] {
+        const HWND list = Part(L"ListBox");
+        RECT line{};
+        SendMessageW(list, LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&line));
+        MouseClick(ScreenPoint(list, line), 2);
+    });
+    script_.Until([this] { return Diagram().FindTable(L"Pedidos") != nullptr; }, "the table is added");
+    Cancel();
+}
+
+TEST_F(AddTable, KeptOpenItAddsSeveralTablesInSequence) {
+    Open();
+    script_.Do([] {
+        SendMessageW(FindWindowExW(Dialog(), nullptr, L"Button", L"&Mantener abierta"), BM_CLICK, 0, 0);
+        SetFocus(Part(L"Edit"));
+        TypeText(L"pedi");
+    });
+    script_.Until([] { return Lines().size() == 2; }, "two tables are left");
+    script_.Do([] {
+        PressKey(VK_DOWN);
+        PressKey(VK_RETURN);
+    });
+    script_.Until([this] { return Diagram().Tables().size() == 2; }, "the first table is added");
+    script_.Do([] {
+        EXPECT_TRUE(IsWindowVisible(Dialog()));
+        TypeText(L"prod");
+    });
+    script_.Until([] { return Lines().size() == 1; }, "what is typed replaces the filter");
+    script_.Do([] { PressKey(VK_RETURN); });
+    script_.Until([this] { return Diagram().FindTable(L"Productos") != nullptr; },
+                  "the second table is added");
+    script_.Do([] { PressKey(VK_ESCAPE); });
     Cancel();
 }
 

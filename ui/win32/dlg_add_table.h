@@ -1,5 +1,5 @@
-// dlgAddTable, "Agregar tabla al diagrama": the user picks a table or view, or one of the tables related to a table of
-// the diagram.
+// dlgAddTable, "Agregar tabla al diagrama": the user picks a table or view, or one of the tables related to a
+// table of the diagram.
 #pragma once
 
 #include <windows.h>
@@ -16,22 +16,27 @@ namespace tessel::ui {
 
 class dlgAddTable final : public ModalDialog {
 public:
-    /// Offers the tables related to `tableName`, or everything when it is empty or unknown. `on_chosen` is told the
-    /// table that the user adds; the dialog closes then. The schema is not owned.
-    void Init(const schema::Schema& schema, std::wstring_view tableName, std::function<void(std::wstring_view)> on_chosen);
+    /// Offers the tables related to `tableName`, or everything when it is empty or unknown. `on_chosen` is
+    /// told the table that the user adds; the dialog closes then, unless the user wants it kept open for the
+    /// next one. The schema is not owned.
+    void Init(const schema::Schema& schema, std::wstring_view tableName,
+              std::function<void(std::wstring_view)> on_chosen);
     void Show(HWND owner);
 
 private:
     bool OnCreateControls() override;
     void OnLayout(SIZE client) override;
     void OnCommand(int id, int notification) override;
+    bool OnPreTranslate(const MSG& message) override;
     HWND FirstFocus() const override { return filter_; }
     int DefaultButton() const override;
 
     HWND AddControl(const wchar_t* window_class, const wchar_t* text, DWORD style, DWORD ex_style, int id);
     void FillList();
+    void AlignColumns();
     void ShowLines();
     void AddChosen();
+    void PrepareForNext(int selected);
 
     const schema::Schema* schema_ = nullptr;
     std::function<void(std::wstring_view)> on_chosen_;
@@ -40,9 +45,10 @@ private:
     std::vector<std::wstring> lines_;  // of the entry, unfiltered
     HWND combo_ = nullptr;             // Combo1
     HWND filter_ = nullptr;
-    HWND list_ = nullptr;              // List1
-    HWND add_ = nullptr;               // KewlButtons1
-    HWND close_ = nullptr;             // KewlButtons2
+    HWND list_ = nullptr;   // List1
+    HWND add_ = nullptr;    // KewlButtons1
+    HWND close_ = nullptr;  // KewlButtons2
+    HWND keep_open_ = nullptr;
 };
 
 }  // namespace tessel::ui

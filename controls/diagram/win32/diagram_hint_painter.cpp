@@ -33,10 +33,10 @@ void DiagramPainter::PaintHint(const std::wstring& text) {
     DrawTextW(dc_, text.c_str(), -1, &lines, DT_WORDBREAK | DT_NOPREFIX | DT_CALCRECT);
     const int height = lines.bottom + 2 * padding;
     const RECT band{0, client.height - height, client.width, client.height};
-    win32::FillSolid(dc_, band, GetSysColor(COLOR_INFOBK));
+    win32::FillSolid(dc_, band, colours_.focus);
     win32::FillSolid(dc_, {band.left, band.top, band.right, band.top + std::max(1, dpi_ / 96)},
                      colours_.border);
-    SetTextColor(dc_, GetSysColor(COLOR_INFOTEXT));
+    SetTextColor(dc_, colours_.text);
     SetBkMode(dc_, TRANSPARENT);
     RECT place{padding, band.top + padding, band.right - padding, band.bottom};
     DrawTextW(dc_, text.c_str(), -1, &place, DT_WORDBREAK | DT_NOPREFIX);
