@@ -191,6 +191,14 @@ void CellCommitted(Design& design, GridRow row, int column) {
     if (row == GridRow::Tabla) SetColumnTable(design, column);
 }
 
+void DropFieldsOf(Design& design, std::wstring_view table) {
+    for (int column = 0; column < design.grid.ColumnCount(); ++column) {
+        const auto parts = SplitField(design.grid.Cell(GridRow::Campo, column));
+        const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->table) : nullptr;
+        if (owner && SameIdentifier(owner->name, table)) EmptyColumn(design, column);
+    }
+}
+
 void FieldChecked(Design& design, std::wstring_view table, std::wstring_view field, bool checked) {
     const int column = ColumnOfField(design, table, field);
     if (checked && column < 0) {

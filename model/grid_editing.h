@@ -39,6 +39,10 @@ void SyncDiagramChecks(Design& design);
 /// What the committed edit of a cell sets off; the cell already holds its new text.
 void CellCommitted(Design& design, GridRow row, int column);
 
+/// Clears every column that holds a field of a table of the diagram, or all its fields. For a table that is
+/// about to leave: without it the columns could not be asked for. Expressions are left alone.
+void DropFieldsOf(Design& design, std::wstring_view table);
+
 /// The user ticked or unticked a field in the diagram.
 void FieldChecked(Design& design, std::wstring_view table, std::wstring_view field, bool checked);
 

@@ -4,6 +4,7 @@
 #include "ui/designer_gesture.h"
 #include "ui/designer_presenter.h"
 #include "ui/relation_messages.h"
+#include "ui/table_mentions.h"
 
 namespace tessel::ui {
 
@@ -121,9 +122,17 @@ void DesignerPresenter::RemoveRelation(int key) {
     design_.diagram.RemoveRelation(key);
 }
 
+// The table's fields go with it, since the statement could not ask for them any more. What an expression or a
+// criterion makes of them only the user can say.
 void DesignerPresenter::RemoveTable(std::wstring_view name) {
-    const Gesture gesture(*this);
-    if (design_.diagram.RemoveTable(name)) RefillFieldLists();
+    if (!design_.diagram.FindTable(name)) return;
+    {
+        const Gesture gesture(*this);
+        model::DropFieldsOf(design_, name);
+        design_.diagram.RemoveTable(name);
+        RefillFieldLists();
+    }
+    if (NamesTable(design_.grid, name)) view_.ShowMessage(texts::kTableStillNamed);
 }
 
 }  // namespace tessel::ui

@@ -1,4 +1,5 @@
-// Why a relation that the user wants is not drawn, or does not become what was chosen.
+// Why a relation that the user wants is not drawn, or does not become what was chosen, and what removing a
+// table leaves to be done.
 #pragma once
 
 namespace tessel::ui::texts {
@@ -13,5 +14,10 @@ inline constexpr wchar_t kRelationLosesRows[] =
     L"Así la consulta perdería filas que las flechas del diagrama conservan. Cambie antes la clase de las "
     L"otras "
     L"relaciones de estas tablas o quítelas.";
+
+inline constexpr wchar_t kTableStillNamed[] =
+    L"En la cuadrícula quedan expresiones o condiciones con campos de la tabla que se ha quitado. Corríjalas "
+    L"o quite "
+    L"esas columnas.";
 
 }  // namespace tessel::ui::texts

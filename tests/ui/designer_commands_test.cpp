@@ -8,6 +8,7 @@
 #include "ui/designer_presenter.h"
 #include "ui/relation_messages.h"
 #include "ui/relation_texts.h"
+#include "ui/table_mentions.h"
 
 namespace tessel::ui {
 namespace {
@@ -105,6 +106,52 @@ TEST_F(DiagramCommands, RemoveTableRemovesTheSelectedOneByItsName) {
     ASSERT_EQ(Diagram().Tables().size(), 1u);
     EXPECT_EQ(Diagram().Tables()[0].name, L"Pedidos");
     EXPECT_TRUE(Diagram().Relations().empty());
+}
+
+TEST_F(DiagramCommands, RemovingATableTakesTheColumnsOfItsFieldsAlong) {
+    using model::GridRow;
+    presenter_.TableChosen(L"Clientes");
+    presenter_.TableChosen(L"Pedidos");
+    presenter_.GridCellCommitted(GridRow::Campo, 0, L"[pedidos].Importe");
+    presenter_.GridCellCommitted(GridRow::Campo, 1, L"Clientes.nombre");
+    presenter_.GridCellCommitted(GridRow::Campo, 2, L"Pedidos.*");
+    Diagram().SelectTable(L"Pedidos");
+    presenter_.MenuChosen(MenuCommand::mnuDelTable);
+    EXPECT_EQ(presenter_.BuildSQL(), L"SELECT Clientes.nombre AS nombre \r\nFROM Clientes;");
+    EXPECT_TRUE(window_.messages.empty());
+    presenter_.Undo();
+    EXPECT_EQ(presenter_.Design().grid.Cell(GridRow::Campo, 0), L"[pedidos].Importe");
+    EXPECT_EQ(Diagram().Tables().size(), 2u);
+    EXPECT_EQ(Diagram().Relations().size(), 1u);
+}
+
+TEST_F(DiagramCommands, ExpressionsThatNameARemovedTableStayAndAreSaid) {
+    using model::GridRow;
+    presenter_.TableChosen(L"Clientes");
+    presenter_.TableChosen(L"Pedidos");
+    presenter_.GridCellCommitted(GridRow::Campo, 0, L"Sum(Pedidos.Importe)");
+    Diagram().SelectTable(L"Pedidos");
+    presenter_.DeleteSelected();
+    EXPECT_EQ(presenter_.Design().grid.Cell(GridRow::Campo, 0), L"Sum(Pedidos.Importe)");
+    EXPECT_EQ(window_.messages, Texts({texts::kTableStillNamed}));
+}
+
+TEST(TableMentions, AQualifiedNameNamesItsTable) {
+    struct Case {
+        const wchar_t* text;
+        bool names;
+    };
+    const Case cases[] = {{L"Pedidos.Importe", true},
+                          {L"Sum([PEDIDOS] . Importe) * 2", true},
+                          {L"pedidos!Importe", true},
+                          {L"'Pedidos.Importe'", false},
+                          {L"Pedidos", false},
+                          {L"Importe", false},
+                          {L"MisPedidos.Importe", false},
+                          {L"Clientes.Pedidos", false},
+                          {L"", false}};
+    for (const Case& one : cases) EXPECT_EQ(NamesTable(one.text, L"Pedidos"), one.names) << one.text;
+    EXPECT_TRUE(NamesTable(L"[Detalle de pedidos].Cantidad", L"[detalle de pedidos]"));
 }
 
 TEST_F(DiagramCommands, RemoveRelationLeavesItsTables) {

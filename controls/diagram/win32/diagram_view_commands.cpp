@@ -73,7 +73,9 @@ void DiagramView::ShowPlaneMenu(POINT screen) {
 // The button stands in the corner while there is something that it would bring into view.
 void DiagramView::PlaceFitButton() {
     if (!fit_button_) return;
-    const bool wanted = diagram_ && !diagram_->Tables().empty() && !state_.ShowsEverything();
+    // While a relation is being drawn the text that guides the user has that corner.
+    const bool wanted =
+        diagram_ && !diagram_->Tables().empty() && !state_.ShowsEverything() && !state_.IsRelating();
     if (wanted) {
         const HDC dc = GetDC(fit_button_);
         SIZE text{};
