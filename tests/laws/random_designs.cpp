@@ -25,8 +25,16 @@ std::vector<model::RelInfo> SomeRelations(Random& random, const std::vector<cons
     for (std::size_t index = 1; index < tables.size() && !random.Chance(15); ++index) {
         const Table& left = *tables[static_cast<std::size_t>(random.Pick(0, static_cast<int>(index) - 1))];
         const Table& right = *tables[index];
-        relations.push_back({left.name, random.Of(left.fields).name, right.name, random.Of(right.fields).name,
-                             random.Pick(0, 2), false});
+        model::RelInfo relation{left.name,         random.Of(left.fields).name,
+                                right.name,        random.Of(right.fields).name,
+                                random.Pick(0, 2), false};
+        // The further comparisons of an inner join are read as criteria.
+        if (relation.JType != model::kInnerJoin && random.Chance(25)) {
+            relation.RightField += L" AND " + left.name + L"." + random.Of(left.fields).name +
+                                   (random.Chance(70) ? L" = " : L" >= ") + right.name + L"." +
+                                   random.Of(right.fields).name;
+        }
+        relations.push_back(std::move(relation));
     }
     return relations;
 }
@@ -68,9 +76,11 @@ private:
             const bool aggregate = totals && (random_.Chance(50) || (last && !aggregated));
             aggregated = aggregated || aggregate;
             test::Column column = aggregate ? Aggregate() : random_.Chance(20) ? Computed() : Plain();
+            if (!totals && random_.Chance(5)) column = AllFields();
             column.visible = L"Si";
             if (totals) column.agrupacion = aggregate ? L"Expresión" : L"Agrupado por";
-            if (random_.Chance(30)) column.orden = Direction(random_);
+            const bool star = column.campo.back() == L'*';
+            if (!star && random_.Chance(30)) column.orden = Direction(random_);
             Put(std::move(column));
         }
     }
@@ -126,8 +136,18 @@ private:
 
     test::Column Computed() {
         test::Column column;
-        column.campo = Plain().campo + (random_.Chance(50) ? L" & 'x'" : L" * 2");
+        static const std::vector<std::wstring> endings = {L" & 'x'", L" * 2"};
+        const std::wstring field = Plain().campo;
+        column.campo = random_.Chance(20) ? L"(" + field + L" * 3)" : field + random_.Of(endings);
         if (random_.Chance(50)) column.titulo = L"z" + std::to_wstring(columns_.size());
+        return column;
+    }
+
+    test::Column AllFields() {
+        const Table& table = *random_.Of(tables_);
+        test::Column column;
+        column.campo = table.name + L".*";
+        column.tabla = table.name;
         return column;
     }
 

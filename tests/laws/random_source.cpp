@@ -6,7 +6,9 @@
 
 namespace tessel::laws {
 
-std::uint64_t Seed() { return tests::Seed(); }
+std::uint64_t Seed() {
+    return tests::Seed();
+}
 
 int Rounds(int usual) {
     if (const char* given = std::getenv("TESSEL_ROUNDS")) return std::atoi(given);

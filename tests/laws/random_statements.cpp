@@ -138,7 +138,7 @@ void RandomStatements::MakeFrom(StatementParts& statement) {
     std::vector<const Table*> tables;
     for (const Table& table : database_.tables) tables.push_back(&table);
     random_.Shuffle(tables);
-    static const std::vector<int> counts = {1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 4};
+    static const std::vector<int> counts = {1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3, 4, 4, 5, 6};
     tables.resize(std::min(tables.size(), static_cast<std::size_t>(random_.Of(counts))));
     if (random_.Chance(2)) tables.push_back(tables.front());
     const bool aliased = random_.Chance(35);
@@ -195,8 +195,15 @@ Condition RandomStatements::On(const Sources& left, const Sources& right) {
     Sources both = left;
     both.insert(both.end(), right.begin(), right.end());
     const int shape = random_.Pick(1, 100);
-    if (shape > 90) {
+    if (shape > 94) {
         on = Joined(Condition::Kind::And, {on, Leaf(Equality(left, right))});
+    } else if (shape > 91) {
+        const Condition other =
+            Leaf(FieldOf(left, FieldKind::Number) + Sign() + FieldOf(right, FieldKind::Number));
+        on = random_.Chance(50) ? Joined(Condition::Kind::And, {on, other})
+                                : Joined(Condition::Kind::And, {other, on});
+    } else if (shape > 90) {
+        on = Joined(Condition::Kind::And, {on, Leaf(Equality(left, right)), Leaf(Equality(left, right))});
     } else if (shape > 85) {
         on = Joined(Condition::Kind::And, {on, Leaf(Test(both))});
     } else if (shape > 82) {
@@ -347,7 +354,7 @@ void RandomStatements::MakeList(StatementParts& statement) {
             item.text = Value(random_.Chance(70) ? FieldKind::Number : FieldKind::Text, 2);
         } else if (shape <= 91) {
             item.text = RandomLiteral(random_, FieldKind::Text);
-        } else if (shape <= 94 && index == 0) {
+        } else if (shape <= 95 && index == 0) {
             item.text = L"*";
         } else {
             item.text = random_.Of(sources_).name + L".*";
@@ -356,7 +363,7 @@ void RandomStatements::MakeList(StatementParts& statement) {
         if (!star && random_.Chance(30)) item.alias = Alias();
         const bool twice = std::ranges::any_of(
             statement.select, [&](const SelectPart& other) { return SameName(other.text, item.text); });
-        if (twice && !random_.Chance(5)) continue;
+        if (twice && !random_.Chance(15)) continue;
         statement.select.push_back(std::move(item));
     }
 }
@@ -364,7 +371,10 @@ void RandomStatements::MakeList(StatementParts& statement) {
 void RandomStatements::MakeTotals(StatementParts& statement) {
     const int groups = random_.Pick(0, 2);
     for (int index = 0; index < groups; ++index) {
-        group_.push_back(random_.Chance(85) ? AnyField(sources_).text : NumberValue(1));
+        const int shape = random_.Pick(1, 100);
+        group_.push_back(shape <= 80   ? AnyField(sources_).text
+                         : shape <= 95 ? NumberValue(1)
+                                       : RandomLiteral(random_, FieldKind::Text));
     }
     statement.group = group_;
     std::vector<SelectPart> items;
