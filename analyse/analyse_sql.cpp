@@ -141,7 +141,8 @@ private:
     LeftOut left_out_;
 };
 
-void Commit(const model::Design& copy, model::Design& design) {
+void Commit(model::Design& copy, model::Design& design) {
+    model::SyncDiagramChecks(copy);
     design.grid.SetColumns(copy.grid.Columns());
     design.grid.SetFocus(model::GridRow::Campo, 0);
     design.diagram.Restore(copy.diagram.Save());

@@ -19,13 +19,9 @@ using sql::NodeKind;
 
 /// The head of a node of which only kind, operator, flags and children count.
 std::wstring Head(const Node& node, std::uint8_t flags) {
-    std::wstring head = L"k";
-    head += std::to_wstring(static_cast<int>(node.kind));
-    head += L'.';
-    head += std::to_wstring(node.op);
-    head += L'.';
-    head += std::to_wstring(flags);
-    return head;
+    // Small numbers, one character each.
+    const auto digit = [](int number) { return static_cast<wchar_t>(L'0' + number); };
+    return {L'k', digit(static_cast<int>(node.kind)), digit(node.op), digit(flags)};
 }
 
 /// The tests of one argument that answer True or False.
@@ -58,6 +54,7 @@ Canonical::Canonical(const StatementScope& scope) : scope_(scope), statement_(sc
         }
         table_marks_.push_back(std::move(mark));
     }
+    if (statement_.source.find(L'?') == std::wstring_view::npos) return;
     sql::Lexer lexer(statement_.source);
     for (sql::Token token = lexer.NextSignificant(); token.kind != sql::TokenKind::End;
          token = lexer.NextSignificant()) {
@@ -205,25 +202,29 @@ void Canonical::AppendName(NodeId id, std::wstring& out) const {
     for (; next < keys.size(); ++next) AppendIdentifier(keys[next], L'[', L']', out);
 }
 
-// b = True is b, and b <> False is the truth of b.
-bool Canonical::IsTruthTest(NodeId id, NodeId& tested) const {
+// A truth value equal to True, or not to False, is the value itself, and otherwise its negation. Of any other
+// value, only whether it differs from False is its truth.
+bool Canonical::IsTruthTest(NodeId id, NodeId& tested, bool& negated) const {
     const Node& node = statement_.At(id);
     const auto op = static_cast<CompareOp>(node.op);
+    if (op != CompareOp::Equal && op != CompareOp::NotEqual) return false;
     const NodeId left = WithoutParens(statement_, node.first_child);
     const NodeId right = WithoutParens(statement_, statement_.At(node.first_child).next);
     const auto is_tested = [&](NodeId value, NodeId literal) {
-        tested = value;
         const NodeKind kind = statement_.At(literal).kind;
-        if (op == CompareOp::Equal && kind == NodeKind::True) return IsTruthValue(value);
-        return op == CompareOp::NotEqual && kind == NodeKind::False;
+        if (kind != NodeKind::False && (kind != NodeKind::True || !IsTruthValue(value))) return false;
+        tested = value;
+        negated = (op == CompareOp::Equal) == (kind == NodeKind::False);
+        return true;
     };
     return is_tested(left, right) || is_tested(right, left);
 }
 
 void Canonical::AppendCompare(NodeId id, bool negated, std::wstring& out) const {
     NodeId tested = sql::kNoNode;
-    if (!negated && IsTruthTest(id, tested)) {
-        out += Condition(tested);
+    bool tests_negation = false;
+    if (IsTruthTest(id, tested, tests_negation)) {
+        AppendTruth(tested, negated != tests_negation, out);
         return;
     }
     const Node& node = statement_.At(id);
@@ -236,8 +237,12 @@ void Canonical::AppendCompare(NodeId id, bool negated, std::wstring& out) const 
     if (greater) op = op == CompareOp::Greater ? CompareOp::Less : CompareOp::LessEqual;
     if (greater || (symmetric && right < left)) std::swap(left, right);
     out += L"cmp";
-    out += std::to_wstring(static_cast<int>(op));
-    out += L'(' + left + L',' + right + L')';
+    out += static_cast<wchar_t>(L'0' + static_cast<int>(op));
+    out += L'(';
+    out += left;
+    out += L',';
+    out += right;
+    out += L')';
 }
 
 void Canonical::AppendLogical(NodeId id, std::wstring& out) const {
@@ -258,9 +263,20 @@ void Canonical::AppendLogical(NodeId id, std::wstring& out) const {
 }
 
 void Canonical::AppendNot(NodeId id, std::wstring& out) const {
-    bool negated = true;
-    NodeId inner = WithoutParens(statement_, statement_.At(id).first_child);
-    while (statement_.At(inner).kind == NodeKind::Not) {
+    if (IsTruthValue(id)) {
+        AppendTruth(id, false, out);
+        return;
+    }
+    // Jet's NOT works on the bits of a number.
+    out += L"not(";
+    Append(statement_.At(id).first_child, out);
+    out += L')';
+}
+
+/// Whether the value holds, or, when negated, whether it does not.
+void Canonical::AppendTruth(NodeId id, bool negated, std::wstring& out) const {
+    NodeId inner = WithoutParens(statement_, id);
+    while (statement_.At(inner).kind == NodeKind::Not && IsTruthValue(inner)) {
         negated = !negated;
         inner = WithoutParens(statement_, statement_.At(inner).first_child);
     }
@@ -269,10 +285,7 @@ void Canonical::AppendNot(NodeId id, std::wstring& out) const {
         case NodeKind::Compare: {
             // ANY and ALL change places under NOT; they keep it.
             const NodeId right = statement_.At(node.first_child).next;
-            const bool quantified =
-                statement_.At(WithoutParens(statement_, right)).kind == NodeKind::Quantified;
-            NodeId tested = sql::kNoNode;
-            if (quantified || IsTruthTest(inner, tested)) break;
+            if (statement_.At(WithoutParens(statement_, right)).kind == NodeKind::Quantified) break;
             AppendCompare(inner, negated, out);
             return;
         }
@@ -286,13 +299,8 @@ void Canonical::AppendNot(NodeId id, std::wstring& out) const {
         default:
             break;
     }
-    if (!negated) {
-        Append(inner, out);
-        return;
-    }
-    out += L"not(";
-    Append(inner, out);
-    out += L')';
+    const std::wstring truth = Condition(inner);
+    out += negated ? L"not(" + truth + L")" : truth;
 }
 
 void Canonical::AppendTested(NodeId id, bool negated, std::wstring& out) const {

@@ -2,9 +2,9 @@
 //
 // Levelled out: white space, letter case of words, brackets, redundant parentheses, table aliases, a
 // qualifier that could be left out, operands of AND and OR in another order, sides of a comparison exchanged,
-// NOT before a predicate, and a condition compared with True. Everything else counts, literals to the letter,
-// and of the parameters written "?" also which one it is, for their values are given by place. Nested selects
-// are compared token by token.
+// NOT before a predicate, and a condition compared with True or False. Everything else counts, literals to
+// the letter, and of the parameters written "?" also which one it is, for their values are given by place.
+// Nested selects are compared token by token.
 #pragma once
 
 #include <set>
@@ -48,7 +48,8 @@ private:
     void AppendNot(sql::NodeId id, std::wstring& out) const;
     void AppendTested(sql::NodeId id, bool negated, std::wstring& out) const;
     void AppendTokens(TextRange range, std::wstring& out) const;
-    bool IsTruthTest(sql::NodeId id, sql::NodeId& tested) const;
+    void AppendTruth(sql::NodeId id, bool negated, std::wstring& out) const;
+    bool IsTruthTest(sql::NodeId id, sql::NodeId& tested, bool& negated) const;
 
     const StatementScope& scope_;
     const sql::Statement& statement_;

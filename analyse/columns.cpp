@@ -151,7 +151,7 @@ Outcome ColumnBuilder::AddSelectColumn(const std::wstring& text, const std::wstr
     }
     const std::wstring shown = WithFreeText(text);
     if (!FitsCell(shown) || !FitsCell(title)) return Refusal{place, std::wstring(messages::kCellTooLong)};
-    const int column = model::AddField(design_, shown, title, model::kShow);
+    const int column = model::AddFieldUnmarked(design_, shown, title, model::kShow);
     if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
     select_columns_.push_back(column);
     columns_.emplace(std::move(form), column);
@@ -162,7 +162,7 @@ Outcome ColumnBuilder::SetColumn(const model::ColInfo& record, const std::wstrin
                                  TextRange place, int& column) {
     const std::wstring text = WithFreeText(record.Expresion);
     if (!FitsCell(text)) return Refusal{place, std::wstring(messages::kCellTooLong)};
-    column = model::AddField(design_, text, L"", model::kHide);
+    column = model::AddFieldUnmarked(design_, text, L"", model::kHide);
     if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
     columns_.emplace(canonical_form, column);
     if (!record.GroupBy.empty()) {

@@ -16,6 +16,7 @@ using sql::Statement;
 using sql::TableRef;
 
 constexpr int kAdoBoolean = 11;
+constexpr int kUnasked = -2;
 
 std::wstring CallingKey(const Statement& statement, const TableRef& table) {
     return IdentifierKey(statement.Slice(table.alias.length > 0 ? table.alias : table.name));
@@ -33,7 +34,7 @@ NodeId QualifierOf(const Statement& statement, const Node& node) {
 }  // namespace
 
 StatementScope::StatementScope(const Statement& statement, const schema::Schema* schema)
-    : statement_(statement), schema_(schema) {
+    : statement_(statement), schema_(schema), tables_of_names_(statement.nodes.size(), kUnasked) {
     Keys names;
     for (const TableRef& table : statement.Tables) {
         called_.emplace(CallingKey(statement, table), static_cast<int>(table_keys_.size()));
@@ -115,7 +116,12 @@ bool StatementScope::IsAmbiguousField(const std::wstring& field_key) const {
 }
 
 int StatementScope::TableOfName(NodeId name) const {
-    if (const auto found = settled_.find(name); found != settled_.end()) return found->second;
+    int& table = tables_of_names_[name];
+    if (table == kUnasked) table = FindTableOfName(name);
+    return table;
+}
+
+int StatementScope::FindTableOfName(NodeId name) const {
     const std::vector<std::wstring> keys = NameKeys(statement_, name);
     if (keys.empty()) return kNoTable;
     return keys.size() == 1 ? TableOfField(keys[0]) : TableCalled(keys[0]);

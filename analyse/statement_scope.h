@@ -44,7 +44,7 @@ public:
     bool IsBooleanField(int table, const std::wstring& field_key) const;
 
     /// Fixes the table of an unqualified Name for which TableOfField has no answer.
-    void Settle(sql::NodeId name, int table) { settled_[name] = table; }
+    void Settle(sql::NodeId name, int table) { tables_of_names_[name] = table; }
     /// The table of a Name of this statement, qualified or not, or kNoTable.
     int TableOfName(sql::NodeId name) const;
 
@@ -62,6 +62,7 @@ private:
         int table = kNoTable;
     };
 
+    int FindTableOfName(sql::NodeId name) const;
     void CollectReferences(const sql::Statement& statement, std::vector<const Keys*>& hidden);
     void CollectNested(const sql::Statement& statement, std::vector<const Keys*>& hidden);
     void CollectOperand(const sql::Statement& statement, std::vector<const Keys*>& hidden);
@@ -71,7 +72,8 @@ private:
     std::vector<std::wstring> table_keys_;
     Keys repeated_;
     std::unordered_map<std::wstring, int> called_;
-    std::unordered_map<sql::NodeId, int> settled_;
+    /// What TableOfName answers for a node, kUnasked before it was asked.
+    mutable std::vector<int> tables_of_names_;
     std::vector<Reference> references_;
     Keys unqualified_;
 };

@@ -59,6 +59,16 @@ bool IsQuotedName(std::wstring_view text) {
     return close && EndOfQuoted(text, 0, *close) == text.size();
 }
 
+/// The name without its brackets or quotes as a part of the text, or nothing when a closing character is
+/// doubled inside.
+std::optional<std::wstring_view> PlainName(std::wstring_view name) {
+    const std::wstring_view trimmed = TrimView(name);
+    if (!IsQuotedName(trimmed)) return trimmed;
+    const std::wstring_view inner = trimmed.substr(1, trimmed.size() - 2);
+    if (inner.find(trimmed.back()) != std::wstring_view::npos) return std::nullopt;
+    return TrimView(inner);
+}
+
 /// Where the bare name that starts at `at` ends; `at` when there is none.
 std::size_t EndOfBareName(std::wstring_view text, std::size_t at) {
     if (at >= text.size() || !(IsIdentifierStart(text[at]) || text[at] == L'_')) return at;
@@ -110,6 +120,7 @@ std::wstring Unbracketed(std::wstring_view name) {
     if (!IsQuotedName(trimmed)) return std::wstring(trimmed);
     const wchar_t close = trimmed.back();
     const std::wstring_view inner = trimmed.substr(1, trimmed.size() - 2);
+    if (inner.find(close) == std::wstring_view::npos) return Trim(inner);
     std::wstring bare;
     for (std::size_t i = 0; i < inner.size(); ++i) {
         bare += inner[i];
@@ -119,14 +130,14 @@ std::wstring Unbracketed(std::wstring_view name) {
 }
 
 bool SameIdentifier(std::wstring_view a, std::wstring_view b) {
-    const auto plain = [](std::wstring_view name) { return !name.empty() && !ClosingOf(name.front()); };
-    const std::wstring_view first = TrimView(a);
-    const std::wstring_view second = TrimView(b);
-    if (plain(first) && plain(second)) return SameIgnoringCase(first, second);
+    const std::optional<std::wstring_view> first = PlainName(a);
+    const std::optional<std::wstring_view> second = PlainName(b);
+    if (first && second) return SameIgnoringCase(*first, *second);
     return SameIgnoringCase(Unbracketed(a), Unbracketed(b));
 }
 
 std::wstring IdentifierKey(std::wstring_view name) {
+    if (const std::optional<std::wstring_view> plain = PlainName(name)) return Lower(*plain);
     return Lower(Unbracketed(name));
 }
 

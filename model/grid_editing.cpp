@@ -86,38 +86,9 @@ void EmptyColumn(Design& design, int column) {
     SyncDiagramChecks(design);
 }
 
-}  // namespace
-
-int FieldCol(const DesignGrid& grid, std::wstring_view sField) {
-    for (int column = 0; column < grid.ColumnCount(); ++column) {
-        if (SameIgnoringCase(TrimView(grid.Cell(GridRow::Campo, column)), sField)) return column;
-    }
-    return -1;
-}
-
-int AddField(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible) {
-    // Cells are compared trimmed, so a field with blanks around it is the same field.
-    const std::wstring_view field = TrimView(sField);
-    if (field.empty() || Utf16Length(sField) > kMaxCellLength || Utf16Length(sAlias) > kMaxCellLength)
-        return -1;
-    if (const int there = FieldCol(design.grid, field); there >= 0) return there;
-    const int column = FieldCol(design.grid, L"");
-    if (column < 0) return -1;
-    design.grid.ShowColumn(column, true);
-    Write(design.grid, GridRow::Campo, column, sField);
-    SetColumnField(design, column, sAlias, nVisible);
-    return column;
-}
-
-void DelField(Design& design, std::wstring_view sField) {
-    if (TrimView(sField).empty()) return;
-    const int column = FieldCol(design.grid, sField);
-    if (column >= 0) EmptyColumn(design, column);
-}
-
-void SetColumnField(Design& design, int column, std::wstring_view sAlias, int nVisible) {
+/// SetColumnField without the diagram's marks.
+void CompleteColumn(Design& design, int column, std::wstring_view sAlias, int nVisible) {
     DesignGrid& grid = design.grid;
-    if (column < 0 || column >= grid.ColumnCount()) return;
     const std::wstring text = grid.Cell(GridRow::Campo, column);
     const std::optional<QualifiedField> parts = SplitField(text);
 
@@ -143,6 +114,46 @@ void SetColumnField(Design& design, int column, std::wstring_view sAlias, int nV
     if (nVisible != kKeepVisibility) {
         Write(grid, GridRow::Visible, column, nVisible == kShow ? kShown : kHidden);
     }
+}
+
+}  // namespace
+
+int FieldCol(const DesignGrid& grid, std::wstring_view sField) {
+    for (int column = 0; column < grid.ColumnCount(); ++column) {
+        if (SameIgnoringCase(TrimView(grid.Cell(GridRow::Campo, column)), sField)) return column;
+    }
+    return -1;
+}
+
+int AddFieldUnmarked(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible) {
+    // Cells are compared trimmed, so a field with blanks around it is the same field.
+    const std::wstring_view field = TrimView(sField);
+    if (field.empty() || Utf16Length(sField) > kMaxCellLength || Utf16Length(sAlias) > kMaxCellLength)
+        return -1;
+    if (const int there = FieldCol(design.grid, field); there >= 0) return there;
+    const int column = FieldCol(design.grid, L"");
+    if (column < 0) return -1;
+    design.grid.ShowColumn(column, true);
+    Write(design.grid, GridRow::Campo, column, sField);
+    CompleteColumn(design, column, sAlias, nVisible);
+    return column;
+}
+
+int AddField(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible) {
+    const int column = AddFieldUnmarked(design, sField, sAlias, nVisible);
+    if (column >= 0) SyncDiagramChecks(design);
+    return column;
+}
+
+void DelField(Design& design, std::wstring_view sField) {
+    if (TrimView(sField).empty()) return;
+    const int column = FieldCol(design.grid, sField);
+    if (column >= 0) EmptyColumn(design, column);
+}
+
+void SetColumnField(Design& design, int column, std::wstring_view sAlias, int nVisible) {
+    if (column < 0 || column >= design.grid.ColumnCount()) return;
+    CompleteColumn(design, column, sAlias, nVisible);
     SyncDiagramChecks(design);
 }
 

@@ -257,6 +257,8 @@ inline const Allowed kAllowed[] = {
     {"NotBeforeAComparison", L"SELECT x FROM A WHERE NOT x > 1", L"SELECT x FROM A WHERE x <= 1"},
     {"NotBeforeAPredicate", L"SELECT x FROM A WHERE NOT x Is Null", L"SELECT x FROM A WHERE x Is Not Null"},
     {"PredicateComparedWithTrue", L"SELECT x FROM A WHERE x Like 'a*'", L"SELECT x FROM A WHERE ((x Like 'a*') =True)"},
+    {"PredicateComparedWithFalse", L"SELECT x FROM A WHERE (x Like 'a*') = False", L"SELECT x FROM A WHERE x Not Like 'a*'"},
+    {"NotBeforeAComparisonWithFalse", L"SELECT x FROM A WHERE NOT x = False", L"SELECT x FROM A WHERE x <> False"},
     {"BareConditionComparedWithFalse", L"SELECT x FROM A WHERE x", L"SELECT x FROM A WHERE (x <> False)"},
     {"SameConditionTwice", L"SELECT x FROM A WHERE x Is Null AND x Is Null", L"SELECT x FROM A WHERE x Is Null"},
     {"OrderOfGroups", L"SELECT x, Count(*) FROM A GROUP BY x, y", L"SELECT x, Count(*) FROM A GROUP BY y, x"},
