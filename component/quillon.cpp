@@ -205,9 +205,10 @@ std::optional<std::wstring> Quillon::ParameterText(std::wstring_view name) {
     const ComPtr<::_cParameter> parameter = FindParameter(name);
     UniqueVariant value;
     std::wstring text;
-    if (!parameter || FAILED(parameter->get_Value(value.Put())) || FAILED(RenderText(value.Get(), &text)))
-        return std::nullopt;
-    return text;
+    if (!parameter) return std::nullopt;
+    if (SUCCEEDED(parameter->get_Value(value.Put())) && SUCCEEDED(RenderText(value.Get(), &text))) return text;
+    SetErrorInfo(0, nullptr);
+    return std::nullopt;
 }
 
 std::optional<std::wstring> Quillon::UserName() {

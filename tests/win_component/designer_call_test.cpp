@@ -289,6 +289,38 @@ TEST_F(DesignerCall, TheWindowReadsTheHostsParameters) {
     EXPECT_EQ(names, std::vector<std::wstring>{L"uno"}) << "what a broken collection gave";
 }
 
+TEST_F(DesignerCall, TheWindowWritesTheValuesOfObjectsThatAreNotOurs) {
+    const tests::FakePtr country = tests::MakeFake();
+    country->Set(L"Name", L"pais");
+    country->Set(L"eType", L"adVarChar");
+    country->Set(L"Value", L"Chile");
+    const tests::FakePtr broken = tests::MakeFake();
+    broken->Set(L"Name", L"roto");
+    broken->On(L"Value", [](const FakeCall&) { return tests::Raise(E_ACCESSDENIED, L"Valor secreto"); });
+    const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
+    quillon_->putref_ParamCol(tests::MakeCollection({country, broken}, 0).Get());
+    std::optional<std::wstring> literal, text, broken_literal, broken_text, absent;
+    bool error_left = true;
+    TheWindow().during_modal = [&] {
+        ui::DesignerOwner& owner = *TheWindow().owner;
+        literal = owner.ParameterLiteral(L" PAIS ");
+        text = owner.ParameterText(L"pais");
+        absent = owner.ParameterLiteral(L"otro");
+        ComPtr<IErrorInfo> info;
+        broken_literal = owner.ParameterLiteral(L"roto");
+        error_left = GetErrorInfo(0, info.Put()) == S_OK;
+        broken_text = owner.ParameterText(L"roto");
+        error_left = error_left || GetErrorInfo(0, info.Put()) == S_OK;
+    };
+    Design(connection.object.Get(), L"x");
+    EXPECT_EQ(literal, L"'Chile'");
+    EXPECT_EQ(text, L"Chile");
+    EXPECT_EQ(absent, std::nullopt);
+    EXPECT_EQ(broken_literal, std::nullopt);
+    EXPECT_EQ(broken_text, std::nullopt);
+    EXPECT_FALSE(error_left) << "no error of a parameter stays on the thread";
+}
+
 /// Calls DesingQry by name with the caption in the given form.
 void DesignLate(const ComPtr<Quillon>& quillon, const FakeConnection& connection,
                 win32::UniqueVariant caption) {
