@@ -68,6 +68,7 @@ VIFileVersion "${VERSION}.0"
 
 Var GivenFolder    ; what /D= says, empty without it
 Var Scope          ; regsvr32's options for the scope of this installation
+Var Trouble        ; what is said when the installation is given up
 
 ; regsvr32 of one architecture on the component of that architecture; its answer in $0.
 !macro Regsvr32 options system folder
@@ -166,7 +167,7 @@ Function RemoveEarlierVersion
 FunctionEnd
 
 Function GiveUp
-  MessageBox MB_OK|MB_ICONSTOP "$(TextNotRegistered)" /SD IDOK
+  MessageBox MB_OK|MB_ICONSTOP "$Trouble" /SD IDOK
   Call RemoveEverything
   SetErrorLevel ${FAILED}
   Quit
@@ -177,6 +178,8 @@ Section
   !insertmacro StopWhenInUse "x86"
   Call RemoveEarlierVersion
   Call UseScope
+  ; In silence, a file that cannot be written is left out and only this flag tells.
+  ClearErrors
   !include "${LISTS}/install_files.nsh"
   ; The help file has one place for the machine, which each architecture knows under a name of its own; a user without
   ; administrator rights cannot write there and gets it beside the component.
@@ -192,7 +195,12 @@ Section
     File "${TREE}/x86/Tessel.Designer/tesseldsn.chm"
   ${EndIf}
   SetOutPath "$INSTDIR"
+  ${If} ${Errors}
+    StrCpy $Trouble "$(TextNotWritten)"
+    Call GiveUp
+  ${EndIf}
 
+  StrCpy $Trouble "$(TextNotRegistered)"
   !insertmacro Regsvr32 "" "$SYSDIR" "x64"
   ${If} $0 != 0
     Call GiveUp

@@ -8,6 +8,9 @@ LangString TextInUse ${LANG_ENGLISH} "A program is using $(^Name). Close it and 
 LangString TextNotRegistered ${LANG_SPANISH} "No se pudo registrar el componente."
 LangString TextNotRegistered ${LANG_ENGLISH} "The component could not be registered."
 
+LangString TextNotWritten ${LANG_SPANISH} "No se pudieron escribir todos los archivos."
+LangString TextNotWritten ${LANG_ENGLISH} "Not all files could be written."
+
 LangString TextNot32Bit ${LANG_SPANISH} "Este Windows no ejecuta programas de 32 bits: el componente de 32 bits no se registra."
 LangString TextNot32Bit ${LANG_ENGLISH} "This Windows does not run 32-bit programs: the 32-bit component is not registered."
 
