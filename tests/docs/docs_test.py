@@ -13,6 +13,7 @@ import re
 import subprocess
 import tempfile
 import unittest
+from xml.etree import ElementTree
 
 import ebnf
 from documents import ROOT, all_documents, document
@@ -78,6 +79,20 @@ class Links(unittest.TestCase):
                 if not path or not (ROOT / path.group(1)).is_dir() or path.group(1) == "build":
                     continue
                 self.assertTrue(list(ROOT.glob(span.rstrip("/"))), f"{each.name}: {span}")
+
+
+class Drawing(unittest.TestCase):
+    def test_the_boxes_are_the_folders(self):
+        drawing = source("docs/images/architecture.svg")
+        ElementTree.fromstring(drawing)
+        boxes = set(re.findall(r'font-weight="600"[^>]*>([^<]+)<', drawing))
+        folders = {name for name in re.findall(r'^    "([a-z0-9_/*]+)":', source("scripts/check_layers"), re.M)}
+        covered = {re.sub(r"/\*", "", name) for name in folders} - {"common/win32", "hostkit", "controls/win32"}
+        drawn = {re.sub(r"/\*", "", name) for name in boxes} - {"controls/win32"}
+        self.assertEqual(covered - drawn, set(), "folders that are not drawn")
+        for name in drawn:
+            if name in covered:
+                self.assertTrue((ROOT / name).is_dir(), name)
 
 
 class Blocks(unittest.TestCase):
@@ -179,7 +194,7 @@ class Statements(unittest.TestCase):
 
 class Messages(unittest.TestCase):
     FILES = ["sqlparser/messages.h", "analyse/refusal.h", "analyse/refusal.cpp", "analyse/analyse_sql.h",
-             "ui/designer_presenter.cpp", "ui/win32/show_help.h"]
+             "ui/relation_messages.h", "ui/grid_messages.h", "ui/designer_presenter.cpp", "ui/win32/show_help.h"]
 
     def literals(self, file):
         text = re.sub(r"//[^\n]*", "", source(file))
