@@ -1,5 +1,5 @@
 ; The installer. build_package compiles it with VERSION, TREE (what the archive holds), LISTS (a folder with the lists
-; of files made from it), TEXTS and OUTPUT.
+; of files made from it), PICTURE, TEXTS and OUTPUT.
 ;
 ; One set-up for both architectures and both scopes: for the machine, or for the current user without administrator
 ; rights. The program itself is a 64-bit one, so it needs a 64-bit Windows. Exit status: 0 done, 1 cancelled by the
@@ -34,6 +34,9 @@ Name "${PRODUCT}"
 OutFile "${OUTPUT}"
 BrandingText "${PRODUCT} ${VERSION}"
 
+!define MUI_ICON "${NSISDIR}/Contrib/Graphics/Icons/modern-install-blue-full.ico"
+!define MUI_UNICON "${NSISDIR}/Contrib/Graphics/Icons/modern-uninstall-blue-full.ico"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_LICENSE "${TREE}/LICENSE.txt"
 !define MUI_PAGE_HEADER_TEXT "$(TextScopeTitle)"
