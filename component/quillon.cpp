@@ -206,7 +206,8 @@ std::optional<std::wstring> Quillon::ParameterText(std::wstring_view name) {
     UniqueVariant value;
     std::wstring text;
     if (!parameter) return std::nullopt;
-    if (SUCCEEDED(parameter->get_Value(value.Put())) && SUCCEEDED(RenderText(value.Get(), &text))) return text;
+    if (SUCCEEDED(parameter->get_Value(value.Put())) && SUCCEEDED(RenderText(value.Get(), &text)))
+        return text;
     SetErrorInfo(0, nullptr);
     return std::nullopt;
 }

@@ -1,18 +1,20 @@
-// The designer from C++ through its type library: opens a connection, offers parameters, lets the user design a query
-// and prints the statement that came back.
+// The designer from C++ through its type library: opens a connection, offers parameters, lets the user design
+// a query and prints the statement that came back.
 //
 //   host "DSN=ventas" [STATEMENT]
 //   host "Provider=Microsoft.ACE.OLEDB.12.0;Data Source=C:\\datos\\ventas.accdb"
 //   host "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=C:\\datos\\ventas.mdb"        (32 bits only)
 //   host "Provider=MSOLEDBSQL;Server=.;Database=ventas;Trusted_Connection=yes"
 //
-// Visual C++ reads the type library out of the DLL: cl /std:c++17 /EHsc host.cpp with tesseldsn.dll beside the source.
-// MinGW-w64 has no #import; there tessel_h.h is made from the library's source: widl -h -o tessel_h.h tessel.idl.
-// The MinGW way is built and run here, the other has not been. Ends with 42 when everything went well.
+// Visual C++ reads the type library out of the DLL: cl /std:c++17 /EHsc host.cpp with tesseldsn.dll beside
+// the source. MinGW-w64 has no #import; there tessel_h.h is made from the library's source: widl -h -o
+// tessel_h.h tessel.idl. The MinGW way is built and run here, the other has not been. Ends with 42 when
+// everything went well.
 #include <windows.h>
 #include <oleauto.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <initializer_list>
 #include <string>
 
@@ -33,10 +35,10 @@ void Check(HRESULT result, const char* what) {
     std::exit(1);
 }
 
-/// An owned text.
+/// An owned text; none, which is the same as an empty one, unless it is given.
 class Text {
 public:
-    explicit Text(const wchar_t* text = L"") : text_(SysAllocString(text)) {}
+    explicit Text(const wchar_t* text = nullptr) : text_(SysAllocString(text)) {}
     ~Text() { SysFreeString(text_); }
     Text(const Text&) = delete;
     Text& operator=(const Text&) = delete;
@@ -45,7 +47,8 @@ public:
     /// For the console, in its code page.
     std::string ForConsole() const {
         const UINT page = GetConsoleOutputCP();
-        const int length = WideCharToMultiByte(page, 0, text_, SysStringLen(text_), nullptr, 0, nullptr, nullptr);
+        const int length =
+            WideCharToMultiByte(page, 0, text_, SysStringLen(text_), nullptr, 0, nullptr, nullptr);
         std::string bytes(static_cast<size_t>(length), '\0');
         WideCharToMultiByte(page, 0, text_, SysStringLen(text_), bytes.data(), length, nullptr, nullptr);
         return bytes;
@@ -76,8 +79,9 @@ IDispatch* Create(const wchar_t* prog_id) {
     CLSID id;
     IDispatch* object = nullptr;
     Check(CLSIDFromProgID(prog_id, &id), "CLSIDFromProgID");
-    Check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, reinterpret_cast<void**>(&object)),
-          "CoCreateInstance");
+    Check(
+        CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, reinterpret_cast<void**>(&object)),
+        "CoCreateInstance");
     return object;
 }
 
@@ -90,7 +94,8 @@ void Call(IDispatch* object, const wchar_t* name, std::initializer_list<VARIANT>
     UINT count = static_cast<UINT>(arguments.size());
     for (const VARIANT& argument : arguments) reversed[--count] = argument;
     DISPPARAMS parameters{reversed, nullptr, static_cast<UINT>(arguments.size()), 0};
-    Check(object->Invoke(id, IID{}, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr),
+    Check(object->Invoke(id, IID{}, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
+                         nullptr),
           "Invoke");
 }
 
@@ -110,7 +115,8 @@ _cParameter* NewParameter(const wchar_t* name, const wchar_t* type, const wchar_
 /// A dictionary of Windows' scripting library as the collection: its items count, not its keys.
 IDispatch* Parameters() {
     IDispatch* const dictionary = Create(L"Scripting.Dictionary");
-    const wchar_t* const rows[][3] = {{L"desde", L"adDBDate", L"2024-03-05"}, {L"pais", L"adVarChar", L"Chile"}};
+    const wchar_t* const rows[][3] = {{L"desde", L"adDBDate", L"2024-03-05"},
+                                      {L"pais", L"adVarChar", L"Chile"}};
     for (const auto& [name, type, value] : rows) {
         _cParameter* const parameter = NewParameter(name, type, value);
         const Text key(name);
@@ -126,7 +132,6 @@ void PrintParameter(_Quillon* designer, const wchar_t* name) {
     _cParameter* parameter = nullptr;
     Check(designer->GetParameter(wanted.Address(), &parameter), "GetParameter");
     if (!parameter) return;
-    SysFreeString(*literal.Address());
     Check(parameter->SQLExpresion(literal.Address()), "SQLExpresion");
     std::printf("@%ls = %s\n", name, literal.ForConsole().c_str());
     parameter->Release();
@@ -157,8 +162,8 @@ int wmain(int count, wchar_t** arguments) {
         PrintParameter(designer, L"pais");
 
         Text statement(count > 2 ? arguments[2] : L"SELECT Clientes.Nombre FROM Clientes"), caption, answer;
-        SysFreeString(*answer.Address());
-        Check(designer->DesingQry(&connection, statement.Address(), caption.Address(), answer.Address()), "DesingQry");
+        Check(designer->DesingQry(&connection, statement.Address(), caption.Address(), answer.Address()),
+              "DesingQry");
         std::printf("Esquema: %s\n%s\n", caption.ForConsole().c_str(), answer.ForConsole().c_str());
 
         designer->Release();
