@@ -9,6 +9,7 @@
 #include "common/text.h"
 #include "compose/compose.h"
 #include "model/grid_editing.h"
+#include "sqlparser/token_text.h"
 
 namespace tessel::analyse {
 
@@ -65,8 +66,13 @@ std::wstring ColumnBuilder::CellText(TextRange range) const {
     return scope_.TextWithTables(range, alias_replacements_);
 }
 
+// Without line breaks and comments a long text may fit after all.
+std::wstring ColumnBuilder::FittedText(std::wstring text) {
+    return FitsCell(text) ? text : sql::CanonicalTokens(text, {0, text.size()});
+}
+
 std::wstring ColumnBuilder::FieldText(NodeId node) const {
-    std::wstring text = CellText(node);
+    std::wstring text = FittedText(CellText(node));
     if (!IsAggregate(text)) return text;
     if (FirstAggregate(statement_, node) == sql::kNoNode) return WithHiddenAggregates(text);
     // The aggregate test of the composition does not look behind a parenthesis.
@@ -147,7 +153,9 @@ Outcome ColumnBuilder::AddSelectColumn(const std::wstring& text, const std::wstr
         // As where fields of two tables have the same name, the title tells them apart.
         const std::vector<std::wstring> parts =
             IsQualifiedName(text) ? SplitQualified(text) : std::vector<std::wstring>();
-        if (title.empty() && parts.size() > 1) title = model::UniqueCaption(design_.grid, -1, parts.back());
+        if (title.empty() && parts.size() > 1) {
+            title = model::UniqueCaption(design_.grid, -1, model::TitleOfField(parts.back()));
+        }
     }
     const std::wstring shown = WithFreeText(text);
     if (!FitsCell(shown) || !FitsCell(title)) return Refusal{place, std::wstring(messages::kCellTooLong)};

@@ -5,7 +5,6 @@
 #include "analyse/nodes.h"
 #include "common/mdl_global.h"
 #include "common/text.h"
-#include "sqlparser/token_text.h"
 
 namespace tessel::analyse {
 
@@ -201,9 +200,7 @@ std::wstring CriteriaBuilder::WholeText(NodeId id) const {
         text = is_predicate ? L"(" + text + L") " : text + L" ";
         text += kIsNotFalse;
     }
-    text = L"(" + text + L")";
-    // Without line breaks and comments it may fit after all.
-    return Utf16Length(text) <= model::kMaxCellLength ? text : sql::CanonicalTokens(text, {0, text.size()});
+    return ColumnBuilder::FittedText(L"(" + text + L")");
 }
 
 Outcome CriteriaBuilder::AddCells(NodeId expression, const std::wstring& form,
@@ -263,7 +260,8 @@ std::wstring CriteriaBuilder::ExpressionText(NodeId id, std::wstring_view before
 }
 
 std::wstring CriteriaBuilder::CellTextOf(const Comparison& comparison) const {
-    return std::wstring(comparison.sign) + L" " + columns_.CellText(comparison.value);
+    return ColumnBuilder::FittedText(std::wstring(comparison.sign) + L" " +
+                                     columns_.CellText(comparison.value));
 }
 
 }  // namespace tessel::analyse

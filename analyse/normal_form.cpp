@@ -126,6 +126,7 @@ int SelectItemOfSortKey(const StatementScope& scope, const Canonical& canonical,
     bool is_other_column = StarMayBring(scope, keys[0]);
     bool is_field_itself = false;
     int by_alias = kOwnExpression;
+    int by_field = kOwnExpression;
     for (std::size_t index = 0; index < statement.Columns.size(); ++index) {
         const Item& item = statement.Columns[index];
         const bool same_expression = canonical.Expression(item.node) == as_field;
@@ -135,13 +136,19 @@ int SelectItemOfSortKey(const StatementScope& scope, const Canonical& canonical,
         const std::vector<std::wstring> aliased_keys =
             is_name ? NameKeys(statement, aliased) : std::vector<std::wstring>();
         const bool names_field = aliased_keys.size() == 2 && aliased_keys.back() == keys[0];
-        if (item.alias.length == 0 && names_field) is_other_column = true;
-        if (IdentifierKey(statement.Slice(item.alias)) != keys[0] || same_expression) continue;
+        const std::wstring alias = IdentifierKey(statement.Slice(item.alias));
+        if (names_field && alias.empty()) {
+            by_field = is_other_column ? kAmbiguous : static_cast<int>(index);
+            is_other_column = true;
+        }
+        if (alias != keys[0] || same_expression) continue;
         if (by_alias != kOwnExpression) return kAmbiguous;
         by_alias = static_cast<int>(index);
         is_field_itself = names_field;
     }
-    if (by_alias == kOwnExpression) return kOwnExpression;
+    // A bare name is the column of the only field of that name in the select list: where another table has
+    // such a field too, engines take the column or refuse the name.
+    if (by_alias == kOwnExpression) return by_field == kAmbiguous ? kOwnExpression : by_field;
     // The alias of the field of that very name is the field.
     return is_other_column || (is_field && !is_field_itself) ? kAmbiguous : by_alias;
 }

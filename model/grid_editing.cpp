@@ -105,7 +105,7 @@ void CompleteColumn(Design& design, int column, std::wstring_view sAlias, int nV
     // Only table.field is given a title. "Nombre AS Nombre" would be a circular reference to the Jet engine,
     // and an expression has no name of its own.
     if (parts && IsBlank(grid.Cell(GridRow::Titulo, column))) {
-        Write(grid, GridRow::Titulo, column, UniqueCaption(grid, column, parts->field));
+        Write(grid, GridRow::Titulo, column, UniqueCaption(grid, column, TitleOfField(parts->field)));
     }
     grid.SetCaption(column, grid.Cell(GridRow::Titulo, column));
 
@@ -170,6 +170,10 @@ void SetColumnTable(Design& design, int column) {
     Write(grid, GridRow::Titulo, column, L"");
     grid.SetCaption(column, L"");
     SyncDiagramChecks(design);
+}
+
+std::wstring TitleOfField(const std::wstring& field) {
+    return IsReservedWord(field) ? BracketIfNeeded(field) : field;
 }
 
 std::wstring UniqueCaption(const DesignGrid& grid, int column, std::wstring_view sName) {
