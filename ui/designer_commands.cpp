@@ -115,6 +115,7 @@ void DesignerPresenter::TableChosen(std::wstring_view name) {
         RefillFieldLists();
     }
     design_.diagram.SelectTable(name);
+    view_.RevealTable(name);
 }
 
 void DesignerPresenter::RemoveRelation(int key) {

@@ -57,6 +57,8 @@ public:
     /// dlgArbol on the roots of a statement's tree; returns when the user closes it.
     virtual void ShowSyntaxTree(const std::vector<analyse::TreeNode>& roots) = 0;
 
+    /// Selects a table of the diagram and scrolls to it.
+    virtual void RevealTable(std::wstring_view table) = 0;
     /// Begins a relation from a table: the user completes it in the diagram, or gives it up.
     virtual void BeginRelation(std::wstring_view table) = 0;
     /// The properties of a relation: the kind that the user chose, or nothing when they are closed otherwise.

@@ -277,6 +277,7 @@ TEST_F(DiagramCommands, AddingATableTwiceShowsTheOneThatIsThere) {
     presenter_.TableChosen(L"[clientes]");
     EXPECT_EQ(Diagram().Save(), before);
     EXPECT_EQ(Diagram().SelectedTable(), L"Clientes");
+    EXPECT_EQ(window_.revealed, L"[clientes]");
     EXPECT_TRUE(window_.messages.empty());
 }
 

@@ -78,6 +78,7 @@ public:
         calls_.push_back(L"question");
         return answer;
     }
+    void RevealTable(std::wstring_view table) override { revealed = table; }
     void BeginRelation(std::wstring_view table) override { relation_begun = table; }
     std::optional<model::JoinKind> AskRelationKind(const model::RelInfo& relation) override {
         asked_relation = relation;
@@ -101,6 +102,7 @@ public:
     std::vector<std::wstring> messages;
     std::vector<std::wstring> questions;
     std::vector<analyse::TreeNode> tree;
+    std::wstring revealed;
     std::wstring relation_begun;
     model::RelInfo asked_relation;
     std::optional<model::JoinKind> chosen_kind;

@@ -132,6 +132,7 @@ private:
     void ShowMessage(std::wstring_view text) override;
     bool AskYesNo(std::wstring_view text) override;
     void ShowSyntaxTree(const std::vector<analyse::TreeNode>& roots) override;
+    void RevealTable(std::wstring_view table) override;
     void BeginRelation(std::wstring_view table) override;
     std::optional<model::JoinKind> AskRelationKind(const model::RelInfo& relation) override;
     void AddTable(std::wstring_view related_to) override;

@@ -38,6 +38,10 @@ void DesignerWindow::OnDiagramRelationActivated(int key) {
     presenter_.RelationActivated(key);
 }
 
+void DesignerWindow::RevealTable(std::wstring_view table) {
+    diagram_.Reveal(table, L"");
+}
+
 void DesignerWindow::BeginRelation(std::wstring_view table) {
     diagram_.BeginRelation(table);
 }
