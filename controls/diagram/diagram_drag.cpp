@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kRoomForWished = 16;  // around a box that the user put down, units
 constexpr int kGrip = 40;           // from a box's left side to the pointer that brings it, units
-constexpr int kFitMargin = 16;      // around everything, units
+constexpr int kFitMargin = 16;      // left and above of everything, units
 
 }  // namespace
 
@@ -65,20 +65,27 @@ bool DiagramState::Reveal(std::wstring_view table, std::wstring_view field) {
     return true;
 }
 
+Rect DiagramState::Drawn() const {
+    Rect drawn;
+    for (const Box& box : layout_.Boxes()) drawn = Union(drawn, box.Frame());
+    for (const Line& line : layout_.Lines()) drawn = Union(drawn, line.bounds);
+    return drawn;
+}
+
+// At the far sides the same room as the plane leaves to scroll to, so that a diagram that fits has no scroll
+// bars.
 Rect DiagramState::Content() const {
-    Rect content;
-    for (const Box& box : layout_.Boxes()) content = Union(content, box.Frame());
-    for (const Line& line : layout_.Lines()) content = Union(content, line.bounds);
-    return IsEmpty(content) ? Rect{} : Inflated(content, kFitMargin);
+    const Rect drawn = Drawn();
+    if (IsEmpty(drawn)) return {};
+    return {drawn.left - kFitMargin, drawn.top - kFitMargin, drawn.width + kFitMargin + kRoomAround,
+            drawn.height + kFitMargin + kRoomAround};
 }
 
 bool DiagramState::ShowsEverything() const {
-    const Rect content = view_.ToClient(Content());
+    const Rect drawn = view_.ToClient(Drawn());
     const Size client = view_.Client();
-    // The margin may be cut: what counts is what is drawn.
-    const int margin = view_.ToPixels(kFitMargin);
-    return content.left >= -margin && content.top >= -margin && Right(content) <= client.width + margin &&
-           Bottom(content) <= client.height + margin;
+    return IsEmpty(drawn) || (drawn.left >= 0 && drawn.top >= 0 && Right(drawn) <= client.width &&
+                              Bottom(drawn) <= client.height);
 }
 
 void DiagramState::Fit() {

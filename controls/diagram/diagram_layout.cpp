@@ -10,8 +10,6 @@ namespace tessel::controls::diagram {
 
 namespace {
 
-constexpr int kRoomAround = 24;
-
 // A box lends its sides to the pointer: the corners reach further along, so that they are easy to hit.
 int EdgesAt(const Rect& rect, Point point, int tolerance) {
     if (!Contains(Inflated(rect, tolerance), point)) return kNoEdge;

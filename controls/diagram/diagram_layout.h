@@ -14,6 +14,9 @@
 
 namespace tessel::controls::diagram {
 
+/// What the plane leaves free to the right of everything and below.
+inline constexpr int kRoomAround = 24;
+
 enum class HitKind { None, Title, Row, Check, ScrollBar, Edge, Relation };
 
 /// Sides of a box, for resizing; corners are two sides.

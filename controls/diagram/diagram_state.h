@@ -110,6 +110,7 @@ private:
     void ResizeTo(Point client_px);
     bool CanJoin(const Hit& target) const;
     bool CarryTo(Point client_px);
+    Rect Drawn() const;
     void PlaceWished(std::vector<PlacementBox>& boxes);
     void RevealFocus();
     bool ArrowKey(Key key, Modifiers modifiers);

@@ -588,6 +588,11 @@ TEST_F(DiagramStateTest, FittingShowsEverythingAtTheLargestZoomThatDoes) {
     EXPECT_LT(zoom, 100);
     state.SetZoom(zoom + 3, {0, 0});
     EXPECT_FALSE(state.ShowsEverything());
+    // Nothing is left to scroll to.
+    diagram.SetTableRect(L"Clientes", {16, 900, 160, 120});
+    state.Fit();
+    EXPECT_EQ(state.View().MinScroll(), state.View().MaxScroll());
+    diagram.SetTableRect(L"Clientes", {400, 900, 160, 120});
     diagram.SetTableRect(L"Pedidos", {600, 900, 160, 120});
     state.Fit();
     EXPECT_EQ(state.View().Zoom(), 100);

@@ -211,6 +211,25 @@ TEST_F(DragTest, ANameDroppedOnTheEditorIsWrittenAtTheCaret) {
     EXPECT_FALSE(Run(kClientes));
 }
 
+TEST_F(DragTest, ThePropertiesFollowTheBrowserFromTheStart) {
+    const auto property = [this](int row) {
+        wchar_t name[100] = L"";
+        wchar_t value[100] = L"";
+        const HWND list = GetWindow(Control(ui::kIdProperties), GW_CHILD);
+        ListView_GetItemText(list, row, 0, name, 100);
+        ListView_GetItemText(list, row, 1, value, 100);
+        return std::wstring(name) + L": " + value;
+    };
+    script_.Do([=, this] {
+        EXPECT_EQ(property(0), L"Nombre: ventas");
+        MouseClick(ItemPoint(L"Pedidos"));
+    });
+    script_.Until([=] { return property(0) == L"Nombre: Pedidos"; }, "the table's properties are shown");
+    script_.Do([=] { EXPECT_EQ(property(3), L"Clave principal: IdPedido"); });
+    Close();
+    EXPECT_FALSE(Run(kClientes));
+}
+
 TEST_F(DragTest, PlacesSurviveATabSwitch) {
     RECT moved{};
     Drag(

@@ -67,6 +67,7 @@ bool DesignerWindow::Create() {
 void DesignerWindow::LoadSchema(const schema::Schema* schema, std::wstring_view caption) {
     schema_ = schema;
     browser_.Load(schema, caption);
+    if (controls::BrowserItem item; browser_.SelectedItem(item)) props_.Show(schema, &item);
     presenter_.BindSchema(schema);
     UpdateCommands();
 }
