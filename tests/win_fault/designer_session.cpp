@@ -12,6 +12,7 @@ namespace {
 
 constexpr wchar_t kDesigner[] = L"Diseñador de consultas SQL";
 constexpr wchar_t kPreview[] = L"Vista previa de datos";
+constexpr wchar_t kTree[] = L"Árbol de sintaxis";
 constexpr UINT kTickMilliseconds = 10;
 constexpr ULONGLONG kLongestSession = 60'000;
 
@@ -77,13 +78,14 @@ private:
         const HWND designer = OwnWindow(kDesigner);
         if (GetTickCount64() - started_ > kLongestSession) {
             log_.stuck = true;
-            for (HWND window : {testing::OpenMessageBox(), OwnWindow(kPreview), designer})
+            for (HWND window : {testing::OpenMessageBox(), OwnWindow(kPreview), OwnWindow(kTree), designer})
                 if (window) PostMessageW(window, WM_CLOSE, 0, 0);
             return;
         }
         if (const HWND box = testing::OpenMessageBox()) return CloseBox(box);
         if (const HWND preview = OwnWindow(kPreview)) return LookAtPreview(preview);
-        box_ = preview_ = nullptr;
+        if (const HWND tree = OwnWindow(kTree)) return CloseTree(tree);
+        box_ = preview_ = tree_ = nullptr;
         if (!designer || in_step_ || next_ == steps_.size()) return;
         log_.designer_shown = true;
         in_step_ = true;
@@ -95,6 +97,12 @@ private:
         if (box != box_) log_.messages.push_back(testing::MessageBoxText(box));
         box_ = box;
         PostMessageW(box, WM_CLOSE, 0, 0);
+    }
+
+    void CloseTree(HWND tree) {
+        if (tree != tree_) ++log_.trees;
+        tree_ = tree;
+        PostMessageW(tree, WM_CLOSE, 0, 0);
     }
 
     /// Goes to its end, so that every page is read, and closes it.
@@ -117,6 +125,7 @@ private:
     bool in_step_ = false;
     HWND box_ = nullptr;
     HWND preview_ = nullptr;
+    HWND tree_ = nullptr;
     SessionLog log_;
 };
 

@@ -50,6 +50,7 @@ private:
 struct SessionLog {
     bool designer_shown = false;
     int previews = 0;
+    int trees = 0;
     std::vector<std::wstring> messages;
     bool stuck = false;  ///< it did not come to its end, and was closed by force
 };

@@ -17,9 +17,11 @@ enum class Fault {
     NullObject,  ///< success with an object that is none
     WrongType,   ///< a text where an object or a number was due, an object where a text was
     Unknown,     ///< the member does not exist
+    Huge,        ///< the largest number where a number was due, else nothing
+    Negative,    ///< the smallest one
 };
-inline constexpr Fault kFaults[] = {Fault::Fails,      Fault::Raises,    Fault::Nothing,
-                                    Fault::NullObject, Fault::WrongType, Fault::Unknown};
+inline constexpr Fault kFaults[] = {Fault::Fails,     Fault::Raises,  Fault::Nothing, Fault::NullObject,
+                                    Fault::WrongType, Fault::Unknown, Fault::Huge,    Fault::Negative};
 
 /// Which call misbehaves, and how; shared by all objects of a session.
 struct FaultPlan {
@@ -79,7 +81,10 @@ private:
         return win32::UniqueVariant(static_cast<IDispatch*>(wrapped.Get()));
     }
     win32::UniqueVariant Instead(const win32::UniqueVariant& answer) const {
-        if (plan_->fault == Fault::Nothing) return {};
+        const bool number = answer.Type() == VT_I4;
+        if (plan_->fault == Fault::Huge && number) return win32::UniqueVariant(LONG_MAX);
+        if (plan_->fault == Fault::Negative && number) return win32::UniqueVariant(LONG_MIN);
+        if (plan_->fault != Fault::NullObject && plan_->fault != Fault::WrongType) return {};
         if (plan_->fault == Fault::NullObject) return win32::UniqueVariant(static_cast<IDispatch*>(nullptr));
         if (answer.Type() == VT_BSTR) return ObjectValue(MakeFake());
         return win32::UniqueVariant(L"ni n\u00famero ni objeto");
