@@ -46,6 +46,22 @@ bool CopyToClipboard(HWND owner, std::wstring_view text) {
     return false;
 }
 
+std::optional<std::wstring> TextFromClipboard(HWND owner) {
+    const OpenedClipboard clipboard(owner);
+    if (!clipboard) return std::nullopt;
+    const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
+    const auto* text = memory ? static_cast<const wchar_t*>(GlobalLock(memory)) : nullptr;
+    if (!text) return std::nullopt;
+    // Another program may have left out the closing zero.
+    std::size_t length = GlobalSize(memory) / sizeof(wchar_t);
+    for (std::size_t i = 0; i < length; ++i) {
+        if (text[i] == L'\0') length = i;
+    }
+    std::wstring copy(text, length);
+    GlobalUnlock(memory);
+    return copy;
+}
+
 bool CopyToClipboard(HWND owner, HGLOBAL dib, HENHMETAFILE metafile) {
     const OpenedClipboard clipboard(owner);
     const bool open = clipboard && EmptyClipboard();

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace tessel::win32 {
@@ -15,5 +17,8 @@ bool CopyToClipboard(HWND owner, std::wstring_view text);
 /// metafile. Takes over both, whatever the answer; either may be nullptr. False when nothing could be put
 /// there.
 bool CopyToClipboard(HWND owner, HGLOBAL dib, HENHMETAFILE metafile);
+
+/// The clipboard's text; nothing when it holds none or another program holds the clipboard.
+[[nodiscard]] std::optional<std::wstring> TextFromClipboard(HWND owner);
 
 }  // namespace tessel::win32

@@ -38,6 +38,7 @@ bool GridState::SetFocus(model::GridRow row, int column) {
     const bool changed = row != row_ || column != column_;
     row_ = row;
     column_ = column;
+    if (changed) CollapseSelection();
     return changed;
 }
 

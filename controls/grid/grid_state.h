@@ -1,11 +1,12 @@
 // What the design grid's view knows beyond the model: its layout, the focused cell with the moves that keys
-// ask for, and a column being resized.
+// ask for, the selected block, and a column being resized or moved.
 //
 // Portable and without a window. Hidden columns do not exist for any move. The model's focus is the truth;
 // the view copies it in with SetFocus.
 #pragma once
 
 #include "controls/grid/grid_layout.h"
+#include "model/block_editing.h"
 #include "model/design_grid.h"
 
 namespace tessel::controls {
@@ -36,7 +37,7 @@ public:
 
     model::GridRow FocusedRow() const { return row_; }
     int FocusedColumn() const { return column_; }
-    /// True when that is another cell than before.
+    /// True when that is another cell than before; it is then all that is selected.
     bool SetFocus(model::GridRow row, int column);
     /// False while the focus is on a hidden column.
     bool IsFocusShown() const { return layout_.IndexOf(column_) >= 0; }
@@ -46,6 +47,37 @@ public:
     /// Moves the focus and scrolls to it. False when there is nowhere to go.
     bool Move(GridMove move);
     bool CanMove(GridMove move) const;
+
+    // The selection (grid_selection.cpp): the cells between an anchor and the focus, or whole columns.
+    /// Only the focused cell stays selected.
+    void CollapseSelection();
+    /// Moves the focus and leaves the anchor. True when the focus moved.
+    bool ExtendTo(model::GridRow row, int column);
+    bool Extend(GridMove move);
+    /// Selects a column whole, or all from the anchor's to it. The focus goes there, in its row.
+    void SelectColumns(int column, bool extend);
+    void SelectAll();
+    /// Never without a column while one is shown.
+    model::CellRange Selection() const;
+    bool IsSelected(model::GridRow row, int column) const;
+    bool HasBlock() const { return whole_columns_ || anchor_row_ != row_ || anchor_column_ != column_; }
+    bool HasWholeColumns() const { return whole_columns_; }
+
+    // A column moved by its header (grid_column_move.cpp).
+    /// The header was pressed at `x`; nothing moves before the pointer passes the threshold.
+    void BeginMove(int column, int x);
+    /// True when the mark of the place has changed.
+    bool MoveColumnTo(int x, int threshold);
+    bool IsHeaderPressed() const { return moved_column_ >= 0; }
+    bool IsMoving() const { return moved_column_ >= 0 && drop_slot_ >= 0; }
+    int MovedColumn() const { return moved_column_; }
+    /// The column whose place it would take; -1 when it would stay.
+    int DropTarget() const;
+    /// Where the mark between two columns stands.
+    int DropMarkX() const;
+    void EndMove() { moved_column_ = drop_slot_ = -1; }
+    /// The shown column beside another; -1 at the end.
+    int NeighbourOf(int column, bool right) const;
 
     /// The user took hold of the right edge of a column at `x`.
     void BeginResize(int column, int x);
@@ -68,6 +100,12 @@ private:
     GridLayout layout_;
     model::GridRow row_ = model::GridRow::Campo;
     int column_ = 0;
+    model::GridRow anchor_row_ = model::GridRow::Campo;
+    int anchor_column_ = 0;
+    bool whole_columns_ = false;
+    int moved_column_ = -1;
+    int drop_slot_ =
+        -1;  ///< index into Layout().Columns() of the column behind the mark, their number at the end
     int resized_column_ = -1;
     int grabbed_at_ = 0;
     int width_before_ = 0;

@@ -312,18 +312,5 @@ TEST_F(GridEditing, EditingColumn60ScrollsToIt) {
     EXPECT_EQ(Cell(GridRow::Campo, 59), L"Clientes.Teléfono");
 }
 
-TEST_F(GridEditing, CopyAndPasteMoveACellsText) {
-    FillGrid();
-    ClickCell(GridRow::Condicion, 1);
-    PressKey('C', false, true);
-    frame_.Pump();
-    ClickCell(GridRow::Or, 3);
-    PressKey('V', false, true);
-    ASSERT_TRUE(WaitForText(L">1000"));
-    PressKey(VK_RETURN);
-    ASSERT_TRUE(WaitForEditor(false));
-    EXPECT_EQ(Cell(GridRow::Or, 3), L">1000");
-}
-
 }  // namespace
 }  // namespace tessel::controls

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/text.h"
@@ -32,6 +34,16 @@ public:
         if (Utf16Length(text) > model::kMaxCellLength) return;
         EXPECT_TRUE(grid_.SetCell(row, column, text));
     }
+    void OnGridColumnMoved(int from, int to) override {
+        moves.emplace_back(from, to);
+        EXPECT_TRUE(grid_.MoveColumn(from, to));
+        OnGridFocusMoved(grid_.FocusedRow(), to);
+    }
+    void OnGridCellsEmptied(const model::CellRange& range) override { emptied = range; }
+    void OnGridCellsPasted(const model::CellRange& range, const model::CellBlock& block) override {
+        pasted_over = range;
+        pasted = block;
+    }
     void OnGridContextMenu(int column, POINT screen) override {
         menu_column = column;
         menu_point = screen;
@@ -50,6 +62,10 @@ public:
     }
 
     std::vector<std::wstring> commits;
+    std::vector<std::pair<int, int>> moves;
+    model::CellRange emptied;
+    model::CellRange pasted_over;
+    model::CellBlock pasted;
     int focus_moves = 0;
     int menu_column = -1;
     POINT menu_point{};

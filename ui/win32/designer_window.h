@@ -150,6 +150,10 @@ private:
     // The controls' gestures (designer_window_gestures.cpp)
     void OnGridFocusMoved(model::GridRow row, int column) override;
     void OnGridCellCommitted(model::GridRow row, int column, std::wstring_view text) override;
+    void OnGridColumnMoved(int from, int to) override;
+    void OnGridCellsEmptied(const model::CellRange& range) override;
+    void OnGridCellsPasted(const model::CellRange& range, const model::CellBlock& block) override;
+    void OnGridContextMenu(int column, POINT screen) override;
     void OnDiagramFieldChecked(std::wstring_view table, std::wstring_view field, bool checked) override;
     void OnDiagramRelationDrawn(std::wstring_view left_table, std::wstring_view left_field,
                                 std::wstring_view right_table, std::wstring_view right_field) override;

@@ -3,10 +3,12 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
+#include "controls/grid/type_ahead.h"
 
 namespace tessel::controls {
 
@@ -61,7 +63,8 @@ bool CellEditor::Open(HWND parent, HFONT font, int dpi, const RECT& place, Conte
     open_list_on_typing_ = contents.open_list_on_typing;
     SendMessageW(combo_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     SendMessageW(combo_, CB_RESETCONTENT, 0, 0);
-    for (const std::wstring& item : contents.items)
+    items_ = std::move(contents.items);
+    for (const std::wstring& item : items_)
         SendMessageW(combo_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
     FitList();
     Place(place);
@@ -230,16 +233,8 @@ void CellEditor::OnTyped() {
 
 void CellEditor::HighlightMatch() {
     if (!IsListShown()) return;
-    int match = LB_ERR;
-    if (!typed_.empty()) {
-        match = static_cast<int>(SendMessageW(list_, LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                              reinterpret_cast<LPARAM>(typed_.c_str())));
-        if (match == LB_ERR)
-            match = static_cast<int>(SendMessageW(list_, LB_FINDSTRING, static_cast<WPARAM>(-1),
-                                                  reinterpret_cast<LPARAM>(typed_.c_str())));
-    }
     // The list's own selection, because the combo's would replace the text.
-    SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(match), 0);
+    SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(FindTyped(items_, typed_)), 0);
 }
 
 void CellEditor::TakeHighlighted() {

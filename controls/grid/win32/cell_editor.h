@@ -94,6 +94,7 @@ private:
     bool open_ = false;
     bool chosen_ = false;
     bool open_list_on_typing_ = false;
+    std::vector<std::wstring> items_;
     std::wstring typed_;  ///< the user's own text, without what the combo puts in its place
 };
 

@@ -48,6 +48,9 @@ LRESULT DesignGridView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
         case kRefusedMessage:
             if (!editor_.HasFocus()) CommitEdit();
             return 0;
+        case WM_TIMER:
+            OnScrollTimer();
+            return 0;
         case kFocusHiddenMessage:
             OnFocusHidden();
             return 0;
@@ -96,38 +99,15 @@ LRESULT DesignGridView::OnDialogCode(const MSG* message) const {
     if (message->wParam == VK_TAB && !IsDown(VK_CONTROL) &&
         state_.CanMove(IsDown(VK_SHIFT) ? GridMove::Previous : GridMove::Next))
         return own | DLGC_WANTTAB;
-    if (message->wParam == VK_ESCAPE && state_.IsResizing()) return own | DLGC_WANTMESSAGE;
+    if (message->wParam == VK_ESCAPE && (state_.IsResizing() || state_.IsMoving()))
+        return own | DLGC_WANTMESSAGE;
     return own;
 }
 
 bool DesignGridView::OnKeyDown(WPARAM key) {
     if (!grid_) return false;
-    const bool control = IsDown(VK_CONTROL);
+    if (OnMoveKey(key) || OnClipboardKey(key)) return true;
     switch (key) {
-        case VK_LEFT:
-            Go(GridMove::Left);
-            return true;
-        case VK_RIGHT:
-            Go(GridMove::Right);
-            return true;
-        case VK_UP:
-            Go(GridMove::Up);
-            return true;
-        case VK_DOWN:
-            Go(GridMove::Down);
-            return true;
-        case VK_HOME:
-            Go(control ? GridMove::First : GridMove::RowStart);
-            return true;
-        case VK_END:
-            Go(control ? GridMove::Last : GridMove::RowEnd);
-            return true;
-        case VK_PRIOR:
-            Go(GridMove::PageUp);
-            return true;
-        case VK_NEXT:
-            Go(GridMove::PageDown);
-            return true;
         case VK_RETURN:
             Go(GridMove::Down);
             return true;
@@ -148,20 +128,44 @@ bool DesignGridView::OnKeyDown(WPARAM key) {
         case VK_BACK:
             OpenEditor(L"");
             return true;
-        case VK_DELETE:
-            if (state_.IsFocusShown() && !FocusedText().empty() && events_)
-                events_->OnGridCellCommitted(state_.FocusedRow(), state_.FocusedColumn(), {});
-            return true;
         case VK_ESCAPE:
-            if (!state_.IsResizing()) return false;
+            if (!state_.IsResizing() && !state_.IsHeaderPressed()) return false;
             EndResize(false);
+            EndMove(false);
             return true;
-        case 'C':
-            if (control && state_.IsFocusShown()) Copy();
-            return control;
-        case 'V':
-            if (control && OpenEditor(L"")) editor_.Paste();
-            return control;
+        default:
+            return false;
+    }
+}
+
+bool DesignGridView::OnMoveKey(WPARAM key) {
+    const bool control = IsDown(VK_CONTROL);
+    const bool shift = IsDown(VK_SHIFT);
+    if (control && shift && (key == VK_LEFT || key == VK_RIGHT)) {
+        MoveColumn(key == VK_RIGHT);
+        return true;
+    }
+    const auto go = [&](GridMove move) {
+        shift ? Extend(move) : Go(move);
+        return true;
+    };
+    switch (key) {
+        case VK_LEFT:
+            return go(GridMove::Left);
+        case VK_RIGHT:
+            return go(GridMove::Right);
+        case VK_UP:
+            return go(GridMove::Up);
+        case VK_DOWN:
+            return go(GridMove::Down);
+        case VK_HOME:
+            return go(control ? GridMove::First : GridMove::RowStart);
+        case VK_END:
+            return go(control ? GridMove::Last : GridMove::RowEnd);
+        case VK_PRIOR:
+            return go(GridMove::PageUp);
+        case VK_NEXT:
+            return go(GridMove::PageDown);
         default:
             return false;
     }
@@ -169,7 +173,8 @@ bool DesignGridView::OnKeyDown(WPARAM key) {
 
 void DesignGridView::OnChar(wchar_t ch) {
     constexpr wchar_t kDeleteWord = 0x7F;  // Ctrl+Backspace arrives as this character
-    if (ch < L' ' || ch == kDeleteWord) return;
+    // Ctrl+Space selects; its character arrives all the same.
+    if (ch < L' ' || ch == kDeleteWord || (ch == L' ' && IsDown(VK_CONTROL))) return;
     if (OpenEditor(L"")) editor_.Type(ch);
 }
 
@@ -180,21 +185,25 @@ bool DesignGridView::OnMouseMessage(UINT message, WPARAM wparam, LPARAM lparam, 
     const int y = GET_Y_LPARAM(lparam);
     switch (message) {
         case WM_LBUTTONDOWN:
+            OnButtonDown(x, y, (wparam & MK_SHIFT) != 0);
+            return true;
         case WM_RBUTTONDOWN:
-            OnButtonDown(x, y);
-            // The right button goes on, to become the context menu.
-            return message == WM_LBUTTONDOWN;
+            // It goes on, to become the context menu.
+            OnRightButtonDown(x, y);
+            return false;
         case WM_LBUTTONDBLCLK:
             OnDoubleClick(x, y);
             return true;
         case WM_MOUSEMOVE:
-            OnMouseMove(x);
+            OnMouseMove(x, y);
             return true;
         case WM_LBUTTONUP:
-            EndResize(true);
+            OnButtonUp();
             return true;
         case WM_CAPTURECHANGED:
+            selecting_ = false;
             EndResize(true);
+            EndMove(false);
             return true;
         case WM_SETCURSOR:
             result = TRUE;
@@ -211,7 +220,7 @@ bool DesignGridView::OnMouseMessage(UINT message, WPARAM wparam, LPARAM lparam, 
     }
 }
 
-void DesignGridView::OnButtonDown(int x, int y) {
+void DesignGridView::OnButtonDown(int x, int y, bool extend) {
     // Taking the focus commits an edit in progress. One that is too long keeps it.
     if (!CommitEdit()) return;
     SetFocus(Handle());
@@ -222,23 +231,53 @@ void DesignGridView::OnButtonDown(int x, int y) {
             SetCapture(Handle());
             break;
         case GridPart::Header:
-            GoTo(state_.FocusedRow(), hit.column);
+            SelectColumns(hit.column, extend);
+            if (!extend) BeginMove(hit.column, x);
             break;
         case GridPart::Caption:
             if (state_.IsFocusShown()) GoTo(hit.row, state_.FocusedColumn());
             break;
-        case GridPart::Cell: {
-            const bool on_arrow = IsArrowShown() && hit.row == state_.FocusedRow() &&
-                                  hit.column == state_.FocusedColumn() &&
-                                  state_.Layout().ArrowRect(hit.row, hit.column).Contains(x, y);
-            GoTo(hit.row, hit.column);
-            if (on_arrow && OpenEditor()) editor_.ShowList();
+        case GridPart::Cell:
+            OnCellPressed(hit, x, y, extend);
             break;
-        }
         case GridPart::None:
         case GridPart::Corner:
             break;
     }
+}
+
+void DesignGridView::OnCellPressed(const GridHit& hit, int x, int y, bool extend) {
+    if (extend) return ExtendTo(hit.row, hit.column);
+    const bool on_arrow = IsArrowShown() && hit.row == state_.FocusedRow() &&
+                          hit.column == state_.FocusedColumn() &&
+                          state_.Layout().ArrowRect(hit.row, hit.column).Contains(x, y);
+    GoTo(hit.row, hit.column);
+    if (on_arrow) {
+        if (OpenEditor()) editor_.ShowList();
+        return;
+    }
+    selecting_ = true;
+    SetCapture(Handle());
+}
+
+// The menu is about what is under the pointer, or about the block that is there.
+void DesignGridView::OnRightButtonDown(int x, int y) {
+    if (state_.IsHeaderPressed() || state_.IsResizing() || !CommitEdit()) return;
+    SetFocus(Handle());
+    const GridHit hit = state_.Layout().HitTest(x, y);
+    const bool in_header = hit.part == GridPart::Header || hit.part == GridPart::Divider;
+    if (in_header && !(state_.HasWholeColumns() && state_.IsSelected(GridRow::Campo, hit.column)))
+        SelectColumns(hit.column, false);
+    if (hit.part == GridPart::Cell && !(state_.HasBlock() && state_.IsSelected(hit.row, hit.column)))
+        GoTo(hit.row, hit.column);
+}
+
+void DesignGridView::OnButtonUp() {
+    EndResize(true);
+    EndMove(true);
+    if (!selecting_) return;
+    selecting_ = false;
+    if (GetCapture() == Handle()) ReleaseCapture();
 }
 
 void DesignGridView::OnDoubleClick(int x, int y) {
@@ -249,7 +288,9 @@ void DesignGridView::OnDoubleClick(int x, int y) {
         BeginEdit(hit.row, hit.column);
 }
 
-void DesignGridView::OnMouseMove(int x) {
+void DesignGridView::OnMouseMove(int x, int y) {
+    if (selecting_) return DragSelection(x, y);
+    if (state_.IsHeaderPressed()) return DragColumn(x);
     if (!state_.IsResizing() || !grid_) return;
     const int width = ColumnDips(state_.WidthAt(x), dpi_);
     if (width == grid_->ColumnWidth(state_.ResizedColumn())) return;
@@ -258,6 +299,10 @@ void DesignGridView::OnMouseMove(int x) {
 }
 
 bool DesignGridView::OnSetCursor() {
+    if (state_.IsMoving()) {
+        SetCursor(LoadCursorW(nullptr, IDC_SIZEALL));
+        return true;
+    }
     POINT point;
     GetCursorPos(&point);
     ScreenToClient(Handle(), &point);

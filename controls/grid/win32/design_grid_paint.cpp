@@ -112,12 +112,15 @@ void DesignGridView::OnPaint() {
     PaintCaptions(dc, colours);
     PaintHeaderItem(dc, colours, layout.CornerArea(), -1);
     PaintDropMark(dc);
+    PaintMoveMark(dc);
 }
 
 void DesignGridView::PaintHeaderItem(HDC dc, const GridColours& colours, const GridRect& place, int column) {
     const RECT rect = ToRect(place);
     const int line = std::max(1, Scaled(1));
-    const bool focused = column >= 0 && column == state_.FocusedColumn();
+    const bool focused =
+        column >= 0 && (column == state_.FocusedColumn() ||
+                        (state_.HasBlock() && state_.IsSelected(state_.FocusedRow(), column)));
     COLORREF text = colours.text;
     if (header_theme_) {
         DrawThemeBackground(header_theme_.get(), dc, kHeaderItem, focused ? kHeaderPressed : kHeaderNormal,
@@ -179,12 +182,20 @@ void DesignGridView::PaintCell(HDC dc, const GridColours& colours, const GridRec
                                int column) {
     const RECT rect = ToRect(place);
     const int line = std::max(1, Scaled(1));
+    COLORREF colour = colours.text;
+    const bool focused = row == state_.FocusedRow() && column == state_.FocusedColumn();
+    if (state_.HasBlock() && state_.IsSelected(row, column) && !focused) {
+        win32::FillSolid(
+            dc, rect,
+            colours.high_contrast ? colours.accent : win32::Blend(colours.window, colours.accent, kTintPart));
+        if (colours.high_contrast) colour = colours.accent_text;
+    }
     FillRight(dc, rect, line, colours.line);
     FillBottom(dc, rect, line, colours.line);
     const std::wstring& text = grid_->Cell(row, column);
     if (text.empty()) return;
     const RECT area{rect.left + Scaled(4), rect.top, rect.right - line - Scaled(3), rect.bottom - line};
-    win32::DrawTextLine(dc, area, text, colours.text);
+    win32::DrawTextLine(dc, area, text, colour);
 }
 
 void DesignGridView::PaintFocusedCell(HDC dc, const GridColours& colours) {

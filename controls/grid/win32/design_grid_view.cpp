@@ -16,7 +16,6 @@ using model::GridRow;
 // What a screen reader says: the grid, then the focused cell.
 constexpr wchar_t kGridName[] = L"Columnas de la consulta";
 constexpr wchar_t kColumnName[] = L"columna";
-constexpr int kCellPadding = 6;  ///< both sides of a text together, at 96 dpi
 
 int TextWidth(HDC dc, std::wstring_view text) {
     return static_cast<int>(win32::TextSize(dc, text).cx);
@@ -176,16 +175,26 @@ bool DesignGridView::IsArrowShown() const {
 // Moving the focus.
 
 void DesignGridView::Go(GridMove move) {
-    if (state_.Move(move)) ReportFocus();
+    if (state_.Move(move))
+        ReportFocus();
+    else
+        CollapseSelection();
 }
 
 void DesignGridView::GoTo(GridRow row, int column) {
     const bool moved = state_.SetFocus(row, column);
+    state_.CollapseSelection();
     state_.Layout().EnsureVisible(row, column);
     if (moved)
         ReportFocus();
     else
         RefreshClient();
+}
+
+void DesignGridView::CollapseSelection() {
+    if (!state_.HasBlock()) return;
+    state_.CollapseSelection();
+    InvalidateRect(Handle(), nullptr, FALSE);
 }
 
 void DesignGridView::ReportFocus() {
@@ -311,48 +320,6 @@ void DesignGridView::OnEditorKey(EditorKey key) {
         case EditorKey::Escape:
             break;
     }
-}
-
-// Column widths.
-
-void DesignGridView::EndResize(bool keep) {
-    if (!state_.IsResizing()) return;
-    const int column = state_.ResizedColumn();
-    const int before = state_.WidthBeforeResize();
-    state_.EndResize();
-    if (GetCapture() == Handle()) ReleaseCapture();
-    if (!keep && grid_) grid_->SetColumnWidth(column, ColumnDips(before, dpi_));
-}
-
-void DesignGridView::FitColumn(int column) {
-    const HDC dc = GetDC(Handle());
-    if (!dc || !grid_) return;
-    int widest = 0;
-    {
-        const win32::Selected font(dc, font_.get());
-        widest = TextWidth(dc, std::to_wstring(column + 1) + L"  " + grid_->Caption(column));
-        for (const GridRow row : model::kGridRows)
-            widest = std::max(widest, TextWidth(dc, grid_->Cell(row, column)));
-    }
-    ReleaseDC(Handle(), dc);
-    const GridMetrics& metrics = state_.Layout().Metrics();
-    const int width = widest + Scaled(2 * kCellPadding) + metrics.arrow_width;
-    grid_->SetColumnWidth(column,
-                          ColumnDips(std::clamp(width, metrics.minimum_width, metrics.maximum_width), dpi_));
-}
-
-void DesignGridView::Copy() const {
-    const std::wstring& text = FocusedText();
-    if (text.empty() || !OpenClipboard(Handle())) return;
-    EmptyClipboard();
-    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    if (const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes)) {
-        std::copy_n(text.c_str(), text.size() + 1, static_cast<wchar_t*>(GlobalLock(memory)));
-        GlobalUnlock(memory);
-        // The clipboard owns the memory only when it took it.
-        if (!SetClipboardData(CF_UNICODETEXT, memory)) GlobalFree(memory);
-    }
-    CloseClipboard();
 }
 
 }  // namespace tessel::controls

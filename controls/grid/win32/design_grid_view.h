@@ -8,10 +8,12 @@
 // navigation are portable, in grid_layout.h and grid_state.h; the editor is in cell_editor.h, painting in
 // design_grid_paint.cpp.
 //
-// Keys: arrows, Home, End, Ctrl+Home, Ctrl+End, PageUp, PageDown and Tab move; Tab leaves behind the last
-// cell, Ctrl+Tab at once. F2, a double click or typing edits; Alt+Down or F4 opens the list; Del empties the
-// cell. Enter and Esc belong to the grid only while a cell is edited, so that a dialog's default buttons work
-// otherwise.
+// Keys: arrows, Home, End, Ctrl+Home, Ctrl+End, PageUp, PageDown and Tab move, with Shift (but for Tab) they
+// select a block; Tab leaves behind the last cell, Ctrl+Tab at once. Ctrl+Space or a click on the header
+// selects the column, Ctrl+A everything; Ctrl+Shift+Left and Right, or dragging the header, move the column.
+// F2, a double click or typing edits; Alt+Down or F4 opens the list; Del empties; Ctrl+C, Ctrl+X and Ctrl+V
+// copy, cut and paste. Enter and Esc belong to the grid only while a cell is edited, so that a dialog's
+// default buttons work otherwise.
 #pragma once
 
 #include <windows.h>
@@ -40,6 +42,11 @@ public:
     /// The user committed a text that differs from the cell's. It may be longer than a cell holds: then
     /// nothing may be written, and the editor stays open with it.
     virtual void OnGridCellCommitted(model::GridRow row, int column, std::wstring_view text) = 0;
+    /// The user moved a column to the place of another.
+    virtual void OnGridColumnMoved(int /*from*/, int /*to*/) {}
+    /// The user emptied a block, or pasted one over a selection.
+    virtual void OnGridCellsEmptied(const model::CellRange& /*range*/) {}
+    virtual void OnGridCellsPasted(const model::CellRange& /*range*/, const model::CellBlock& /*block*/) {}
     /// Right button or menu key on a query column; the focus has moved there. The point is on the screen.
     virtual void OnGridContextMenu(int /*column*/, POINT /*screen*/) {}
 };
@@ -67,6 +74,17 @@ public:
     /// Opens the list of the cell being edited.
     void ShowList() { editor_.ShowList(); }
 
+    // The selection, which is the focused cell where no block is selected, and the clipboard.
+    bool CanCopy() const;
+    bool CanPaste() const;
+    void Copy() const;
+    void Cut();
+    void Paste();
+    void EmptySelection();
+    /// Moves the focused column past its neighbour.
+    bool CanMoveColumn(bool right) const;
+    void MoveColumn(bool right);
+
     /// The query column that would take what is dropped at that point of the screen; one beyond the last
     /// behind it, -1 where nothing is taken.
     int DropColumnAt(POINT screen) const;
@@ -82,6 +100,7 @@ public:
     const CellEditor& Editor() const { return editor_; }
 
 private:
+    static constexpr int kCellPadding = 6;                   ///< both sides of a text together, at 96 dpi
     static constexpr UINT kRefusedMessage = WM_APP + 2;      ///< a text too long was left by moving the focus
     static constexpr UINT kFocusHiddenMessage = WM_APP + 3;  ///< the focused column was hidden
     static void ReleaseTheme(HTHEME theme) { CloseThemeData(theme); }
@@ -99,9 +118,14 @@ private:
     LRESULT OnDialogCode(const MSG* message) const;
     bool OnKeyDown(WPARAM key);
     void OnChar(wchar_t ch);
-    void OnButtonDown(int x, int y);
+    bool OnMoveKey(WPARAM key);
+    bool OnClipboardKey(WPARAM key);
+    void OnButtonDown(int x, int y, bool extend);
+    void OnRightButtonDown(int x, int y);
+    void OnButtonUp();
+    void OnCellPressed(const GridHit& hit, int x, int y, bool extend);
     void OnDoubleClick(int x, int y);
-    void OnMouseMove(int x);
+    void OnMouseMove(int x, int y);
     bool OnSetCursor();
     void OnContextMenu(POINT screen);
     void OnScroll(int bar, int code);
@@ -117,12 +141,22 @@ private:
     bool OpenEditor(const wchar_t* text = nullptr);
     void Go(GridMove move);
     void GoTo(model::GridRow row, int column);
+    void CollapseSelection();
+    void Extend(GridMove move);
+    void ExtendTo(model::GridRow row, int column);
+    void SelectColumns(int column, bool extend);
+    void SelectAll();
+    void DragSelection(int x, int y);
     void ReportFocus();
     void NameFocusedCell();
     void LeaveByTab(bool backwards);
     void EndResize(bool keep);
     void FitColumn(int column);
-    void Copy() const;
+    void BeginMove(int column, int x);
+    void DragColumn(int x);
+    void OnScrollTimer();
+    void EndMove(bool keep);
+    void MoveColumnTo(int from, int to, bool select);
     bool IsArrowShown() const;
     const std::wstring& FocusedText() const;
 
@@ -132,6 +166,7 @@ private:
     void PaintCell(HDC dc, const GridColours& colours, const GridRect& rect, model::GridRow row, int column);
     void PaintFocusedCell(HDC dc, const GridColours& colours);
     void PaintDropMark(HDC dc) const;
+    void PaintMoveMark(HDC dc) const;
     int Scaled(int dips) const;
 
     model::DesignGrid* grid_ = nullptr;
@@ -142,6 +177,7 @@ private:
     int edited_column_ = 0;
     bool committing_ = false;  ///< the presenter is being told; its message box takes the editor's focus
     int drop_column_ = -1;
+    bool selecting_ = false;  ///< a block is being drawn with the mouse
     int dpi_ = 96;
     int wheel_rest_ = 0;
     std::wstring accessible_name_;
