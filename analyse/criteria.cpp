@@ -19,6 +19,8 @@ using sql::NodeKind;
 
 constexpr std::wstring_view kIsTrue = L"=True";
 constexpr std::wstring_view kIsNotFalse = L"<> False";
+/// Criteria of one column.
+constexpr std::size_t kMostCells = 2;
 
 /// True when an OR stands among the connectives of the condition, parentheses and NOT passed through.
 bool HasAlternatives(const sql::Statement& statement, NodeId id) {
@@ -152,11 +154,49 @@ Outcome CriteriaBuilder::FillCriteria(NodeId root, bool alone) {
 
 Outcome CriteriaBuilder::FillAlternatives(NodeId id) {
     const std::vector<NodeId> alternatives = OperandsOf(statement_, id, LogicalOp::Or);
-    if (!AreCellsOfOneColumn(alternatives)) return FillWhole(id);
+    if (!AreCellsOfOneColumn(alternatives)) {
+        const bool fits = Utf16Length(WholeText(id)) <= model::kMaxCellLength;
+        return fits ? FillWhole(id) : FillInParts(alternatives, PlaceOf(id));
+    }
     const auto first = ReadComparison(alternatives[0]);
     const auto second = ReadComparison(alternatives[1]);
     if (!first || !second || !MayFilter(first->form)) return FillWhole(id);
     return AddCells(first->expression, first->form, {CellTextOf(*first), CellTextOf(*second)}, PlaceOf(id));
+}
+
+// Alternatives that are too long for one cell: the first is a column, and the others follow its criteria. In
+// a totals query the first alone would be grouped.
+Outcome CriteriaBuilder::FillInParts(const std::vector<NodeId>& alternatives, TextRange place) {
+    const Refusal too_long{place, std::wstring(messages::kCellTooLong)};
+    if (clause_ == Clause::Having || columns_.IsTotals()) return too_long;
+    // Composed from two cells, the text repeats the first alternative.
+    const std::wstring form = canonical_.Condition(alternatives.front());
+    std::wstring expression;
+    std::vector<std::wstring> cells;
+    for (const NodeId alternative : alternatives) {
+        const NodeId tested = TestedPredicate(alternative);
+        const NodeId shown = tested == sql::kNoNode ? alternative : tested;
+        if (expression.empty()) {
+            expression = WholeText(shown);
+            continue;
+        }
+        if (tested != sql::kNoNode && canonical_.Condition(tested) == form) continue;
+        const std::wstring text = columns_.CellText(shown);
+        const std::wstring longer =
+            cells.empty() ? text : cells.back().substr(0, cells.back().size() - 1) + L" OR " + text + L")";
+        if (!cells.empty() && Utf16Length(longer) <= model::kMaxCellLength) {
+            cells.back() = longer;
+        } else if (cells.size() < kMostCells) {
+            cells.push_back(std::wstring(kIsTrue) + L" OR (" + text + L")");
+        } else {
+            return too_long;
+        }
+    }
+    if (cells.empty() || columns_.FindColumn(form) != kNoColumn) return too_long;
+    int column = kNoColumn;
+    if (Outcome refusal = AddColumn(std::move(expression), form, place, column)) return refusal;
+    if (Outcome refusal = columns_.Write(GridRow::Condicion, column, cells[0], place)) return refusal;
+    return cells.size() > 1 ? columns_.Write(GridRow::Or, column, cells[1], place) : std::nullopt;
 }
 
 Outcome CriteriaBuilder::FillPredicate(NodeId id) {

@@ -57,6 +57,7 @@ private:
     sql::NodeId TestedPredicate(sql::NodeId id) const;
 
     Outcome FillAlternatives(sql::NodeId id);
+    Outcome FillInParts(const std::vector<sql::NodeId>& alternatives, TextRange place);
     Outcome FillPredicate(sql::NodeId id);
     Outcome FillBareCondition(sql::NodeId id);
     Outcome FillWhole(sql::NodeId id);

@@ -3,6 +3,7 @@
 
 #include "analyse/refusal.h"
 #include "common/text.h"
+#include "compose/compose.h"
 #include "tests/analyse/support.h"
 
 namespace tessel::analyse {
@@ -110,9 +111,9 @@ TEST(Criteria, AlternativesWithAGroupThatDoesNotFitDoNotFitEither) {
     EXPECT_EQ(Messages(L"SELECT a FROM t WHERE a = 1 OR NOT (b = 2 OR c = 3)"), kWhereMessage);
 }
 
-TEST(Criteria, AlternativesLongerThanACellAreRefused) {
+TEST(Criteria, AlternativesLongerThanTheCellsOfAColumnAreRefused) {
     std::wstring text = L"SELECT a FROM t WHERE b = 1";
-    while (text.size() < 22 + 255) text += L" OR b = 1";
+    while (text.size() < 22 + 3 * 255) text += L" OR b = 1";
     model::Design design;
     const Analysis analysis = AnalyseSQL(text, design);
     EXPECT_FALSE(analysis.accepted);
@@ -156,18 +157,21 @@ TEST(Criteria, HavingOnTheKeysOfTheGroupsIsACriterionOfTheirColumns) {
 }
 
 TEST(Criteria, AlternativesBesideHavingOnKeysAreShownWhole) {
-    EXPECT_EQ(Columns(L"SELECT a FROM t WHERE (a = 1 OR a = 2) GROUP BY a HAVING a > 1"),
-              Texts({L"a|||Agrupado por|Si||> 1", L"(a = 1 OR a = 2)||||No||=True", L"Count(*)|||Expresión|No"}));
+    EXPECT_EQ(
+        Columns(L"SELECT a FROM t WHERE (a = 1 OR a = 2) GROUP BY a HAVING a > 1"),
+        Texts({L"a|||Agrupado por|Si||> 1", L"(a = 1 OR a = 2)||||No||=True", L"Count(*)|||Expresión|No"}));
 }
 
 TEST(Criteria, HavingOnKeysBesideAWhereThatDoesNotFitKeepsItsCriterion) {
     Texts columns;
-    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE b = 1 XOR c = 2 GROUP BY a HAVING a = 1", &columns), kWhereMessage);
+    EXPECT_EQ(Messages(L"SELECT a FROM t WHERE b = 1 XOR c = 2 GROUP BY a HAVING a = 1", &columns),
+              kWhereMessage);
     EXPECT_EQ(columns, Texts({L"a|||Agrupado por|Si||= 1", L"Count(*)|||Expresión|No"}));
 }
 
 TEST(Criteria, FilterOfOneTotalRowHidesTheAggregateFromComposition) {
-    EXPECT_EQ(Columns(L"SELECT Sum(x) AS s FROM t WHERE y = 1"), Texts({L"(Sum(x))|s|||Si", L"y||||No||= 1"}));
+    EXPECT_EQ(Columns(L"SELECT Sum(x) AS s FROM t WHERE y = 1"),
+              Texts({L"(Sum(x))|s|||Si", L"y||||No||= 1"}));
     EXPECT_EQ(Columns(L"SELECT Max(x) / Min(x) AS s FROM t WHERE y Is Null"),
               Texts({L"(Max(x) /\tMin(x))|s|||Si", L"(y Is Null)||||No||=True"}));
     EXPECT_EQ(Columns(L"SELECT Count(*) AS n FROM A INNER JOIN B ON A.x = B.x AND A.y = B.y"),
@@ -179,6 +183,47 @@ TEST(Criteria, FilterOnAColumnThatIsNotGroupedIsShownWhole) {
     EXPECT_EQ(Columns(L"SELECT a, Count(*) AS n FROM t WHERE b = 1 AND c GROUP BY a"),
               Texts({L"a|||Agrupado por|Si", L"Count(*)|n||Expresión|Si", L"(b = 1)||||No||=True",
                      L"(c <> False)||||No||=True"}));
+}
+
+/// Alternatives of two conditions each, over a hundred characters long.
+std::wstring LongAlternatives(int count) {
+    std::wstring text;
+    for (int number = 1; number <= count; ++number) {
+        const std::wstring digit = std::to_wstring(number);
+        if (number > 1) text += L" OR ";
+        text += L"(((t.[Fecha de entrega prevista " + digit + L"]) > #2020-01-0" + digit +
+                L"#) AND ((t.[Estado " + digit + L"]) = 'Pendiente de la entrega " + digit + L"'))";
+    }
+    return text;
+}
+
+TEST(Criteria, AlternativesTooLongForACellFollowTheCriteriaOfTheFirst) {
+    for (const int count : {3, 4, 5}) {
+        const std::wstring statement = L"SELECT t.a FROM t WHERE " + LongAlternatives(count);
+        model::Design design;
+        const Analysis analysis = AnalyseSQL(statement, design);
+        ASSERT_TRUE(analysis.accepted) << count;
+        EXPECT_TRUE(analysis.messages.empty());
+        EXPECT_TRUE(
+            design.grid.Cell(model::GridRow::Campo, 1).starts_with(L"(((t.[Fecha de entrega prevista 1])"));
+        EXPECT_TRUE(design.grid.Cell(model::GridRow::Condicion, 1).starts_with(L"=True OR ("));
+        EXPECT_EQ(design.grid.Cell(model::GridRow::Or, 1).empty(), count == 3);
+        // The same design again, cell for cell.
+        model::Design again;
+        ASSERT_TRUE(AnalyseSQL(compose::BuildSQL(design), again).accepted);
+        EXPECT_EQ(test::ColumnTexts(again), test::ColumnTexts(design));
+    }
+    model::Design design;
+    EXPECT_FALSE(AnalyseSQL(L"SELECT t.a FROM t WHERE " + LongAlternatives(6), design).accepted);
+}
+
+TEST(Criteria, AlternativesTooLongForACellAreRefusedWhereGroupsWouldBeSplit) {
+    model::Design design;
+    const std::wstring totals =
+        L"SELECT t.a, Count(*) FROM t WHERE " + LongAlternatives(3) + L" GROUP BY t.a";
+    EXPECT_FALSE(AnalyseSQL(totals, design).accepted);
+    const std::wstring beside = L"SELECT t.a FROM t INNER JOIN u ON t.x = u.x AND t.y = u.y WHERE ";
+    EXPECT_FALSE(AnalyseSQL(beside + LongAlternatives(3), design).accepted);
 }
 
 }  // namespace
