@@ -194,7 +194,8 @@ class Statements(unittest.TestCase):
 
 class Messages(unittest.TestCase):
     FILES = ["sqlparser/messages.h", "analyse/refusal.h", "analyse/refusal.cpp", "analyse/analyse_sql.h",
-             "ui/relation_messages.h", "ui/grid_messages.h", "ui/designer_presenter.cpp", "ui/win32/show_help.h"]
+             "ui/relation_messages.h", "ui/grid_messages.h", "ui/designer_presenter.cpp",
+             "ui/win32/show_help.h"]
 
     def literals(self, file):
         text = re.sub(r"//[^\n]*", "", source(file))
@@ -214,7 +215,8 @@ class Messages(unittest.TestCase):
 
 class Limits(unittest.TestCase):
     def test_every_number_is_the_sources(self):
-        rows = [re.match(r"\| .+ \| ([0-9 ]+).* \| `(\S+)`, `(\w+)` \|$", line) for line in document("docs/limits.md").prose]
+        row = r"\| .+ \| ([0-9 ]+).* \| `(\S+)`, `(\w+)` \|$"
+        rows = [re.match(row, line) for line in document("docs/limits.md").prose]
         rows = [row for row in rows if row]
         self.assertGreater(len(rows), 8)
         for row in rows:
@@ -272,7 +274,8 @@ class Dialect(unittest.TestCase):
 
     def test_the_words_are_the_lexers(self):
         words = {block.words[0]: block.text.split() for block in blocks_of("docs/dialect.md", "words")}
-        texts = dict((b, a) for a, b in re.findall(r'\{L"([A-Z_]+)", Keyword::(\w+)\}', source("sqlparser/keywords.cpp")))
+        entries = re.findall(r'\{L"([A-Z_]+)", Keyword::(\w+)\}', source("sqlparser/keywords.cpp"))
+        texts = {name: text for text, name in entries}
         body = re.search(r"enum class Keyword[^{]*\{(.*?)\};", source("sqlparser/keywords.h"), re.S).group(1)
         names = re.findall(r"^    (\w+)", re.sub(r"//.*", "", body), re.M)
         reserved = names[1:names.index("LastReserved")]

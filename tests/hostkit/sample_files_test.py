@@ -9,7 +9,8 @@ import unittest
 HOSTKIT = pathlib.Path(__file__).resolve().parents[2] / "hostkit"
 
 # Run by tests/win_hosts or tests/win_e2e; everything else must say that it was not.
-RUN_HERE = {"vbscript/demo.vbs", "vbscript/consulta.vbs", "vbscript/parametros.vbs", "jscript/consulta.js", "cpp/host.cpp"}
+RUN_HERE = {"vbscript/demo.vbs", "vbscript/consulta.vbs", "vbscript/parametros.vbs", "jscript/consulta.js",
+            "cpp/host.cpp"}
 # One main file a language: it opens a connection, supplies parameters and reads the answer.
 MAIN = [
     "vbscript/parametros.vbs", "jscript/consulta.js", "cpp/host.cpp", "hta/disenador.hta", "vba/DesignerHost.bas",
