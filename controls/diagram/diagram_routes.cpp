@@ -4,15 +4,18 @@
 #include <cstdlib>
 #include <limits>
 
+#include "controls/diagram/diagram_detours.h"
+
 namespace tessel::controls::diagram {
 
 namespace {
 
 constexpr long kCrossingCost = 20000;  // a line through a box is the worst that can happen
 constexpr long kOverlapCost = 260;     // a line over another line is worth a detour of some boxes' gap
-constexpr long kBendCost = 24;
+constexpr int kBendCost = 24;
 constexpr int kCorridorRoom = 160;
 constexpr std::size_t kMostCandidates = 18;
+constexpr std::size_t kMostDetourObstacles = 60;
 
 Rect Segment(Point a, Point b) {
     return {std::min(a.x, b.x), std::min(a.y, b.y), std::abs(a.x - b.x) + 1, std::abs(a.y - b.y) + 1};
@@ -78,9 +81,11 @@ std::vector<Point> Router::Route(std::size_t from, int from_y, std::size_t to, i
     if (Right(search.from) + 2 * style_.stub <= search.to.left) {
         TrySides(search, true, false);
         if (search.cost >= kCrossingCost) TryAround(search, true, false);
+        if (search.cost >= kCrossingCost) TryDetour(search, from, to, true, false);
     } else if (Right(search.to) + 2 * style_.stub <= search.from.left) {
         TrySides(search, false, true);
         if (search.cost >= kCrossingCost) TryAround(search, false, true);
+        if (search.cost >= kCrossingCost) TryDetour(search, from, to, false, true);
     } else {
         // One above the other: the line goes round on one side.
         TrySides(search, true, true);
@@ -88,6 +93,10 @@ std::vector<Point> Router::Route(std::size_t from, int from_y, std::size_t to, i
         if (search.cost >= kCrossingCost) {
             TryAround(search, true, true);
             TryAround(search, false, false);
+        }
+        if (search.cost >= kCrossingCost) {
+            TryDetour(search, from, to, true, true);
+            TryDetour(search, from, to, false, false);
         }
     }
     Keep(search.best);
@@ -158,6 +167,27 @@ void Router::TryAround(Search& search, bool from_right, bool to_right) const {
                          {shift2, search.to_y},
                          {x2, search.to_y}});
         }
+}
+
+// A way around everything. With very many boxes around it would take too long while a box is dragged.
+void Router::TryDetour(Search& search, std::size_t from, std::size_t to, bool from_right,
+                       bool to_right) const {
+    const Rect neighbourhood = Inflated(Union(search.from, search.to), 3 * kCorridorRoom);
+    std::vector<Rect> obstacles;
+    for (std::size_t i = 0; i < boxes_.size(); ++i)
+        if (i == from || i == to || Overlaps(boxes_[i], neighbourhood))
+            obstacles.push_back(Inflated(boxes_[i], style_.clearance / 2));
+    if (obstacles.size() > kMostDetourObstacles) return;
+    const int x1 = search.FromX(from_right);
+    const int x2 = search.ToX(to_right);
+    const Point begin{x1 + (from_right ? style_.stub : -style_.stub), search.from_y};
+    const Point end{x2 + (to_right ? style_.stub : -style_.stub), search.to_y};
+    const Path detour = FindDetour(begin, end, obstacles, style_.clearance / 2, kBendCost);
+    if (detour.empty()) return;
+    Path path{{x1, search.from_y}};
+    path.insert(path.end(), detour.begin(), detour.end());
+    path.push_back({x2, search.to_y});
+    Try(search, std::move(path));
 }
 
 void Router::Try(Search& search, Path path) const {

@@ -1,8 +1,9 @@
 // The lines of relations: right-angled paths from a box's side to another box's side.
 //
 // A line leaves from its field's height at the side that faces the other box, runs a short way straight out,
-// and bends where that keeps it clear of other boxes and of the bends of lines routed before it. Where
-// nothing is clear the line that crosses least is taken: a line is always drawn.
+// and bends where that keeps it clear of other boxes and of the bends of lines routed before it. Where no
+// simple path is clear a way around everything is looked for (diagram_detours.h), and where there is none the
+// line that crosses least is taken: a line is always drawn.
 #pragma once
 
 #include <cstddef>
@@ -37,6 +38,7 @@ private:
     std::vector<Rect> Corridor(std::size_t from, std::size_t to) const;
     void TrySides(Search& search, bool from_right, bool to_right) const;
     void TryAround(Search& search, bool from_right, bool to_right) const;
+    void TryDetour(Search& search, std::size_t from, std::size_t to, bool from_right, bool to_right) const;
     void Try(Search& search, Path path) const;
     long Cost(const Search& search, const Path& path) const;
     int OverlapsOfRuns(const Path& path) const;

@@ -4,6 +4,9 @@
 
 #include <random>
 
+#include "controls/diagram/diagram_detours.h"
+#include "controls/diagram/diagram_placement.h"
+
 namespace tessel::controls::diagram {
 namespace {
 
@@ -101,6 +104,61 @@ TEST(DiagramRoutes, AnyTwoBoxesGetARightAngledLineFromSideToSide) {
             EXPECT_EQ(path.back().y, to_y);
         }
     }
+}
+
+TEST(DiagramRoutes, ALineFindsItsWayThroughAMaze) {
+    // The table in the middle is walled in but for an opening at the far side.
+    const std::vector<Rect> boxes{{0, 200, 100, 100},  {500, 200, 100, 100}, {400, 80, 300, 60},
+                                  {400, 360, 300, 60}, {320, 80, 60, 340},   {740, 80, 60, 130},
+                                  {740, 300, 60, 120}};
+    Router router(boxes);
+    const std::vector<Point> path = router.Route(0, 250, 1, 250);
+    EXPECT_TRUE(IsRightAngled(path));
+    for (std::size_t i = 2; i < boxes.size(); ++i) EXPECT_FALSE(Crosses(path, boxes[i])) << "box " << i;
+    EXPECT_EQ(path.front().y, 250);
+    EXPECT_EQ(path.back().y, 250);
+}
+
+// Automatic placement and routing together: in any tree of tables every line is clear of every other box.
+TEST(DiagramRoutes, LinesOfTablesPlacedAutomaticallyKeepClearOfBoxes) {
+    for (unsigned seed = 1; seed <= 200; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        std::mt19937 random(seed);
+        const auto below = [&](int limit) {
+            return static_cast<int>(random() % static_cast<unsigned>(limit));
+        };
+        const int count = 3 + below(20);
+        std::vector<PlacementBox> boxes;
+        for (int i = 0; i < count; ++i) boxes.push_back({{0, 0, 130 + below(100), 80 + below(200)}, false});
+        std::vector<PlacementLink> links;
+        for (int i = 1; i < count; ++i)
+            links.push_back({static_cast<std::size_t>(below(i)), static_cast<std::size_t>(i)});
+        PlaceBoxes(boxes, links);
+        std::vector<Rect> rects;
+        for (const PlacementBox& box : boxes) rects.push_back(box.rect);
+        Router router(rects);
+        for (const PlacementLink& link : links) {
+            const auto height = [&](const Rect& rect) { return rect.top + 30 + below(rect.height - 40); };
+            const std::vector<Point> path =
+                router.Route(link.left, height(rects[link.left]), link.right, height(rects[link.right]));
+            for (std::size_t i = 0; i < rects.size(); ++i)
+                EXPECT_FALSE(Crosses(path, rects[i])) << link.left << " to " << link.right << " over " << i;
+        }
+    }
+}
+
+TEST(DiagramDetours, AWalledInPointHasNoWay) {
+    const std::vector<Rect> walls{
+        {100, 0, 20, 220}, {300, 0, 20, 220}, {100, 0, 220, 20}, {100, 200, 220, 20}};
+    EXPECT_TRUE(FindDetour({0, 100}, {200, 100}, walls, 4, 24).empty());
+    EXPECT_FALSE(FindDetour({0, 100}, {400, 100}, walls, 4, 24).empty());
+}
+
+TEST(DiagramDetours, AStraightWayIsTakenAsItIs) {
+    const std::vector<Point> path = FindDetour({0, 50}, {400, 50}, {{100, 80, 50, 50}}, 4, 24);
+    for (const Point point : path) EXPECT_EQ(point.y, 50);
+    EXPECT_EQ(path.front(), (Point{0, 50}));
+    EXPECT_EQ(path.back(), (Point{400, 50}));
 }
 
 TEST(DiagramRoutes, DistanceAndMiddleFollowTheLine) {
