@@ -40,6 +40,13 @@ BOOL CALLBACK CountVisible(HWND hwnd, LPARAM lparam) {
     return TRUE;
 }
 
+/// False when another program came to the front, which takes the focus away from all of ours.
+bool OwnsForeground() {
+    DWORD process = 0;
+    GetWindowThreadProcessId(GetForegroundWindow(), &process);
+    return process == GetCurrentProcessId();
+}
+
 class RecordsetFactory final : public win32::ComObject<IClassFactory> {
 public:
     explicit RecordsetFactory(std::function<win32::ComPtr<IDispatch>()> make) : make_(std::move(make)) {}
@@ -165,7 +172,7 @@ std::string HostWindow::Disturbance() const {
     EnumThreadWindows(GetCurrentThreadId(), CountVisible, reinterpret_cast<LPARAM>(&visible));
     if (visible != 1) trouble += std::to_string(visible) + " windows instead of the host's; ";
     if (!IsWindowEnabled(window_)) trouble += "the host's window is disabled; ";
-    if (GetFocus() != edit_) trouble += "the focus is elsewhere; ";
+    if (GetFocus() != edit_ && OwnsForeground()) trouble += "the focus is elsewhere; ";
     if (GetCursor() != LoadCursorW(nullptr, IDC_CROSS)) trouble += "the pointer is another; ";
     return trouble;
 }
