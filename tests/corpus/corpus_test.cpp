@@ -24,8 +24,9 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kFewestStatements = 300;
-/// Of the plain statements, how many of a hundred open in the design without a message.
-constexpr std::size_t kFewestPlainOpen = 78;
+/// Of the plain statements, how many of a hundred open in the design without a message; the corpus seeks the
+/// odd shapes.
+constexpr std::size_t kFewestPlainOpen = 85;
 
 fs::path Folder() {
     const char* folder = std::getenv("TESSEL_CORPUS_DIR");
@@ -63,16 +64,18 @@ std::vector<std::string> Statements(const fs::path& path) {
     return statements;
 }
 
-/// A single SELECT from tables that are named once each, without TOP and without a SELECT in FROM: the kind
-/// of statement that a design is made for.
+/// A single SELECT of the Jet dialect from tables that are named once each, without TOP and without a SELECT
+/// in FROM: the kind of statement that a design is made for.
 bool IsPlainSelect(const std::string& text) {
     sql::SqlParser parser;
     if (parser.Parse(FromUtf8(text)) || !parser.GetStatement()) return false;
     const sql::Statement& statement = *parser.GetStatement();
     if (statement.top_range.length > 0 || !statement.union_operands.empty()) return false;
     if (statement.Columns.empty()) return false;
+    // These belong to SELECT in the Jet dialect; all others to other dialects or other statements.
     const bool beyond = std::ranges::any_of(statement.beyond, [](const sql::BeyondItem& item) {
-        return item.what == sql::Beyond::DerivedTable || item.what == sql::Beyond::Union;
+        using enum sql::Beyond;
+        return item.what != Parameters && item.what != InDatabase && item.what != WithOwnerAccess;
     });
     std::set<std::wstring> names;
     for (const sql::TableRef& table : statement.Tables)
@@ -150,7 +153,7 @@ TEST(Corpus, EveryStatementOpensOrSaysWhyNot) {
         EXPECT_EQ(index, statements.size());
     }
     all.Print("all");
-    plain.Print("single SELECTs without TOP, UNION, self joins and sub-selects in FROM");
+    plain.Print("single Jet SELECTs without TOP, UNION, self joins and sub-selects in FROM");
     EXPECT_GE(all.All(), kFewestStatements);
     EXPECT_GE(plain.opened * 100, plain.All() * kFewestPlainOpen);
 }
