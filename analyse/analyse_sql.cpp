@@ -72,16 +72,20 @@ private:
         return FiltersRows();
     }
 
-    bool FiltersRows() {
-        const CriteriaBuilder where(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Where);
-        const bool where_fits = statement_.where != sql::kNoNode && where.CriteriaFit(statement_.where);
-        return where_fits || !plan_.criteria.empty();
+    bool FiltersRows() { return WhereFits() || !plan_.criteria.empty(); }
+
+    bool WhereFits() {
+        if (!where_fits_) {
+            const CriteriaBuilder where(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Where);
+            where_fits_ = statement_.where != sql::kNoNode && where.CriteriaFit(statement_.where);
+        }
+        return *where_fits_;
     }
 
     Outcome BuildCriteria(std::vector<std::wstring>& shown_messages) {
         CriteriaBuilder where(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Where);
         const bool has_where = statement_.where != sql::kNoNode;
-        const bool where_fits = has_where && where.CriteriaFit(statement_.where);
+        const bool where_fits = WhereFits();
         left_out_.where = has_where && !where_fits;
         if (FiltersRows() && columns_->IsTotals() && !columns_->HasGroupBy()) {
             const TextRange place = where_fits ? statement_.where_range : statement_.from_range;
@@ -138,6 +142,7 @@ private:
     Canonical canonical_;
     JoinPlan plan_;
     std::optional<ColumnBuilder> columns_;
+    std::optional<bool> where_fits_;
     LeftOut left_out_;
 };
 

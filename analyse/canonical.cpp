@@ -180,26 +180,30 @@ void Canonical::AppendChildren(NodeId id, std::wstring_view head, std::wstring& 
 }
 
 void Canonical::AppendName(NodeId id, std::wstring& out) const {
-    std::vector<std::wstring> keys = NameKeys(statement_, id);
+    const Node& node = statement_.At(id);
+    const auto key = [&](NodeId part) {
+        return IdentifierKey(statement_.Slice(statement_.At(part).Range()));
+    };
+    const bool star = node.kind == NodeKind::Star;
+    NodeId part = node.first_child;
+    const bool one_part = part != sql::kNoNode && statement_.At(part).next == sql::kNoNode;
     int table = kNoTable;
-    if (statement_.At(id).kind == NodeKind::Star) {
-        if (keys.size() == 1) table = scope_.TableCalled(keys[0]);
-        keys.push_back(L"*");
+    if (star) {
+        if (one_part) table = scope_.TableCalled(key(part));
     } else {
         table = scope_.TableOfName(id);
     }
-    std::size_t next = 0;
     if (table != kNoTable) {
-        out += table_marks_[static_cast<std::size_t>(table)];
-        next = keys.size() > 1 ? 1 : 0;
-    }
-    // "a!b" and "a.b" are the same field of a table; of anything else the sign counts.
-    const bool first_is_table = table != kNoTable;
-    if (!first_is_table && keys.size() > 1) {
-        AppendTokens(statement_.At(id).Range(), out);
+        out += Table(table);
+        if (star || !one_part) part = statement_.At(part).next;
+    } else if (part != sql::kNoNode && (star || !one_part)) {
+        // "a!b" and "a.b" are the same field of a table; of anything else the sign counts.
+        AppendTokens(node.Range(), out);
         return;
     }
-    for (; next < keys.size(); ++next) AppendIdentifier(keys[next], L'[', L']', out);
+    for (; part != sql::kNoNode; part = statement_.At(part).next)
+        AppendIdentifier(key(part), L'[', L']', out);
+    if (star) out += L"[*]";
 }
 
 // A truth value equal to True, or not to False, is the value itself, and otherwise its negation. Of any other

@@ -47,7 +47,8 @@ StatementScope::StatementScope(const Statement& statement, const schema::Schema*
 }
 
 void StatementScope::CollectReferences(const Statement& statement, std::vector<const Keys*>& hidden) {
-    for (const Node& node : statement.nodes) {
+    for (NodeId id = 0; id < statement.nodes.size(); ++id) {
+        const Node& node = statement.At(id);
         const NodeId qualifier = QualifierOf(statement, node);
         if (qualifier == sql::kNoNode) {
             if (node.kind == NodeKind::Name && &statement == &statement_) {
@@ -59,7 +60,9 @@ void StatementScope::CollectReferences(const Statement& statement, std::vector<c
         const std::wstring key = IdentifierKey(statement.Slice(range));
         const bool inner = std::ranges::any_of(hidden, [&](const Keys* keys) { return keys->contains(key); });
         if (inner) continue;
-        if (const int table = TableCalled(key); table != kNoTable) references_.push_back({range, table});
+        const int table = TableCalled(key);
+        if (table != kNoTable) references_.push_back({range, table});
+        if (&statement == &statement_ && node.kind == NodeKind::Name) tables_of_names_[id] = table;
     }
     CollectNested(statement, hidden);
 }

@@ -120,7 +120,8 @@ void CompleteColumn(Design& design, int column, std::wstring_view sAlias, int nV
 
 int FieldCol(const DesignGrid& grid, std::wstring_view sField) {
     for (int column = 0; column < grid.ColumnCount(); ++column) {
-        if (SameIgnoringCase(TrimView(grid.Cell(GridRow::Campo, column)), sField)) return column;
+        const std::wstring& cell = grid.Cell(GridRow::Campo, column);
+        if (cell.size() >= sField.size() && SameIgnoringCase(TrimView(cell), sField)) return column;
     }
     return -1;
 }
