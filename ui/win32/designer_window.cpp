@@ -45,7 +45,7 @@ bool DesignerWindow::Create() {
         return false;
     dpi_ = win32::DpiOf(Handle());
     CentreOnScreen();
-    if (!CreateControls()) {
+    if (!CreateControls({this, this, this})) {
         Destroy();
         return false;
     }

@@ -1,12 +1,5 @@
-// The window behind dlgDsn: creates the controls, lays them out, turns their notifications into the
-// presenter's gestures and shows what the presenter says. It decides nothing about queries.
-//
-//   form
-//     picTop      "Agregar tabla al diagrama", "Ejecutar consulta …", "Ver árbol de sintaxis"
-//     VSplit1     schemaView above schemaProps | strip (sTab, and over it the pages HSR and picSQL)
-//       HSR       dgmTables above picDsn (picCtrs, dxG, lblNo)
-//       picSQL    edtSQL
-//     picBottom   picBtns: "&Aceptar", "&Cancelar", "Ay&uda"
+// The window behind dlgDsn: turns what its controls (designer_form.h) report into the presenter's gestures
+// and shows what the presenter says. It decides nothing about queries.
 #pragma once
 
 #include <oaidl.h>
@@ -21,26 +14,16 @@
 #include <vector>
 
 #include "common/win32/com.h"
-#include "common/win32/handles.h"
 #include "common/win32/modal_loop.h"
-#include "common/win32/window.h"
-#include "controls/browser/win32/schema_browser.h"
-#include "controls/browser/win32/schema_props.h"
-#include "controls/diagram/win32/diagram_view.h"
-#include "controls/editor/win32/sql_editor.h"
-#include "controls/grid/win32/design_grid_view.h"
-#include "controls/splitter/win32/splitter_bar.h"
 #include "ui/designer_presenter.h"
 #include "ui/preview.h"
 #include "ui/views.h"
-#include "ui/win32/designer_ids.h"
+#include "ui/win32/designer_form.h"
 #include "ui/win32/drag_window.h"
-#include "ui/win32/panel.h"
-#include "ui/win32/reason_label.h"
 
 namespace tessel::ui {
 
-class DesignerWindow final : public win32::Window,
+class DesignerWindow final : public DesignerForm,
                              private DesignerView,
                              private EditorView,
                              private PreviewView,
@@ -76,26 +59,6 @@ public:
 
 private:
     static constexpr UINT kStepMessage = WM_APP + 40;
-
-    // Creation and layout (designer_window_layout.cpp).
-    bool CreateControls();
-    bool CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style,
-                      const wchar_t* tip);
-    void AddTip(HWND control, const wchar_t* tip);
-    void ApplyFonts();
-    void CentreOnScreen();
-    void LayoutForm();
-    void LayoutTopButtons();
-    void LayoutBottomButtons();
-    void LayoutStrip();
-    void DivideDesignPage();
-    void LayoutDesignPane();
-    void LayoutGridButtons();
-    void LayoutSqlPage();
-    int ButtonWidth(HWND button) const;
-    int Px(int dips) const;
-    int FromTwips(int twips) const;
-    int ToTwips(int pixels) const;
 
     // Messages (designer_window.cpp) and keys (designer_window_keys.cpp).
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
@@ -186,45 +149,13 @@ private:
     // ChangeListener: the design grid or the diagram changed.
     void OnChanged() override;
 
-    // First, so that it outlives the controls, which show its model.
     DesignerPresenter presenter_;
     win32::ComPtr<IDispatch> connection_;
     OwnerMacros macros_;
 
-    Panel top_;
-    Panel bottom_;
-    Panel buttons_;  // picBtns
-    Panel strip_;
-    Panel design_pane_;                    // picDsn
-    Panel grid_buttons_;                   // picCtrs
-    Panel sql_page_;                       // picSQL
-    controls::SplitterBar main_splitter_;  // VSplit1
-    controls::SplitterBar page_splitter_;  // HSR
-    controls::SplitterBar browser_splitter_;
-    controls::SchemaBrowser browser_;  // schemaView
-    controls::SchemaProps props_;      // schemaProps
-    controls::DiagramView diagram_;    // dgmTables
-    controls::DesignGridView grid_;    // dxG
-    controls::SqlEditor editor_;       // edtSQL
-    ReasonLabel reason_;               // lblNo
     DragWindow drag_;
     Dragged dragged_;
-    HWND tabs_ = nullptr;
-    HWND tips_ = nullptr;
-    HWND focus_ = nullptr;
-    HWND accept_ = nullptr;
-    HWND cancel_ = nullptr;
-    HWND help_ = nullptr;
-    HWND syntax_tree_ = nullptr;
-    HWND add_table_ = nullptr;
-    HWND run_query_ = nullptr;
-    HWND remove_column_ = nullptr;
-    HWND clear_all_ = nullptr;
-    HWND distinct_ = nullptr;
-
     std::function<void(HWND, long)> show_help_;
-    win32::UniqueFont font_;
-    int dpi_ = 96;
     Pointer pointer_ = Pointer::Default;
     bool done_ = false;
     bool step_waits_ = false;

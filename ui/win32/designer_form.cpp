@@ -1,4 +1,5 @@
-// Creation and layout of the designer window's controls.
+#include "ui/win32/designer_form.h"
+
 #include <windows.h>
 
 #include <commctrl.h>
@@ -10,7 +11,6 @@
 #include "common/win32/module.h"
 #include "ui/designer_layout.h"
 #include "ui/dlg_dsn_texts.h"
-#include "ui/win32/designer_window.h"
 
 namespace tessel::ui {
 
@@ -47,18 +47,18 @@ void Place(HWND hwnd, int left, int top, int width, int height) {
 
 }  // namespace
 
-int DesignerWindow::Px(int dips) const {
+int DesignerForm::Px(int dips) const {
     return win32::Scale(dips, dpi_);
 }
-int DesignerWindow::FromTwips(int twips) const {
+int DesignerForm::FromTwips(int twips) const {
     return win32::TwipsToPixels(twips, dpi_);
 }
-int DesignerWindow::ToTwips(int pixels) const {
+int DesignerForm::ToTwips(int pixels) const {
     return MulDiv(pixels, kTwipsPerInch, dpi_);
 }
 
-bool DesignerWindow::CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style,
-                                  const wchar_t* tip) {
+bool DesignerForm::CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style,
+                                const wchar_t* tip) {
     button =
         CreateWindowExW(0, L"BUTTON", caption, WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, 0, 0, 0, 0, parent,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), win32::ThisModule(), nullptr);
@@ -67,7 +67,7 @@ bool DesignerWindow::CreateButton(HWND& button, HWND parent, const wchar_t* capt
     return true;
 }
 
-void DesignerWindow::AddTip(HWND control, const wchar_t* tip) {
+void DesignerForm::AddTip(HWND control, const wchar_t* tip) {
     TTTOOLINFOW info{};
     info.cbSize = sizeof info;
     info.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
@@ -77,7 +77,7 @@ void DesignerWindow::AddTip(HWND control, const wchar_t* tip) {
     SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&info));
 }
 
-bool DesignerWindow::CreateControls() {
+bool DesignerForm::CreateControls(const Listeners& listeners) {
     const HINSTANCE module = win32::ThisModule();
     const HWND form = Handle();
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
@@ -93,10 +93,11 @@ bool DesignerWindow::CreateControls() {
                       texts::kTipSyntaxTree))
         return false;
 
-    if (!main_splitter_.Create(form, kIdMainSplitter, controls::Orientation::SideBySide, this) ||
+    if (!main_splitter_.Create(form, kIdMainSplitter, controls::Orientation::SideBySide,
+                               listeners.splitters) ||
         !browser_splitter_.Create(main_splitter_.Handle(), kIdBrowserSplitter, controls::Orientation::Stacked,
-                                  this) ||
-        !browser_.Create(browser_splitter_.Handle(), kIdBrowser, this) ||
+                                  listeners.splitters) ||
+        !browser_.Create(browser_splitter_.Handle(), kIdBrowser, listeners.browser) ||
         !props_.Create(browser_splitter_.Handle(), kIdProperties) ||
         !strip_.Create(main_splitter_.Handle(), form, kIdPanel))
         return false;
@@ -119,7 +120,8 @@ bool DesignerWindow::CreateControls() {
         SendMessageW(tabs_, TCM_INSERTITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
     }
 
-    if (!page_splitter_.Create(strip_.Handle(), kIdPageSplitter, controls::Orientation::Stacked, this) ||
+    if (!page_splitter_.Create(strip_.Handle(), kIdPageSplitter, controls::Orientation::Stacked,
+                               listeners.splitters) ||
         !diagram_.Create(page_splitter_.Handle(), kIdDiagram) ||
         !design_pane_.Create(page_splitter_.Handle(), form, kIdPanel) ||
         !grid_buttons_.Create(design_pane_.Handle(), form, kIdPanel) ||
@@ -132,7 +134,7 @@ bool DesignerWindow::CreateControls() {
         !grid_.Create(design_pane_.Handle(), kIdGrid) ||
         !reason_.Create(design_pane_.Handle(), kIdReason, texts::kReason) ||
         !sql_page_.Create(strip_.Handle(), form, kIdPanel, false) ||
-        !editor_.Create(sql_page_.Handle(), kIdEditor, win32::ModuleFolder() + L"SQL.ini", this))
+        !editor_.Create(sql_page_.Handle(), kIdEditor, win32::ModuleFolder() + L"SQL.ini", listeners.editor))
         return false;
     page_splitter_.SetPanes(diagram_.Handle(), design_pane_.Handle());
     page_splitter_.SetMinimums(kSplitterMinimum, kSplitterMinimum);
@@ -158,7 +160,7 @@ bool DesignerWindow::CreateControls() {
     return true;
 }
 
-void DesignerWindow::ApplyFonts() {
+void DesignerForm::ApplyFonts() {
     win32::UniqueFont font = win32::MessageFont(dpi_);
     for (HWND control : {add_table_, run_query_, syntax_tree_, tabs_, remove_column_, clear_all_, distinct_,
                          accept_, cancel_, help_, focus_})
@@ -170,7 +172,7 @@ void DesignerWindow::ApplyFonts() {
     props_.OnDpiChanged(dpi_);
 }
 
-void DesignerWindow::CentreOnScreen() {
+void DesignerForm::CentreOnScreen() {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     RECT work{0, 0, 800, 600};
@@ -183,7 +185,7 @@ void DesignerWindow::CentreOnScreen() {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void DesignerWindow::LayoutForm() {
+void DesignerForm::LayoutForm() {
     if (!cancel_) return;
     const SIZE inner = ClientSize(Handle());
     const int top = Px(kTopHeight);
@@ -197,7 +199,7 @@ void DesignerWindow::LayoutForm() {
     LayoutStrip();
 }
 
-int DesignerWindow::ButtonWidth(HWND button) const {
+int DesignerForm::ButtonWidth(HWND button) const {
     wchar_t caption[128] = L"";
     GetWindowTextW(button, caption, 128);
     const HDC dc = GetDC(button);
@@ -208,7 +210,7 @@ int DesignerWindow::ButtonWidth(HWND button) const {
     return text.right - text.left + 2 * Px(kButtonPadding);
 }
 
-void DesignerWindow::LayoutTopButtons() {
+void DesignerForm::LayoutTopButtons() {
     const int height = Px(kButtonHeight);
     const int top = (Px(kTopHeight) - height) / 2;
     int left = Px(kMargin);
@@ -219,7 +221,7 @@ void DesignerWindow::LayoutTopButtons() {
     }
 }
 
-void DesignerWindow::LayoutBottomButtons() {
+void DesignerForm::LayoutBottomButtons() {
     const int height = Px(kButtonHeight);
     const int top = (Px(kBottomHeight) - height) / 2;
     int left = 0;
@@ -234,7 +236,7 @@ void DesignerWindow::LayoutBottomButtons() {
           inner.cy);
 }
 
-void DesignerWindow::LayoutStrip() {
+void DesignerForm::LayoutStrip() {
     if (!cancel_) return;
     const SIZE strip = ClientSize(strip_.Handle());
     Place(tabs_, 0, 0, strip.cx, strip.cy);
@@ -248,12 +250,12 @@ void DesignerWindow::LayoutStrip() {
 
 /// The first division between diagram and grid: the grid gets the height of its rows when there is room for
 /// both.
-void DesignerWindow::DivideDesignPage() {
+void DesignerForm::DivideDesignPage() {
     const int page = MulDiv(ClientSize(page_splitter_.Handle()).cy, 96, dpi_);
     page_splitter_.SetPosition(std::max(std::min(page - kGridHeight, page * 6 / 10), page * 3 / 10));
 }
 
-void DesignerWindow::LayoutDesignPane() {
+void DesignerForm::LayoutDesignPane() {
     if (!cancel_) return;
     const SIZE pane = ClientSize(design_pane_.Handle());
     Place(grid_buttons_.Handle(), 0, 0, pane.cx, FromTwips(kGridTop));
@@ -265,7 +267,7 @@ void DesignerWindow::LayoutDesignPane() {
     LayoutGridButtons();
 }
 
-void DesignerWindow::LayoutGridButtons() {
+void DesignerForm::LayoutGridButtons() {
     const int height = Px(kSmallButtonHeight);
     int left = 0;
     for (HWND button : {remove_column_, clear_all_}) {
@@ -276,7 +278,7 @@ void DesignerWindow::LayoutGridButtons() {
     Place(distinct_, left + Px(kGap), 0, ButtonWidth(distinct_) + Px(kCheckMark), height);
 }
 
-void DesignerWindow::LayoutSqlPage() {
+void DesignerForm::LayoutSqlPage() {
     const SIZE page = ClientSize(sql_page_.Handle());
     Place(editor_.Handle(), 0, 0, page.cx, page.cy);
 }
