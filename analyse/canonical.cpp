@@ -257,8 +257,7 @@ void Canonical::AppendLogical(NodeId id, std::wstring& out) const {
     if (any_order) {
         for (const NodeId operand : OperandsOf(statement_, id, op)) operands.push_back(Condition(operand));
         std::ranges::sort(operands);
-        const auto repeated = std::ranges::unique(operands);
-        operands.erase(repeated.begin(), repeated.end());
+        operands.erase(std::unique(operands.begin(), operands.end()), operands.end());
     } else {
         for (const NodeId operand : ChildrenOf(statement_, id)) operands.push_back(Expression(operand));
     }
