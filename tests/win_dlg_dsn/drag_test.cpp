@@ -211,6 +211,28 @@ TEST_F(DragTest, ANameDroppedOnTheEditorIsWrittenAtTheCaret) {
     EXPECT_FALSE(Run(kClientes));
 }
 
+TEST_F(DragTest, ADragThatRestsAtTheGridsEdgeScrollsIt) {
+    Carry([this] { return BrowserField(L"Pedidos", L"Importe"); },
+          [this] {
+              RECT client{};
+              GetClientRect(Control(ui::kIdGrid), &client);
+              POINT edge{client.right - 6, client.bottom / 2};
+              ClientToScreen(Control(ui::kIdGrid), &edge);
+              return edge;
+          });
+    script_.Until(
+        [this] {
+            const RECT cell = window_.GridControl().CellRect(GridRow::Campo, 9);
+            return !IsRectEmpty(&cell);
+        },
+        "the tenth column is in view");
+    script_.Do([] { PressKey(VK_ESCAPE); });
+    script_.Until([] { return GetCapture() == nullptr; }, "the drag is over");
+    script_.Do([] { SendButton(MOUSEEVENTF_LEFTUP); });
+    Close();
+    EXPECT_FALSE(Run(kClientes));
+}
+
 TEST_F(DragTest, ThePropertiesFollowTheBrowserFromTheStart) {
     const auto property = [this](int row) {
         wchar_t name[100] = L"";
