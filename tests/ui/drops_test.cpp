@@ -35,10 +35,10 @@ TEST_F(Dropping, AFieldOfAnAbsentTableBringsTheTableRelatedByItsKeys) {
     EXPECT_EQ(Cell(GridRow::Campo, 1), L"Pedidos.IdPedido");
     ASSERT_EQ(Diagram().Relations().size(), 1u);
     EXPECT_EQ(Diagram().Relations()[0].info.RightTable, L"Pedidos");
-    EXPECT_EQ(
-        presenter_.BuildSQL(),
-        L"SELECT DISTINCTROW Clientes.nombre, Pedidos.IdPedido \r\nFROM (Clientes INNER JOIN Pedidos ON "
-        L"Clientes.IdCliente = Pedidos.IdCliente);");
+    EXPECT_EQ(presenter_.BuildSQL(),
+              L"SELECT Clientes.nombre AS nombre, Pedidos.IdPedido AS IdPedido \r\nFROM (Clientes INNER JOIN "
+              L"Pedidos ON "
+              L"Clientes.IdCliente = Pedidos.IdCliente) ;");
 }
 
 TEST_F(Dropping, ADropIsOneStepToUndo) {
