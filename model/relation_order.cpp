@@ -195,7 +195,8 @@ std::optional<Relations> WithRelation(const Relations& relations, const DiagramR
         if (!was_faithful) return std::nullopt;
         group.insert(group.end(), other.begin(), other.end());
     } else {
-        group = WithOriented(std::move(group), group.size() - 1);
+        const std::size_t last = group.size() - 1;
+        group = WithOriented(std::move(group), last);
         if (!was_faithful) return Replaced(relations, group);
     }
     const auto order = FaithfulOrder(group);
