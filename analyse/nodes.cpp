@@ -20,6 +20,12 @@ constexpr std::array<std::wstring_view, 18> kAggregateNames = {
     L"last",     L"stdev",        L"stdevp",     L"var",   L"varp",      L"stddev",
     L"variance", L"group_concat", L"string_agg", L"total", L"array_agg", L"compute"};
 
+bool IsOfBits(const Node& node) {
+    const auto op = static_cast<sql::BinaryOp>(node.op);
+    return node.kind == NodeKind::Binary &&
+           (op == sql::BinaryOp::BitAnd || op == sql::BinaryOp::BitOr || op == sql::BinaryOp::BitXor);
+}
+
 void AppendOperands(const Statement& statement, NodeId id, sql::LogicalOp op, std::vector<NodeId>& operands) {
     const NodeId inner = WithoutParens(statement, id);
     if (!IsLogical(statement.At(inner), op)) {
@@ -50,7 +56,11 @@ std::vector<NodeId> ChildrenOf(const Statement& statement, NodeId id) {
 }
 
 NodeId WithoutParens(const Statement& statement, NodeId id) {
-    while (statement.At(id).kind == NodeKind::Paren) id = statement.At(id).first_child;
+    while (statement.At(id).kind == NodeKind::Paren) {
+        const NodeId inner = statement.At(id).first_child;
+        if (IsOfBits(statement.At(inner))) break;
+        id = inner;
+    }
     return id;
 }
 

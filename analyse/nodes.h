@@ -12,7 +12,8 @@ namespace tessel::analyse {
 
 [[nodiscard]] std::vector<sql::NodeId> ChildrenOf(const sql::Statement& statement, sql::NodeId id);
 
-/// The node inside any number of enclosing parentheses.
+/// The node inside any number of enclosing parentheses. BAND, BOR and BXOR keep theirs, for nothing says how
+/// tightly they bind.
 [[nodiscard]] sql::NodeId WithoutParens(const sql::Statement& statement, sql::NodeId id);
 
 /// The operands of a run of the same logical operator, parentheses around operands of that operator opened:

@@ -68,7 +68,10 @@ enum class BinaryOp : std::uint8_t {
     Modulo,
     Power,
     Concat,
-    Other
+    Other,
+    BitAnd,
+    BitOr,
+    BitXor
 };
 enum class CompareOp : std::uint8_t { Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual };
 enum class LogicalOp : std::uint8_t { And, Or, Xor, Eqv, Imp };

@@ -9,7 +9,8 @@ namespace tessel::sql {
 namespace {
 
 constexpr std::wstring_view kUnaryNames[] = {L"neg", L"pos", L"~"};
-constexpr std::wstring_view kBinaryNames[] = {L"+", L"-", L"*", L"/", L"\\", L"mod", L"^", L"&", L"|"};
+constexpr std::wstring_view kBinaryNames[] = {L"+", L"-", L"*", L"/",    L"\\",  L"mod",
+                                              L"^", L"&", L"|", L"band", L"bor", L"bxor"};
 constexpr std::wstring_view kCompareNames[] = {L"=", L"<>", L"<", L"<=", L">", L">="};
 constexpr std::wstring_view kLogicalNames[] = {L"and", L"or", L"xor", L"eqv", L"imp"};
 constexpr std::wstring_view kQuantifierNames[] = {L"any", L"some", L"all"};

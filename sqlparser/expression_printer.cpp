@@ -6,8 +6,8 @@
 namespace tessel::sql {
 namespace {
 
-constexpr std::wstring_view kBinaryTexts[] = {L" + ",   L" - ", L" * ", L" / ", L" \\ ",
-                                              L" Mod ", L" ^ ", L" & ", L" | "};
+constexpr std::wstring_view kBinaryTexts[] = {L" + ", L" - ", L" * ", L" / ",    L" \\ ",  L" Mod ",
+                                              L" ^ ", L" & ", L" | ", L" BAND ", L" BOR ", L" BXOR "};
 constexpr std::wstring_view kCompareTexts[] = {L" = ", L" <> ", L" < ", L" <= ", L" > ", L" >= "};
 constexpr std::wstring_view kLogicalTexts[] = {L" AND ", L" OR ", L" XOR ", L" EQV ", L" IMP "};
 constexpr std::wstring_view kQuantifierTexts[] = {L"ANY (", L"SOME (", L"ALL ("};

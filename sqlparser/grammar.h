@@ -214,7 +214,8 @@ private:
 
     // grammar_expression.cpp
     NodeId Expression(Level lowest = Level::Imp);
-    bool ReadOperator(Operator& op) const;
+    bool ReadOperator(Operator& op);
+    bool OperandFollows();
     void PushPrefixes();
     void ReduceTo(std::size_t base, Level level);
     void ReducePrefix(const Operator& op);

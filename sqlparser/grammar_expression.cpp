@@ -38,7 +38,7 @@ NodeId Grammar::Expression(Level lowest) {
     return blocked_ ? kNoNode : result;
 }
 
-bool Grammar::ReadOperator(Operator& op) const {
+bool Grammar::ReadOperator(Operator& op) {
     const auto set = [&](NodeKind kind, auto code, Level level) {
         op = {kind, static_cast<std::uint8_t>(code), level, token_.begin};
         return true;
@@ -58,6 +58,12 @@ bool Grammar::ReadOperator(Operator& op) const {
                     return set(NodeKind::Logical, LogicalOp::Imp, Level::Imp);
                 case Keyword::Mod:
                     return set(NodeKind::Binary, BinaryOp::Modulo, Level::Modulo);
+                case Keyword::BitAnd:
+                    return OperandFollows() && set(NodeKind::Binary, BinaryOp::BitAnd, Level::Concat);
+                case Keyword::BitOr:
+                    return OperandFollows() && set(NodeKind::Binary, BinaryOp::BitOr, Level::Concat);
+                case Keyword::BitXor:
+                    return OperandFollows() && set(NodeKind::Binary, BinaryOp::BitXor, Level::Concat);
                 default:
                     return false;
             }
@@ -92,6 +98,32 @@ bool Grammar::ReadOperator(Operator& op) const {
             return set(NodeKind::Binary, BinaryOp::Divide, Level::Multiply);
         case TokenKind::Caret:
             return set(NodeKind::Binary, BinaryOp::Power, Level::Power);
+        default:
+            return false;
+    }
+}
+
+// BAND, BOR and BXOR are titles where no value follows.
+bool Grammar::OperandFollows() {
+    const Token next = Peek();
+    if (next.kind != TokenKind::Word) {
+        return next.kind != TokenKind::End && next.kind != TokenKind::Comma &&
+               next.kind != TokenKind::Semicolon && next.kind != TokenKind::RightParen;
+    }
+    if (!IsReserved(next.keyword)) return true;
+    const TokenKind second = PeekSecond().kind;
+    if (second == TokenKind::Point || second == TokenKind::Bang) return true;
+    switch (next.keyword) {
+        case Keyword::Null:
+        case Keyword::True:
+        case Keyword::False:
+        case Keyword::Case:
+            return true;
+        case Keyword::Left:
+        case Keyword::Right:
+        case Keyword::Asc:
+        case Keyword::All:
+            return second == TokenKind::LeftParen;
         default:
             return false;
     }

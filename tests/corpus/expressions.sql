@@ -79,3 +79,7 @@ SELECT Facturas.Id FROM Facturas WHERE Facturas.Zona=5AND Facturas.Serie='A';
 SELECT Articulos.Codigo FROM Articulos WHERE Articulos.Codigo LIKE 'A!_%' {escape '!'};
 ---
 SELECT c.Nombre, {fn YEAR(c.Alta)} AS Anio FROM Clientes AS c WHERE {fn MONTH(c.Alta)} = 5;
+---
+SELECT Permisos.Usuario, Permisos.Bits BAND 4 AS Escribe FROM Permisos WHERE (Permisos.Bits BAND 1) <> 0 ORDER BY Permisos.Bits BOR 2;
+---
+SELECT Discos.Titulo, Discos.Band FROM Discos WHERE Discos.Band = 'Los del Sur';

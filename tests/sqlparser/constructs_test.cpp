@@ -410,6 +410,23 @@ TEST(Operators, OfTheDialect) {
     });
 }
 
+TEST(Operators, OfBitsAreTitlesWhereNoValueFollows) {
+    Check({
+        {L"SELECT a BAND 2 BAND b, c BOR -d AS e, f bxor (g + 1) FROM t WHERE (h BAND 4) <> 0 AND i BAND 1 = "
+         L"1",
+         L"(select (columns (band a 2 b) (as (bor c (neg d)) e) (bxor f (paren (+ g 1)))) (from t) (where "
+         L"(and "
+         L"(<> (paren (band h 4)) 0) (= (band i 1) 1))))"},
+        {L"SELECT a BAND BAND, a BOR Null, a BXOR LEFT(b, 1), a BAND CASE WHEN b THEN 1 END FROM t",
+         L"(select (columns (band a BAND) (bor a null) (bxor a (call LEFT b 1)) (band a (case (when b 1)))) "
+         L"(from "
+         L"t))"},
+        {L"SELECT a Band, b Bor, Bxor FROM Band INNER JOIN Bor Bxor ON Band.a = Bxor.a ORDER BY Band",
+         L"(select (columns (as a Band) (as b Bor) Bxor) (from (inner Band (as Bor Bxor) (= Band.a Bxor.a))) "
+         L"(order Band))"},
+    });
+}
+
 TEST(Literals, OfEveryKind) {
     Check({
         {L"SELECT 1, 1.5, .5, 5., 1E3, -1.5E-3, &HFF, &O17, &H10& FROM t",
