@@ -106,6 +106,23 @@ TEST_F(AddTable, OpenedOnATableOfTheDiagramItListsTheRelatedOnes) {
     Cancel();
 }
 
+TEST_F(AddTable, F1AsksForItsHelp) {
+    Open();
+    script_.Do([] { PressKey(VK_F1); });
+    // The tests have no help file beside them.
+    script_.Until([] { return OpenMessageBox() != nullptr; }, "the message is shown");
+    script_.Do([] {
+        EXPECT_EQ(MessageBoxText(OpenMessageBox()), L"No se encontró el archivo de ayuda");
+        PressKey(VK_RETURN);
+    });
+    script_.Until([] { return OpenMessageBox() == nullptr; }, "the message is gone");
+    script_.Do([] {
+        SetForegroundWindow(Dialog());
+        PostMessageW(Dialog(), WM_CLOSE, 0, 0);
+    });
+    Cancel();
+}
+
 TEST_F(AddTable, ADoubleClickOnALineAddsItsTable) {
     Open();
     script_.Do([] {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "schema/schema.h"
+#include "ui/help_contexts.h"
 #include "ui/win32/modal_dialog.h"
 
 namespace tessel::ui {
@@ -29,6 +30,7 @@ private:
     void OnCommand(int id, int notification) override;
     bool OnPreTranslate(const MSG& message) override;
     HWND FirstFocus() const override { return filter_; }
+    long HelpTopic() const override { return help::kAddTable; }
     int DefaultButton() const override;
 
     HWND AddControl(const wchar_t* window_class, const wchar_t* text, DWORD style, DWORD ex_style, int id);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "analyse/syntax_tree.h"
+#include "ui/help_contexts.h"
 #include "ui/win32/modal_dialog.h"
 
 namespace tessel::ui {
@@ -33,6 +34,7 @@ private:
     bool OnPreTranslate(const MSG& message) override;
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
     HWND FirstFocus() const override { return tree_; }
+    long HelpTopic() const override { return help::kSyntaxTree; }
 
     void AddNodes(const std::vector<analyse::TreeNode>& nodes, void* parent);
     const analyse::TreeNode* SelectedNode() const;

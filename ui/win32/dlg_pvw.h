@@ -14,6 +14,7 @@
 #include "common/result.h"
 #include "ui/preview_rows.h"
 #include "ui/win32/find_bar.h"
+#include "ui/help_contexts.h"
 #include "ui/win32/modal_dialog.h"
 
 namespace tessel::ui {
@@ -45,6 +46,7 @@ private:
     bool OnPreTranslate(const MSG& message) override;
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
     HWND FirstFocus() const override { return list_; }
+    long HelpTopic() const override { return help::kPreview; }
     int DefaultButton() const override { return find_bar_.HasFocus() ? FindBar::kIdNext : IDCANCEL; }
 
     bool CreateList();

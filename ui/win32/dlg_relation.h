@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "model/records.h"
+#include "ui/help_contexts.h"
 #include "ui/win32/modal_dialog.h"
 
 namespace tessel::ui {
@@ -22,6 +23,7 @@ private:
     void OnLayout(SIZE client) override;
     void OnCommand(int id, int notification) override;
     HWND FirstFocus() const override;
+    long HelpTopic() const override { return help::kRelations; }
     int DefaultButton() const override { return IDOK; }
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
 

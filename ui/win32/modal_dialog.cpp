@@ -6,6 +6,7 @@
 #include "common/win32/gdi.h"
 #include "common/win32/modal_loop.h"
 #include "common/win32/module.h"
+#include "ui/win32/show_help.h"
 
 namespace tessel::ui {
 
@@ -22,8 +23,10 @@ bool ModalDialog::Run(HWND owner, const wchar_t* title, SIZE size, SIZE minimum)
     minimum_ = minimum;
     closed_ = false;
     win32::DisabledPeers peers(nullptr);
-    constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
-    if (!CreateWindowOf(kClass, title, kStyle, WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME, owner, 0)) return false;
+    constexpr DWORD kStyle =
+        WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
+    if (!CreateWindowOf(kClass, title, kStyle, WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME, owner, 0))
+        return false;
     dpi_ = win32::DpiOf(owner ? owner : Handle());
     font_ = win32::MessageFont(dpi_);
     Place(owner, size);
@@ -37,10 +40,17 @@ bool ModalDialog::Run(HWND owner, const wchar_t* title, SIZE size, SIZE minimum)
     ShowWindow(Handle(), SW_SHOW);
     SetFocus(FirstFocus());
     win32::RunModalLoop(
-        Handle(), [this] { return closed_; }, [this](const MSG& message) { return OnPreTranslate(message); });
+        Handle(), [this] { return closed_; },
+        [this](const MSG& message) { return IsHelpKey(message) || OnPreTranslate(message); });
     peers.Enable();
     Destroy();
     created_ = false;
+    return true;
+}
+
+bool ModalDialog::IsHelpKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || message.wParam != VK_F1) return false;
+    ShowHelp(nullptr, HelpTopic());
     return true;
 }
 
@@ -92,7 +102,9 @@ LRESULT ModalDialog::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     }
 }
 
-LRESULT ModalDialog::OnNotify(NMHDR*) { return 0; }
+LRESULT ModalDialog::OnNotify(NMHDR*) {
+    return 0;
+}
 
 void ModalDialog::Layout() {
     if (!created_) return;
@@ -106,12 +118,15 @@ void ModalDialog::Close() {
     PostMessageW(Handle(), WM_NULL, 0, 0);
 }
 
-int ModalDialog::Px(int dips) const { return win32::Scale(dips, dpi_); }
+int ModalDialog::Px(int dips) const {
+    return win32::Scale(dips, dpi_);
+}
 
 HWND ModalDialog::AddButton(const wchar_t* caption, int id, bool is_default) {
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | (is_default ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON);
-    const HWND button = CreateWindowExW(0, L"BUTTON", caption, style, 0, 0, 0, 0, Handle(),
-                                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), win32::ThisModule(), nullptr);
+    const HWND button =
+        CreateWindowExW(0, L"BUTTON", caption, style, 0, 0, 0, 0, Handle(),
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), win32::ThisModule(), nullptr);
     SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
     return button;
 }

@@ -1,5 +1,6 @@
-// Base of the designer's own dialogs: a resizable window over the designer, with the user's font, closed by Esc, by its
-// close button and by its title bar. Derived classes create controls, lay them out and answer notifications.
+// Base of the designer's own dialogs: a resizable window over the designer, with the user's font, closed by
+// Esc, by its close button and by its title bar; F1 opens its help topic. Derived classes create controls,
+// lay them out and answer notifications.
 #pragma once
 
 #include <windows.h>
@@ -13,8 +14,8 @@ namespace tessel::ui {
 
 class ModalDialog : public win32::Window {
 public:
-    /// Shows the dialog over `owner` and returns when it is closed. Sizes are outer sizes in dips. False when the
-    /// window could not be created.
+    /// Shows the dialog over `owner` and returns when it is closed. Sizes are outer sizes in dips. False when
+    /// the window could not be created.
     bool Run(HWND owner, const wchar_t* title, SIZE size, SIZE minimum);
 
 protected:
@@ -24,7 +25,8 @@ protected:
     virtual bool OnCreateControls() = 0;
     /// The client area has this size, in pixels.
     virtual void OnLayout(SIZE client) = 0;
-    /// A control with that identifier reports `notification`; Esc arrives as IDCANCEL, Enter as DefaultButton().
+    /// A control with that identifier reports `notification`; Esc arrives as IDCANCEL, Enter as
+    /// DefaultButton().
     virtual void OnCommand(int id, int notification) = 0;
     virtual LRESULT OnNotify(NMHDR* header);
     /// Sees every message before the dialog's keyboard handling; true swallows it.
@@ -32,6 +34,8 @@ protected:
     /// The control that gets the focus first.
     virtual HWND FirstFocus() const = 0;
     virtual int DefaultButton() const { return IDCANCEL; }
+    /// The help topic that F1 opens.
+    virtual long HelpTopic() const = 0;
 
     void Close();
     /// Lays the controls out anew, after one appeared or went.
@@ -46,6 +50,7 @@ protected:
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
 
 private:
+    bool IsHelpKey(const MSG& message);
     void Place(HWND owner, SIZE size);
 
     win32::UniqueFont font_;
