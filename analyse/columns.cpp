@@ -67,7 +67,7 @@ std::wstring ColumnBuilder::CellText(TextRange range) const {
 }
 
 // Without line breaks and comments a long text may fit after all.
-std::wstring ColumnBuilder::FittedText(std::wstring text) {
+std::wstring ColumnBuilder::FittedText(const std::wstring& text) {
     return FitsCell(text) ? text : sql::CanonicalTokens(text, {0, text.size()});
 }
 

@@ -51,7 +51,7 @@ public:
     std::wstring CellText(sql::NodeId node) const { return CellText(statement_.At(node).Range()); }
     std::wstring CellText(TextRange range) const;
     /// The text, written shorter if it would not fit a cell.
-    static std::wstring FittedText(std::wstring text);
+    static std::wstring FittedText(const std::wstring& text);
     /// The text of a node for "Campo:", not recognised as an aggregate when it is none.
     std::wstring FieldText(sql::NodeId node) const;
     [[nodiscard]] Outcome Write(model::GridRow row, int column, const std::wstring& text, TextRange place);

@@ -210,7 +210,8 @@ std::optional<Relations> WithKind(const Relations& relations, int key, JoinKind 
     const bool was_faithful = IsFaithfulOrder(group);
     const auto changed = std::ranges::find(group, key, &DiagramRelation::key);
     changed->info.JType = kind;
-    group = WithOriented(std::move(group), static_cast<std::size_t>(changed - group.begin()));
+    const auto which = static_cast<std::size_t>(changed - group.begin());
+    group = WithOriented(std::move(group), which);
     if (!was_faithful) return Replaced(relations, group);
     const auto order = FaithfulOrder(group);
     return order ? std::optional(Replaced(relations, *order)) : std::nullopt;
