@@ -146,11 +146,15 @@ private:
     LeftOut left_out_;
 };
 
+// Everything that may run out of memory comes first: a design of which only half was replaced would be
+// another statement.
 void Commit(model::Design& copy, model::Design& design) {
     model::SyncDiagramChecks(copy);
-    design.grid.SetColumns(copy.grid.Columns());
+    std::vector<model::DesignGrid::Column> columns = copy.grid.Columns();
+    model::Diagram::Contents contents = copy.diagram.Save();
+    design.grid.SetColumns(std::move(columns));
     design.grid.SetFocus(model::GridRow::Campo, 0);
-    design.diagram.Restore(copy.diagram.Save());
+    design.diagram.Restore(std::move(contents));
     design.distinct = copy.distinct;
 }
 

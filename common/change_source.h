@@ -1,7 +1,8 @@
 // Change notices from models to whoever shows them. A model never knows its views.
 #pragma once
 
-#include <algorithm>
+#include <cstddef>
+#include <new>
 #include <vector>
 
 namespace tessel {
@@ -25,12 +26,29 @@ public:
     void RemoveListener(ChangeListener* listener) { std::erase(listeners_, listener); }
 
 protected:
+    /// Tells the listeners, which may come and go meanwhile. The change is a fact by now, and part of a
+    /// larger one perhaps: a listener that runs out of memory keeps neither it nor the other listeners from
+    /// being complete, and reads the source again at the next change.
     void NotifyChanged() {
-        const std::vector<ChangeListener*> now = listeners_;
-        for (ChangeListener* listener : now) listener->OnChanged();
+        try {
+            const std::vector<ChangeListener*> now = listeners_;
+            for (ChangeListener* listener : now) Tell(*listener);
+        } catch (const std::bad_alloc&) {
+            // Without the copy, one that goes takes its place away from under the walk: nobody is called
+            // twice.
+            for (std::size_t i = listeners_.size(); i > 0; --i)
+                if (i <= listeners_.size()) Tell(*listeners_[i - 1]);
+        }
     }
 
 private:
+    static void Tell(ChangeListener& listener) {
+        try {
+            listener.OnChanged();
+        } catch (const std::bad_alloc&) {
+        }
+    }
+
     std::vector<ChangeListener*> listeners_;
 };
 

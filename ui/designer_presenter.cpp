@@ -1,5 +1,7 @@
 #include "ui/designer_presenter.h"
 
+#include <new>
+
 #include "common/text.h"
 #include "compose/compose.h"
 #include "model/grid_editing.h"
@@ -121,9 +123,15 @@ void DesignerPresenter::SwitchToSql() {
     editor_.Refresh();
     if (grid_shown_) {
         history_.Record(design_);
+        std::wstring sql = BuildSQL();
         editor_.SetText(L"");
         view_.ProcessEvents();
-        editor_.SetText(BuildSQL());
+        try {
+            sql = BuildSQL();
+        } catch (const std::bad_alloc&) {
+            // What was composed before the events stands: an empty text would mean an empty design.
+        }
+        editor_.SetText(sql);
         composed_ = editor_.Text();
     }
     SetGridShown(true);

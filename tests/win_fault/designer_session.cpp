@@ -40,6 +40,13 @@ BOOL CALLBACK CountVisible(HWND hwnd, LPARAM lparam) {
     return TRUE;
 }
 
+std::string NameOf(HWND window) {
+    if (!window) return "nowhere";
+    wchar_t name[64] = L"";
+    GetClassNameW(window, name, 64);
+    return "in a " + ToUtf8(name) + " of id " + std::to_string(GetDlgCtrlID(window));
+}
+
 /// False when another program came to the front, which takes the focus away from all of ours.
 bool OwnsForeground() {
     DWORD process = 0;
@@ -172,7 +179,7 @@ std::string HostWindow::Disturbance() const {
     EnumThreadWindows(GetCurrentThreadId(), CountVisible, reinterpret_cast<LPARAM>(&visible));
     if (visible != 1) trouble += std::to_string(visible) + " windows instead of the host's; ";
     if (!IsWindowEnabled(window_)) trouble += "the host's window is disabled; ";
-    if (GetFocus() != edit_ && OwnsForeground()) trouble += "the focus is elsewhere; ";
+    if (GetFocus() != edit_ && OwnsForeground()) trouble += "the focus is " + NameOf(GetFocus()) + "; ";
     if (GetCursor() != LoadCursorW(nullptr, IDC_CROSS)) trouble += "the pointer is another; ";
     return trouble;
 }

@@ -66,6 +66,7 @@ inline FakePtr MakeGeneratedRecordset(std::vector<GeneratedColumn> columns, LONG
     recordset->On(L"GetRows", [=](const FakeCall& call) {
         if (log->broken) return Raise(E_FAIL, L"Se perdi\u00f3 la conexi\u00f3n");
         const LONG count = (std::min)(call.Number(0), row_count - *position + 1);
+        if (count <= 0) return Raise(static_cast<HRESULT>(0x800A0BCD), L"BOF o EOF es True");
         log->largest_request = (std::max)(log->largest_request, count);
         log->rows_given += count;
         const LONG first = *position;

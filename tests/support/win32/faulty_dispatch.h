@@ -29,10 +29,14 @@ struct FaultPlan {
     long at = -1;               ///< counted from 0; negative for none
     bool from_then_on = false;  ///< every later call too
     long calls = 0;
+    std::wstring last_name{};  ///< the member that was looked up last
+    std::wstring struck{};     ///< the first member that misbehaved
 
     bool Strikes() {
         const long call = calls++;
-        return at >= 0 && (call == at || (from_then_on && call > at));
+        const bool strikes = at >= 0 && (call == at || (from_then_on && call > at));
+        if (strikes && struck.empty()) struck = last_name;
+        return strikes;
     }
 };
 using SharedPlan = std::shared_ptr<FaultPlan>;
@@ -47,6 +51,7 @@ public:
         return inner_->GetTypeInfo(index, locale, info);
     }
     STDMETHODIMP GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {
+        plan_->last_name = names[0];
         return inner_->GetIDsOfNames(iid, names, count, locale, ids);
     }
     STDMETHODIMP Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
