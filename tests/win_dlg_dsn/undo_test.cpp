@@ -116,6 +116,43 @@ TEST_F(UndoKeys, ADraggedBoxGoesBackInOneStep) {
     EXPECT_FALSE(Run(L"SELECT Clientes.Nombre FROM Clientes"));
 }
 
+TEST_F(UndoKeys, MovingABoxByKeysIsOneStepWhileTheKeyIsHeld) {
+    model::DiagramRect before;
+    const auto hold = [](bool down) {
+        INPUT input{};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = VK_CONTROL;
+        input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
+        SendInput(1, &input, sizeof input);
+    };
+    const auto left = [this] { return Diagram().Tables().front().rect.left; };
+    int moved = 0;
+    script_.Do([this] {
+        const RECT box = window_.DiagramControl().TableRect(L"Clientes");
+        MouseClick(ScreenPoint(window_.DiagramControl().Handle(),
+                               {box.left + 20, box.top + 2, box.left + 40, box.top + 14}));
+    });
+    script_.Until([this] { return Diagram().SelectedTable() == L"Clientes"; }, "the table is selected");
+    script_.Do([&] {
+        before = Diagram().Tables().front().rect;
+        hold(true);
+        PressKey(VK_RIGHT);
+    });
+    script_.Until([&] { return left() > before.left; }, "moved once");
+    script_.Do([&] {
+        moved = left();
+        PressKey(VK_RIGHT);
+    });
+    script_.Until([&] { return left() > moved; }, "moved twice");
+    script_.Do([this] { EXPECT_FALSE(window_.Presenter().CanUndo()); });
+    script_.Do([&] { hold(false); });
+    script_.Until([this] { return window_.Presenter().CanUndo(); }, "the moves are a step");
+    script_.Do([] { PressKey('Z', false, true); });
+    script_.Until([&] { return Diagram().Tables().front().rect == before; }, "the box is back");
+    Cancel();
+    EXPECT_FALSE(Run(L"SELECT Clientes.Nombre FROM Clientes"));
+}
+
 TEST_F(UndoKeys, OpeningAndLookingIsNoStep) {
     script_.Until([this] { return Diagram().Tables().front().placed; }, "the table has its place");
     script_.Do([this] { MouseClick(CellOf(GridRow::Visible, 2)); });

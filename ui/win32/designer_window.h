@@ -71,6 +71,7 @@ private:
     /// The design changed; the presenter is told when whoever changes it is done.
     void AwaitStep();
     void OnStepMessage();
+    bool IsMovingByKeys() const;
     void OnTabSelected();
     void ShowPages();
     void MoveToNextPane(bool backwards);

@@ -36,6 +36,8 @@ HistoryKey KeyOf(const MSG& message) {
 }  // namespace
 
 bool DesignerWindow::OnHistoryKey(const MSG& message) {
+    if (message.message == WM_KEYUP && (message.wParam == VK_CONTROL || message.wParam == VK_SHIFT))
+        AwaitStep();
     const HistoryKey key = KeyOf(message);
     if (key == HistoryKey::None || presenter_.CurrentTab() != Tab::Design || IsTextField(message.hwnd))
         return false;
@@ -65,7 +67,13 @@ void DesignerWindow::AwaitStep() {
 
 void DesignerWindow::OnStepMessage() {
     step_waits_ = false;
-    presenter_.StepDone();
+    if (!IsMovingByKeys()) presenter_.StepDone();
+}
+
+// Moving and resizing a box by keys takes many presses while Ctrl or Shift is held: together they are one
+// step.
+bool DesignerWindow::IsMovingByKeys() const {
+    return GetFocus() == diagram_.Handle() && (IsDown(VK_CONTROL) || IsDown(VK_SHIFT)) && !GetCapture();
 }
 
 }  // namespace tessel::ui
