@@ -46,7 +46,8 @@ std::optional<RelInfo> Diagram::AsShown(const RelInfo& relation) const {
     shown.LeftTable = left->name;
     shown.LeftField = ShownFieldName(*left, relation.LeftField);
     shown.RightTable = right->name;
-    shown.RightField = ShownFieldName(*right, relation.RightField);
+    const std::wstring_view right_field = FieldOfRelation(relation.RightField);
+    shown.RightField = ShownFieldName(*right, right_field) + relation.RightField.substr(right_field.size());
     shown.Used = false;
     return shown;
 }

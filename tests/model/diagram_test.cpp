@@ -220,6 +220,15 @@ TEST_F(DiagramTest, FurtherComparisonsOfARelationAreNoPartOfItsField) {
     EXPECT_EQ(FieldOfRelation(L""), L"");
 }
 
+TEST_F(DiagramTest, FieldBeforeFurtherComparisonsIsShownAsTheSchemaDoes) {
+    diagram.AddTable(L"Clientes", true);
+    diagram.AddTable(L"Pedidos", true);
+    diagram.AddRelation(
+        {L"Clientes", L"IdCliente", L"Pedidos", L"[IDCLIENTE] AND Clientes.[País] = Pedidos.x", kLeftJoin});
+    EXPECT_EQ(RelationTexts(),
+              Texts{L"Clientes.IdCliente = Pedidos.IdCliente AND Clientes.[País] = Pedidos.x 1"});
+}
+
 TEST_F(DiagramTest, SameFieldsAreRelatedOnceWithOrWithoutFurtherComparisons) {
     diagram.AddTable(L"Clientes", true);
     diagram.AddTable(L"Pedidos", true);
