@@ -31,6 +31,8 @@ protected:
     SessionAnswer Call(const std::vector<SessionStep>& steps) {
         const win32::ComPtr<_Quillon> quillon = ComponentLibrary::Instance().CreateQuillon();
         host_.Focus();
+        // The fake remembers what it is asked, which would look like a leak.
+        connection_.log->clear();
         return RunSession(quillon.Get(), connection_.object.Get(), kStatement, steps);
     }
 
@@ -49,8 +51,8 @@ protected:
         EXPECT_LE(after.gdi, before.gdi);
         EXPECT_LE(after.user, before.user);
         EXPECT_LE(after.handles, before.handles);
-        // Less than a page a cycle, and a margin for the heap's own breathing.
-        EXPECT_LT(after.memory_kb - before.memory_kb, 1024 + 2 * cycles);
+        // Room for the heap's own breathing, whatever the number of cycles.
+        EXPECT_LT(after.memory_kb - before.memory_kb, 512);
         EXPECT_EQ(win32::ServerCount::Value(), counted);
         EXPECT_EQ(ComponentLibrary::Instance().CanUnloadNow(), S_OK);
         EXPECT_EQ(host_.Disturbance(), "");
