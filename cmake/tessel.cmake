@@ -21,7 +21,7 @@ function(tessel_test name)
   endif()
   add_test(NAME ${name} COMMAND ${name})
   # Every program leaves a report, from which scripts/count_tests tells how many tests ran.
-  set(reports "GTEST_OUTPUT=xml:reports/")
+  set(reports "GTEST_OUTPUT=xml:reports/${name}.xml")
   set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT
     "TESSEL_SOURCE_DIR=${PROJECT_SOURCE_DIR};TESSEL_BINARY_DIR=${PROJECT_BINARY_DIR};${reports};${TESSEL_WINE_ENV};${ARG_ENV}")
   get_filename_component(folder ${CMAKE_CURRENT_SOURCE_DIR} NAME)
