@@ -12,7 +12,8 @@ void AnalyseShownStatements(benchmark::State& state) {
     for (auto _ : state) {
         for (const std::wstring& statement : ShownStatements()) {
             model::Design design;
-            if (!analyse::AnalyseSQL(statement, design).accepted) state.SkipWithError("a statement is refused");
+            if (!analyse::AnalyseSQL(statement, design).accepted)
+                state.SkipWithError("a statement is refused");
             benchmark::DoNotOptimize(design);
         }
     }

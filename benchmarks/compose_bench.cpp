@@ -1,4 +1,5 @@
-// Composition of a full grid: 60 columns with criteria, grouping and ordering over 11 tables joined by 10 relations.
+// Composition of a full grid: 60 columns with criteria, grouping and ordering over 11 tables joined by 10
+// relations.
 #include <benchmark/benchmark.h>
 
 #include "compose/compose.h"

@@ -32,7 +32,8 @@ struct LargeDiagram {
 
     void Relate(int left, int right, const wchar_t* field) {
         if (left == right) return;
-        diagram.AddRelation({TableName(left), field, TableName(right), std::wstring(L"Id") + field, 0, false});
+        diagram.AddRelation(
+            {TableName(left), field, TableName(right), std::wstring(L"Id") + field, 0, false});
         links.push_back({static_cast<std::size_t>(left), static_cast<std::size_t>(right)});
     }
 

@@ -71,7 +71,8 @@ std::wstring LongStatement(std::size_t characters, bool nested) {
         group = L"(Clientes.Pais = 'Chile' OR Pedidos.Importe BETWEEN 10 AND 450)";
     }
     std::wstring text =
-        L"SELECT Clientes.Nombre FROM Clientes INNER JOIN Pedidos ON Clientes.IdCliente = Pedidos.IdCliente WHERE ";
+        L"SELECT Clientes.Nombre FROM Clientes INNER JOIN Pedidos ON Clientes.IdCliente = Pedidos.IdCliente "
+        L"WHERE ";
     text += group;
     while (text.size() < characters) text += L" AND " + group;
     return text;
@@ -108,7 +109,8 @@ void ParsedMemory(benchmark::State& state) {
         }
     }
     state.counters["bytes"] = static_cast<double>(held);
-    state.counters["times_text"] = static_cast<double>(held) / (2.0 * static_cast<double>(Characters(Statements())));
+    state.counters["times_text"] =
+        static_cast<double>(held) / (2.0 * static_cast<double>(Characters(Statements())));
 }
 BENCHMARK(ParsedMemory);
 

@@ -19,8 +19,8 @@ namespace tessel {
 /// LowerChar beyond ASCII.
 [[nodiscard]] wchar_t LowerWideChar(wchar_t ch);
 
-/// One character in lower case; characters without a lower case stay. Inline, because names are compared all the
-/// time and hardly ever leave ASCII.
+/// One character in lower case; characters without a lower case stay. Inline, because names are compared all
+/// the time and hardly ever leave ASCII.
 [[nodiscard]] inline wchar_t LowerChar(wchar_t ch) {
     if (ch >= L'A' && ch <= L'Z') return static_cast<wchar_t>(ch + (L'a' - L'A'));
     return static_cast<char32_t>(ch) < 0x80 ? ch : LowerWideChar(ch);

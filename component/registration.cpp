@@ -75,8 +75,9 @@ HRESULT DeleteTree(HKEY root, const std::wstring& key) {
     return deleted == ERROR_FILE_NOT_FOUND ? S_OK : HRESULT_FROM_WIN32(deleted);
 }
 
-/// Whether the component of the other architecture is registered in the same scope. Asked after this one's own keys
-/// are gone, because a system of 32 bits has one view of the registry, in which both questions read the same key.
+/// Whether the component of the other architecture is registered in the same scope. Asked after this one's
+/// own keys are gone, because a system of 32 bits has one view of the registry, in which both questions read
+/// the same key.
 bool IsOtherArchitectureRegistered(HKEY root, const ClassEntry& entry) {
     const REGSAM other_view = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
     const std::wstring key = kClassesRoot + (L"CLSID\\" + GuidText(entry.clsid)) + L"\\InprocServer32";
@@ -86,8 +87,8 @@ bool IsOtherArchitectureRegistered(HKEY root, const ClassEntry& entry) {
     return true;
 }
 
-/// Class identifiers are kept for each architecture apart; program identifiers are one set for both and go with
-/// the last of them.
+/// Class identifiers are kept for each architecture apart; program identifiers are one set for both and go
+/// with the last of them.
 HRESULT DeleteClass(HKEY root, const ClassEntry& entry) {
     HRESULT result = DeleteTree(root, L"CLSID\\" + GuidText(entry.clsid));
     if (IsOtherArchitectureRegistered(root, entry)) return result;

@@ -53,8 +53,8 @@ HRESULT Delete(HKEY root, const std::wstring& key) {
     return deleted == ERROR_FILE_NOT_FOUND ? S_OK : HRESULT_FROM_WIN32(deleted);
 }
 
-/// Interfaces are kept for each architecture apart. The last component to go takes them out of both views, since the
-/// first one left its own behind.
+/// Interfaces are kept for each architecture apart. The last component to go takes them out of both views,
+/// since the first one left its own behind.
 HRESULT DeleteInterfaces() {
     HRESULT result = S_OK;
     for (const REGSAM view : {KEY_WOW64_32KEY, KEY_WOW64_64KEY}) {
@@ -63,7 +63,8 @@ HRESULT DeleteInterfaces() {
             ERROR_SUCCESS)
             continue;
         for (const InterfaceEntry& entry : kInterfaces)
-            if (const HRESULT deleted = Delete(classes, L"Interface\\" + GuidText(entry.iid)); FAILED(deleted))
+            if (const HRESULT deleted = Delete(classes, L"Interface\\" + GuidText(entry.iid));
+                FAILED(deleted))
                 result = deleted;
         RegCloseKey(classes);
     }

@@ -1,5 +1,6 @@
-// SQL composition: design in, statement text out. A pure function of the grid, the diagram and the distinct option;
-// it never reads the editor and never changes the design. The exact layout, blanks included, is relied upon.
+// SQL composition: design in, statement text out. A pure function of the grid, the diagram and the distinct
+// option; it never reads the editor and never changes the design. The exact layout, blanks included, is
+// relied upon.
 #pragma once
 
 #include <string>

@@ -20,7 +20,8 @@ enum FieldVisibility : int { kKeepVisibility = 0, kShow = 1, kHide = 2 };
 /// Places a field in the first free column, never twice. Nothing happens when all columns are used or the
 /// text does not fit a cell. Returns the column that holds the field now, or -1.
 int AddField(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible);
-/// As AddField, for many fields one after the other: the diagram's marks stay until SyncDiagramChecks is called.
+/// As AddField, for many fields one after the other: the diagram's marks stay until SyncDiagramChecks is
+/// called.
 int AddFieldUnmarked(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible);
 
 /// Clears the column that holds a field, hides it and refreshes the diagram's marks.

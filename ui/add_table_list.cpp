@@ -53,6 +53,8 @@ std::vector<std::wstring> LinesHolding(const std::vector<std::wstring>& lines, s
     return found;
 }
 
-std::wstring TableOfLine(std::wstring_view line) { return std::wstring(line.substr(0, line.find(L'\t'))); }
+std::wstring TableOfLine(std::wstring_view line) {
+    return std::wstring(line.substr(0, line.find(L'\t')));
+}
 
 }  // namespace tessel::ui

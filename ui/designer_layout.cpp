@@ -4,7 +4,9 @@ namespace tessel::ui {
 
 namespace {
 
-std::optional<int> UnlessNegative(int value) { return value < 0 ? std::nullopt : std::optional<int>(value); }
+std::optional<int> UnlessNegative(int value) {
+    return value < 0 ? std::nullopt : std::optional<int>(value);
+}
 
 }  // namespace
 
@@ -14,7 +16,9 @@ std::optional<TwipsBox> SplitterBox(int inner_width, int inner_height, int top_h
     return TwipsBox{0, top_height, inner_width, height};
 }
 
-int ButtonsLeft(int inner_width, int buttons_width) { return inner_width - buttons_width; }
+int ButtonsLeft(int inner_width, int buttons_width) {
+    return inner_width - buttons_width;
+}
 
 TwipsSize GridSize(int pane_width, int pane_height) {
     return {UnlessNegative(pane_width - kGridNarrower), UnlessNegative(pane_height - kGridLower)};

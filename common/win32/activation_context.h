@@ -1,5 +1,5 @@
-// The activation context of our own manifest (resource 2), which gives our windows version 6 of the common controls
-// inside any host. Activate it for the scope in which windows are created or messages are pumped.
+// The activation context of our own manifest (resource 2), which gives our windows version 6 of the common
+// controls inside any host. Activate it for the scope in which windows are created or messages are pumped.
 #pragma once
 
 #include <windows.h>

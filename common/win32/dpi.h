@@ -1,5 +1,6 @@
-// Scaling and the user's fonts. Lengths in our sources are pixels at 96 dpi ("dip"); everything that reaches Windows
-// goes through Scale. Newer functions are looked up at run time, so that the library loads on every Windows.
+// Scaling and the user's fonts. Lengths in our sources are pixels at 96 dpi ("dip"); everything that reaches
+// Windows goes through Scale. Newer functions are looked up at run time, so that the library loads on every
+// Windows.
 #pragma once
 
 #include <windows.h>
@@ -12,9 +13,13 @@ namespace tessel::win32 {
 int DpiOf(HWND hwnd);
 
 /// Pixels of `dips` at `dpi`, rounded to nearest.
-inline int Scale(int dips, int dpi) { return MulDiv(dips, dpi, 96); }
+inline int Scale(int dips, int dpi) {
+    return MulDiv(dips, dpi, 96);
+}
 /// Pixels of twips (1/1440 inch) at `dpi`.
-inline int TwipsToPixels(int twips, int dpi) { return MulDiv(twips, dpi, 1440); }
+inline int TwipsToPixels(int twips, int dpi) {
+    return MulDiv(twips, dpi, 1440);
+}
 
 /// The user's message font at that dpi.
 UniqueFont MessageFont(int dpi, bool bold = false);

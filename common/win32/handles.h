@@ -1,5 +1,5 @@
-// Owners for Windows handles: one template, one alias a kind. An owner holds at most one handle and releases it on
-// every path.
+// Owners for Windows handles: one template, one alias a kind. An owner holds at most one handle and releases
+// it on every path.
 #pragma once
 
 #include <windows.h>
@@ -33,15 +33,33 @@ private:
     Handle handle_ = nullptr;
 };
 
-inline void ReleaseGdiObject(HGDIOBJ object) { DeleteObject(object); }
-inline void ReleaseFont(HFONT font) { DeleteObject(font); }
-inline void ReleaseBrush(HBRUSH brush) { DeleteObject(brush); }
-inline void ReleasePen(HPEN pen) { DeleteObject(pen); }
-inline void ReleaseBitmap(HBITMAP bitmap) { DeleteObject(bitmap); }
-inline void ReleaseMemoryDc(HDC dc) { DeleteDC(dc); }
-inline void ReleaseMenu(HMENU menu) { DestroyMenu(menu); }
-inline void ReleaseIcon(HICON icon) { DestroyIcon(icon); }
-inline void ReleaseLibrary(HMODULE module) { FreeLibrary(module); }
+inline void ReleaseGdiObject(HGDIOBJ object) {
+    DeleteObject(object);
+}
+inline void ReleaseFont(HFONT font) {
+    DeleteObject(font);
+}
+inline void ReleaseBrush(HBRUSH brush) {
+    DeleteObject(brush);
+}
+inline void ReleasePen(HPEN pen) {
+    DeleteObject(pen);
+}
+inline void ReleaseBitmap(HBITMAP bitmap) {
+    DeleteObject(bitmap);
+}
+inline void ReleaseMemoryDc(HDC dc) {
+    DeleteDC(dc);
+}
+inline void ReleaseMenu(HMENU menu) {
+    DestroyMenu(menu);
+}
+inline void ReleaseIcon(HICON icon) {
+    DestroyIcon(icon);
+}
+inline void ReleaseLibrary(HMODULE module) {
+    FreeLibrary(module);
+}
 
 using UniqueFont = Unique<HFONT, ReleaseFont>;
 using UniqueBrush = Unique<HBRUSH, ReleaseBrush>;

@@ -12,7 +12,8 @@ struct PeerSearch {
 // A plain function, because a lambda has no stdcall form for 32-bit Windows in every compiler.
 BOOL CALLBACK AddPeer(HWND hwnd, LPARAM lparam) {
     auto* search = reinterpret_cast<PeerSearch*>(lparam);
-    if (hwnd != search->except && IsWindowVisible(hwnd) && IsWindowEnabled(hwnd)) search->found->push_back(hwnd);
+    if (hwnd != search->except && IsWindowVisible(hwnd) && IsWindowEnabled(hwnd))
+        search->found->push_back(hwnd);
     return TRUE;
 }
 

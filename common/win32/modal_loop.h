@@ -1,8 +1,8 @@
 // A modal loop that leaves the host as it found it.
 //
-// While it runs, the thread's other top-level windows are disabled. On every way out they get their enabled state
-// back, in reverse order, and the window and focus that were active before are active again. A WM_QUIT that arrives
-// meanwhile belongs to the host: the loop ends and posts it again.
+// While it runs, the thread's other top-level windows are disabled. On every way out they get their enabled
+// state back, in reverse order, and the window and focus that were active before are active again. A WM_QUIT
+// that arrives meanwhile belongs to the host: the loop ends and posts it again.
 #pragma once
 
 #include <windows.h>
@@ -29,14 +29,14 @@ private:
     HWND focus_ = nullptr;
 };
 
-/// Pumps messages for `hwnd` with dialog keyboard handling until `is_done()` answers true, the window is gone or
-/// WM_QUIT comes. `pre_translate` sees every message first and answers true to swallow it; may be empty.
+/// Pumps messages for `hwnd` with dialog keyboard handling until `is_done()` answers true, the window is gone
+/// or WM_QUIT comes. `pre_translate` sees every message first and answers true to swallow it; may be empty.
 void RunModalLoop(HWND hwnd, const std::function<bool()>& is_done,
                   const std::function<bool(const MSG&)>& pre_translate);
 
-/// Dispatches the messages that are waiting now, once: painting, sent and posted messages. Keyboard and mouse input
-/// stays in the queue, so that no gesture of the user starts a second command inside the first. A WM_QUIT is posted
-/// again.
+/// Dispatches the messages that are waiting now, once: painting, sent and posted messages. Keyboard and mouse
+/// input stays in the queue, so that no gesture of the user starts a second command inside the first. A
+/// WM_QUIT is posted again.
 void ProcessPendingMessages();
 
 }  // namespace tessel::win32

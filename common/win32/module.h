@@ -12,7 +12,8 @@ HINSTANCE ThisModule();
 /// The module's folder with a trailing separator; empty on failure.
 std::wstring ModuleFolder();
 
-/// Loads a library of the system directory only, never from the current directory or PATH. nullptr on failure.
+/// Loads a library of the system directory only, never from the current directory or PATH. nullptr on
+/// failure.
 HMODULE LoadSystemLibrary(const wchar_t* file_name);
 
 }  // namespace tessel::win32

@@ -33,7 +33,9 @@ bool EnsureRegistered(const WindowClass& window_class, WNDPROC procedure) {
 
 }  // namespace
 
-Window::~Window() { Destroy(); }
+Window::~Window() {
+    Destroy();
+}
 
 void Window::Destroy() {
     if (hwnd_) DestroyWindow(hwnd_);
@@ -44,7 +46,8 @@ bool Window::CreateWindowOf(const WindowClass& window_class, const wchar_t* text
     if (!EnsureRegistered(window_class, Procedure)) return false;
     const HMENU menu = (style & WS_CHILD) ? reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)) : nullptr;
     CreateWindowExW(ex_style, window_class.name, text, style, position.left, position.top,
-                    position.right - position.left, position.bottom - position.top, parent, menu, ThisModule(), this);
+                    position.right - position.left, position.bottom - position.top, parent, menu,
+                    ThisModule(), this);
     return hwnd_ != nullptr;
 }
 
@@ -64,12 +67,13 @@ LRESULT CALLBACK Window::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARA
     try {
         result = self->OnMessage(message, wparam, lparam);
     } catch (...) {
-        // Exhausted memory or a bug: the gesture is lost, the host lives on. WM_PAINT must still be validated or it
-        // would be sent for ever.
+        // Exhausted memory or a bug: the gesture is lost, the host lives on. WM_PAINT must still be validated
+        // or it would be sent for ever.
         if (message == WM_PAINT) ValidateRect(hwnd, nullptr);
     }
     if (message == WM_NCDESTROY) {
-        // The object may have been destroyed by its own OnMessage only if the window went first, so it is read here.
+        // The object may have been destroyed by its own OnMessage only if the window went first, so it is
+        // read here.
         SetWindowLongPtrW(hwnd, GWLP_USERDATA, 0);
         self->hwnd_ = nullptr;
     }

@@ -6,7 +6,9 @@ namespace tessel::testing {
 
 namespace {
 
-void Send(INPUT* inputs, UINT count) { SendInput(count, inputs, sizeof(INPUT)); }
+void Send(INPUT* inputs, UINT count) {
+    SendInput(count, inputs, sizeof(INPUT));
+}
 
 void MouseEvent(POINT screen, DWORD flags) {
     const int width = GetSystemMetrics(SM_CXSCREEN);
@@ -42,7 +44,9 @@ BOOL CALLBACK IsSearched(HWND hwnd, LPARAM lparam) {
 
 }  // namespace
 
-void MouseMove(POINT screen) { MouseEvent(screen, 0); }
+void MouseMove(POINT screen) {
+    MouseEvent(screen, 0);
+}
 
 void MouseClick(POINT screen, int times) {
     MouseEvent(screen, 0);
@@ -151,7 +155,8 @@ bool SavePicture(HWND hwnd, const std::wstring& file) {
         header.bfOffBits = sizeof header + sizeof info.bmiHeader;
         header.bfSize = header.bfOffBits + pixels;
         saved = fwrite(&header, sizeof header, 1, out) == 1 &&
-                fwrite(&info.bmiHeader, sizeof info.bmiHeader, 1, out) == 1 && fwrite(bits, pixels, 1, out) == 1;
+                fwrite(&info.bmiHeader, sizeof info.bmiHeader, 1, out) == 1 &&
+                fwrite(bits, pixels, 1, out) == 1;
         fclose(out);
     }
     SelectObject(memory, old);

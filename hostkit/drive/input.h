@@ -1,5 +1,5 @@
-// Real mouse and keyboard input, looking at windows, and pictures of them: what a program needs that uses another
-// program's windows as a person would.
+// Real mouse and keyboard input, looking at windows, and pictures of them: what a program needs that uses
+// another program's windows as a person would.
 #pragma once
 
 #include <windows.h>

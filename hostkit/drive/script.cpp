@@ -41,8 +41,8 @@ void CALLBACK Script::Tick(HWND, UINT, UINT_PTR, DWORD) {
 }
 
 void Script::RunSteps() {
-    // A step counts as taken before it runs, because it may open a modal box whose own loop ticks on through the
-    // steps behind it. One step a tick lets the window handle the messages that the step caused.
+    // A step counts as taken before it runs, because it may open a modal box whose own loop ticks on through
+    // the steps behind it. One step a tick lets the window handle the messages that the step caused.
     if (next_ >= steps_.size()) return;
     const std::size_t current = next_++;
     if (steps_[current].run()) {

@@ -1,6 +1,6 @@
-// Drives a modal window from inside its own thread: a list of steps that a thread timer runs while the window's loop
-// pumps messages. A step answers true when it is done and false to be tried again, so a script waits for conditions,
-// never for a time.
+// Drives a modal window from inside its own thread: a list of steps that a thread timer runs while the
+// window's loop pumps messages. A step answers true when it is done and false to be tried again, so a script
+// waits for conditions, never for a time.
 //
 //   Script script;
 //   script.Do([&] { Press(button); });

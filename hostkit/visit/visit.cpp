@@ -1,11 +1,11 @@
-// Visits an open designer window of another program as a person would, with real mouse and keyboard input. One stage
-// a run, so that a script can take a picture between two stages.
+// Visits an open designer window of another program as a person would, with real mouse and keyboard input.
+// One stage a run, so that a script can take a picture between two stages.
 //
 //   visit wait                  waits until the designer is shown and prints "left top width height"
 //   visit click ID              clicks the control with that identifier
-//   visit keys NAME...          presses keys: TAB ENTER ESC DOWN UP LEFT RIGHT SPACE F2 F6 DEL HOME CTRL+TAB CTRL+END
-//   visit type TEXT             types a text
-//   visit finish STAGE...       does a click or keys stage that closes the designer, and waits until it is closed
+//   visit keys NAME...          presses keys: TAB ENTER ESC DOWN UP LEFT RIGHT SPACE F2 F6 DEL HOME CTRL+TAB
+//   CTRL+END visit type TEXT             types a text visit finish STAGE...       does a click or keys stage
+//   that closes the designer, and waits until it is closed
 //
 // Ends with status 0, or 1 and a line on the error output when the designer did not do what was waited for.
 #include <windows.h>
@@ -56,9 +56,9 @@ int Fail(const char* what) {
 
 bool Press(const std::wstring& name) {
     static const std::map<std::wstring, WORD> kKeys = {
-        {L"TAB", VK_TAB},     {L"ENTER", VK_RETURN}, {L"ESC", VK_ESCAPE}, {L"DOWN", VK_DOWN}, {L"UP", VK_UP},
-        {L"LEFT", VK_LEFT},   {L"RIGHT", VK_RIGHT},  {L"SPACE", VK_SPACE}, {L"F2", VK_F2},    {L"F6", VK_F6},
-        {L"DEL", VK_DELETE},  {L"HOME", VK_HOME},    {L"END", VK_END}};
+        {L"TAB", VK_TAB},    {L"ENTER", VK_RETURN}, {L"ESC", VK_ESCAPE},  {L"DOWN", VK_DOWN}, {L"UP", VK_UP},
+        {L"LEFT", VK_LEFT},  {L"RIGHT", VK_RIGHT},  {L"SPACE", VK_SPACE}, {L"F2", VK_F2},     {L"F6", VK_F6},
+        {L"DEL", VK_DELETE}, {L"HOME", VK_HOME},    {L"END", VK_END}};
     std::wstring key = name;
     bool control = false;
     if (key.rfind(L"CTRL+", 0) == 0) {
@@ -84,7 +84,8 @@ int Carry(HWND window, int count, wchar_t** arguments) {
         LetItWork();
         RECT frame{};
         GetWindowRect(window, &frame);
-        std::printf("%ld %ld %ld %ld\n", frame.left, frame.top, frame.right - frame.left, frame.bottom - frame.top);
+        std::printf("%ld %ld %ld %ld\n", frame.left, frame.top, frame.right - frame.left,
+                    frame.bottom - frame.top);
         return 0;
     }
     if (stage == L"click" && count == 3) {

@@ -14,7 +14,6 @@ using test::RelationTexts;
 using test::TableNames;
 using Texts = std::vector<std::wstring>;
 
-
 constexpr const wchar_t* kTotals =
     L"SELECT Clientes.Nombre, Sum(Pedidos.Importe) AS Total FROM (Clientes INNER JOIN Pedidos ON "
     L"Clientes.IdCliente = "

@@ -1,5 +1,6 @@
-// Differences between two statements by name: those that count, with what the design makes of the first statement, and
-// those that do not. Line breaks of composed texts, with the blank before them, are written "\n".
+// Differences between two statements by name: those that count, with what the design makes of the first
+// statement, and those that do not. Line breaks of composed texts, with the blank before them, are written
+// "\n".
 #pragma once
 
 #include "analyse/normal_form.h"

@@ -221,8 +221,12 @@ TEST(NormalForms, ConditionOnGroupKeysMayStandInHavingOrInWhere) {
 }
 
 TEST(NormalForms, AnyOtherConditionOfHavingIsNotOneOfWhere) {
-    const std::wstring conditions[] = {L"y = 1",           L"Count(*) > 1", L"x = 1 OR Count(*) > 1",
-                                       L"x > Rnd(x)",      L"x = total",    L"x = (SELECT Max(z) FROM B)",
+    const std::wstring conditions[] = {L"y = 1",
+                                       L"Count(*) > 1",
+                                       L"x = 1 OR Count(*) > 1",
+                                       L"x > Rnd(x)",
+                                       L"x = total",
+                                       L"x = (SELECT Max(z) FROM B)",
                                        L"StrComp(x, 'a', 0) = 0"};
     for (const std::wstring& condition : conditions) {
         ExpectDifferent((L"SELECT x, y + 1 AS total FROM A GROUP BY x HAVING " + condition).c_str(),
@@ -231,7 +235,8 @@ TEST(NormalForms, AnyOtherConditionOfHavingIsNotOneOfWhere) {
     }
     ExpectDifferent(L"SELECT Left(x, 1) AS y FROM A GROUP BY y HAVING y = 1",
                     L"SELECT Left(x, 1) AS y FROM A WHERE y = 1 GROUP BY y", Clause::Where);
-    ExpectDifferent(L"SELECT Count(*) FROM A HAVING 1 = 2", L"SELECT Count(*) FROM A WHERE 1 = 2", Clause::Where);
+    ExpectDifferent(L"SELECT Count(*) FROM A HAVING 1 = 2", L"SELECT Count(*) FROM A WHERE 1 = 2",
+                    Clause::Where);
 }
 
 TEST(NormalForms, HavingCounts) {
@@ -247,14 +252,16 @@ TEST(NormalForms, DistinctInsideAnAggregateCounts) {
 
 TEST(NormalForms, NullIsComparedAsWritten) {
     ExpectDifferent(L"SELECT x FROM A WHERE x = Null", L"SELECT x FROM A WHERE x Is Null", Clause::Where);
-    ExpectDifferent(L"SELECT x FROM A WHERE x <> 1", L"SELECT x FROM A WHERE x <> 1 OR x Is Null", Clause::Where);
+    ExpectDifferent(L"SELECT x FROM A WHERE x <> 1", L"SELECT x FROM A WHERE x <> 1 OR x Is Null",
+                    Clause::Where);
     ExpectDifferent(L"SELECT x FROM A WHERE Nz(x, 0) = 0", L"SELECT x FROM A WHERE x = 0", Clause::Where);
-    ExpectDifferent(L"SELECT x FROM A WHERE x Is Null", L"SELECT x FROM A WHERE x Is Not Null", Clause::Where);
+    ExpectDifferent(L"SELECT x FROM A WHERE x Is Null", L"SELECT x FROM A WHERE x Is Not Null",
+                    Clause::Where);
 }
 
 TEST(NormalForms, NotOverAGroupIsNotDistributed) {
-    ExpectDifferent(L"SELECT x FROM A WHERE NOT (x = 1 AND y = 2)", L"SELECT x FROM A WHERE x <> 1 AND y <> 2",
-                    Clause::Where);
+    ExpectDifferent(L"SELECT x FROM A WHERE NOT (x = 1 AND y = 2)",
+                    L"SELECT x FROM A WHERE x <> 1 AND y <> 2", Clause::Where);
     ExpectDifferent(L"SELECT x FROM A WHERE NOT (x = 1 OR y = 2)", L"SELECT x FROM A WHERE x <> 1 OR y <> 2",
                     Clause::Where);
 }

@@ -4,11 +4,11 @@
 #include <cstdlib>
 #include <random>
 
-#include "tests/support/seed.h"
 #include "common/text.h"
 #include "compose/compose.h"
 #include "tests/analyse/support.h"
 #include "tests/compose/design_builder.h"
+#include "tests/support/seed.h"
 
 namespace tessel::analyse {
 namespace {
@@ -71,7 +71,9 @@ private:
     std::mt19937 random_;
 };
 
-unsigned Seed() { return static_cast<unsigned>(tests::Seed()); }
+unsigned Seed() {
+    return static_cast<unsigned>(tests::Seed());
+}
 
 std::string Join(const std::vector<std::wstring>& lines) {
     std::wstring text;

@@ -1,6 +1,6 @@
-// Statements as people write them and as query windows save them, each with what the design makes of it. Line breaks of
-// the composed text, with the blank before them, are written "\n". A refused statement has no text (one with TOP has
-// that of the partial design) but the stretch at which the refusal points.
+// Statements as people write them and as query windows save them, each with what the design makes of it. Line
+// breaks of the composed text, with the blank before them, are written "\n". A refused statement has no text
+// (one with TOP has that of the partial design) but the stretch at which the refusal points.
 #pragma once
 
 namespace tessel::test {

@@ -3,10 +3,10 @@
 #include <array>
 
 #include "analyse/analyse_sql.h"
-#include "tests/fuzz/fuzz_input.h"
-#include "tests/fuzz/sample_database.h"
 #include "sqlparser/lexer.h"
 #include "sqlparser/sql_parser.h"
+#include "tests/fuzz/fuzz_input.h"
+#include "tests/fuzz/sample_database.h"
 #include "tests/laws/reading.h"
 #include "tests/laws/sqlite_engine.h"
 
@@ -25,8 +25,8 @@ laws::SqliteEngine& Witness() {
 /// Words whose results are SQLite's own affair: they differ from call to call, or from one plan to the other.
 bool RowsAreDecided(std::wstring_view text) {
     static constexpr std::array<std::wstring_view, 14> kUndecided = {
-        L"random", L"now",      L"current", L"changes", L"rowid", L"oid",  L"group",
-        L"avg",    L"count",    L"sum",     L"total",   L"min",   L"max",  L"date"};
+        L"random", L"now",   L"current", L"changes", L"rowid", L"oid", L"group",
+        L"avg",    L"count", L"sum",     L"total",   L"min",   L"max", L"date"};
     sql::Lexer lexer(text);
     for (sql::Token token = lexer.NextSignificant(); token.kind != sql::TokenKind::End;
          token = lexer.NextSignificant()) {

@@ -78,7 +78,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     Fill(data, design);
     const std::wstring text = compose::BuildSQL(design);
     Check(text == compose::BuildSQL(design), "composition is a function of the design", text);
-    Check(text.empty() || (text.starts_with(L"SELECT ") && text.ends_with(L";")), "a statement's frame", text);
+    Check(text.empty() || (text.starts_with(L"SELECT ") && text.ends_with(L";")), "a statement's frame",
+          text);
     const laws::Reading reading = laws::Read(text, &fuzz::SampleSchema());
     if (!reading.analysis.accepted || !reading.analysis.messages.empty()) return 0;
     const std::string instability = laws::Instability(reading, &fuzz::SampleSchema());

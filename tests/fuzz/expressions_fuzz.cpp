@@ -1,4 +1,5 @@
-// The helpers that read expressions by their characters: outer parentheses, aggregate words, descending items.
+// The helpers that read expressions by their characters: outer parentheses, aggregate words, descending
+// items.
 #include "common/mdl_global.h"
 #include "compose/compose.h"
 #include "tests/fuzz/fuzz_input.h"
@@ -13,10 +14,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(argument == Trim(text), "the argument is trimmed in place", text, argument);
     if (stripped) {
         Check(stripped->size() <= argument.size(), "nothing is added", text, *stripped);
-        Check(argument.find(*stripped) != std::wstring::npos, "what is left stood in the text", text, *stripped);
+        Check(argument.find(*stripped) != std::wstring::npos, "what is left stood in the text", text,
+              *stripped);
     }
     for (const std::wstring_view word : {L"sum", L"count", L"compute", L"avg", L"min", L"max"})
-        if (HasFunctionWord(text, word)) Check(IsAggregate(text), "a word found makes an aggregate", text, word);
+        if (HasFunctionWord(text, word))
+            Check(IsAggregate(text), "a word found makes an aggregate", text, word);
     std::wstring item = text;
     const bool descending = compose::IsDescending(item);
     Check(item == Trim(text), "an item is trimmed in place", text, item);

@@ -1,6 +1,6 @@
 // Listing and expansion of macros in any text, with parameters whose values hold macros themselves.
-#include "tests/fuzz/fuzz_input.h"
 #include "macros/macros.h"
+#include "tests/fuzz/fuzz_input.h"
 
 using namespace tessel;
 using fuzz::Check;
@@ -32,7 +32,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const std::wstring& name : names) {
         Check(!Trim(name).empty(), "a listed macro has a name", text);
         if (name.find(L' ') == std::wstring::npos)
-            Check(text.find(L"@" + name) != std::wstring::npos, "a listed macro stands in the text", text, name);
+            Check(text.find(L"@" + name) != std::wstring::npos, "a listed macro stands in the text", text,
+                  name);
     }
     Host host;
     const std::wstring expanded = macros::ReplaceMacros(text, host);

@@ -2,11 +2,11 @@
 #include "analyse/syntax_tree.h"
 #include "controls/editor/sql_colouring.h"
 #include "controls/editor/sql_ini.h"
-#include "tests/fuzz/fuzz_input.h"
 #include "sqlparser/dump.h"
 #include "sqlparser/lexer.h"
 #include "sqlparser/printer.h"
 #include "sqlparser/sql_parser.h"
+#include "tests/fuzz/fuzz_input.h"
 
 using namespace tessel;
 using fuzz::Check;
@@ -30,7 +30,8 @@ void ColouringByLinesIsColouringTheWhole(const std::wstring& text) {
     sql::LexerState state;
     for (std::wstring_view rest = text; !rest.empty();) {
         const std::size_t length = controls::LineLength(rest);
-        for (const controls::StyleRun& run : controls::ColourLine(rest.substr(0, length), definition.words, state))
+        for (const controls::StyleRun& run :
+             controls::ColourLine(rest.substr(0, length), definition.words, state))
             by_lines.insert(by_lines.end(), run.length, run.style);
         state = controls::UnpackState(controls::PackState(state));
         rest.remove_prefix(length);
@@ -56,7 +57,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(failed == !parser.Errors().empty(), "a failure has errors, a success none", text);
     for (const Diagnostic& error : parser.Errors()) {
         Check(error.range.End() <= text.size(), "an error's range lies in the text", text);
-        Check(!error.message.empty() && error.line >= 1 && error.column >= 1, "an error says what and where", text);
+        Check(!error.message.empty() && error.line >= 1 && error.column >= 1, "an error says what and where",
+              text);
     }
     if (const sql::Statement* statement = parser.GetStatement())
         RangesLieInside(analyse::ShowTree(*statement), text);

@@ -11,8 +11,12 @@ laws::Database Make() {
     const auto text = [](const wchar_t* name) { return laws::Field{name, FieldKind::Text}; };
     laws::Database database;
     database.tables = {
-        {L"A", {number(L"id"), number(L"x"), text(L"n")}, {{L"1", L"2", L"'a'"}, {L"2", L"NULL", L"'b'"}, {L"2", L"1", L"NULL"}}},
-        {L"B", {number(L"id"), number(L"x"), text(L"n")}, {{L"1", L"1", L"'b'"}, {L"2", L"NULL", L"'a'"}, {L"3", L"2", L"'a'"}}},
+        {L"A",
+         {number(L"id"), number(L"x"), text(L"n")},
+         {{L"1", L"2", L"'a'"}, {L"2", L"NULL", L"'b'"}, {L"2", L"1", L"NULL"}}},
+        {L"B",
+         {number(L"id"), number(L"x"), text(L"n")},
+         {{L"1", L"1", L"'b'"}, {L"2", L"NULL", L"'a'"}, {L"3", L"2", L"'a'"}}},
         {L"Clientes",
          {number(L"IdCliente"), text(L"Nombre"), text(L"Pais")},
          {{L"1", L"'Ana'", L"'Chile'"}, {L"2", L"'Luis'", L"'Peru'"}, {L"3", L"'Eva'", L"NULL"}}},

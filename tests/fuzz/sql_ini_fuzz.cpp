@@ -12,6 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(definition.points >= 1 && definition.points <= 200, "letters have a size that can be shown");
     Check(!definition.font.empty(), "letters have a font");
     for (const controls::StyleLook& look : definition.looks)
-        Check(look.colour.value_or(0) <= 0xFFFFFF && look.background.value_or(0) <= 0xFFFFFF, "colours have 24 bits");
+        Check(look.colour.value_or(0) <= 0xFFFFFF && look.background.value_or(0) <= 0xFFFFFF,
+              "colours have 24 bits");
     return 0;
 }

@@ -1,5 +1,5 @@
-// Random choices that can be repeated: every run prints its seed, and TESSEL_SEED gives it back (support/seed.h).
-// TESSEL_ROUNDS sets how many statements or designs a law looks at.
+// Random choices that can be repeated: every run prints its seed, and TESSEL_SEED gives it back
+// (support/seed.h). TESSEL_ROUNDS sets how many statements or designs a law looks at.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-#include "tests/support/seed.h"
 #include "model/grid_editing.h"
+#include "tests/support/seed.h"
 
 #include <gtest/gtest.h>
 

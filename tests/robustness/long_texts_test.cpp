@@ -1,5 +1,5 @@
-// Every text gets an answer: a design, a message, or an error with its place. The sizes are such that time that grew
-// faster than the text, or a level of the stack for each repetition, would not end.
+// Every text gets an answer: a design, a message, or an error with its place. The sizes are such that time
+// that grew faster than the text, or a level of the stack for each repetition, would not end.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -35,7 +35,8 @@ std::wstring Times(std::wstring_view piece, int count) {
 }
 
 constexpr std::wstring_view kTooDeep = L"La instrucción tiene demasiados niveles de anidamiento.";
-constexpr std::wstring_view kNoCell = L"El texto no cabe en una celda del diseño, que admite hasta 255 caracteres.";
+constexpr std::wstring_view kNoCell =
+    L"El texto no cabe en una celda del diseño, que admite hasta 255 caracteres.";
 constexpr std::wstring_view kOpens = L"";
 
 struct LongText {
@@ -55,7 +56,8 @@ TEST_P(LongTexts, GetsAnAnswer) {
     model::Design design;
     design.grid.LoadColumns();
     const analyse::Analysis analysis = analyse::AnalyseSQL(given.text, design);
-    ASSERT_EQ(analysis.accepted, given.error == kOpens) << (analysis.error ? ToUtf8(analysis.error->message) : "");
+    ASSERT_EQ(analysis.accepted, given.error == kOpens)
+        << (analysis.error ? ToUtf8(analysis.error->message) : "");
     if (analysis.accepted) {
         EXPECT_FALSE(compose::BuildSQL(design).empty());
     } else {
@@ -109,15 +111,18 @@ INSTANTIATE_TEST_SUITE_P(
         LongText{"SortKeys", L"SELECT t.a FROM t ORDER BY " + Times(L"t.a, ", kMany) + L"t.a", kOpens},
         LongText{"Points", L"SELECT " + Times(L"a.", kMany) + L"b FROM t", kNoCell},
         LongText{"Bangs", L"SELECT " + Times(L"a!", kMany) + L"b FROM t", kNoCell},
-        LongText{"OpenString", L"SELECT '" + Times(L"''", kMany), L"El texto entre comillas no está cerrado."},
+        LongText{"OpenString", L"SELECT '" + Times(L"''", kMany),
+                 L"El texto entre comillas no está cerrado."},
         LongText{"OpenBracket", L"SELECT [" + Times(L"a", kMany), L"Falta el corchete de cierre."},
         LongText{"OpenComment", L"SELECT /*" + Times(L"*", kMany), L"El comentario no está cerrado."},
         LongText{"OpenMacro", L"SELECT " + Times(L"@{", kMany), L"Falta la llave de cierre de la macro."},
-        LongText{"AtSigns", L"SELECT " + Times(L"@", kMany), L"El diseño necesita al menos una tabla en FROM."},
+        LongText{"AtSigns", L"SELECT " + Times(L"@", kMany),
+                 L"El diseño necesita al menos una tabla en FROM."},
         LongText{"Blanks", Times(L" ", kMany), L"No hay ninguna instrucción SQL."},
         LongText{"Lines", Times(L"\n\r\n\r", kMany) + L"x", L"Se esperaba una instrucción SELECT."},
         LongText{"MixedLineEnds", L"SELECT\rt.a\r\n\nFROM\n\r t\r", kOpens},
-        LongText{"Zero", std::wstring(L"SELECT a") + L'\0' + L"b FROM t", L"El carácter no es válido en este lugar."},
+        LongText{"Zero", std::wstring(L"SELECT a") + L'\0' + L"b FROM t",
+                 L"El carácter no es válido en este lugar."},
         LongText{"LoneSurrogates", std::wstring(L"SELECT t.") + wchar_t(0xD800) + L" FROM t", kOpens},
         LongText{"SurrogatesWrongWayRound",
                  std::wstring(L"SELECT t.") + wchar_t(0xDC00) + wchar_t(0xD800) + L" FROM t", kOpens}),

@@ -36,16 +36,17 @@ TEST_F(SyntaxTreeCommand, ShowsTheTreeOfATextThatIsNoDesign) {
 TEST_F(SyntaxTreeCommand, SaysThatATextIsNotUnderstood) {
     presenter_.SetDsn(L"SELECT FROM");
     presenter_.ShowSyntaxTree();
-    EXPECT_EQ(window_.messages,
-              (std::vector<std::wstring>{L"No se pudo interpretar la sintaxis de la instrucción, puede que sea "
-                                         L"demasiado compleja o contenga un error."}));
+    EXPECT_EQ(window_.messages, (std::vector<std::wstring>{
+                                    L"No se pudo interpretar la sintaxis de la instrucción, puede que sea "
+                                    L"demasiado compleja o contenga un error."}));
     EXPECT_TRUE(window_.tree.empty());
 }
 
 TEST_F(SyntaxTreeCommand, SaysThatThereIsNothing) {
     presenter_.ShowSyntaxTree();
-    EXPECT_EQ(window_.messages, (std::vector<std::wstring>{L"No hay ninguna instrucción que analizar, existe un "
-                                                           L"error o es demasiado compleja."}));
+    EXPECT_EQ(window_.messages,
+              (std::vector<std::wstring>{L"No hay ninguna instrucción que analizar, existe un "
+                                         L"error o es demasiado compleja."}));
 }
 
 }  // namespace

@@ -10,10 +10,11 @@ using Texts = std::vector<std::wstring>;
 class Source final : public schema::SchemaSource {
 public:
     Result<std::vector<schema::Object>> LoadObjects() override {
-        return std::vector<schema::Object>{{L"Clientes", L"Clientes", schema::ObjectKind::Table},
-                                           {L"Empleados", L"Empleados", schema::ObjectKind::Table},
-                                           {L"[Líneas de envío]", L"Líneas de envío", schema::ObjectKind::Table},
-                                           {L"[Ventas por país]", L"Ventas por país", schema::ObjectKind::View}};
+        return std::vector<schema::Object>{
+            {L"Clientes", L"Clientes", schema::ObjectKind::Table},
+            {L"Empleados", L"Empleados", schema::ObjectKind::Table},
+            {L"[Líneas de envío]", L"Líneas de envío", schema::ObjectKind::Table},
+            {L"[Ventas por país]", L"Ventas por país", schema::ObjectKind::View}};
     }
     Result<std::vector<schema::Field>> LoadFields(const schema::Object&) override {
         return std::vector<schema::Field>();
@@ -32,8 +33,8 @@ protected:
 };
 
 TEST_F(AddTableList, FirstEntryIsEverythingAndViewsAreNoEntries) {
-    EXPECT_EQ(AddTableEntries(schema_), (Texts{L"< Mostrar todas las tablas y vistas>", L"Clientes", L"Empleados",
-                                               L"[Líneas de envío]"}));
+    EXPECT_EQ(AddTableEntries(schema_), (Texts{L"< Mostrar todas las tablas y vistas>", L"Clientes",
+                                               L"Empleados", L"[Líneas de envío]"}));
 }
 
 TEST_F(AddTableList, EntryIsFoundByItsNameElseTheFirstOne) {

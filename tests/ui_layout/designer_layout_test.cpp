@@ -12,11 +12,17 @@ TEST(FormResize, SplitterOfNoHeightIsStillPlaced) {
     EXPECT_EQ(SplitterBox(15000, 1300, 600, 700), (TwipsBox{0, 600, 15000, 0}));
 }
 
-TEST(FormResize, NegativeHeightChangesNothing) { EXPECT_EQ(SplitterBox(15000, 1299, 600, 700), std::nullopt); }
+TEST(FormResize, NegativeHeightChangesNothing) {
+    EXPECT_EQ(SplitterBox(15000, 1299, 600, 700), std::nullopt);
+}
 
-TEST(FormResize, MinimisedFormChangesNothing) { EXPECT_EQ(SplitterBox(0, 0, 600, 700), std::nullopt); }
+TEST(FormResize, MinimisedFormChangesNothing) {
+    EXPECT_EQ(SplitterBox(0, 0, 600, 700), std::nullopt);
+}
 
-TEST(FormResize, ButtonsStayAtTheRightEdge) { EXPECT_EQ(ButtonsLeft(15000, 4200), 10800); }
+TEST(FormResize, ButtonsStayAtTheRightEdge) {
+    EXPECT_EQ(ButtonsLeft(15000, 4200), 10800);
+}
 
 TEST(SplitterResize, GridIsSmallerThanItsPane) {
     EXPECT_EQ(GridSize(9000, 4000), (TwipsSize{8910, 3610}));
@@ -29,7 +35,9 @@ TEST(SplitterResize, NegativeGridWidthOrHeightDoesNotApply) {
     EXPECT_EQ(GridSize(90, 390), (TwipsSize{0, 0}));
 }
 
-TEST(SplitterResize, PagesAreSmallerThanTheTabStrip) { EXPECT_EQ(PageSize(9000, 6000), (TwipsSize{8820, 5445})); }
+TEST(SplitterResize, PagesAreSmallerThanTheTabStrip) {
+    EXPECT_EQ(PageSize(9000, 6000), (TwipsSize{8820, 5445}));
+}
 
 TEST(SplitterResize, NegativePageWidthOrHeightDoesNotApply) {
     EXPECT_EQ(PageSize(179, 554), (TwipsSize{std::nullopt, std::nullopt}));

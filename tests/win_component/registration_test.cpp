@@ -136,8 +136,8 @@ TEST(RegistrationForTheMachine, ProgIdsStayUntilTheOtherArchitectureIsUnregister
     ASSERT_EQ(library.RegisterServer(), S_OK);
     HKEY other = nullptr;
     const std::wstring other_key = classes + kQuillonClass + L"\\InprocServer32";
-    ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, other_key.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS | other_view,
-                              nullptr, &other, nullptr),
+    ASSERT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, other_key.c_str(), 0, nullptr, 0,
+                              KEY_ALL_ACCESS | other_view, nullptr, &other, nullptr),
               ERROR_SUCCESS);
     RegCloseKey(other);
 
@@ -147,7 +147,8 @@ TEST(RegistrationForTheMachine, ProgIdsStayUntilTheOtherArchitectureIsUnregister
     EXPECT_TRUE(Exists(HKEY_LOCAL_MACHINE, L"Tessel.Quillon.1"));
     EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, L"Tessel.cParameter")) << "nobody else has this class";
 
-    ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, (classes + L"CLSID").c_str(), 0, KEY_ALL_ACCESS | other_view, &other),
+    ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, (classes + L"CLSID").c_str(), 0, KEY_ALL_ACCESS | other_view,
+                            &other),
               ERROR_SUCCESS);
     RegDeleteTreeW(other, std::wstring(kQuillonClass).substr(6).c_str());
     RegCloseKey(other);

@@ -16,8 +16,8 @@ constexpr int kNumeric = 131;  // adNumeric
 class LiteralSource final : public schema::SchemaSource {
 public:
     Result<std::vector<schema::Object>> LoadObjects() override {
-        return std::vector<schema::Object>{Named(L"Clientes"), Named(L"Pedidos"), Named(L"Detalle de pedidos"),
-                                           Named(L"Productos"),
+        return std::vector<schema::Object>{Named(L"Clientes"), Named(L"Pedidos"),
+                                           Named(L"Detalle de pedidos"), Named(L"Productos"),
                                            Named(L"Ventas por país", schema::ObjectKind::View)};
     }
 
@@ -27,10 +27,12 @@ public:
                                               Field(L"Pais", kText), Field(L"Teléfono", kText),
                                               Field(L"Fecha de alta", kDate)};
         if (object.raw_name == L"Pedidos")
-            return std::vector<schema::Field>{Field(L"IdPedido", kInteger, true), Field(L"IdCliente", kInteger),
-                                              Field(L"Fecha", kDate), Field(L"Importe", kNumeric)};
+            return std::vector<schema::Field>{Field(L"IdPedido", kInteger, true),
+                                              Field(L"IdCliente", kInteger), Field(L"Fecha", kDate),
+                                              Field(L"Importe", kNumeric)};
         if (object.raw_name == L"Detalle de pedidos")
-            return std::vector<schema::Field>{Field(L"IdPedido", kInteger, true), Field(L"IdProducto", kInteger, true),
+            return std::vector<schema::Field>{Field(L"IdPedido", kInteger, true),
+                                              Field(L"IdProducto", kInteger, true),
                                               Field(L"Cantidad", kInteger)};
         return std::vector<schema::Field>{Field(L"IdProducto", kInteger, true), Field(L"Descripción", kText)};
     }
@@ -39,7 +41,11 @@ public:
         return std::vector<schema::ForeignKey>{
             {L"FK_Pedidos_Clientes", L"Pedidos", {L"IdCliente"}, L"Clientes", {L"IdCliente"}},
             {L"FK_Detalle_Pedidos", L"[Detalle de pedidos]", {L"IdPedido"}, L"Pedidos", {L"IdPedido"}},
-            {L"FK_Detalle_Productos", L"[Detalle de pedidos]", {L"IdProducto"}, L"Productos", {L"IdProducto"}}};
+            {L"FK_Detalle_Productos",
+             L"[Detalle de pedidos]",
+             {L"IdProducto"},
+             L"Productos",
+             {L"IdProducto"}}};
     }
 
 private:
@@ -58,7 +64,9 @@ private:
 
 }  // namespace
 
-schema::Schema SmallSchema() { return schema::Schema(std::make_unique<LiteralSource>()); }
+schema::Schema SmallSchema() {
+    return schema::Schema(std::make_unique<LiteralSource>());
+}
 
 DlgDsnTest::DlgDsnTest() : schema_(SmallSchema()) {
     EXPECT_TRUE(window_.Create());
@@ -78,7 +86,9 @@ bool DlgDsnTest::Run(std::wstring_view statement) {
     return answer;
 }
 
-void DlgDsnTest::Press(int id) { PostMessageW(Control(id), BM_CLICK, 0, 0); }
+void DlgDsnTest::Press(int id) {
+    PostMessageW(Control(id), BM_CLICK, 0, 0);
+}
 
 void DlgDsnTest::ClickTab(ui::Tab tab) {
     const HWND tabs = Control(ui::kIdTabs);
@@ -87,6 +97,8 @@ void DlgDsnTest::ClickTab(ui::Tab tab) {
     MouseClick(ScreenPoint(tabs, item));
 }
 
-std::wstring DlgDsnTest::EditorText() { return window_.EditorText(); }
+std::wstring DlgDsnTest::EditorText() {
+    return window_.EditorText();
+}
 
 }  // namespace tessel::testing

@@ -8,9 +8,9 @@
 #include <string>
 
 #include "common/win32/activation_context.h"
-#include "schema/schema.h"
 #include "hostkit/drive/input.h"
 #include "hostkit/drive/script.h"
+#include "schema/schema.h"
 #include "ui/win32/designer_window.h"
 
 namespace tessel::testing {

@@ -27,10 +27,12 @@ TEST_F(DlgDsnTest, HasTheCaptionsOfItsButtonsTabsAndTitle) {
     };
     for (const auto& [id, caption] : expected) EXPECT_EQ(TextOf(Control(id)), caption);
     EXPECT_EQ(TextOf(window_.Handle()), L"Diseñador de consultas SQL");
-    EXPECT_EQ(TextOf(Control(ui::kIdReason)),
-              L"No se puede mostrar más información visual de la consulta porque es demasiado compleja, usa una "
-              L"sintaxis no conocida o contiene un error.\r\n\r\nRealice los cambios manualmente en el código SQL o "
-              L"bórrelo para habilitar el modo de diseño.");
+    EXPECT_EQ(
+        TextOf(Control(ui::kIdReason)),
+        L"No se puede mostrar más información visual de la consulta porque es demasiado compleja, usa una "
+        L"sintaxis no conocida o contiene un error.\r\n\r\nRealice los cambios manualmente en el código SQL "
+        L"o "
+        L"bórrelo para habilitar el modo de diseño.");
 }
 
 TEST_F(DlgDsnTest, BlankStatementOpensAnEmptyDesignOnTabZero) {
@@ -102,7 +104,8 @@ TEST_F(DlgDsnTest, StatementThatIsNoDesignOpensOnTheSqlTabUntouched) {
 TEST_F(DlgDsnTest, TabZeroShowsOnlyTheReasonForATextThatIsNoDesign) {
     const std::wstring statement = L"SELECT a FROM t UNION SELECT b FROM u";
     script_.Do([this] { ClickTab(Tab::Design); });
-    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design && !GridIsVisible(); }, "tab 0");
+    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design && !GridIsVisible(); },
+                  "tab 0");
     script_.Until([this] { return IsWindowVisible(Control(ui::kIdReason)) != FALSE; }, "lblNo");
     script_.Do([&] {
         EXPECT_FALSE(GridIsVisible());
@@ -121,7 +124,8 @@ TEST_F(DlgDsnTest, EditedTextIsAcceptedAsTypedOnTheSqlTab) {
     script_.Until([this] { return GetFocus() == Control(ui::kIdEditor); }, "the editor has the focus");
     script_.Do([] { PressKey('A', false, true); });
     script_.Do([] { TypeText(L"SELECT  ñandú, '€' FROM Clientes"); });
-    script_.Until([this] { return EditorText() == L"SELECT  ñandú, '€' FROM Clientes"; }, "the text is typed");
+    script_.Until([this] { return EditorText() == L"SELECT  ñandú, '€' FROM Clientes"; },
+                  "the text is typed");
     script_.Do([this] { Press(ui::kIdAccept); });
     EXPECT_TRUE(Run(L"SELECT Clientes.Nombre FROM Clientes"));
     EXPECT_EQ(window_.Presenter().ResultSQL(), L"SELECT  ñandú, '€' FROM Clientes");
@@ -162,10 +166,10 @@ TEST_F(DlgDsnTest, QuitMessageEndsTheLoopAndReachesTheHost) {
 }
 
 TEST_F(DlgDsnTest, HostWindowsAreDisabledMeanwhileAndEnabledAfterwards) {
-    const HWND host = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPED | WS_VISIBLE, 0, 0, 50, 50, nullptr, nullptr,
-                                      nullptr, nullptr);
-    const HWND disabled = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPED | WS_VISIBLE | WS_DISABLED, 0, 0, 50, 50,
-                                          nullptr, nullptr, nullptr, nullptr);
+    const HWND host = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPED | WS_VISIBLE, 0, 0, 50, 50,
+                                      nullptr, nullptr, nullptr, nullptr);
+    const HWND disabled = CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPED | WS_VISIBLE | WS_DISABLED, 0,
+                                          0, 50, 50, nullptr, nullptr, nullptr, nullptr);
     script_.Do([&] {
         EXPECT_FALSE(IsWindowEnabled(host));
         Press(ui::kIdCancel);
@@ -214,7 +218,11 @@ TEST_F(DlgDsnTest, TooComplexWhereIsSaidInAMessageBox) {
     script_.Do([this] { ClickTab(Tab::Sql); });
     script_.Until([this] { return GetFocus() == Control(ui::kIdEditor); }, "the editor has the focus");
     script_.Do([] { PressKey('A', false, true); });
-    script_.Do([] { TypeText(L"SELECT Clientes.Nombre FROM Clientes WHERE (Clientes.Pais = 'a' OR Clientes.Nombre = 'b') AND Clientes.IdCliente = 3"); });
+    script_.Do([] {
+        TypeText(
+            L"SELECT Clientes.Nombre FROM Clientes WHERE (Clientes.Pais = 'a' OR Clientes.Nombre = 'b') AND "
+            L"Clientes.IdCliente = 3");
+    });
     script_.Until([this] { return EditorText().ends_with(L"= 3"); }, "the text is typed");
     script_.Do([this] { ClickTab(Tab::Design); });
     script_.Until([] { return OpenMessageBox() != nullptr; }, "the message is shown");
@@ -254,8 +262,9 @@ TEST_F(DlgDsnTest, DistinctCheckBoxFollowsTheStatementAndChangesIt) {
         EXPECT_EQ(SendMessageW(Control(ui::kIdDistinct), BM_GETCHECK, 0, 0), BST_CHECKED);
         Press(ui::kIdDistinct);
     });
-    script_.Until([this] { return SendMessageW(Control(ui::kIdDistinct), BM_GETCHECK, 0, 0) == BST_UNCHECKED; },
-                  "the box is unchecked");
+    script_.Until(
+        [this] { return SendMessageW(Control(ui::kIdDistinct), BM_GETCHECK, 0, 0) == BST_UNCHECKED; },
+        "the box is unchecked");
     script_.Do([this] { Press(ui::kIdAccept); });
     EXPECT_TRUE(Run(L"SELECT DISTINCT Clientes.Pais FROM Clientes"));
     EXPECT_EQ(window_.Presenter().ResultSQL(), L"SELECT Clientes.Pais AS Pais \r\nFROM Clientes;");
@@ -286,7 +295,8 @@ TEST_F(DlgDsnTest, ArrowKeysOnTheTabStripSwitchTheTabs) {
 TEST_F(DlgDsnTest, ArrowKeyLeavesTheSqlTabThatAStatementOpenedOn) {
     script_.Do([this] { SetFocus(Control(ui::kIdTabs)); });
     script_.Do([] { PressKey(VK_LEFT); });
-    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design && !GridIsVisible(); }, "tab 0");
+    script_.Until([this] { return window_.Presenter().CurrentTab() == Tab::Design && !GridIsVisible(); },
+                  "tab 0");
     script_.Until([this] { return IsWindowVisible(Control(ui::kIdReason)) != FALSE; }, "lblNo");
     script_.Do([this] {
         EXPECT_EQ(EditorText(), L"SELECT a FROM t UNION SELECT b FROM u");
@@ -317,8 +327,9 @@ TEST_F(DlgDsnTest, SyntaxTreeIsShownExpandedAndEscClosesOnlyIt) {
             item = reinterpret_cast<HTREEITEM>(
                 SendMessageW(tree, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, reinterpret_cast<LPARAM>(item)));
         }
-        EXPECT_EQ(shown, (std::vector<std::wstring>{L"SELECT", L"Columnas", L"Clientes.Nombre Alias: Nombre", L"FROM",
-                                                    L"Tablas", L"Clientes", L"WHERE", L"(Clientes.Pais = 'Perú')"}));
+        EXPECT_EQ(shown, (std::vector<std::wstring>{L"SELECT", L"Columnas", L"Clientes.Nombre Alias: Nombre",
+                                                    L"FROM", L"Tablas", L"Clientes", L"WHERE",
+                                                    L"(Clientes.Pais = 'Perú')"}));
         PressKey(VK_ESCAPE);
     });
     script_.Until([&] { return dialog() == nullptr; }, "the tree is closed");
@@ -348,8 +359,8 @@ TEST_F(DlgDsnTest, SmallestSizeLeavesEveryButtonInside) {
     script_.Do([this] {
         RECT inner{};
         GetClientRect(window_.Handle(), &inner);
-        for (int id : {ui::kIdSyntaxTree, ui::kIdAddTable, ui::kIdRunQuery, ui::kIdAccept, ui::kIdCancel, ui::kIdHelp,
-                       ui::kIdRemoveColumn, ui::kIdClearAll, ui::kIdDistinct}) {
+        for (int id : {ui::kIdSyntaxTree, ui::kIdAddTable, ui::kIdRunQuery, ui::kIdAccept, ui::kIdCancel,
+                       ui::kIdHelp, ui::kIdRemoveColumn, ui::kIdClearAll, ui::kIdDistinct}) {
             RECT button{};
             GetWindowRect(Control(id), &button);
             MapWindowPoints(nullptr, window_.Handle(), reinterpret_cast<POINT*>(&button), 2);

@@ -1,4 +1,5 @@
-// What the user does with the mouse and the keyboard on the design page, and what becomes of it in the design.
+// What the user does with the mouse and the keyboard on the design page, and what becomes of it in the
+// design.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -14,10 +15,12 @@ using model::GridRow;
 class Gestures : public DlgDsnTest {
 protected:
     POINT CheckOf(const wchar_t* table, const wchar_t* field) {
-        return ScreenPoint(window_.DiagramControl().Handle(), window_.DiagramControl().CheckRect(table, field));
+        return ScreenPoint(window_.DiagramControl().Handle(),
+                           window_.DiagramControl().CheckRect(table, field));
     }
     POINT FieldOf(const wchar_t* table, const wchar_t* field) {
-        return ScreenPoint(window_.DiagramControl().Handle(), window_.DiagramControl().FieldRect(table, field));
+        return ScreenPoint(window_.DiagramControl().Handle(),
+                           window_.DiagramControl().FieldRect(table, field));
     }
     POINT CellOf(GridRow row, int column) {
         return ScreenPoint(window_.GridControl().Handle(), window_.GridControl().CellRect(row, column));
@@ -97,8 +100,9 @@ TEST_F(Gestures, TextInAnOpenCellIsCommittedByTheAcceptButton) {
     script_.Until([this] { return window_.GridControl().IsEditing(); }, "the editor is open");
     script_.Do([this] { Press(ui::kIdAccept); });
     EXPECT_TRUE(Run(L"SELECT Clientes.IdCliente FROM Clientes"));
-    EXPECT_EQ(window_.Presenter().ResultSQL(),
-              L"SELECT Clientes.IdCliente AS IdCliente \r\nFROM Clientes \r\nWHERE (Clientes.IdCliente = 3);");
+    EXPECT_EQ(
+        window_.Presenter().ResultSQL(),
+        L"SELECT Clientes.IdCliente AS IdCliente \r\nFROM Clientes \r\nWHERE (Clientes.IdCliente = 3);");
 }
 
 TEST_F(Gestures, EscInACellClosesTheCellOnly) {
@@ -124,7 +128,8 @@ TEST_F(Gestures, TooLongATextIsRefusedWithAMessageAndNothingIsLost) {
     script_.Do([] { PressKey(VK_RETURN); });
     script_.Until([] { return OpenMessageBox() != nullptr; }, "the message is shown");
     script_.Do([this] {
-        EXPECT_EQ(MessageBoxText(OpenMessageBox()), L"El texto de una celda no puede tener más de 255 caracteres.");
+        EXPECT_EQ(MessageBoxText(OpenMessageBox()),
+                  L"El texto de una celda no puede tener más de 255 caracteres.");
         EXPECT_EQ(Cell(GridRow::Condicion, 0), L"");
         PressKey(VK_RETURN);
     });

@@ -53,7 +53,8 @@ TEST_F(DesignerHelp, F1OpensTheTopicOfThePaneThatHasTheFocus) {
     F1In(Control(ui::kIdAccept));
     script_.Do([this] { ClickTab(ui::Tab::Sql); });
     // The composed text is the last thing that the switch writes.
-    script_.Until([this] { return !EditorText().empty() && EditorText() != kTotalsByCustomer; }, "composed text");
+    script_.Until([this] { return !EditorText().empty() && EditorText() != kTotalsByCustomer; },
+                  "composed text");
     F1In(Control(ui::kIdEditor));
     script_.Do([this] { Press(ui::kIdCancel); });
     EXPECT_FALSE(Run(kTotalsByCustomer));

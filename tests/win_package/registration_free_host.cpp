@@ -1,7 +1,8 @@
 // A host that has the component in its own folder and registers nothing.
 // usage: registration_free_host [FOLDER]
-// Without an argument the classes come from the manifest that the system found beside the program; with one, from the
-// manifest host.manifest in the folder. Ends with 0 when both classes worked, else with the number of the step.
+// Without an argument the classes come from the manifest that the system found beside the program; with one,
+// from the manifest host.manifest in the folder. Ends with 0 when both classes worked, else with the number
+// of the step.
 #include <windows.h>
 #include <oaidl.h>
 
@@ -44,8 +45,8 @@ Step UseClasses() {
     if (!Create(L"Tessel.Quillon") || !Create(L"Tessel.cParameter")) return kQuillon;
 
     ComPtr<_cParameter> parameter;
-    const HRESULT created = CoCreateInstance(__uuidof(cParameter), nullptr, CLSCTX_INPROC_SERVER, __uuidof(_cParameter),
-                                             parameter.PutVoid());
+    const HRESULT created = CoCreateInstance(__uuidof(cParameter), nullptr, CLSCTX_INPROC_SERVER,
+                                             __uuidof(_cParameter), parameter.PutVoid());
     if (FAILED(created)) return kParameter;
     const Bstr type(L"adInteger");
     parameter->put_eType(type.Get());

@@ -2,8 +2,8 @@
 // and shows what the presenter says. It decides nothing about queries.
 #pragma once
 
-#include <oaidl.h>
 #include <windows.h>
+#include <oaidl.h>
 
 #include <functional>
 #include <memory>

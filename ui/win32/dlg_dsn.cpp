@@ -19,35 +19,50 @@ public:
 dlgDsn::dlgDsn(DesignerOwner* owner) : impl_(std::make_unique<Impl>(owner)) {}
 dlgDsn::~dlgDsn() = default;
 
-bool dlgDsn::IsCreated() const { return impl_->window.IsCreated(); }
-HWND dlgDsn::Handle() const { return impl_->window.Handle(); }
+bool dlgDsn::IsCreated() const {
+    return impl_->window.IsCreated();
+}
+HWND dlgDsn::Handle() const {
+    return impl_->window.Handle();
+}
 
 void dlgDsn::LoadSchema(const schema::Schema* schema, std::wstring_view caption) {
     if (IsCreated()) impl_->window.LoadSchema(schema, caption);
 }
 
-void dlgDsn::SetConnection(IDispatch* connection) { impl_->window.SetConnection(connection); }
+void dlgDsn::SetConnection(IDispatch* connection) {
+    impl_->window.SetConnection(connection);
+}
 
 void dlgDsn::SetDsn(std::wstring_view sSql) {
     if (IsCreated()) impl_->window.Presenter().SetDsn(sSql);
 }
 
 bool dlgDsn::ShowModal() {
-    // The window's panes shape the pointer as it moves over them; the host's own shape comes back without a move.
+    // The window's panes shape the pointer as it moves over them; the host's own shape comes back without a
+    // move.
     const HCURSOR before = GetCursor();
     const bool accepted = impl_->window.ShowModal();
     SetCursor(before);
     return accepted;
 }
 
-std::vector<std::wstring> dlgDsn::GetMacros(std::wstring_view sql) const { return macros::GetMacros(sql); }
+std::vector<std::wstring> dlgDsn::GetMacros(std::wstring_view sql) const {
+    return macros::GetMacros(sql);
+}
 std::wstring dlgDsn::ReplaceMacros(std::wstring_view sql) {
     return macros::ReplaceMacros(sql, impl_->window.MacroSource());
 }
 
-bool dlgDsn::Accepted() const { return impl_->window.Presenter().Accepted(); }
-std::wstring dlgDsn::ResultSQL() const { return impl_->window.Presenter().ResultSQL(); }
-void dlgDsn::SetResultSQL(std::wstring_view text) { impl_->window.Presenter().SetResultSQL(text); }
+bool dlgDsn::Accepted() const {
+    return impl_->window.Presenter().Accepted();
+}
+std::wstring dlgDsn::ResultSQL() const {
+    return impl_->window.Presenter().ResultSQL();
+}
+void dlgDsn::SetResultSQL(std::wstring_view text) {
+    impl_->window.Presenter().SetResultSQL(text);
+}
 
 void UnregisterWindowClasses() {
     controls::ReleaseEditorClasses();

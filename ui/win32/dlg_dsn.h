@@ -1,6 +1,6 @@
-// dlgDsn, the designer window: created hidden, given its schema, connection and statement, shown modally, read, and
-// destroyed. Implements the presenter's views over the controls; every window procedure is guarded, so nothing
-// throws out of here.
+// dlgDsn, the designer window: created hidden, given its schema, connection and statement, shown modally,
+// read, and destroyed. Implements the presenter's views over the controls; every window procedure is guarded,
+// so nothing throws out of here.
 #pragma once
 
 #include <windows.h>
@@ -27,16 +27,16 @@ public:
     bool IsCreated() const;
     HWND Handle() const;
 
-    /// Fills schemaView with the schema under a root of that caption and binds dgmTables. Not owned; must outlive
-    /// the window.
+    /// Fills schemaView with the schema under a root of that caption and binds dgmTables. Not owned; must
+    /// outlive the window.
     void LoadSchema(const schema::Schema* schema, std::wstring_view caption);
     /// The host's ADO connection, for the preview. AddRef'd. May be nullptr.
     void SetConnection(IDispatch* connection);
     /// Puts a statement into editor and design (blank: nothing happens).
     void SetDsn(std::wstring_view sSql);
 
-    /// Runs the modal loop until the window hides. The thread's other top-level windows are disabled meanwhile and
-    /// get their state and the focus back on every path. Returns Accepted().
+    /// Runs the modal loop until the window hides. The thread's other top-level windows are disabled
+    /// meanwhile and get their state and the focus back on every path. Returns Accepted().
     bool ShowModal();
 
     /// The macros of a text, and the text with those expanded that the designer can evaluate.

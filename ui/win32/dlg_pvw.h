@@ -12,9 +12,9 @@
 #include <string_view>
 
 #include "common/result.h"
+#include "ui/help_contexts.h"
 #include "ui/preview_rows.h"
 #include "ui/win32/find_bar.h"
-#include "ui/help_contexts.h"
 #include "ui/win32/modal_dialog.h"
 
 namespace tessel::ui {

@@ -1,8 +1,8 @@
 // The host's ADO connection as the preview's database: recordsets by name, and the connection's errors.
 #pragma once
 
-#include <oaidl.h>
 #include <windows.h>
+#include <oaidl.h>
 
 #include <memory>
 #include <string_view>

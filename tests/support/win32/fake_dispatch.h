@@ -7,8 +7,8 @@
 //   Raise(E_NOTIMPL); });
 #pragma once
 
-#include <oaidl.h>
 #include <windows.h>
+#include <oaidl.h>
 
 #include <functional>
 #include <string>
