@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
+#include "ui/help_contexts.h"
 #include "ui/win32/dlg_dsn.h"
+#include "ui/win32/show_help.h"
 
 namespace tessel::testing {
 
@@ -106,21 +108,23 @@ TEST_F(AddTable, OpenedOnATableOfTheDiagramItListsTheRelatedOnes) {
     Cancel();
 }
 
-TEST_F(AddTable, F1AsksForItsHelp) {
+TEST_F(AddTable, F1OpensItsHelpTopic) {
+    std::vector<DWORD_PTR> topics;
+    ui::HelpPlatform platform;
+    platform.component_folder = L"C:\\Tessel";
+    platform.file_exists = [](const std::wstring&) { return true; };
+    platform.html_help = [&topics](HWND, const char*, UINT command, DWORD_PTR topic) {
+        EXPECT_EQ(command, ui::kHelpContext);
+        topics.push_back(topic);
+    };
+    ui::ReplaceHelpPlatform(&platform);
     Open();
     script_.Do([] { PressKey(VK_F1); });
-    // The tests have no help file beside them.
-    script_.Until([] { return OpenMessageBox() != nullptr; }, "the message is shown");
-    script_.Do([] {
-        EXPECT_EQ(MessageBoxText(OpenMessageBox()), L"No se encontró el archivo de ayuda");
-        PressKey(VK_RETURN);
-    });
-    script_.Until([] { return OpenMessageBox() == nullptr; }, "the message is gone");
-    script_.Do([] {
-        SetForegroundWindow(Dialog());
-        PostMessageW(Dialog(), WM_CLOSE, 0, 0);
-    });
+    script_.Until([&topics] { return !topics.empty(); }, "the help is asked for");
+    script_.Do([] { PressKey(VK_ESCAPE); });
     Cancel();
+    ui::ReplaceHelpPlatform(nullptr);
+    EXPECT_EQ(topics, std::vector<DWORD_PTR>{ui::help::kAddTable});
 }
 
 TEST_F(AddTable, ADoubleClickOnALineAddsItsTable) {

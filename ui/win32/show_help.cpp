@@ -63,6 +63,8 @@ std::wstring FindHelpFile(const HelpPlatform& platform) {
     return {};
 }
 
+const HelpPlatform* replaced_platform = nullptr;
+
 }  // namespace
 
 std::string AnsiFileName(const std::wstring& path) {
@@ -89,8 +91,12 @@ HelpPlatform WindowsHelp() {
     return platform;
 }
 
+void ReplaceHelpPlatform(const HelpPlatform* platform) {
+    replaced_platform = platform;
+}
+
 void ShowHelp(HWND owner, long context_id) {
-    ShowHelp(owner, context_id, WindowsHelp());
+    ShowHelp(owner, context_id, replaced_platform ? *replaced_platform : WindowsHelp());
 }
 
 void ShowHelp(HWND owner, long context_id, const HelpPlatform& platform) {

@@ -41,6 +41,10 @@ struct HelpPlatform {
 /// stays loaded: its window outlives the call.
 HelpPlatform WindowsHelp();
 
+/// Replaces the system that ShowHelp asks, so that a test opens no help window and depends on no help file;
+/// nullptr gives the running system back.
+void ReplaceHelpPlatform(const HelpPlatform* platform);
+
 /// Opens the help: below 1 the index, otherwise the topic of that number. `owner` may be nullptr.
 void ShowHelp(HWND owner, long context_id);
 void ShowHelp(HWND owner, long context_id, const HelpPlatform& platform);
