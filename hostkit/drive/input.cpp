@@ -80,6 +80,12 @@ void PressKey(WORD virtual_key, bool shift, bool control) {
     if (control) KeyEvent(VK_CONTROL, 0, KEYEVENTF_KEYUP);
 }
 
+void PressAlt(WORD virtual_key, bool shift) {
+    KeyEvent(VK_MENU, 0, 0);
+    PressKey(virtual_key, shift);
+    KeyEvent(VK_MENU, 0, KEYEVENTF_KEYUP);
+}
+
 void TypeText(const wchar_t* text) {
     for (; *text; ++text) {
         KeyEvent(0, *text, KEYEVENTF_UNICODE);

@@ -14,6 +14,8 @@ void MouseClick(POINT screen, int times = 1);
 void RightClick(POINT screen);
 void MouseDrag(POINT from, POINT to);
 void PressKey(WORD virtual_key, bool shift = false, bool control = false);
+/// A key with Alt held, and Shift if asked for.
+void PressAlt(WORD virtual_key, bool shift = false);
 void TypeText(const wchar_t* text);
 
 /// The middle of a client rectangle, in screen pixels.

@@ -60,19 +60,6 @@ protected:
     void Cancel() {
         script_.Do([this] { Press(ui::kIdCancel); });
     }
-    static void PressAlt(WORD key) {
-        const auto send = [](WORD code, DWORD flags) {
-            INPUT input{};
-            input.type = INPUT_KEYBOARD;
-            input.ki.wVk = code;
-            input.ki.dwFlags = flags;
-            SendInput(1, &input, sizeof input);
-        };
-        send(VK_MENU, 0);
-        send(key, 0);
-        send(key, KEYEVENTF_KEYUP);
-        send(VK_MENU, KEYEVENTF_KEYUP);
-    }
 };
 
 TEST_F(Buttons, EachHasItsCaptionAndATip) {

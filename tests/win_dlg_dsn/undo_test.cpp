@@ -14,22 +14,6 @@ protected:
     POINT CellOf(GridRow row, int column) {
         return ScreenPoint(window_.GridControl().Handle(), window_.GridControl().CellRect(row, column));
     }
-    /// A key with Alt held, which the helper for keys does not know.
-    static void PressAlt(WORD key, bool shift = false) {
-        const auto send = [](WORD code, DWORD flags) {
-            INPUT input{};
-            input.type = INPUT_KEYBOARD;
-            input.ki.wVk = code;
-            input.ki.dwFlags = flags;
-            SendInput(1, &input, sizeof input);
-        };
-        send(VK_MENU, 0);
-        if (shift) send(VK_SHIFT, 0);
-        send(key, 0);
-        send(key, KEYEVENTF_KEYUP);
-        if (shift) send(VK_SHIFT, KEYEVENTF_KEYUP);
-        send(VK_MENU, KEYEVENTF_KEYUP);
-    }
     void TypeOrder() {
         script_.Do([this] { MouseClick(CellOf(GridRow::Condicion, 0)); });
         script_.Do([] { TypeText(L">5"); });
