@@ -87,6 +87,12 @@ private:
         const bool has_where = statement_.where != sql::kNoNode;
         const bool where_fits = WhereFits();
         left_out_.where = has_where && !where_fits;
+        if (has_where && where_fits) {
+            // No engine takes it, and composition would make a total of the filter.
+            const sql::NodeId total = FirstAggregate(statement_, statement_.where);
+            if (total != sql::kNoNode)
+                return Refusal{statement_.At(total).Range(), std::wstring(messages::kAggregateInWhere)};
+        }
         if (FiltersRows() && columns_->IsTotals() && !columns_->HasGroupBy()) {
             const TextRange place = where_fits ? statement_.where_range : statement_.from_range;
             return Refusal{place, std::wstring(messages::kTotalsFilter)};

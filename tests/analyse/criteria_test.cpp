@@ -122,6 +122,27 @@ TEST(Criteria, AlternativesLongerThanTheCellsOfAColumnAreRefused) {
     EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kCellTooLong));
 }
 
+TEST(Criteria, ATotalInWhereIsRefusedAtItsPlace) {
+    const wchar_t* const statements[] = {
+        L"SELECT a, Sum(b) AS s FROM t WHERE Count(*) > 1 GROUP BY a",
+        L"SELECT a, Sum(b)/Count(*) AS m FROM t WHERE (((t.c/Count(*))>10))",
+        L"SELECT a FROM t WHERE a = 1 AND Count(*) Between 1 And 2",
+    };
+    for (const std::wstring text : statements) {
+        model::Design design;
+        const Analysis analysis = AnalyseSQL(text, design);
+        EXPECT_FALSE(analysis.accepted) << ToUtf8(text);
+        ASSERT_TRUE(analysis.error) << ToUtf8(text);
+        EXPECT_EQ(analysis.error->range, (TextRange{text.rfind(L"Count(*)"), 8})) << ToUtf8(text);
+        EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kAggregateInWhere));
+    }
+}
+
+TEST(Criteria, ATotalInASubSelectOfWhereIsNoTotalInWhere) {
+    model::Design design;
+    EXPECT_TRUE(AnalyseSQL(L"SELECT t.a FROM t WHERE t.a > (SELECT Max(u.b) FROM u)", design).accepted);
+}
+
 TEST(Criteria, BothClausesGiveOneMessageThatOfHaving) {
     EXPECT_EQ(Messages(L"SELECT a FROM t GROUP BY a HAVING Count(*) > 1 AND Count(*) < 5"), kHavingMessage);
     EXPECT_EQ(

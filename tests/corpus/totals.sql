@@ -77,3 +77,7 @@ SELECT Count(*) AS N FROM Facturas WHERE Facturas.Pagada=0 AND (Facturas.Tipo="A
 SELECT Facturas.Cliente, Count(*) AS N FROM Facturas WHERE Facturas.Pagada=0 OR Facturas.Tipo="X" GROUP BY Facturas.Cliente;
 ---
 SELECT Sum(Total) AS S FROM Facturas WHERE Tipo="A" HAVING Sum(Total)>0;
+---
+SELECT Facturas.Cliente, Sum(Facturas.Total) AS S FROM Facturas WHERE Count(*)>1 GROUP BY Facturas.Cliente;
+---
+SELECT Facturas.Cliente, Sum(Facturas.Total)/Count(*) AS Media FROM Facturas WHERE (((Facturas.Total/Count(*))>10));
