@@ -212,7 +212,14 @@ private:
         Condition(L"having", s_.having);
         Items(L"order", s_.OrderItems);
         Tokens(L" pivot", s_.pivot);
-        Tokens(L" trailing", s_.trailing);
+        if (!s_.trailing.empty()) {
+            out_ += L" (trailing \"";
+            for (const TextRange tail : s_.trailing) {
+                if (tail.offset != s_.trailing.front().offset) out_ += L' ';
+                out_ += CanonicalTokens(s_.source, tail);
+            }
+            out_ += L"\")";
+        }
         out_ += L')';
     }
 

@@ -1,10 +1,10 @@
 // Grammar: the recursive descent over the tokens, one function for each production; sql_parser.h is its face.
 //
 // Files: grammar.cpp holds the tokens, errors and recovery; grammar_statement.cpp whole statements and set
-// operators; grammar_select.cpp the select list; grammar_clauses.cpp the clauses; grammar_from.cpp joins;
-// grammar_tables.cpp tables; grammar_joins.cpp which tables a condition joins; grammar_expression.cpp
-// operators; grammar_predicates.cpp LIKE, IN and the like; grammar_primary.cpp operands; grammar_calls.cpp
-// calls and what may follow them.
+// operators; grammar_select.cpp the select list; grammar_clauses.cpp the clauses; grammar_tail.cpp what may
+// end a statement; grammar_from.cpp joins; grammar_tables.cpp tables; grammar_joins.cpp which tables a
+// condition joins; grammar_expression.cpp operators; grammar_predicates.cpp LIKE, IN and the like;
+// grammar_primary.cpp operands; grammar_calls.cpp calls and what may follow them.
 //
 // Errors. A production that meets a wrong token calls Fail. The message is kept, and from then on the current
 // token is `Blocked`, which no production accepts, so that all of them return without checks of their own.
@@ -157,11 +157,18 @@ private:
     void GroupByClause();
     void OrderByClause();
     void OrderItem();
-    bool TailClause();
-    void LimitClause(Beyond what);
-    void WordsClause(Beyond what);
-    void WithTailClause();
     double NumberValue(TextRange range) const;
+
+    // grammar_tail.cpp
+    bool TailClause();
+    bool AcceptWord(std::wstring_view word);
+    void LimitClause(Beyond what);
+    void FetchClause();
+    void ForClause();
+    void RowLock();
+    void ResultForm();
+    void WindowClause();
+    void WithTailClause();
 
     // grammar_from.cpp
     struct JoinWords {

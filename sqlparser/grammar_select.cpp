@@ -134,7 +134,8 @@ bool Grammar::IsBareAlias() {
         case Keyword::Fetch:
             return Peek().keyword != Keyword::First && Peek().keyword != Keyword::Next;
         case Keyword::For:
-            return Peek().kind != TokenKind::Word;
+            // Before anything but a reserved word it begins a clause.
+            return Peek().kind != TokenKind::Word || IsReserved(Peek().keyword);
         case Keyword::Window:
             return !IsKeyword(PeekSecond(), Keyword::As);
         case Keyword::Pivot:

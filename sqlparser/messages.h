@@ -62,6 +62,13 @@ inline constexpr std::wstring_view kExpectedTies = L"Se esperaba TIES después d
 inline constexpr std::wstring_view kExpectedOwnerAccess = L"Se esperaba OWNERACCESS OPTION después de WITH.";
 inline constexpr std::wstring_view kExpectedOption = L"Se esperaba OPTION después de WITH OWNERACCESS.";
 inline constexpr std::wstring_view kExpectedFirstOrLast = L"Se esperaba FIRST o LAST después de NULLS.";
+inline constexpr std::wstring_view kExpectedFirstOrNext = L"Se esperaba FIRST o NEXT después de FETCH.";
+inline constexpr std::wstring_view kExpectedRowsOnly =
+    L"Se esperaba ROWS ONLY o ROWS WITH TIES al final de FETCH.";
+inline constexpr std::wstring_view kExpectedForWhat =
+    L"Se esperaba UPDATE, SHARE, READ ONLY, BROWSE, XML o JSON después de FOR.";
+inline constexpr std::wstring_view kExpectedWindow =
+    L"Se esperaba un nombre, AS y un paréntesis de apertura en WINDOW.";
 inline constexpr std::wstring_view kExpectedLeftParen = L"Se esperaba un paréntesis de apertura.";
 inline constexpr std::wstring_view kExpectedFile =
     L"Se esperaba el nombre de un archivo entre comillas después de IN.";

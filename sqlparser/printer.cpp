@@ -91,7 +91,8 @@ private:
         Condition(L"HAVING ", s_.having);
         Items(std::wstring(separator_) + L"ORDER BY ", s_.OrderItems);
         Optional(separator_, s_.pivot);
-        Optional(separator_, s_.trailing);
+        for (const TextRange tail : s_.trailing)
+            Optional(tail.offset == s_.trailing.front().offset ? separator_ : L" ", tail);
     }
 
     void Values() {

@@ -180,7 +180,9 @@ public:
     TextRange transform;        ///< TRANSFORM aggregate before the select of a crosstab
     TextRange pivot;            ///< PIVOT … at its end
     TextRange table_statement;  ///< TABLE name, which has no select list
-    TextRange trailing;  ///< LIMIT, OFFSET, FETCH, FOR, WITH OWNERACCESS OPTION…, one after the other
+    /// LIMIT, OFFSET, FETCH, FOR, WINDOW, WITH OWNERACCESS OPTION…: one range for those that follow each
+    /// other.
+    std::vector<TextRange> trailing;
     std::vector<BeyondItem> beyond;
 
     std::vector<Node> nodes;

@@ -72,10 +72,10 @@ private:
         if (before == TokenKind::Point || before == TokenKind::Bang || next == TokenKind::Point)
             return SqlStyle::Text;
         const std::wstring word = Lower(line_.substr(tokens_[index].begin, tokens_[index].length));
-        if (words_.functions.contains(word) && KindAfter(index) == TokenKind::LeftParen)
+        if (words_.functions.Contains(word) && KindAfter(index) == TokenKind::LeftParen)
             return SqlStyle::Function;
-        if (words_.keywords.contains(word)) return SqlStyle::Keyword;
-        if (words_.types.contains(word)) return SqlStyle::Type;
+        if (words_.keywords.Contains(word)) return SqlStyle::Keyword;
+        if (words_.types.Contains(word)) return SqlStyle::Type;
         return SqlStyle::Text;
     }
 

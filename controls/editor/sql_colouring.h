@@ -12,9 +12,9 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
+#include "controls/editor/word_list.h"
 #include "sqlparser/lexer.h"
 
 namespace tessel::controls {
@@ -36,11 +36,11 @@ enum class SqlStyle : std::uint8_t {
 };
 inline constexpr std::size_t kSqlStyleCount = static_cast<std::size_t>(SqlStyle::Error) + 1;
 
-/// The words that are coloured, in lower case.
+/// The words that are coloured.
 struct SqlWords {
-    std::unordered_set<std::wstring> keywords;
-    std::unordered_set<std::wstring> functions;
-    std::unordered_set<std::wstring> types;
+    WordList keywords;
+    WordList functions;
+    WordList types;
 
     friend bool operator==(const SqlWords&, const SqlWords&) = default;
 };

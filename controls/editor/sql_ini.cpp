@@ -38,19 +38,6 @@ constexpr std::array<std::wstring_view, kSqlStyleCount> kStyleNames = {
     L"fecha", L"comentario", L"operador", L"macro", L"parámetro", L"error",
 };
 
-void AddWords(std::unordered_set<std::wstring>& words, std::wstring_view list) {
-    std::wstring word;
-    for (wchar_t ch : list) {
-        if (!IsWhiteSpace(ch) && ch != L',') {
-            word.push_back(LowerChar(ch));
-        } else if (!word.empty()) {
-            words.insert(std::move(word));
-            word.clear();
-        }
-    }
-    if (!word.empty()) words.insert(std::move(word));
-}
-
 std::wstring_view TrimWhite(std::wstring_view text) {
     while (!text.empty() && IsWhiteSpace(text.front())) text.remove_prefix(1);
     while (!text.empty() && IsWhiteSpace(text.back())) text.remove_suffix(1);
@@ -127,11 +114,10 @@ public:
 
 private:
     // The first line of a list takes the place of the built-in list, the following ones add to it.
-    static void ReplaceOrAdd(std::unordered_set<std::wstring>& words, bool& replaced,
-                             std::wstring_view value) {
-        if (!replaced) words.clear();
+    static void ReplaceOrAdd(WordList& words, bool& replaced, std::wstring_view value) {
+        if (!replaced) words = {};
         replaced = true;
-        AddWords(words, value);
+        words.Add(value);
     }
 
     void ApplySize(std::wstring_view value) {
@@ -163,9 +149,9 @@ private:
 
 ColouringDefinition BuiltInColouring() {
     ColouringDefinition definition;
-    AddWords(definition.words.keywords, kKeywords);
-    AddWords(definition.words.functions, kFunctions);
-    AddWords(definition.words.types, kTypes);
+    definition.words.keywords.Add(kKeywords);
+    definition.words.functions.Add(kFunctions);
+    definition.words.types.Add(kTypes);
     const auto set = [&definition](SqlStyle style, std::uint32_t colour, bool bold = false) {
         StyleLook& look = definition.looks[static_cast<std::size_t>(style)];
         look.colour = colour;
@@ -191,7 +177,8 @@ ColouringDefinition BuiltInColouring() {
 }
 
 ColouringDefinition ReadSqlIni(std::string_view utf8, std::wstring_view section) {
-    ColouringDefinition definition = BuiltInColouring();
+    static const ColouringDefinition built_in = BuiltInColouring();
+    ColouringDefinition definition = built_in;
     IniReader reader(definition);
     std::wstring text = FromUtf8(utf8);
     if (!text.empty() && text.front() == L'\xFEFF') text.erase(0, 1);

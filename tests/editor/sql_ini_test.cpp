@@ -69,11 +69,10 @@ TEST(SqlIni, EveryStyleHasAName) {
 
 TEST(SqlIni, TheFirstLineOfAListReplacesAndTheNextAdds) {
     const auto definition = ReadSqlIni("[SQL]\npalabras = Uno dos,tres\nPALABRAS=cuatro\n");
-    EXPECT_EQ(definition.words.keywords,
-              (std::unordered_set<std::wstring>{L"uno", L"dos", L"tres", L"cuatro"}));
+    EXPECT_EQ(definition.words.keywords, WordList(L"uno dos tres cuatro"));
     EXPECT_EQ(definition.words.functions, BuiltInColouring().words.functions);
-    EXPECT_EQ(ReadSqlIni("[SQL]\nfunciones=\n").words.functions.size(), 0u);
-    EXPECT_EQ(ReadSqlIni("[SQL]\ntipos=DINERO\n").words.types, (std::unordered_set<std::wstring>{L"dinero"}));
+    EXPECT_EQ(ReadSqlIni("[SQL]\nfunciones=\n").words.functions.Size(), 0u);
+    EXPECT_EQ(ReadSqlIni("[SQL]\ntipos=DINERO\n").words.types, WordList(L"dinero"));
 }
 
 TEST(SqlIni, OnlyTheSectionCounts) {

@@ -242,6 +242,42 @@ TEST(Limit, OffsetAndFetchEndTheStatement) {
          L"(select (columns a) (from t) (order a) (trailing \"OFFSET 5 ROWS FETCH NEXT 10 ROWS ONLY\"))",
          L"Offset Fetch"},
         {L"SELECT Limit, Offset, Fetch FROM t", L"(select (columns Limit Offset Fetch) (from t))"},
+        {L"SELECT a FROM t FETCH FIRST ROW ONLY",
+         L"(select (columns a) (from t) (trailing \"FETCH FIRST ROW ONLY\"))", L"Fetch"},
+        {L"SELECT a FROM t fetch next (2 + 3) percent rows with ties",
+         L"(select (columns a) (from t) (trailing \"fetch next (2 + 3) percent rows with ties\"))", L"Fetch"},
+    });
+}
+
+TEST(ForClause, LocksRowsAndFormsResults) {
+    Check({
+        {L"SELECT a FROM t FOR UPDATE OF t, s.u NOWAIT",
+         L"(select (columns a) (from t) (trailing \"FOR UPDATE OF t, s.u NOWAIT\"))", L"ForUpdate"},
+        {L"SELECT a FROM t FOR NO KEY UPDATE SKIP LOCKED LIMIT 5",
+         L"(select (columns a) (from t) (trailing \"FOR NO KEY UPDATE SKIP LOCKED LIMIT 5\"))",
+         L"ForUpdate Limit"},
+        {L"SELECT a FROM t FOR KEY SHARE WAIT 5",
+         L"(select (columns a) (from t) (trailing \"FOR KEY SHARE WAIT 5\"))", L"ForUpdate"},
+        {L"SELECT a FROM t FOR READ ONLY", L"(select (columns a) (from t) (trailing \"FOR READ ONLY\"))",
+         L"ForUpdate"},
+        {L"SELECT a FROM t FOR BROWSE", L"(select (columns a) (from t) (trailing \"FOR BROWSE\"))",
+         L"ForUpdate"},
+        {L"SELECT a FROM t FOR XML PATH('fila'), ROOT('filas'), ELEMENTS XSINIL",
+         L"(select (columns a) (from t) (trailing \"FOR XML PATH ('fila'), ROOT ('filas'), ELEMENTS "
+         L"XSINIL\"))",
+         L"ForUpdate"},
+    });
+}
+
+TEST(WindowClause, NamesSeveralWindowsBeforeOrAfterTheOrder) {
+    Check({
+        {L"SELECT a FROM t WINDOW w AS (PARTITION BY a), v AS (w ORDER BY b DESC)",
+         L"(select (columns a) (from t) (trailing \"WINDOW w AS (PARTITION BY a), v AS (w ORDER BY b "
+         L"DESC)\"))",
+         L"Window"},
+        {L"SELECT a FROM t WINDOW w AS (ORDER BY a) ORDER BY b LIMIT 5",
+         L"(select (columns a) (from t) (order b) (trailing \"WINDOW w AS (ORDER BY a) LIMIT 5\"))",
+         L"Window Limit"},
     });
 }
 
