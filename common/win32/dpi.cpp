@@ -2,6 +2,8 @@
 
 #include <cwchar>
 
+#include "common/win32/screen.h"
+
 namespace tessel::win32 {
 
 namespace {
@@ -14,17 +16,6 @@ Function UserFunction(const char* name) {
 
 }  // namespace
 
-int DpiOf(HWND hwnd) {
-    using GetDpiForWindowFn = UINT(WINAPI*)(HWND);
-    static const auto get_dpi_for_window = UserFunction<GetDpiForWindowFn>("GetDpiForWindow");
-    if (get_dpi_for_window && hwnd)
-        if (const UINT dpi = get_dpi_for_window(hwnd)) return static_cast<int>(dpi);
-    const HDC dc = GetDC(nullptr);
-    const int dpi = dc ? GetDeviceCaps(dc, LOGPIXELSX) : 96;
-    if (dc) ReleaseDC(nullptr, dc);
-    return dpi > 0 ? dpi : 96;
-}
-
 UniqueFont MessageFont(int dpi, bool bold) {
     using SystemParametersInfoForDpiFn = BOOL(WINAPI*)(UINT, UINT, PVOID, UINT, UINT);
     static const auto info_for_dpi = UserFunction<SystemParametersInfoForDpiFn>("SystemParametersInfoForDpi");
@@ -33,7 +24,7 @@ UniqueFont MessageFont(int dpi, bool bold) {
     if (!info_for_dpi ||
         !info_for_dpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi))) {
         if (!SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) return UniqueFont();
-        metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, DpiOf(nullptr));
+        metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, SystemDpiOf(nullptr));
     }
     if (bold) metrics.lfMessageFont.lfWeight = FW_BOLD;
     return UniqueFont(CreateFontIndirectW(&metrics.lfMessageFont));

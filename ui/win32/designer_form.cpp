@@ -5,12 +5,15 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
+#include "common/win32/screen.h"
 #include "ui/designer_layout.h"
 #include "ui/dlg_dsn_texts.h"
+#include "ui/win32/rect_area.h"
 
 namespace tessel::ui {
 
@@ -19,7 +22,9 @@ namespace {
 // All in dips.
 constexpr int kWindowWidth = 1000;
 constexpr int kWindowHeight = 680;
-constexpr int kTopHeight = 40;
+constexpr int kMinimumWidth = 700;
+constexpr int kMinimumHeight = 460;
+constexpr int kTopPadding = 7;  // above and below the commands
 constexpr int kBottomHeight = 46;
 constexpr int kButtonHeight = 26;
 constexpr int kSmallButtonHeight = 20;
@@ -172,29 +177,58 @@ void DesignerForm::ApplyFonts() {
     props_.OnDpiChanged(dpi_);
 }
 
-void DesignerForm::CentreOnScreen() {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    RECT work{0, 0, 800, 600};
-    if (GetMonitorInfoW(MonitorFromWindow(GetForegroundWindow(), MONITOR_DEFAULTTOPRIMARY), &monitor))
-        work = monitor.rcWork;
-    const int width = std::min(Px(kWindowWidth), static_cast<int>(work.right - work.left));
-    const int height = std::min(Px(kWindowHeight), static_cast<int>(work.bottom - work.top));
-    SetWindowPos(Handle(), nullptr, work.left + (work.right - work.left - width) / 2,
-                 work.top + (work.bottom - work.top - height) / 2, width, height,
+void DesignerForm::ApplyScale() {
+    dpi_ = win32::DpiOf(Handle());
+    if (!cancel_) return;
+    ApplyFonts();
+    win32::TellDpiToChildren(Handle());
+}
+
+void DesignerForm::PlaceOnMonitorOf(HWND host) {
+    const Area work = AreaOf(win32::WorkAreaOf(host));
+    // The window's scale is that of the monitor it is on, so it goes there before it is measured.
+    SetWindowPos(Handle(), nullptr, work.left, work.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    dpi_ = win32::DpiOf(Handle());
+    MoveTo(Centred(Px(kWindowWidth), Px(kWindowHeight), work, work));
+}
+
+void DesignerForm::KeepReachable() {
+    const HWND form = Handle();
+    const Area work = AreaOf(win32::WorkAreaOf(form));
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    if (IsIconic(form) || IsZoomed(form)) {
+        if (!GetWindowPlacement(form, &placement)) return;
+        const Area place = KeptInside(AreaOf(placement.rcNormalPosition), work);
+        placement.rcNormalPosition = {place.left, place.top, place.right, place.bottom};
+        SetWindowPlacement(form, &placement);
+        return;
+    }
+    RECT window{};
+    GetWindowRect(form, &window);
+    const Area place = KeptInside(AreaOf(window), work);
+    if (place != AreaOf(window)) MoveTo(place);
+}
+
+void DesignerForm::MoveTo(const Area& place) {
+    SetWindowPos(Handle(), nullptr, place.left, place.top, place.Width(), place.Height(),
                  SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+SIZE DesignerForm::SmallestSize() const {
+    const Area work = AreaOf(win32::WorkAreaOf(Handle()));
+    return {std::min(Px(kMinimumWidth), work.Width()), std::min(Px(kMinimumHeight), work.Height())};
 }
 
 void DesignerForm::LayoutForm() {
     if (!cancel_) return;
     const SIZE inner = ClientSize(Handle());
-    const int top = Px(kTopHeight);
+    const int top = LayoutTopButtons(inner.cx);
     const int bottom = Px(kBottomHeight);
     Place(top_.Handle(), 0, 0, inner.cx, top);
     Place(bottom_.Handle(), 0, inner.cy - bottom, inner.cx, bottom);
     if (const auto box = SplitterBox(ToTwips(inner.cx), ToTwips(inner.cy), ToTwips(top), ToTwips(bottom)))
         Place(main_splitter_.Handle(), 0, top, inner.cx, inner.cy - top - bottom);
-    LayoutTopButtons();
     LayoutBottomButtons();
     LayoutStrip();
 }
@@ -210,15 +244,17 @@ int DesignerForm::ButtonWidth(HWND button) const {
     return text.right - text.left + 2 * Px(kButtonPadding);
 }
 
-void DesignerForm::LayoutTopButtons() {
+// Where the window is narrow the commands take a second row, whole, rather than being cut.
+int DesignerForm::LayoutTopButtons(int inner_width) {
+    const HWND buttons[] = {add_table_, run_query_, syntax_tree_};
+    std::vector<int> widths;
+    for (HWND button : buttons) widths.push_back(ButtonWidth(button));
+    const std::vector<FlowPlace> places = Flow(widths, inner_width - 2 * Px(kMargin), Px(kGap));
     const int height = Px(kButtonHeight);
-    const int top = (Px(kTopHeight) - height) / 2;
-    int left = Px(kMargin);
-    for (HWND button : {add_table_, run_query_, syntax_tree_}) {
-        const int width = ButtonWidth(button);
-        Place(button, left, top, width, height);
-        left += width + Px(kGap);
-    }
+    for (std::size_t i = 0; i < places.size(); ++i)
+        Place(buttons[i], Px(kMargin) + places[i].left, Px(kTopPadding) + places[i].row * (height + Px(kGap)),
+              widths[i], height);
+    return 2 * Px(kTopPadding) + height + places.back().row * (height + Px(kGap));
 }
 
 void DesignerForm::LayoutBottomButtons() {

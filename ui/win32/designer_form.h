@@ -22,6 +22,7 @@
 #include "ui/win32/designer_ids.h"
 #include "ui/win32/panel.h"
 #include "ui/win32/reason_label.h"
+#include "ui/window_place.h"
 
 namespace tessel::ui {
 
@@ -37,7 +38,15 @@ protected:
     /// Creates every control, of no size yet. False when Windows refuses one.
     bool CreateControls(const Listeners& listeners);
     void ApplyFonts();
-    void CentreOnScreen();
+    /// Takes the scale of the monitor the window is on, for itself and every control; lays nothing out.
+    void ApplyScale();
+    /// In the middle of the monitor that the window of the host is on; of the primary one without a window.
+    void PlaceOnMonitorOf(HWND host);
+    /// Back inside the work area, after the screens changed.
+    void KeepReachable();
+    void MoveTo(const Area& place);
+    /// The smallest outer size: what a usable window needs, or the whole work area of a small screen.
+    SIZE SmallestSize() const;
     void LayoutForm();
     void LayoutStrip();
     void DivideDesignPage();
@@ -80,7 +89,8 @@ private:
     bool CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style,
                       const wchar_t* tip);
     void AddTip(HWND control, const wchar_t* tip);
-    void LayoutTopButtons();
+    /// The height that they need.
+    int LayoutTopButtons(int inner_width);
     void LayoutBottomButtons();
     void LayoutGridButtons();
     void LayoutSqlPage();

@@ -2,10 +2,7 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
-
 #include "common/win32/activation_context.h"
-#include "common/win32/dpi.h"
 #include "ui/dlg_dsn_texts.h"
 #include "ui/help_contexts.h"
 #include "ui/win32/show_help.h"
@@ -14,14 +11,7 @@ namespace tessel::ui {
 
 namespace {
 
-constexpr int kMinimumWidth = 700;   // dips
-constexpr int kMinimumHeight = 460;  // dips
 constexpr int kFirstColumnsWidth = 124;
-
-BOOL CALLBACK PassOn(HWND child, LPARAM message) {
-    SendMessageW(child, static_cast<UINT>(message), 0, 0);
-    return TRUE;
-}
 
 }  // namespace
 
@@ -43,8 +33,7 @@ bool DesignerWindow::Create() {
     if (!CreateWindowOf(kClass, texts::kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT,
                         nullptr, 0, RECT{CW_USEDEFAULT, CW_USEDEFAULT, 0, 0}))
         return false;
-    dpi_ = win32::DpiOf(Handle());
-    CentreOnScreen();
+    PlaceOnMonitorOf(HostWindow());
     if (!CreateControls({this, this, this})) {
         Destroy();
         return false;
@@ -97,17 +86,11 @@ bool DesignerWindow::ShowModal() {
 }
 
 LRESULT DesignerWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (const auto answer = OnStateMessage(message, wparam, lparam)) return *answer;
     switch (message) {
         case WM_SIZE:
             if (wparam != SIZE_MINIMIZED) LayoutForm();
             return 0;
-        case WM_GETMINMAXINFO: {
-            // Never larger than the screen, which at a high scale may be small in dips.
-            auto* info = reinterpret_cast<MINMAXINFO*>(lparam);
-            info->ptMinTrackSize = {std::min<LONG>(Px(kMinimumWidth), GetSystemMetrics(SM_CXSCREEN)),
-                                    std::min<LONG>(Px(kMinimumHeight), GetSystemMetrics(SM_CYSCREEN))};
-            return 0;
-        }
         case WM_ERASEBKGND: {
             RECT client;
             GetClientRect(Handle(), &client);
@@ -121,12 +104,6 @@ LRESULT DesignerWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
         case kStepMessage:
             OnStepMessage();
             return 0;
-        case WM_CLOSE:
-            presenter_.Cancel();
-            return 0;
-        case WM_ACTIVATE:
-            if (LOWORD(wparam) != WA_INACTIVE && GetFocus() == Handle()) FocusPage();
-            return 0;
         case DM_GETDEFID:
             // Enter presses "Aceptar" wherever a control does not want the key for itself.
             return MAKELRESULT(kIdAccept, DC_HASDEFID);
@@ -135,23 +112,6 @@ LRESULT DesignerWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
                 SetCursor(LoadCursorW(nullptr, IDC_WAIT));
                 return TRUE;
             }
-            break;
-        case WM_DPICHANGED: {
-            dpi_ = LOWORD(wparam);
-            const RECT& place = *reinterpret_cast<RECT*>(lparam);
-            ApplyFonts();
-            SetWindowPos(Handle(), nullptr, place.left, place.top, place.right - place.left,
-                         place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
-            LayoutForm();
-            return 0;
-        }
-        case WM_SYSCOLORCHANGE:
-        case WM_SETTINGCHANGE:
-        case WM_THEMECHANGED:
-            // Windows tells top-level windows only.
-            EnumChildWindows(Handle(), PassOn, static_cast<LPARAM>(message));
-            ApplyFonts();
-            LayoutForm();
             break;
         default:
             break;

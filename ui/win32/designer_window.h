@@ -62,6 +62,15 @@ private:
 
     // Messages (designer_window.cpp) and keys (designer_window_keys.cpp).
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
+    /// What the session, the screens and other windows do to this one (designer_window_states.cpp); nothing
+    /// for every other message.
+    std::optional<LRESULT> OnStateMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    void OnActivated(bool active);
+    void OnScaleChanged(const RECT& suggested);
+    void OnScreensChanged();
+    void OnLooksChanged(UINT message);
+    void OnSessionEnd();
+    static HWND HostWindow();
     LRESULT OnCommand(int id, int notification);
     LRESULT OnNotify(NMHDR* header);
     bool OnKey(const MSG& message);
@@ -158,6 +167,7 @@ private:
     Dragged dragged_;
     std::function<void(HWND, long)> show_help_;
     Pointer pointer_ = Pointer::Default;
+    HWND focus_to_restore_ = nullptr;
     bool done_ = false;
     bool step_waits_ = false;
     bool grid_visible_ = true;

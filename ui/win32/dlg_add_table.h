@@ -27,6 +27,7 @@ public:
 private:
     bool OnCreateControls() override;
     void OnLayout(SIZE client) override;
+    void OnScaled(int) override { AlignColumns(); }
     void OnCommand(int id, int notification) override;
     bool OnPreTranslate(const MSG& message) override;
     HWND FirstFocus() const override { return filter_; }

@@ -1,17 +1,20 @@
 #include "ui/win32/dlg_dsn.h"
 
 #include "common/win32/activation_context.h"
+#include "common/win32/screen.h"
 #include "common/win32/window.h"
 #include "macros/macros.h"
 #include "ui/win32/designer_window.h"
 
 namespace tessel::ui {
 
-// The activation context spans the window's whole life, so that every control of it is a themed one.
+// Both scopes span the window's whole life: every control of it is a themed one, and every window of it
+// follows the scale of its monitor.
 class dlgDsn::Impl {
 public:
     explicit Impl(DesignerOwner* owner) : window(owner) { window.Create(); }
 
+    win32::PerMonitorScope scale;
     win32::ActivationContext context;
     DesignerWindow window;
 };

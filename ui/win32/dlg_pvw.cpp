@@ -17,6 +17,7 @@ constexpr int kGap = 6;               // dips
 constexpr int kEditWidth = 220;       // dips
 constexpr int kCellPadding = 14;      // dips left and right of a text together
 constexpr int kTextInset = 5;         // dips from the edge of a cell to its text
+constexpr int kTipWidth = 480;        // dips
 constexpr int kNarrowestColumn = 32;  // dips
 constexpr std::int64_t kRowsMeasured = 50;
 
@@ -59,7 +60,7 @@ bool dlgPVW::OnCreateControls() {
                             CW_USEDEFAULT, 0, 0, 0, Handle(), nullptr, win32::ThisModule(), nullptr);
     if (!status_ || !close_ || !tips_) return false;
     SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(Font()), FALSE);
-    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, Px(480));
+    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, Px(kTipWidth));
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof tool;
     tool.uFlags = TTF_SUBCLASS | TTF_TRANSPARENT;
@@ -123,6 +124,13 @@ int dlgPVW::FittingWidth(int column) {
 int dlgPVW::TextWidth(const std::wstring& text) const {
     return static_cast<int>(
         SendMessageW(list_, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str())));
+}
+
+// The columns keep their proportions, also those that the user made.
+void dlgPVW::OnScaled(int before) {
+    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, Px(kTipWidth));
+    for (int i = 0; i < static_cast<int>(rows_.Columns().size()); ++i)
+        ListView_SetColumnWidth(list_, i, MulDiv(ListView_GetColumnWidth(list_, i), Dpi(), before));
 }
 
 void dlgPVW::OnLayout(SIZE client) {

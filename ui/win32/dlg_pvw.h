@@ -41,6 +41,7 @@ public:
 private:
     bool OnCreateControls() override;
     void OnLayout(SIZE client) override;
+    void OnScaled(int before) override;
     void OnCommand(int id, int notification) override;
     LRESULT OnNotify(NMHDR* header) override;
     bool OnPreTranslate(const MSG& message) override;

@@ -1,11 +1,14 @@
 #include "ui/win32/modal_dialog.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/modal_loop.h"
 #include "common/win32/module.h"
+#include "common/win32/screen.h"
+#include "ui/win32/rect_area.h"
 #include "ui/win32/show_help.h"
 
 namespace tessel::ui {
@@ -15,6 +18,11 @@ namespace {
 constexpr int kButtonHeight = 26;   // dips
 constexpr int kButtonPadding = 14;  // dips left and right of a caption
 constexpr int kButtonMinimum = 86;  // dips
+
+BOOL CALLBACK PassOn(HWND child, LPARAM message) {
+    SendMessageW(child, static_cast<UINT>(message), 0, 0);
+    return TRUE;
+}
 
 }  // namespace
 
@@ -55,17 +63,15 @@ bool ModalDialog::IsHelpKey(const MSG& message) {
 }
 
 void ModalDialog::Place(HWND owner, SIZE size) {
-    RECT over{};
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(owner ? owner : Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
-    const RECT& work = monitor.rcWork;
-    if (!owner || !GetWindowRect(owner, &over)) over = work;
-    const int width = std::min<int>(Px(static_cast<int>(size.cx)), work.right - work.left);
-    const int height = std::min<int>(Px(static_cast<int>(size.cy)), work.bottom - work.top);
-    const int left = std::clamp<int>((over.left + over.right - width) / 2, work.left, work.right - width);
-    const int top = std::clamp<int>((over.top + over.bottom - height) / 2, work.top, work.bottom - height);
-    SetWindowPos(Handle(), nullptr, left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    const Area work = AreaOf(win32::WorkAreaOf(owner ? owner : Handle()));
+    RECT window{};
+    const Area over = owner && GetWindowRect(owner, &window) ? AreaOf(window) : work;
+    MoveTo(Centred(Px(static_cast<int>(size.cx)), Px(static_cast<int>(size.cy)), over, work));
+}
+
+void ModalDialog::MoveTo(const Area& place) {
+    SetWindowPos(Handle(), nullptr, place.left, place.top, place.Width(), place.Height(),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 LRESULT ModalDialog::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -73,10 +79,13 @@ LRESULT ModalDialog::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_SIZE:
             if (wparam != SIZE_MINIMIZED) Layout();
             return 0;
-        case WM_GETMINMAXINFO:
-            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {Px(static_cast<int>(minimum_.cx)),
-                                                                     Px(static_cast<int>(minimum_.cy))};
+        case WM_GETMINMAXINFO: {
+            const Area work = AreaOf(win32::WorkAreaOf(Handle()));
+            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {
+                std::min(Px(static_cast<int>(minimum_.cx)), work.Width()),
+                std::min(Px(static_cast<int>(minimum_.cy)), work.Height())};
             return 0;
+        }
         case WM_ERASEBKGND: {
             RECT client;
             GetClientRect(Handle(), &client);
@@ -86,6 +95,7 @@ LRESULT ModalDialog::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLORBTN:
             SetBkMode(reinterpret_cast<HDC>(wparam), TRANSPARENT);
+            SetTextColor(reinterpret_cast<HDC>(wparam), GetSysColor(COLOR_BTNTEXT));
             return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
         case DM_GETDEFID:
             return MAKELRESULT(DefaultButton(), DC_HASDEFID);
@@ -95,11 +105,71 @@ LRESULT ModalDialog::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_NOTIFY:
             return OnNotify(reinterpret_cast<NMHDR*>(lparam));
         case WM_CLOSE:
-            Close();
+            if (IsWindowEnabled(Handle())) Close();
             return 0;
         default:
-            return Window::OnMessage(message, wparam, lparam);
+            return OnStateMessage(message, wparam, lparam);
     }
+}
+
+LRESULT ModalDialog::OnStateMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    switch (message) {
+        case WM_ACTIVATE:
+            OnActivated(LOWORD(wparam) != WA_INACTIVE && HIWORD(wparam) == 0);
+            return 0;
+        case WM_DPICHANGED:
+            ApplyScale();
+            MoveTo(KeptInside(AreaOf(*reinterpret_cast<const RECT*>(lparam)),
+                              AreaOf(win32::WorkAreaOf(Handle()))));
+            Layout();
+            return 0;
+        case WM_DISPLAYCHANGE: {
+            RECT window{};
+            GetWindowRect(Handle(), &window);
+            ApplyScale();
+            if (!IsZoomed(Handle())) MoveTo(KeptInside(AreaOf(window), AreaOf(win32::WorkAreaOf(Handle()))));
+            Layout();
+            return 0;
+        }
+        case WM_SETTINGCHANGE:
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            // Windows tells top-level windows only.
+            EnumChildWindows(Handle(), PassOn, static_cast<LPARAM>(message));
+            ApplyScale();
+            Layout();
+            break;
+        case WM_ENDSESSION:
+            if (wparam) Close();
+            return 0;
+        default:
+            break;
+    }
+    return Window::OnMessage(message, wparam, lparam);
+}
+
+// Without this the keyboard would be the dialog's own after a visit to another program, and lost.
+void ModalDialog::OnActivated(bool active) {
+    if (!active) {
+        const HWND focus = GetFocus();
+        if (focus && IsChild(Handle(), focus)) focus_to_restore_ = focus;
+        return;
+    }
+    if (!created_) return;
+    if (const HWND focus = GetFocus(); focus && IsChild(Handle(), focus)) return;
+    const HWND before = focus_to_restore_;
+    SetFocus(before && IsChild(Handle(), before) && IsWindowVisible(before) ? before : FirstFocus());
+}
+
+void ModalDialog::ApplyScale() {
+    const int before = std::exchange(dpi_, win32::DpiOf(Handle()));
+    if (!created_) return;
+    win32::UniqueFont font = win32::MessageFont(dpi_);
+    // Controls hand the font on to the windows that they are made of.
+    for (HWND child = GetWindow(Handle(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    font_ = std::move(font);
+    OnScaled(before);
 }
 
 LRESULT ModalDialog::OnNotify(NMHDR*) {

@@ -9,6 +9,7 @@
 
 #include "common/win32/handles.h"
 #include "common/win32/window.h"
+#include "ui/window_place.h"
 
 namespace tessel::ui {
 
@@ -34,6 +35,9 @@ protected:
     /// The control that gets the focus first.
     virtual HWND FirstFocus() const = 0;
     virtual int DefaultButton() const { return IDCANCEL; }
+    /// The dialog and its font have another scale than `before`, in dots per inch; what is measured once must
+    /// be measured anew. A layout follows.
+    virtual void OnScaled(int before) { static_cast<void>(before); }
     /// The help topic that F1 opens.
     virtual long HelpTopic() const = 0;
 
@@ -41,6 +45,7 @@ protected:
     /// Lays the controls out anew, after one appeared or went.
     void Layout();
     int Px(int dips) const;
+    int Dpi() const { return dpi_; }
     HFONT Font() const { return font_.get(); }
     /// A push button with the dialog's font.
     HWND AddButton(const wchar_t* caption, int id, bool is_default);
@@ -51,10 +56,15 @@ protected:
 
 private:
     bool IsHelpKey(const MSG& message);
+    LRESULT OnStateMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    void OnActivated(bool active);
+    void ApplyScale();
     void Place(HWND owner, SIZE size);
+    void MoveTo(const Area& place);
 
     win32::UniqueFont font_;
     SIZE minimum_{};
+    HWND focus_to_restore_ = nullptr;
     int dpi_ = 96;
     bool created_ = false;
     bool closed_ = false;

@@ -4,13 +4,12 @@
 #include "common/identifiers.h"
 #include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
+#include "common/win32/screen.h"
 #include "controls/browser/win32/schema_browser.h"
 
 namespace tessel::controls {
 
 namespace {
-
-constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT of newer headers
 
 bool IsKey(const MSG* message, WPARAM key) {
     return message && (message->message == WM_KEYDOWN || message->message == WM_CHAR) &&
@@ -42,7 +41,7 @@ LRESULT SchemaBrowser::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             if (reinterpret_cast<HWND>(wparam) != tree_) break;
             OnContextMenu({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
             return 0;
-        case kDpiChangedAfterParent:
+        case win32::kDpiChangedAfterParent:
             OnDpiChanged(win32::DpiOf(Handle()));
             return 0;
         default:

@@ -11,15 +11,15 @@
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
+#include "common/win32/screen.h"
 
 namespace tessel::controls {
 
 namespace {
 
 constexpr int kIdList = 21;
-constexpr int kCellPadding = 14;                 // of a column beside its widest text, at 96 dpi
-constexpr int kNarrowValue = 60;                 // what the values keep in a narrow window, at 96 dpi
-constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT of newer headers
+constexpr int kCellPadding = 14;  // of a column beside its widest text, at 96 dpi
+constexpr int kNarrowValue = 60;  // what the values keep in a narrow window, at 96 dpi
 
 constexpr const wchar_t* kListName = L"Propiedades";
 constexpr const wchar_t* kColumns[] = {L"Propiedad", L"Valor"};
@@ -145,7 +145,7 @@ LRESULT SchemaProps::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             if (list_) win32::ClearAccessibleName(list_);
             list_ = nullptr;
             return 0;
-        case kDpiChangedAfterParent:
+        case win32::kDpiChangedAfterParent:
             OnDpiChanged(win32::DpiOf(Handle()));
             return 0;
         default:

@@ -6,6 +6,7 @@
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
+#include "common/win32/screen.h"
 #include "controls/diagram/diagram_texts.h"
 
 namespace tessel::controls {
@@ -16,7 +17,6 @@ constexpr UINT kRefresh =
     WM_USER + 1;  // scroll bars and places of new tables, once after any number of changes
 constexpr UINT_PTR kAutoScrollTimer = 1;
 constexpr UINT kAutoScrollPeriod_ms = 40;
-constexpr UINT kDpiChangedAfterParent = 0x02E3;
 
 diagram::Point PointOf(LPARAM lparam) {
     return {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
@@ -359,7 +359,7 @@ LRESULT DiagramView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
         case WM_THEMECHANGED:
-        case kDpiChangedAfterParent:
+        case win32::kDpiChangedAfterParent:
             ReadSettings();
             return 0;
         default:

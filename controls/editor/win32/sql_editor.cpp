@@ -7,6 +7,7 @@
 #include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
 #include "common/win32/module.h"
+#include "common/win32/screen.h"
 #include "controls/editor/editor_text.h"
 #include "controls/editor/win32/editor_looks.h"
 #include "controls/editor/win32/editor_menu.h"
@@ -23,7 +24,6 @@ constexpr UINT_PTR kSubclassId = 1;
 constexpr int kTabWidth = 4;
 constexpr int kTextGap = 4;  // between margin and text, at 96 dpi
 constexpr const wchar_t* kAccessibleName = L"Consulta SQL";
-constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT of newer headers
 
 bool g_classes_registered = false;
 
@@ -124,7 +124,7 @@ void SqlEditor::Impl::SetOptions() {
 // The component sizes its fonts for the dpi of its window by itself; the rest of the way is ours.
 void SqlEditor::Impl::ApplyDpi(int dpi) {
     dpi_ = dpi;
-    ApplyLooks(editor_, definition_, MulDiv(100, dpi, win32::DpiOf(hwnd_)));
+    ApplyLooks(editor_, definition_, MulDiv(100, dpi, win32::SystemDpiOf(hwnd_)));
     DWORD caret_width = 1;
     SystemParametersInfoW(SPI_GETCARETWIDTH, 0, &caret_width, 0);
     editor_.Send(SCI_SETCARETWIDTH,
@@ -210,7 +210,7 @@ LRESULT SqlEditor::Impl::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             ApplyDpi(dpi_);
             return result;
         }
-        case kDpiChangedAfterParent: {
+        case win32::kDpiChangedAfterParent: {
             const LRESULT result = DefSubclassProc(hwnd_, message, wparam, lparam);
             ApplyDpi(win32::DpiOf(hwnd_));
             return result;

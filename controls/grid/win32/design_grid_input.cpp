@@ -2,6 +2,7 @@
 // design_grid_view.cpp.
 #include <windowsx.h>
 
+#include "common/win32/screen.h"
 #include "controls/grid/win32/design_grid_view.h"
 
 namespace tessel::controls {
@@ -9,8 +10,6 @@ namespace tessel::controls {
 namespace {
 
 using model::GridRow;
-
-constexpr UINT kDpiChangedAfterParent = 0x02E3;  ///< WM_DPICHANGED_AFTERPARENT of newer headers
 
 bool IsDown(int key) {
     return GetKeyState(key) < 0;
@@ -29,7 +28,7 @@ LRESULT DesignGridView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_THEMECHANGED:
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
-        case kDpiChangedAfterParent:
+        case win32::kDpiChangedAfterParent:
             RefreshMetrics();
             return 0;
         case WM_HSCROLL:

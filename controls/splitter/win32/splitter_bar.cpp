@@ -3,13 +3,13 @@
 #include <windowsx.h>
 
 #include "common/win32/dpi.h"
+#include "common/win32/screen.h"
 
 namespace tessel::controls {
 
 namespace {
 
-constexpr int kBarThickness = 6;                 ///< at 96 dpi
-constexpr UINT kDpiChangedAfterParent = 0x02E3;  ///< WM_DPICHANGED_AFTERPARENT of newer headers
+constexpr int kBarThickness = 6;  ///< at 96 dpi
 
 }  // namespace
 
@@ -131,7 +131,7 @@ LRESULT SplitterBar::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
                                                                      : GET_Y_LPARAM(lparam));
             Layout();
             return 0;
-        case kDpiChangedAfterParent:
+        case win32::kDpiChangedAfterParent:
             ApplyMetrics();
             Layout();
             return 0;
