@@ -42,6 +42,18 @@ private:
     Pointer after_;
 };
 
+/// Makes one undoable step of the texts that the editor is given while it lives.
+class Replacement {
+public:
+    explicit Replacement(EditorView& editor) : editor_(editor) { editor_.BeginReplacement(); }
+    ~Replacement() { editor_.EndReplacement(); }
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+
+private:
+    EditorView& editor_;
+};
+
 constexpr std::wstring_view kTreeNotUnderstood =
     L"No se pudo interpretar la sintaxis de la instrucción, puede que sea demasiado compleja o contenga un "
     L"error.";
@@ -89,7 +101,7 @@ void DesignerPresenter::SetDsn(std::wstring_view sSQL) {
     const std::wstring text(sSQL);
     const Working working(*this);
     const Hourglass hourglass(view_, Pointer::Default);
-    editor_.SetText(text);
+    editor_.LoadText(text);
     composed_.reset();
     if (Analyse(text)) return DesignAnalysed(false);
     // The design is not in force, so that selecting the SQL tab leaves the text as it came.
@@ -124,6 +136,7 @@ void DesignerPresenter::SwitchToSql() {
     if (grid_shown_) {
         history_.Record(design_);
         std::wstring sql = BuildSQL();
+        const Replacement replacement(editor_);
         editor_.SetText(L"");
         view_.ProcessEvents();
         try {

@@ -23,6 +23,11 @@ public:
     virtual std::wstring Text() const = 0;
     /// Replaces the whole text as one undoable step.
     virtual void SetText(std::wstring_view text) = 0;
+    /// The text that the designer was opened with: the editor's history begins with it.
+    virtual void LoadText(std::wstring_view text) { SetText(text); }
+    /// Texts set between the two are one undoable step together, and none when the text ends as it began.
+    virtual void BeginReplacement() {}
+    virtual void EndReplacement() {}
     virtual void Refresh() = 0;
 };
 

@@ -118,6 +118,9 @@ private:
     // EditorView
     std::wstring Text() const override;
     void SetText(std::wstring_view text) override;
+    void LoadText(std::wstring_view text) override;
+    void BeginReplacement() override;
+    void EndReplacement() override;
     void Refresh() override;
 
     // The controls' gestures (designer_window_gestures.cpp)

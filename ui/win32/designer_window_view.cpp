@@ -89,6 +89,15 @@ std::wstring DesignerWindow::Text() const {
 void DesignerWindow::SetText(std::wstring_view text) {
     editor_.SetText(text);
 }
+void DesignerWindow::LoadText(std::wstring_view text) {
+    editor_.LoadText(text);
+}
+void DesignerWindow::BeginReplacement() {
+    editor_.BeginReplacement();
+}
+void DesignerWindow::EndReplacement() {
+    editor_.EndReplacement();
+}
 void DesignerWindow::Refresh() {
     editor_.Refresh();
 }

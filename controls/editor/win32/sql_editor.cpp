@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
@@ -63,6 +64,10 @@ public:
     void SetOptions();
     void ApplyDpi(int dpi);
     void SetText(std::wstring_view text);
+    void LoadText(std::wstring_view text);
+    void BeginReplacement();
+    void EndReplacement();
+    void ReplaceBytes(std::string_view bytes);
     bool HandleNotify(const SCNotification& notification);
     static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
                                       DWORD_PTR data);
@@ -77,6 +82,15 @@ public:
     SqlEditorEvents* events_ = nullptr;
     int dpi_ = 96;
     bool setting_text_ = false;
+    /// The editor as it was when the replacement in progress began.
+    struct Before {
+        std::string bytes;
+        bool read_only = false;
+        sptr_t anchor = 0;
+        sptr_t caret = 0;
+        sptr_t first_line = 0;
+    };
+    std::optional<Before> replaced_;
 };
 
 bool SqlEditor::Impl::Create(HWND parent, int id, const std::wstring& ini_path, SqlEditorEvents* events) {
@@ -136,6 +150,15 @@ void SqlEditor::Impl::ApplyDpi(int dpi) {
 void SqlEditor::Impl::SetText(std::wstring_view text) {
     const std::string bytes = ToEditorBytes(text);
     if (editor_.Bytes() == bytes) return;
+    ReplaceBytes(bytes);
+    editor_.Send(SCI_SETSCROLLWIDTH, 1);
+    editor_.Send(SCI_SETEMPTYSELECTION, 0);
+    editor_.Send(SCI_SETXOFFSET, 0);
+    editor_.Send(SCI_SETFIRSTVISIBLELINE, 0);
+    editor_.Send(SCI_CHOOSECARETX);
+}
+
+void SqlEditor::Impl::ReplaceBytes(std::string_view bytes) {
     const bool read_only = editor_.Send(SCI_GETREADONLY) != 0;
     setting_text_ = true;
     editor_.Send(SCI_SETREADONLY, FALSE);
@@ -145,11 +168,44 @@ void SqlEditor::Impl::SetText(std::wstring_view text) {
     editor_.Send(SCI_ENDUNDOACTION);
     editor_.Send(SCI_SETREADONLY, read_only);
     setting_text_ = false;
-    editor_.Send(SCI_SETSCROLLWIDTH, 1);
-    editor_.Send(SCI_SETEMPTYSELECTION, 0);
-    editor_.Send(SCI_SETXOFFSET, 0);
-    editor_.Send(SCI_SETFIRSTVISIBLELINE, 0);
-    editor_.Send(SCI_CHOOSECARETX);
+}
+
+void SqlEditor::Impl::LoadText(std::wstring_view text) {
+    const bool first = editor_.Bytes().empty() && !editor_.Send(SCI_CANUNDO) && !editor_.Send(SCI_CANREDO);
+    SetText(text);
+    if (first) editor_.Send(SCI_EMPTYUNDOBUFFER);
+}
+
+// While nothing is recorded the component's history stays right only if the text comes back to what it was;
+// hence the replacement is taken back silently and then done once more as a step.
+void SqlEditor::Impl::BeginReplacement() {
+    if (replaced_) return;
+    replaced_ =
+        Before{std::string(editor_.Bytes()), editor_.Send(SCI_GETREADONLY) != 0, editor_.Send(SCI_GETANCHOR),
+               editor_.Send(SCI_GETCURRENTPOS), editor_.Send(SCI_GETFIRSTVISIBLELINE)};
+    editor_.Send(SCI_SETREADONLY, TRUE);
+    editor_.Send(SCI_SETUNDOCOLLECTION, FALSE);
+}
+
+void SqlEditor::Impl::EndReplacement() {
+    if (!replaced_) return;
+    const Before before = std::move(*replaced_);
+    replaced_.reset();
+    if (editor_.Bytes() == before.bytes) {
+        editor_.Send(SCI_SETUNDOCOLLECTION, TRUE);
+        editor_.Send(SCI_SETFIRSTVISIBLELINE, static_cast<uptr_t>(before.first_line));
+        editor_.Send(SCI_SETANCHOR, static_cast<uptr_t>(before.anchor));
+        editor_.Send(SCI_SETCURRENTPOS, static_cast<uptr_t>(before.caret));
+    } else {
+        const std::string after(editor_.Bytes());
+        ReplaceBytes(before.bytes);
+        const bool is_back = editor_.Bytes() == before.bytes;
+        editor_.Send(SCI_SETUNDOCOLLECTION, TRUE);
+        if (!is_back) editor_.Send(SCI_EMPTYUNDOBUFFER);
+        ReplaceBytes(after);
+        editor_.Send(SCI_SETEMPTYSELECTION, 0);
+    }
+    editor_.Send(SCI_SETREADONLY, before.read_only);
 }
 
 bool SqlEditor::Impl::HandleNotify(const SCNotification& notification) {
@@ -257,6 +313,26 @@ std::wstring SqlEditor::Text() const {
 
 void SqlEditor::SetText(std::wstring_view text) {
     if (impl_->hwnd_) impl_->SetText(text);
+}
+
+void SqlEditor::LoadText(std::wstring_view text) {
+    if (impl_->hwnd_) impl_->LoadText(text);
+}
+
+void SqlEditor::BeginReplacement() {
+    if (impl_->hwnd_) impl_->BeginReplacement();
+}
+
+// Called on the way out of whatever fails: exhausted memory leaves the editor with the text it has.
+void SqlEditor::EndReplacement() {
+    if (!impl_->hwnd_) return;
+    try {
+        impl_->EndReplacement();
+    } catch (...) {
+        impl_->editor_.Send(SCI_SETUNDOCOLLECTION, TRUE);
+        impl_->editor_.Send(SCI_EMPTYUNDOBUFFER);
+        impl_->editor_.Send(SCI_SETREADONLY, FALSE);
+    }
 }
 
 void SqlEditor::InsertText(std::wstring_view text) {

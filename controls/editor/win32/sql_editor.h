@@ -45,6 +45,12 @@ public:
     /// Replaces the whole text as one undoable step, with the caret at the start. The same text again changes
     /// nothing.
     void SetText(std::wstring_view text);
+    /// SetText for the text to begin with: in an editor that never held one, undoing ends at it.
+    void LoadText(std::wstring_view text);
+    /// Texts set between the two are one undoable step together, and none when the text ends as it began.
+    /// Meanwhile the user can change nothing.
+    void BeginReplacement();
+    void EndReplacement();
     /// Writes a text at the caret, over what is selected, as one undoable step that is reported like typing.
     void InsertText(std::wstring_view text);
     /// Colours and paints everything again.
