@@ -105,8 +105,14 @@ LRESULT dlgArbol::OnNotify(NMHDR* header) {
     return 0;
 }
 
-// The tree itself would take Ctrl+C for the beginning of a search.
+// The tree itself would take Ctrl+C for the beginning of a search; and not every tree control asks for a menu
+// on Shift+F10.
 bool dlgArbol::OnPreTranslate(const MSG& message) {
+    if (message.message == WM_SYSKEYDOWN && message.hwnd == tree_ && message.wParam == VK_F10 &&
+        GetKeyState(VK_SHIFT) < 0) {
+        ShowMenu({-1, -1});
+        return true;
+    }
     const bool copies = message.message == WM_KEYDOWN && message.hwnd == tree_ && message.wParam == 'C' &&
                         GetKeyState(VK_CONTROL) < 0;
     if (copies) GetKeyState(VK_SHIFT) < 0 ? CopyNode() : CopyTree();

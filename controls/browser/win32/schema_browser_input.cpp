@@ -189,6 +189,11 @@ LRESULT SchemaBrowser::OnTreeMessage(UINT message, WPARAM wparam, LPARAM lparam)
             if (IsKey(reinterpret_cast<const MSG*>(lparam), VK_RETURN))
                 return DefSubclassProc(tree_, message, wparam, lparam) | DLGC_WANTMESSAGE;
             break;
+        case WM_SYSKEYDOWN:
+            // Not every tree control asks for a menu by itself.
+            if (wparam != VK_F10 || GetKeyState(VK_SHIFT) >= 0) break;
+            OnContextMenu({-1, -1});
+            return 0;
         case WM_CHAR:
             // The tree would look for an item that begins with the character of Enter, and beep.
             if (wparam == VK_RETURN) return 0;
