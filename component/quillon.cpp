@@ -105,6 +105,10 @@ STDMETHODIMP Quillon::DesingQry(IDispatch** ADOCnn, BSTR* sSql, BSTR* CName, BST
 }
 
 std::optional<std::wstring> Quillon::Design(IDispatch* connection, const std::wstring& sql, BSTR* caption) {
+    // A call while the window is open, from whatever thread, changes nothing: not even the schema of the
+    // first.
+    const WindowClaim claim;
+    if (!claim.IsHeld()) return std::nullopt;
     HourglassPointer pointer;
     Step([] { ProcessPendingMessages(); });
     const ComPtr<SchemaReader> reader = win32::MakeObject<SchemaReader>();
@@ -120,8 +124,6 @@ std::optional<std::wstring> Quillon::Design(IDispatch* connection, const std::ws
 std::optional<std::wstring> Quillon::ShowDesigner(IDispatch* connection, const std::wstring& sql,
                                                   const schema::Schema& schema, const std::wstring& caption,
                                                   HourglassPointer& pointer) {
-    const WindowClaim claim;
-    if (!claim.IsHeld()) return std::nullopt;
     std::optional<std::wstring> accepted;
     {
         std::unique_ptr<ui::dlgDsn> window;

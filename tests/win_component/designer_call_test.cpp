@@ -1,6 +1,9 @@
 // DesingQry step by step, over a window that records what it is told.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <thread>
+
 #include "common/win32/dispatch.h"
 #include "component/quillon.h"
 #include "tests/support/win32/fake_ado.h"
@@ -198,6 +201,51 @@ TEST_F(DesignerCall, ASecondDesignerWhileOneIsOpenReturnsItsStatement) {
     TheWindow().during_modal = [&] { inner = Design(connection.object.Get(), L"SELECT 2").result; };
     EXPECT_EQ(Design(connection.object.Get(), L"SELECT 1").result, L"SELECT 1");
     EXPECT_EQ(inner, L"SELECT 2");
+    EXPECT_EQ(std::count(TheWindow().steps.begin(), TheWindow().steps.end(), "create"), 1);
+}
+
+TEST_F(DesignerCall, ASecondDesignerLeavesTheSchemaOfTheFirst) {
+    const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
+    const auto schema = [this] {
+        ComPtr<IDispatch> current;
+        EXPECT_EQ(quillon_->get_CurrentSchema(current.Put()), S_OK);
+        return current;
+    };
+    TheWindow().during_modal = [&] {
+        const ComPtr<IDispatch> before = schema();
+        Design(connection.object.Get(), L"SELECT 2");
+        EXPECT_EQ(schema().Get(), before.Get());
+    };
+    Design(connection.object.Get(), L"SELECT 1");
+}
+
+TEST_F(DesignerCall, ASecondDesignerInAnotherThreadReturnsItsStatement) {
+    const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
+    std::wstring other;
+    std::wstring caption = L"none";
+    TheWindow().during_modal = [&] {
+        std::thread([&] {
+            CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+            {
+                // Objects of this thread alone: nothing of the first call is shared but the window.
+                const FakeConnection own = tests::MakeConnection(Database(L"otra"));
+                const ComPtr<Quillon> quillon = win32::MakeObject<Quillon>();
+                IDispatch* object = own.object.Get();
+                BSTR sql = Bstr(L"SELECT 2").Detach();
+                BSTR name = Bstr(L"").Detach();
+                Bstr result;
+                EXPECT_EQ(quillon->DesingQry(&object, &sql, &name, result.Put()), S_OK);
+                other = result.View();
+                caption = win32::TextOf(name);
+                SysFreeString(sql);
+                SysFreeString(name);
+            }
+            CoUninitialize();
+        }).join();
+    };
+    EXPECT_EQ(Design(connection.object.Get(), L"SELECT 1").result, L"SELECT 1");
+    EXPECT_EQ(other, L"SELECT 2");
+    EXPECT_EQ(caption, L"") << "a call that opens nothing fills nothing in";
     EXPECT_EQ(std::count(TheWindow().steps.begin(), TheWindow().steps.end(), "create"), 1);
 }
 

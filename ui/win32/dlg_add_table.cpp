@@ -46,7 +46,7 @@ void dlgAddTable::Init(const schema::Schema& schema, std::wstring_view tableName
 }
 
 void dlgAddTable::Show(HWND owner) {
-    Run(owner, kTitle, {460, 480}, {300, 260});
+    Run(owner, kTitle, {460, 480}, {360, 260});
 }
 
 int dlgAddTable::DefaultButton() const {

@@ -60,8 +60,8 @@ bool dlgRelation::OnCreateControls() {
 
     RECT window{};
     GetWindowRect(Handle(), &window);
-    SetWindowPos(Handle(), nullptr, 0, 0, window.right - window.left, NeededHeight(),
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(Handle(), nullptr, 0, 0, window.right - window.left,
+                 NeededHeight(window.right - window.left), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     return true;
 }
 
@@ -94,12 +94,14 @@ int dlgRelation::Arrange(int width, bool move) {
     return top + Px(kGap) + ButtonSize(accept_).cy + Px(kMargin);
 }
 
-int dlgRelation::NeededHeight() {
+int dlgRelation::NeededHeight(int outer_width) {
     RECT client{};
     RECT window{};
     GetClientRect(Handle(), &client);
     GetWindowRect(Handle(), &window);
-    return Arrange(client.right, false) + (window.bottom - window.top) - client.bottom;
+    const int frame_width = window.right - window.left - client.right;
+    const int frame_height = window.bottom - window.top - client.bottom;
+    return Arrange(outer_width - frame_width, false) + frame_height;
 }
 
 void dlgRelation::OnLayout(SIZE client) {
@@ -115,9 +117,12 @@ void dlgRelation::OnLayout(SIZE client) {
 
 LRESULT dlgRelation::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     const LRESULT result = ModalDialog::OnMessage(message, wparam, lparam);
-    // The texts wrap, so how much height they need depends on the width.
-    if (message == WM_GETMINMAXINFO && accept_)
-        reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize.y = NeededHeight();
+    // The texts wrap, so how much height they need depends on the width that the window is about to have.
+    if (message == WM_WINDOWPOSCHANGING && accept_) {
+        auto* position = reinterpret_cast<WINDOWPOS*>(lparam);
+        if (!(position->flags & SWP_NOSIZE) && !IsIconic(Handle()))
+            position->cy = std::max(position->cy, NeededHeight(position->cx));
+    }
     return result;
 }
 

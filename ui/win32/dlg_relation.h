@@ -32,8 +32,8 @@ private:
     int TextHeight(HWND control, int width) const;
     /// Places the controls in a client area of that width; the height that they need.
     int Arrange(int width, bool move);
-    /// The outer height for the width that the window has.
-    int NeededHeight();
+    /// The outer height for that outer width.
+    int NeededHeight(int outer_width);
     int ChosenIndex() const;
 
     model::RelInfo relation_;
