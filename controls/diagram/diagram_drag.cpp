@@ -65,6 +65,17 @@ bool DiagramState::Reveal(std::wstring_view table, std::wstring_view field) {
     return true;
 }
 
+bool DiagramState::RevealRelation(int key) {
+    if (!diagram_) return false;
+    Update();
+    const Line* line = layout_.FindLine(key);
+    if (!line) return false;
+    view_.Reveal(line->bounds);
+    diagram_->SelectRelation(key);
+    host_.Repaint();
+    return true;
+}
+
 Rect DiagramState::Drawn() const {
     Rect drawn;
     for (const Box& box : layout_.Boxes()) drawn = Union(drawn, box.Frame());

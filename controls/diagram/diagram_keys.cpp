@@ -153,10 +153,7 @@ void DiagramState::StepElement(int direction) {
         RevealFocus();
         return;
     }
-    const Line& line = layout_.Lines()[static_cast<std::size_t>(at - tables)];
-    view_.Reveal(line.bounds);
-    diagram_->SelectRelation(line.key);
-    host_.Repaint();
+    RevealRelation(layout_.Lines()[static_cast<std::size_t>(at - tables)].key);
 }
 
 void DiagramState::Typed(wchar_t letter) {

@@ -49,6 +49,8 @@ public:
     void WishPlace(std::wstring_view table, Point client_px);
     /// Selects a table, or its field, and brings it into view. False when it is not there.
     bool Reveal(std::wstring_view table, std::wstring_view field);
+    /// Selects a relation and brings it into view. False when it is not there.
+    bool RevealRelation(int key);
 
     void MouseDown(Button button, Point client_px);
     void MouseMove(Point client_px);

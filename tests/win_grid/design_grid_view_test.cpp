@@ -216,20 +216,6 @@ TEST_F(GridTest, MenuKeyNamesTheFocusedColumn) {
     EXPECT_EQ(presenter_.menu_point.y, corner.y);
 }
 
-TEST_F(GridTest, AccessibleNameTellsTheFocusedCell) {
-    const auto name = [&] {
-        wchar_t text[200];
-        GetWindowTextW(view_.Handle(), text, 200);
-        return std::wstring(text);
-    };
-    FillGrid();
-    ClickCell(GridRow::Titulo, 1);
-    EXPECT_EQ(name(), L"Columnas de la consulta, columna 2, Título (Alias): Total");
-    PressKey(VK_DELETE);
-    EXPECT_TRUE(
-        frame_.WaitFor([&] { return name() == L"Columnas de la consulta, columna 2, Título (Alias): "; }));
-}
-
 TEST_F(GridTest, PaintsWithAndWithoutContents) {
     SavePicture(frame_.Handle(), "grid_empty");
     FillGrid();

@@ -24,14 +24,22 @@ void DiagramPainter::PaintRubber(const Rubber& rubber) {
     PaintEnd(path.front(), path[1], false, colours_.highlight);
 }
 
+int DiagramPainter::HintHeight(const std::wstring& text, int client_width) const {
+    if (text.empty()) return 0;
+    const int padding = win32::Scale(kHintPadding, dpi_);
+    const win32::UniqueMemoryDc dc(CreateCompatibleDC(nullptr));
+    const win32::Selected font(dc.get(), measure_row_.get());
+    RECT lines{padding, 0, client_width - padding, 0};
+    DrawTextW(dc.get(), text.c_str(), -1, &lines, DT_WORDBREAK | DT_NOPREFIX | DT_CALCRECT);
+    return lines.bottom + 2 * padding;
+}
+
 void DiagramPainter::PaintHint(const std::wstring& text) {
     if (text.empty()) return;
     const int padding = win32::Scale(kHintPadding, dpi_);
     const Size client = view_->Client();
+    const int height = HintHeight(text, client.width);
     const win32::Selected font(dc_, measure_row_.get());
-    RECT lines{padding, 0, client.width - padding, 0};
-    DrawTextW(dc_, text.c_str(), -1, &lines, DT_WORDBREAK | DT_NOPREFIX | DT_CALCRECT);
-    const int height = lines.bottom + 2 * padding;
     const RECT band{0, client.height - height, client.width, client.height};
     win32::FillSolid(dc_, band, colours_.focus);
     win32::FillSolid(dc_, {band.left, band.top, band.right, band.top + std::max(1, dpi_ / 96)},

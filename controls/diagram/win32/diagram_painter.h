@@ -33,6 +33,9 @@ public:
     int TitleWidth(std::wstring_view text) const override;
     int RowWidth(std::wstring_view text) const override;
 
+    /// The height of the line over the lower edge that tells the user what to do; 0 without a text.
+    int HintHeight(const std::wstring& text, int client_width) const;
+
     /// Paints the state into `clip`. `focused` shows where the keyboard is.
     void Paint(HDC dc, const RECT& clip, const DiagramState& state, bool focused);
     /// Paints it as `view` sees it, with neither selection nor hover nor focus: a picture to keep.

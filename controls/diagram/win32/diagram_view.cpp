@@ -7,6 +7,7 @@
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
 #include "common/win32/screen.h"
+#include "controls/diagram/diagram_accessible_texts.h"
 #include "controls/diagram/diagram_texts.h"
 
 namespace tessel::controls {
@@ -66,7 +67,7 @@ DiagramView::~DiagramView() {
 
 bool DiagramView::Create(HWND parent, int id) {
     return CreateWindowOf(
-        {L"TesselDiagram", CS_DBLCLKS}, L"",
+        {L"TesselDiagram", CS_DBLCLKS}, diagram::kDiagramName,
         WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_HSCROLL | WS_VSCROLL, 0,
         parent, id);
 }
@@ -274,6 +275,7 @@ std::wstring DiagramView::TipText() const {
 }
 
 LRESULT DiagramView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (LRESULT result = 0; accessible_.OnMessage(Handle(), message, wparam, lparam, result)) return result;
     switch (message) {
         case WM_CREATE:
             OnCreated();
@@ -304,8 +306,10 @@ LRESULT DiagramView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return DialogCode(lparam);
         case WM_KILLFOCUS:
             state_.CancelRelation();
-            [[fallthrough]];
+            InvalidateRect(Handle(), nullptr, FALSE);
+            return 0;
         case WM_SETFOCUS:
+            accessible_.ReportFocus();
             InvalidateRect(Handle(), nullptr, FALSE);
             return 0;
         case WM_LBUTTONDOWN:

@@ -4,16 +4,20 @@
 // The view shows a model::Diagram and follows its changes. Positions and the selection it writes to the model
 // itself; everything that changes the query (a tick, a drawn relation, a removal) it only reports, and shows
 // it when the model has it. Interaction is decided in diagram_state.h, geometry in diagram_layout.h; painting
-// is in diagram_painter.h.
+// is in diagram_painter.h. Assistive programs see it as diagram_accessible.h describes it.
 #pragma once
 
 #include <windows.h>
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/change_source.h"
+#include "common/win32/accessible_window.h"
 #include "common/win32/handles.h"
 #include "common/win32/window.h"
+#include "controls/diagram/diagram_accessible.h"
 #include "controls/diagram/diagram_state.h"
 #include "controls/diagram/win32/diagram_painter.h"
 #include "model/diagram.h"
@@ -56,7 +60,10 @@ public:
     }
 };
 
-class DiagramView : public win32::Window, private ChangeListener, private diagram::DiagramHost {
+class DiagramView : public win32::Window,
+                    private ChangeListener,
+                    private diagram::DiagramHost,
+                    private diagram::DiagramAccessibleHost {
 public:
     DiagramView();
     ~DiagramView() override;
@@ -130,6 +137,13 @@ private:
     void CarriedBack() override;
     void DroppedOutside(std::wstring_view table, std::wstring_view field, diagram::Point client_px) override;
 
+    // diagram_view_accessible.cpp
+    void CheckField(const std::wstring& table, const std::wstring& field, bool checked) override;
+    void OpenRelation(int key) override;
+    AccessiblePlace HintPlace() const override;
+    /// Tells assistive programs what changed since it was last called.
+    void Announce();
+
     // diagram_view_commands.cpp
     bool OnCommandKey(WPARAM key);
     void ShowPlaneMenu(POINT screen);
@@ -145,6 +159,18 @@ private:
     win32::UniqueFont button_font_;
     diagram::Hit tip_hit_;
     std::wstring tip_text_;
+
+    /// What assistive programs were told last.
+    struct Announced {
+        AccessibleId focused = kAccessibleSelf;
+        unsigned states = 0;
+        std::vector<AccessibleId> children;
+        std::wstring hint;
+    };
+    Announced announced_;
+    diagram::DiagramAccessible tree_{state_, *this};
+    win32::AccessibleWindow accessible_{tree_};
+
     int dpi_ = 0;
     int wheel_rest_ = 0;
     int wheel_rest_sideways_ = 0;

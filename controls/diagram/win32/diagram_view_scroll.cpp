@@ -28,6 +28,7 @@ void DiagramView::Refresh() {
     }
     refreshing_ = false;
     PlaceFitButton();
+    Announce();
 }
 
 void DiagramView::ShowScrollBar(int bar, int low, int high, int page, int position) {

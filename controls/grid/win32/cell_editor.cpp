@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
@@ -66,6 +67,7 @@ bool CellEditor::Open(HWND parent, HFONT font, int dpi, const RECT& place, Conte
     items_ = std::move(contents.items);
     for (const std::wstring& item : items_)
         SendMessageW(combo_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+    for (const HWND part : {combo_, edit_, list_}) win32::SetAccessibleName(part, contents.name.c_str());
     FitList();
     Place(place);
     SetText(contents.text);
@@ -309,6 +311,8 @@ LRESULT CALLBACK CellEditor::EditProcedure(HWND hwnd, UINT message, WPARAM wpara
     auto* editor = reinterpret_cast<CellEditor*>(self);
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(hwnd, EditProcedure, id);
+        for (const HWND part : {editor->combo_, editor->edit_, editor->list_})
+            win32::ClearAccessibleName(part);
         editor->combo_ = editor->edit_ = editor->list_ = nullptr;
         editor->open_ = false;
         return DefSubclassProc(hwnd, message, wparam, lparam);

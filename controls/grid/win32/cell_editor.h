@@ -38,6 +38,7 @@ public:
         std::wstring text;
         std::vector<std::wstring> items;
         bool open_list_on_typing = false;  ///< the row takes only words of its list
+        std::wstring name;                 ///< what assistive programs call the cell
     };
 
     /// Shows the editor in `parent` (created with it on first use) and gives it the focus, all text selected.

@@ -93,6 +93,7 @@ void DesignGridView::MoveColumnTo(int from, int to, bool select) {
     events_->OnGridColumnMoved(from, to);
     if (select) state_.SelectColumns(to, false);
     if (state_.Layout().EnsureVisible(state_.FocusedRow(), to)) RefreshClient();
+    Announce();
     InvalidateRect(Handle(), nullptr, FALSE);
 }
 

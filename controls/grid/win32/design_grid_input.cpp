@@ -19,6 +19,7 @@ bool IsDown(int key) {
 
 LRESULT DesignGridView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     LRESULT result = 0;
+    if (accessible_.OnMessage(Handle(), message, wparam, lparam, result)) return result;
     if (OnKeyMessage(message, wparam, lparam, result) || OnMouseMessage(message, wparam, lparam, result))
         return result;
     switch (message) {
@@ -55,6 +56,7 @@ LRESULT DesignGridView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return 0;
         case WM_SETFOCUS:
             if (editor_.IsOpen()) editor_.Focus();
+            accessible_.ReportFocus();
             InvalidateRect(Handle(), nullptr, FALSE);
             return 0;
         case WM_KILLFOCUS:

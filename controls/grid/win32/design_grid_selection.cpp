@@ -31,7 +31,9 @@ void DesignGridView::SelectColumns(int column, bool extend) {
     const bool moved = column != state_.FocusedColumn();
     state_.SelectColumns(column, extend);
     state_.Layout().EnsureVisible(state_.FocusedRow(), column);
-    moved ? ReportFocus() : RefreshClient();
+    if (moved) return ReportFocus();
+    RefreshClient();
+    Announce();
 }
 
 void DesignGridView::SelectAll() {

@@ -6,16 +6,13 @@
 #include "common/text.h"
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
+#include "controls/grid/grid_accessible_texts.h"
 
 namespace tessel::controls {
 
 namespace {
 
 using model::GridRow;
-
-// What a screen reader says: the grid, then the focused cell.
-constexpr wchar_t kGridName[] = L"Columnas de la consulta";
-constexpr wchar_t kColumnName[] = L"columna";
 
 int TextWidth(HDC dc, std::wstring_view text) {
     return static_cast<int>(win32::TextSize(dc, text).cx);
@@ -35,7 +32,7 @@ DesignGridView::~DesignGridView() {
 bool DesignGridView::Create(HWND parent, int id) {
     const win32::WindowClass window_class{L"TesselDesignGrid", CS_DBLCLKS, nullptr, IDC_ARROW};
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN | WS_HSCROLL;
-    if (!CreateWindowOf(window_class, kGridName, style, 0, parent, id)) return false;
+    if (!CreateWindowOf(window_class, GridName().c_str(), style, 0, parent, id)) return false;
     RefreshMetrics();
     return true;
 }
@@ -44,6 +41,7 @@ void DesignGridView::Bind(model::DesignGrid* grid, GridEvents* events) {
     CancelEdit();
     if (grid_) grid_->RemoveListener(this);
     grid_ = grid;
+    tree_.Bind(grid);
     events_ = events;
     if (grid_) grid_->AddListener(this);
     OnChanged();
@@ -134,23 +132,8 @@ void DesignGridView::OnChanged() {
         UpdateScrollBars();
         PlaceEditor();
     }
-    NameFocusedCell();
+    Announce();
     InvalidateRect(Handle(), nullptr, FALSE);
-}
-
-void DesignGridView::NameFocusedCell() {
-    std::wstring name = kGridName;
-    if (grid_ && state_.IsFocusShown()) {
-        name += L", ";
-        name += kColumnName;
-        name += L' ' + std::to_wstring(state_.FocusedColumn() + 1) + L", ";
-        name += model::RowCaption(state_.FocusedRow());
-        name += L' ' + FocusedText();
-    }
-    if (name == accessible_name_) return;
-    accessible_name_ = std::move(name);
-    // The window's text is its accessible name; the system announces the change.
-    SetWindowTextW(Handle(), accessible_name_.c_str());
 }
 
 void DesignGridView::OnFocusHidden() {
@@ -185,21 +168,21 @@ void DesignGridView::GoTo(GridRow row, int column) {
     const bool moved = state_.SetFocus(row, column);
     state_.CollapseSelection();
     state_.Layout().EnsureVisible(row, column);
-    if (moved)
-        ReportFocus();
-    else
-        RefreshClient();
+    if (moved) return ReportFocus();
+    RefreshClient();
+    Announce();
 }
 
 void DesignGridView::CollapseSelection() {
     if (!state_.HasBlock()) return;
     state_.CollapseSelection();
+    Announce();
     InvalidateRect(Handle(), nullptr, FALSE);
 }
 
 void DesignGridView::ReportFocus() {
     RefreshClient();
-    NameFocusedCell();
+    Announce();
     if (events_) events_->OnGridFocusMoved(state_.FocusedRow(), state_.FocusedColumn());
 }
 
@@ -223,7 +206,7 @@ bool DesignGridView::OpenEditor(const wchar_t* text) {
     edited_column_ = state_.FocusedColumn();
     if (state_.Layout().EnsureVisible(edited_row_, edited_column_)) RefreshClient();
     CellEditor::Contents contents{text ? std::wstring(text) : FocusedText(), grid_->PickList(edited_column_),
-                                  TakesOnlyWords(edited_row_)};
+                                  TakesOnlyWords(edited_row_), CellName(*grid_, edited_row_, edited_column_)};
     if (!editor_.Open(Handle(), font_.get(), dpi_, CellRect(edited_row_, edited_column_),
                       std::move(contents)))
         return false;

@@ -8,6 +8,8 @@
 // navigation are portable, in grid_layout.h and grid_state.h; the editor is in cell_editor.h, painting in
 // design_grid_paint.cpp.
 //
+// Assistive programs see it as grid_accessible.h describes it.
+//
 // Keys: arrows, Home, End, Ctrl+Home, Ctrl+End, PageUp, PageDown and Tab move, with Shift (but for Tab) they
 // select a block; Tab leaves behind the last cell, Ctrl+Tab at once. Ctrl+Space or a click on the header
 // selects the column, Ctrl+A everything; Ctrl+Shift+Left and Right, or dragging the header, move the column.
@@ -22,10 +24,13 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/change_source.h"
+#include "common/win32/accessible_window.h"
 #include "common/win32/handles.h"
 #include "common/win32/window.h"
+#include "controls/grid/grid_accessible.h"
 #include "controls/grid/grid_state.h"
 #include "controls/grid/win32/cell_editor.h"
 #include "model/design_grid.h"
@@ -51,7 +56,10 @@ public:
     virtual void OnGridContextMenu(int /*column*/, POINT /*screen*/) {}
 };
 
-class DesignGridView final : public win32::Window, private ChangeListener, private CellEditorOwner {
+class DesignGridView final : public win32::Window,
+                             private ChangeListener,
+                             private CellEditorOwner,
+                             private GridAccessibleHost {
 public:
     ~DesignGridView() override;
 
@@ -148,7 +156,6 @@ private:
     void SelectAll();
     void DragSelection(int x, int y);
     void ReportFocus();
-    void NameFocusedCell();
     void LeaveByTab(bool backwards);
     void EndResize(bool keep);
     void FitColumn(int column);
@@ -159,6 +166,15 @@ private:
     void MoveColumnTo(int from, int to, bool select);
     bool IsArrowShown() const;
     const std::wstring& FocusedText() const;
+
+    // design_grid_accessible.cpp
+    bool IsListShownOn(model::GridRow row, int column) const override;
+    void GoToCell(model::GridRow row, int column, bool extend) override;
+    void GoToColumn(int column) override;
+    void EditCell(model::GridRow row, int column) override;
+    void WriteCell(model::GridRow row, int column, const std::wstring& text) override;
+    /// Tells assistive programs what changed since it was last called.
+    void Announce();
 
     void OnPaint();
     void PaintHeaderItem(HDC dc, const GridColours& colours, const GridRect& rect, int column);
@@ -180,7 +196,20 @@ private:
     bool selecting_ = false;  ///< a block is being drawn with the mouse
     int dpi_ = 96;
     int wheel_rest_ = 0;
-    std::wstring accessible_name_;
+
+    /// What assistive programs were told last.
+    struct Announced {
+        AccessibleId cell = kAccessibleSelf;
+        std::wstring name;
+        std::wstring value;
+        bool checked = false;
+        model::CellRange selection;
+        std::vector<int> columns;
+    };
+    Announced announced_;
+    GridAccessible tree_{state_, *this};
+    win32::AccessibleWindow accessible_{tree_};
+
     win32::UniqueFont font_;
     win32::UniqueFont bold_font_;
     UniqueTheme header_theme_;

@@ -48,6 +48,10 @@ void SplitterBar::SetPanes(HWND first, HWND second) {
     Layout();
 }
 
+void SplitterBar::SetName(const std::wstring& name) {
+    bar_.SetName(name);
+}
+
 void SplitterBar::SetPosition(int px_at_96dpi) {
     default_position_ = px_at_96dpi;
     state_.SetPosition(Scaled(px_at_96dpi));
@@ -86,6 +90,7 @@ void SplitterBar::Moved(bool moved) {
     Layout();
     // Live layout: the panes show their new size while the pointer moves.
     UpdateWindow(Handle());
+    bar_.ReportMoved();
 }
 
 void SplitterBar::RestoreDefault() {

@@ -13,7 +13,11 @@
 
 #include <windows.h>
 
+#include <string>
+
+#include "common/win32/accessible_window.h"
 #include "common/win32/window.h"
+#include "controls/splitter/splitter_accessible.h"
 #include "controls/splitter/splitter_state.h"
 
 namespace tessel::controls {
@@ -33,6 +37,8 @@ public:
     bool Create(HWND parent, int id, Orientation orientation, SplitterEvents* events);
     /// Takes two windows in as panes. Either may be nullptr. They are not owned.
     void SetPanes(HWND first, HWND second);
+    /// What assistive programs call the bar.
+    void SetName(const std::wstring& name);
     /// Gives the first pane that size; a double click on the bar returns to it.
     void SetPosition(int px_at_96dpi);
     /// The first pane's size.
@@ -51,8 +57,11 @@ private:
     /// itself.
     class Bar final : public win32::Window {
     public:
-        explicit Bar(SplitterBar& owner) : owner_(owner) {}
+        explicit Bar(SplitterBar& owner) : owner_(owner), tree_(owner.state_) {}
         bool Create(Orientation orientation);
+        void SetName(const std::wstring& name);
+        /// Tells assistive programs that the bar has moved.
+        void ReportMoved() { accessible_.Report(EVENT_OBJECT_VALUECHANGE); }
 
     private:
         LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
@@ -64,6 +73,8 @@ private:
         void ReturnFocus();
 
         SplitterBar& owner_;
+        SplitterAccessible tree_;
+        win32::AccessibleWindow accessible_{tree_};
         HWND focus_before_drag_ = nullptr;
         bool hot_ = false;
     };

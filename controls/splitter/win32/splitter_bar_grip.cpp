@@ -9,8 +9,7 @@ namespace tessel::controls {
 
 namespace {
 
-constexpr wchar_t kBarName[] = L"Divisor";  ///< what a screen reader says
-constexpr int kKeyboardStep = 8;            ///< at 96 dpi
+constexpr int kKeyboardStep = 8;  ///< at 96 dpi
 constexpr int kGripDots = 5;
 
 }  // namespace
@@ -19,7 +18,12 @@ bool SplitterBar::Bar::Create(Orientation orientation) {
     const bool upright = orientation == Orientation::SideBySide;
     const win32::WindowClass window_class{upright ? L"TesselSplitterGripV" : L"TesselSplitterGripH",
                                           CS_DBLCLKS, nullptr, upright ? IDC_SIZEWE : IDC_SIZENS};
-    return CreateWindowOf(window_class, kBarName, WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, owner_.Handle(), 0);
+    return CreateWindowOf(window_class, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, owner_.Handle(), 0);
+}
+
+void SplitterBar::Bar::SetName(const std::wstring& name) {
+    tree_.SetName(name);
+    accessible_.Report(EVENT_OBJECT_NAMECHANGE);
 }
 
 int SplitterBar::Bar::AlongAxis(LPARAM lparam) const {
@@ -106,6 +110,7 @@ void SplitterBar::Bar::OnPaint() {
 }
 
 LRESULT SplitterBar::Bar::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (LRESULT result = 0; accessible_.OnMessage(Handle(), message, wparam, lparam, result)) return result;
     switch (message) {
         case WM_LBUTTONDOWN:
             OnButtonDown(lparam);
@@ -141,6 +146,8 @@ LRESULT SplitterBar::Bar::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) 
             if (OnKeyDown(wparam)) return 0;
             break;
         case WM_SETFOCUS:
+            accessible_.ReportFocus();
+            [[fallthrough]];
         case WM_KILLFOCUS:
         case WM_SIZE:
             InvalidateRect(Handle(), nullptr, FALSE);
