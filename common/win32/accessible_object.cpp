@@ -108,7 +108,8 @@ STDMETHODIMP AccessibleObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPP
 std::vector<HWND> AccessibleObject::ChildWindows() const {
     std::vector<HWND> windows;
     if (id_ != kAccessibleSelf) return windows;
-    for (HWND child = ::GetWindow(connection_->hwnd, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT))
+    for (HWND child = ::GetWindow(connection_->hwnd, GW_CHILD); child;
+         child = ::GetWindow(child, GW_HWNDNEXT))
         if (IsWindowVisible(child)) windows.push_back(child);
     return windows;
 }

@@ -85,7 +85,8 @@ private:
     HRESULT Alive() const;
     /// The element that `child` means: this one, a child by its place from 1, or any by its number.
     HRESULT Resolve(const VARIANT& child, AccessibleId* id) const;
-    HRESULT TextOfElement(const VARIANT& child, BSTR* text, std::wstring (*read)(AccessibleTree&, AccessibleId)) const;
+    HRESULT TextOfElement(const VARIANT& child, BSTR* text,
+                          std::wstring (*read)(AccessibleTree&, AccessibleId)) const;
     HRESULT TypeInfo(ComPtr<ITypeInfo>* info) const;
     std::vector<HWND> ChildWindows() const;
     std::size_t ChildTotal() const;

@@ -1,4 +1,5 @@
-// What an element is and what can be done with it; how elements lie in one another is in accessible_object.cpp.
+// What an element is and what can be done with it; how elements lie in one another is in
+// accessible_object.cpp.
 #include <algorithm>
 #include <string>
 

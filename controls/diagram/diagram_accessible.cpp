@@ -152,9 +152,12 @@ std::vector<AccessibleId> DiagramAccessible::ChildrenOf(AccessibleId id) const {
 AccessibleId DiagramAccessible::Beside(AccessibleId id, AccessibleDirection direction) const {
     const Part part = PartOf(id);
     if (part.table < 0) return id;
-    const int down = direction == AccessibleDirection::Down ? 1 : direction == AccessibleDirection::Up ? -1 : 0;
-    const int right =
-        direction == AccessibleDirection::Right ? 1 : direction == AccessibleDirection::Left ? -1 : 0;
+    const int down = direction == AccessibleDirection::Down ? 1
+                     : direction == AccessibleDirection::Up ? -1
+                                                            : 0;
+    const int right = direction == AccessibleDirection::Right  ? 1
+                      : direction == AccessibleDirection::Left ? -1
+                                                               : 0;
     if (part.kind == Kind::Field && down != 0) {
         const int row = part.row + down;
         const model::DiagramTable& table = TableAt(part.table);

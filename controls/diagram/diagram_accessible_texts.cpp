@@ -35,8 +35,8 @@ std::wstring RelationName(const model::RelInfo& relation) {
     const wchar_t* kind = L"combinación interna";
     if (relation.JType == model::kLeftJoin) kind = L"combinación izquierda";
     if (relation.JType == model::kRightJoin) kind = L"combinación derecha";
-    return L"Relación: " + relation.LeftTable + L"." + relation.LeftField + L" = " + relation.RightTable + L"." +
-           relation.RightField + L", " + kind;
+    return L"Relación: " + relation.LeftTable + L"." + relation.LeftField + L" = " + relation.RightTable +
+           L"." + relation.RightField + L", " + kind;
 }
 
 }  // namespace tessel::controls::diagram

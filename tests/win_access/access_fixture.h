@@ -23,7 +23,7 @@ protected:
 };
 
 inline constexpr wchar_t kCustomersAndOrders[] =
-    L"SELECT Clientes.Nombre, Sum(Pedidos.Importe) AS Total FROM (Clientes LEFT JOIN Pedidos ON "
-    L"Clientes.IdCliente = Pedidos.IdCliente) WHERE (Clientes.Pais = 'España') GROUP BY Clientes.Nombre";
+    L"SELECT Clientes.Nombre, Pedidos.Importe AS Total FROM (Clientes LEFT JOIN Pedidos ON "
+    L"Clientes.IdCliente = Pedidos.IdCliente) WHERE (Clientes.Pais = 'España')";
 
 }  // namespace tessel::testing

@@ -52,7 +52,8 @@ bool Contains(const AccessibleItem& item, const ComPtr<IAccessible>& object) {
     return false;
 }
 
-void ExpectChildInPlace(const AccessibleItem& root, const AccessibleItem& parent, const AccessibleItem& child) {
+void ExpectChildInPlace(const AccessibleItem& root, const AccessibleItem& parent,
+                        const AccessibleItem& child) {
     ComPtr<IDispatch> above;
     EXPECT_EQ(child.object->get_accParent(above.Put()), S_OK) << Named(child);
     EXPECT_TRUE(IsSameObject(above.As<IAccessible>(), parent.object)) << Named(child);

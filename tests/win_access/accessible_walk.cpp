@@ -112,7 +112,8 @@ VARIANT ChildSelf() {
 
 ComPtr<IAccessible> AccessibleOf(HWND hwnd) {
     ComPtr<IAccessible> object;
-    AccessibleObjectFromWindow(hwnd, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), object.PutVoid());
+    AccessibleObjectFromWindow(hwnd, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                               object.PutVoid());
     return object;
 }
 

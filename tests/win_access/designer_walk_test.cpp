@@ -41,9 +41,10 @@ TEST_F(DesignerWalkTest, ACellIsNamedByItsRowItsColumnAndItsField) {
         const AccessibleItem* item = FindAccessible(tree, name);
         return item ? ToUtf8(PrintAccessible(*item)) : std::string();
     };
-    EXPECT_EQ(line(L"Campo, columna 1"), "cell \"Campo, columna 1\" = \"Clientes.Nombre\" selected focused collapsed\n");
+    EXPECT_EQ(line(L"Campo, columna 1"),
+              "cell \"Campo, columna 1\" = \"Clientes.Nombre\" selected focused collapsed\n");
     EXPECT_EQ(line(L"Condición, columna 3, Clientes.Pais"),
-              "cell \"Condición, columna 3, Clientes.Pais\" = \"'España'\"\n");
+              "cell \"Condición, columna 3, Clientes.Pais\" = \"= 'España'\"\n");
     EXPECT_EQ(line(L"Visible, columna 1, Clientes.Nombre"),
               "check button \"Visible, columna 1, Clientes.Nombre\" = \"Si\" checked\n");
     EXPECT_EQ(line(L"Visible, columna 3, Clientes.Pais"),

@@ -120,8 +120,8 @@ std::wstring RecordedNames::Of(HWND hwnd) {
 }
 
 std::size_t RecordedNames::Count() {
-    return static_cast<std::size_t>(
-        std::count_if(g_names.begin(), g_names.end(), [](const auto& entry) { return !entry.second.empty(); }));
+    return static_cast<std::size_t>(std::count_if(g_names.begin(), g_names.end(),
+                                                  [](const auto& entry) { return !entry.second.empty(); }));
 }
 
 }  // namespace tessel::testing

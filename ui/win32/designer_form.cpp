@@ -7,10 +7,12 @@
 #include <algorithm>
 #include <vector>
 
+#include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
 #include "common/win32/screen.h"
+#include "ui/accessible_names.h"
 #include "ui/designer_layout.h"
 #include "ui/dlg_dsn_texts.h"
 #include "ui/win32/rect_area.h"
@@ -112,11 +114,14 @@ bool DesignerForm::CreateControls(const Listeners& listeners) {
     main_splitter_.SetPanes(browser_splitter_.Handle(), strip_.Handle());
     main_splitter_.SetMinimums(kSplitterMinimum, 4 * kSplitterMinimum);
     main_splitter_.SetPosition(kBrowserWidth);
+    main_splitter_.SetName(accessible_names::kMainSplitter);
+    browser_splitter_.SetName(accessible_names::kBrowserSplitter);
 
     tabs_ = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP, 0,
                             0, 0, 0, strip_.Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdTabs)),
                             module, nullptr);
     if (!tabs_) return false;
+    win32::SetAccessibleName(tabs_, accessible_names::kTabs);
     const wchar_t* const captions[] = {texts::kDesignTab, texts::kSqlTab};
     for (int i = 0; i < 2; ++i) {
         TCITEMW item{};
@@ -142,6 +147,7 @@ bool DesignerForm::CreateControls(const Listeners& listeners) {
         !editor_.Create(sql_page_.Handle(), kIdEditor, win32::ModuleFolder() + L"SQL.ini", listeners.editor))
         return false;
     page_splitter_.SetPanes(diagram_.Handle(), design_pane_.Handle());
+    page_splitter_.SetName(accessible_names::kPageSplitter);
     page_splitter_.SetMinimums(kSplitterMinimum, kSplitterMinimum);
     // lblNo lies under the grid and its buttons.
     SetWindowPos(reason_.Handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <optional>
 
-#include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
 #include "common/win32/module.h"
 #include "common/win32/screen.h"
 #include "controls/editor/editor_text.h"
+#include "controls/editor/win32/editor_accessible.h"
 #include "controls/editor/win32/editor_looks.h"
 #include "controls/editor/win32/editor_menu.h"
 #include "controls/editor/win32/scintilla_calls.h"
@@ -78,6 +78,7 @@ public:
 
     HWND hwnd_ = nullptr;
     ScintillaCalls editor_;
+    EditorAccessible accessible_;
     ColouringDefinition definition_;
     SqlEditorEvents* events_ = nullptr;
     int dpi_ = 96;
@@ -108,7 +109,7 @@ bool SqlEditor::Impl::Create(HWND parent, int id, const std::wstring& ini_path, 
         editor_ = {};
         return false;
     }
-    win32::SetAccessibleName(hwnd_, kAccessibleName);
+    accessible_.Attach(hwnd_, kAccessibleName);
     SetOptions();
     ApplyDpi(win32::DpiOf(hwnd_));
     return true;
@@ -218,6 +219,7 @@ bool SqlEditor::Impl::HandleNotify(const SCNotification& notification) {
             break;
         case SCN_MODIFIED:
             if (notification.linesAdded != 0) FitNumberMargin(editor_, dpi_);
+            NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, hwnd_, OBJID_CLIENT, CHILDID_SELF);
             if (events_ && !setting_text_) events_->OnEditorTextChanged();
             break;
         default:
@@ -290,7 +292,6 @@ void SqlEditor::Impl::MoveFocus(bool back) const {
 }
 
 void SqlEditor::Impl::OnDestroyed() {
-    win32::ClearAccessibleName(hwnd_);
     RemoveWindowSubclass(hwnd_, Procedure, kSubclassId);
     hwnd_ = nullptr;
     editor_ = {};

@@ -1,4 +1,5 @@
-// The design grid's side of its description for assistive programs: what they ask for, and what they are told.
+// The design grid's side of its description for assistive programs: what they ask for, and what they are
+// told.
 #include "controls/grid/grid_accessible_texts.h"
 #include "controls/grid/win32/design_grid_view.h"
 
@@ -37,8 +38,8 @@ void DesignGridView::Announce() {
     if (now.cell != kAccessibleSelf) {
         now.name = CellName(*grid_, state_.FocusedRow(), state_.FocusedColumn());
         now.value = FocusedText();
-        now.checked =
-            state_.FocusedRow() == GridRow::Visible && GridAccessible::IsChecked(*grid_, state_.FocusedColumn());
+        now.checked = state_.FocusedRow() == GridRow::Visible &&
+                      GridAccessible::IsChecked(*grid_, state_.FocusedColumn());
         now.selection = state_.Selection();
     }
     const Announced before = std::exchange(announced_, now);
