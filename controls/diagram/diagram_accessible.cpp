@@ -1,5 +1,7 @@
 #include "controls/diagram/diagram_accessible.h"
 
+#include <limits>
+
 #include "common/identifiers.h"
 #include "controls/diagram/diagram_accessible_texts.h"
 
@@ -35,7 +37,7 @@ const model::DiagramTable& DiagramAccessible::TableAt(int index) const {
 
 DiagramAccessible::Part DiagramAccessible::PartOf(AccessibleId id) const {
     if (id == kAccessibleSelf) return {Kind::Diagram};
-    if (id > 0 || !state_.Model()) return {};
+    if (id > 0 || id == std::numeric_limits<AccessibleId>::min() || !state_.Model()) return {};
     state_.Update();
     if (id == kHintId) return {state_.RelatingHint().empty() ? Kind::None : Kind::Hint};
     const int number = -id;

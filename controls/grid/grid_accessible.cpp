@@ -1,6 +1,7 @@
 #include "controls/grid/grid_accessible.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "common/text.h"
 #include "controls/grid/grid_accessible_texts.h"
@@ -50,7 +51,7 @@ AccessibleId GridAccessible::CaptionId(GridRow row) {
 
 GridAccessible::Part GridAccessible::PartOf(AccessibleId id) const {
     if (id == kAccessibleSelf) return {Kind::Grid};
-    if (id > 0 || !grid_) return {};
+    if (id > 0 || id == std::numeric_limits<AccessibleId>::min() || !grid_) return {};
     if (id == kHeadersId) return {Kind::Headers};
     const int number = -id;
     const auto column_of = [&](int column) { return state_.Layout().IndexOf(column) >= 0; };
