@@ -11,7 +11,7 @@ using win32::UniqueVariant;
 
 namespace {
 
-constexpr std::size_t kPieceBytes = 32768;
+constexpr std::size_t kPieceBytes = 8192;
 constexpr double kSecondsPerDay = 86400.0;
 constexpr double kNanosecondsPerSecond = 1e9;
 
@@ -19,12 +19,14 @@ constexpr double kNanosecondsPerSecond = 1e9;
 Status ReadPieces(Statement& statement, int number, SQLSMALLINT c_type, std::size_t terminator,
                   std::string* bytes, bool* is_null) {
     *is_null = false;
-    std::string piece(kPieceBytes, '\0');
+    // Most values fit into one piece, which is neither cleared nor taken from the heap: there are millions of
+    // them.
+    alignas(SQLWCHAR) char piece[kPieceBytes];
     const std::size_t room = kPieceBytes - terminator;
     for (;;) {
         SQLLEN length = 0;
         const SQLRETURN result = SQLGetData(statement.Handle(), static_cast<SQLUSMALLINT>(number), c_type,
-                                            piece.data(), static_cast<SQLLEN>(piece.size()), &length);
+                                            piece, static_cast<SQLLEN>(kPieceBytes), &length);
         if (result == SQL_NO_DATA) return {};
         if (!SQL_SUCCEEDED(result)) return statement.Check(result);
         if (length == SQL_NULL_DATA) {
@@ -32,7 +34,7 @@ Status ReadPieces(Statement& statement, int number, SQLSMALLINT c_type, std::siz
             return {};
         }
         const bool is_full = length == SQL_NO_TOTAL || static_cast<std::size_t>(length) > room;
-        bytes->append(piece.data(), is_full ? room : static_cast<std::size_t>(length));
+        bytes->append(piece, is_full ? room : static_cast<std::size_t>(length));
         if (!is_full || result == SQL_SUCCESS) return {};
     }
 }
@@ -71,26 +73,8 @@ Status ReadDecimal(Statement& statement, int number, UniqueVariant* target) {
     std::wstring text;
     bool is_null = false;
     Status read = ReadText(statement, number, &text, &is_null);
-    if (!read || is_null) return read;
-    DECIMAL decimal{};
-    if (DecimalFromText(text, &decimal)) {
-        target->Address()->decVal = decimal;
-        target->Address()->vt = VT_DECIMAL;
-        return {};
-    }
-    // A number with an exponent goes through a double, and stays one when a decimal cannot hold it; what is
-    // no number at all keeps its text.
-    wchar_t* end = nullptr;
-    const double value = std::wcstod(text.c_str(), &end);
-    if (end == text.c_str() || *end != 0 || !std::isfinite(value)) {
-        *target = UniqueVariant(std::wstring_view(text));
-    } else if (SUCCEEDED(VarDecFromR8(value, &decimal))) {
-        target->Address()->decVal = decimal;
-        target->Address()->vt = VT_DECIMAL;
-    } else {
-        *target = UniqueVariant(value);
-    }
-    return {};
+    if (read && !is_null) *target = DecimalValue(text);
+    return read;
 }
 
 Status ReadDate(Statement& statement, int number, AdoType type, UniqueVariant* target) {
@@ -105,11 +89,8 @@ Status ReadDate(Statement& statement, int number, AdoType type, UniqueVariant* t
         return {};
     }
     Status read = ReadFixed(statement, number, SQL_C_TYPE_TIMESTAMP, &stamp, &is_null);
-    if (!read || is_null) return read;
-    DATE date = 0;
-    // A date outside the range of automation (the year 0) has no value there.
-    if (DateFrom(stamp, &date)) *target = UniqueVariant::Date(date);
-    return {};
+    if (read && !is_null) *target = DateValue(stamp);
+    return read;
 }
 
 Status ReadBytes(Statement& statement, int number, UniqueVariant* target) {
@@ -148,6 +129,29 @@ Status ReadInteger(Statement& statement, int number, UniqueVariant* target) {
 }
 
 }  // namespace
+
+// A number with an exponent goes through a double, and stays one when a decimal cannot hold it; what is no
+// number at all keeps its text.
+UniqueVariant DecimalValue(std::wstring_view text) {
+    DECIMAL decimal{};
+    if (!DecimalFromText(text, &decimal)) {
+        const std::wstring terminated(text);
+        wchar_t* end = nullptr;
+        const double value = std::wcstod(terminated.c_str(), &end);
+        if (end == terminated.c_str() || *end != 0 || !std::isfinite(value)) return UniqueVariant(text);
+        if (FAILED(VarDecFromR8(value, &decimal))) return UniqueVariant(value);
+    }
+    UniqueVariant result;
+    result.Address()->decVal = decimal;
+    result.Address()->vt = VT_DECIMAL;
+    return result;
+}
+
+// A date outside the range of automation (the year 0) has no value there.
+UniqueVariant DateValue(const SQL_TIMESTAMP_STRUCT& stamp) {
+    DATE date = 0;
+    return DateFrom(stamp, &date) ? UniqueVariant::Date(date) : UniqueVariant::Null();
+}
 
 Status ReadCell(Statement& statement, int number, const Column& column, UniqueVariant* target) {
     *target = UniqueVariant::Null();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "hostkit/ado/cell.h"
+#include "hostkit/ado/row_reader.h"
 
 namespace tessel::ado {
 
@@ -22,9 +23,7 @@ Status ReadRow(Statement& statement, const ColumnList& columns, std::vector<Uniq
 class StaticCursor final : public Cursor {
 public:
     StaticCursor(std::shared_ptr<const RowSet> rows, std::shared_ptr<Session> session)
-        : Cursor(rows->columns), rows_(std::move(rows)), session_(std::move(session)) {
-        Stand(0);
-    }
+        : Cursor(rows->columns), rows_(std::move(rows)), session_(std::move(session)) {}
 
     bool IsOpen() const override { return session_->IsOpen(); }
     bool AtBegin() const override { return at_ < 0 || Size() == 0; }
@@ -40,23 +39,22 @@ public:
     Status MoveBy(long count) override {
         if ((count > 0 && AtEnd()) || (count < 0 && AtBegin())) return AdoError::NoCurrentRecord;
         const long long wanted = static_cast<long long>(at_) + count;
-        Stand(static_cast<long>(std::clamp<long long>(wanted, -1, Size())));
+        at_ = static_cast<long>(std::clamp<long long>(wanted, -1, Size()));
         return {};
     }
     Status GoTo(long position) override {
         if (Size() == 0) return AdoError::NoCurrentRecord;
         if (position < 1 || position > Size()) return AdoError::BadArgument;
-        Stand(position - 1);
+        at_ = position - 1;
         return {};
+    }
+
+    UniqueVariant Cell(std::size_t column) const override {
+        return rows_->rows.Cell(static_cast<std::size_t>(at_), column);
     }
 
 private:
     long Size() const { return static_cast<long>(rows_->rows.RowCount()); }
-    void Stand(long index) {
-        at_ = index;
-        row_.clear();
-        if (at_ >= 0 && at_ < Size()) row_ = rows_->rows.Row(static_cast<std::size_t>(at_), columns_->size());
-    }
 
     std::shared_ptr<const RowSet> rows_;
     std::shared_ptr<Session> session_;
@@ -92,6 +90,9 @@ public:
         return {};
     }
     Status GoTo(long) override { return AdoError::NotSupported; }
+    UniqueVariant Cell(std::size_t column) const override {
+        return UniqueVariant::CopyOf(row_[column].Get());
+    }
 
     Status Fetch() {
         bool fetched = false;
@@ -105,6 +106,7 @@ public:
 private:
     std::unique_ptr<Statement> statement_;
     std::wstring sql_;
+    std::vector<UniqueVariant> row_;
     long long fetched_ = 0;
     bool at_end_ = false;
 };
@@ -126,12 +128,11 @@ Status MakeForwardCursor(std::unique_ptr<Statement> statement, SharedColumns col
 
 Status ReadAllRows(Statement& statement, const SharedColumns& columns, RowSet* target) {
     target->columns = columns;
-    std::vector<UniqueVariant> row;
+    RowReader reader(statement, *columns);
     for (;;) {
         bool fetched = false;
-        if (Status done = statement.Fetch(&fetched); !done || !fetched) return done;
-        if (Status read = ReadRow(statement, *columns, &row); !read) return read;
-        target->rows.Add(row);
+        if (Status done = reader.Fetch(&fetched); !done || !fetched) return done;
+        if (Status stored = reader.Store(&target->rows); !stored) return stored;
     }
 }
 

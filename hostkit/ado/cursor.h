@@ -35,14 +35,13 @@ public:
     virtual Status MoveBy(long count) = 0;
     virtual Status GoTo(long position) = 0;
 
-    /// The values of the current row; only when neither AtBegin() nor AtEnd().
-    const std::vector<win32::UniqueVariant>& Row() const { return row_; }
+    /// A value of the current row; only when neither AtBegin() nor AtEnd().
+    virtual win32::UniqueVariant Cell(std::size_t column) const = 0;
 
 protected:
     explicit Cursor(SharedColumns columns) : columns_(std::move(columns)) {}
 
     SharedColumns columns_;
-    std::vector<win32::UniqueVariant> row_;
 };
 
 /// A cursor over rows in memory, standing on the first one. It lives as long as `session` is open.

@@ -124,8 +124,9 @@ STDMETHODIMP DispatchObject::GetTypeInfo(UINT, LCID, ITypeInfo** info) {
 STDMETHODIMP DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
     if (!names || !ids || count == 0) return E_INVALIDARG;
     for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
+    // Not the system's comparison, which goes through the user's language and takes a microsecond a member.
     for (const Member& member : Members())
-        if (lstrcmpiW(member.name, names[0]) == 0) ids[0] = member.id;
+        if (SameIgnoringCase(member.name, names[0])) ids[0] = member.id;
     // Only members have names here; arguments go by their place.
     return count == 1 && ids[0] != DISPID_UNKNOWN ? S_OK : DISP_E_UNKNOWNNAME;
 }

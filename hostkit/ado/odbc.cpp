@@ -178,6 +178,15 @@ long Statement::RowsAffected() const {
     return SQL_SUCCEEDED(SQLRowCount(handle_, &rows)) ? static_cast<long>(rows) : -1;
 }
 
+bool Statement::MixesBoundColumns() const {
+    SQLUINTEGER extensions = 0;
+    constexpr SQLUINTEGER kWanted = SQL_GD_ANY_COLUMN | SQL_GD_ANY_ORDER | SQL_GD_BOUND;
+    const SQLRETURN asked = IsOpen() ? SQLGetInfoW(session_->connection_, SQL_GETDATA_EXTENSIONS, &extensions,
+                                                   sizeof extensions, nullptr)
+                                     : SQL_ERROR;
+    return SQL_SUCCEEDED(asked) && (extensions & kWanted) == kWanted;
+}
+
 Status Statement::Fetch(bool* fetched) {
     *fetched = false;
     if (!IsOpen()) return AdoError::ObjectClosed;

@@ -72,6 +72,8 @@ public:
     Status ColumnCount(int* count);
     /// Rows changed by the statement, or -1.
     long RowsAffected() const;
+    /// Whether the driver lets columns be asked for by value in any order, bound ones too.
+    bool MixesBoundColumns() const;
     /// Fetches the next row; `fetched` is false after the last one.
     Status Fetch(bool* fetched);
     /// The Status of a call on this handle, with its diagnostics when it failed.

@@ -87,7 +87,7 @@ Status Recordset::GetColumns(const ColumnList** columns) const {
 Status Recordset::CellValue(std::size_t column, UniqueVariant* result) const {
     if (!IsOpen()) return AdoError::ObjectClosed;
     if (cursor_->AtBegin() || cursor_->AtEnd()) return AdoError::NoCurrentRecord;
-    *result = UniqueVariant::CopyOf(cursor_->Row()[column].Get());
+    *result = cursor_->Cell(column);
     return {};
 }
 
@@ -272,8 +272,7 @@ Status Recordset::GetRows(const Invocation& call, UniqueVariant* result) {
     std::vector<UniqueVariant> cells;
     ULONG rows = 0;
     for (; (wanted < 0 || rows < static_cast<ULONG>(wanted)) && !cursor_->AtEnd(); ++rows) {
-        for (const std::size_t column : selected)
-            cells.push_back(UniqueVariant::CopyOf(cursor_->Row()[column].Get()));
+        for (const std::size_t column : selected) cells.push_back(cursor_->Cell(column));
         if (Status moved = cursor_->MoveBy(1); !moved) return moved;
     }
     // The left index is the field and varies fastest, so the cells already lie in the array's own order.

@@ -1,7 +1,9 @@
 #include "hostkit/ado/row_storage.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <new>
 
 namespace tessel::ado {
 
@@ -32,80 +34,99 @@ std::size_t FixedBytes(VARTYPE type) {
 }
 
 constexpr unsigned char kBytesTag = 0xFF;
+constexpr std::size_t kBlockBytes = std::size_t{1} << 20;
+
+/// The bytes that a value takes behind its tag.
+std::size_t BytesBehind(unsigned char tag, const unsigned char* value) {
+    if (tag != VT_BSTR && tag != kBytesTag) return FixedBytes(tag);
+    std::uint32_t count = 0;
+    memcpy(&count, value, sizeof count);
+    return sizeof count + count;
+}
+
+UniqueVariant ArrayOf(const unsigned char* bytes, std::uint32_t count) {
+    UniqueVariant value;
+    SAFEARRAY* array = SafeArrayCreateVector(VT_UI1, 0, count);
+    if (!array) throw std::bad_alloc();
+    memcpy(array->pvData, bytes, count);
+    value.Address()->parray = array;
+    value.Address()->vt = VT_ARRAY | VT_UI1;
+    return value;
+}
+
+UniqueVariant TextOf(const unsigned char* bytes, std::uint32_t count) {
+    UniqueVariant value;
+    // Takes the number of bytes, which need not lie at an even address.
+    value.Address()->bstrVal = SysAllocStringByteLen(reinterpret_cast<const char*>(bytes), count);
+    if (!value.Get().bstrVal) throw std::bad_alloc();
+    value.Address()->vt = VT_BSTR;
+    return value;
+}
 
 }  // namespace
 
 void RowStorage::AppendBytes(const void* bytes, std::size_t count) {
     const auto* first = static_cast<const unsigned char*>(bytes);
-    bytes_.insert(bytes_.end(), first, first + count);
+    row_.insert(row_.end(), first, first + count);
+}
+
+void RowStorage::AppendText(std::wstring_view text) {
+    const auto bytes = static_cast<std::uint32_t>(text.size() * sizeof(wchar_t));
+    row_.push_back(static_cast<unsigned char>(VT_BSTR));
+    AppendBytes(&bytes, sizeof bytes);
+    AppendBytes(text.data(), bytes);
 }
 
 void RowStorage::Append(const VARIANT& value) {
     if (value.vt == VT_BSTR) {
-        const std::uint32_t bytes = SysStringByteLen(value.bstrVal);
-        bytes_.push_back(static_cast<unsigned char>(VT_BSTR));
-        AppendBytes(&bytes, sizeof bytes);
-        AppendBytes(value.bstrVal, bytes);
+        AppendText(win32::TextOf(value.bstrVal));
     } else if (value.vt == (VT_ARRAY | VT_UI1)) {
         const std::uint32_t bytes = value.parray->rgsabound[0].cElements;
-        bytes_.push_back(kBytesTag);
+        row_.push_back(kBytesTag);
         AppendBytes(&bytes, sizeof bytes);
         AppendBytes(value.parray->pvData, bytes);
     } else if (const std::size_t count = FixedBytes(value.vt); count > 0) {
-        bytes_.push_back(static_cast<unsigned char>(value.vt));
+        row_.push_back(static_cast<unsigned char>(value.vt));
         if (value.vt == VT_DECIMAL)
             AppendBytes(&value.decVal, count);
         else
             AppendBytes(&value.llVal, count);
     } else {
-        bytes_.push_back(static_cast<unsigned char>(VT_NULL));
+        AppendNull();
     }
 }
 
-void RowStorage::Add(const std::vector<UniqueVariant>& row) {
-    starts_.push_back(bytes_.size());
-    for (const UniqueVariant& value : row) Append(value.Get());
+void RowStorage::EndRow() {
+    if (row_.size() > room_) {
+        room_ = std::max(kBlockBytes, row_.size());
+        blocks_.emplace_back(new unsigned char[room_]);
+        free_ = blocks_.back().get();
+    }
+    memcpy(free_, row_.data(), row_.size());
+    starts_.push_back(free_);
+    free_ += row_.size();
+    room_ -= row_.size();
+    row_.clear();
 }
 
-UniqueVariant RowStorage::Read(std::size_t* at) const {
-    const unsigned char tag = bytes_[(*at)++];
+UniqueVariant RowStorage::Cell(std::size_t row, std::size_t column) const {
+    const unsigned char* at = starts_[row];
+    for (; column > 0; --column) at += 1 + BytesBehind(*at, at + 1);
+    const unsigned char tag = *at++;
     if (tag == VT_NULL) return UniqueVariant::Null();
-    UniqueVariant value;
     if (tag == VT_BSTR || tag == kBytesTag) {
         std::uint32_t count = 0;
-        memcpy(&count, &bytes_[*at], sizeof count);
-        *at += sizeof count;
-        // The end of the storage may be reached by an empty text: no element is addressed then.
-        const unsigned char* first = bytes_.data() + *at;
-        *at += count;
-        if (tag == VT_BSTR) {
-            std::wstring text(count / sizeof(wchar_t), L'\0');
-            memcpy(text.data(), first, count);
-            return UniqueVariant(std::wstring_view(text));
-        }
-        SAFEARRAY* array = SafeArrayCreateVector(VT_UI1, 0, count);
-        if (!array) throw std::bad_alloc();
-        memcpy(array->pvData, first, count);
-        value.Address()->parray = array;
-        value.Address()->vt = VT_ARRAY | VT_UI1;
-        return value;
+        memcpy(&count, at, sizeof count);
+        at += sizeof count;
+        return tag == VT_BSTR ? TextOf(at, count) : ArrayOf(at, count);
     }
-    const std::size_t count = FixedBytes(tag);
+    UniqueVariant value;
     if (tag == VT_DECIMAL)
-        memcpy(&value.Address()->decVal, &bytes_[*at], count);
+        memcpy(&value.Address()->decVal, at, FixedBytes(tag));
     else
-        memcpy(&value.Address()->llVal, &bytes_[*at], count);
-    *at += count;
+        memcpy(&value.Address()->llVal, at, FixedBytes(tag));
     value.Address()->vt = tag;
     return value;
-}
-
-std::vector<UniqueVariant> RowStorage::Row(std::size_t index, std::size_t count) const {
-    std::vector<UniqueVariant> row;
-    row.reserve(count);
-    std::size_t at = starts_[index];
-    for (std::size_t i = 0; i < count; ++i) row.push_back(Read(&at));
-    return row;
 }
 
 }  // namespace tessel::ado

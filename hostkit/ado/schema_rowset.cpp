@@ -138,7 +138,8 @@ public:
         if (number) Put(name, UniqueVariant(*number));
     }
     void Add() {
-        rows_->rows.Add(row_);
+        for (const UniqueVariant& value : row_) rows_->rows.Append(value.Get());
+        rows_->rows.EndRow();
         Begin();
     }
     std::shared_ptr<RowSet> Take() { return std::move(rows_); }
