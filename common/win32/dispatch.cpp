@@ -146,13 +146,13 @@ Dispatch CallResult::Object() const noexcept {
     return Dispatch(value_.Object());
 }
 
-bool Dispatch::Has(const wchar_t* name) const noexcept {
-    if (!object_) return false;
+std::optional<DISPID> Dispatch::IdOf(const wchar_t* name) const noexcept {
+    if (!object_) return std::nullopt;
     try {
         DISPID id = DISPID_UNKNOWN;
-        return SUCCEEDED(FindMember(object_.Get(), name, &id));
+        return SUCCEEDED(FindMember(object_.Get(), name, &id)) ? std::optional(id) : std::nullopt;
     } catch (...) {
-        return false;
+        return std::nullopt;
     }
 }
 

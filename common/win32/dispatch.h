@@ -64,7 +64,9 @@ public:
     IDispatch* Get() const { return object_.Get(); }
 
     /// Whether the object has a member of that name.
-    bool Has(const wchar_t* name) const noexcept;
+    bool Has(const wchar_t* name) const noexcept { return IdOf(name).has_value(); }
+    /// The number of a member, for InvokeId; nothing when the object has none of that name.
+    std::optional<DISPID> IdOf(const wchar_t* name) const noexcept;
     /// Reads a property, or calls a method for its value. Arguments are whatever UniqueVariant is made from.
     template <class... Arguments>
     CallResult Get(const wchar_t* name, Arguments&&... arguments) const noexcept {

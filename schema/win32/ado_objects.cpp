@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <set>
+#include <tuple>
 
 #include "common/identifiers.h"
 #include "common/text.h"
@@ -69,17 +70,40 @@ bool IsDefaultSchema(const std::wstring& schema) {
            SameName(schema, L"main");
 }
 
-/// The order of two names for the user's eyes.
-int OrderOf(const std::wstring& a, const std::wstring& b) {
-    return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, a.data(), static_cast<int>(a.size()),
-                          b.data(), static_cast<int>(b.size()));
+/// A key whose bytes stand in the order in which the user's language puts names, letter case aside. Comparing
+/// two names costs as much as making a key, and sorting compares each many times.
+std::string OrderKey(const std::wstring& name) {
+    constexpr DWORD kFlags = LCMAP_SORTKEY | NORM_IGNORECASE;
+    const int length = static_cast<int>(name.size());
+    const int bytes =
+        length == 0 ? 0 : LCMapStringW(LOCALE_USER_DEFAULT, kFlags, name.data(), length, nullptr, 0);
+    std::string key(static_cast<std::size_t>(std::max(bytes, 0)), '\0');
+    if (bytes > 0)
+        LCMapStringW(LOCALE_USER_DEFAULT, kFlags, name.data(), length, reinterpret_cast<wchar_t*>(key.data()),
+                     bytes);
+    return key;
 }
 
-bool StandsBefore(const NamedEntry& a, const NamedEntry& b) {
-    if (a.entry.kind != b.entry.kind) return a.entry.kind < b.entry.kind;
-    const int by_name = OrderOf(a.entry.name, b.entry.name);
-    return by_name == CSTR_EQUAL ? OrderOf(a.entry.schema, b.entry.schema) == CSTR_LESS_THAN
-                                 : by_name == CSTR_LESS_THAN;
+/// Tables before views, each in the order of their names for the user's eyes.
+void SortForReading(std::vector<NamedEntry>& named) {
+    struct Place {
+        ObjectKind kind;
+        std::string name, schema;
+        std::size_t index;
+    };
+    std::vector<Place> places;
+    places.reserve(named.size());
+    for (std::size_t i = 0; i < named.size(); ++i) {
+        const CatalogueEntry& entry = named[i].entry;
+        places.push_back({entry.kind, OrderKey(entry.name), OrderKey(entry.schema), i});
+    }
+    std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) {
+        return std::tie(a.kind, a.name, a.schema, a.index) < std::tie(b.kind, b.name, b.schema, b.index);
+    });
+    std::vector<NamedEntry> sorted;
+    sorted.reserve(named.size());
+    for (const Place& place : places) sorted.push_back(std::move(named[place.index]));
+    named = std::move(sorted);
 }
 
 }  // namespace
@@ -110,7 +134,7 @@ std::optional<std::vector<NamedEntry>> ReadObjects(AdoCatalogue& catalogue) {
             name = BracketIfNeeded(entry.schema) + L'.' + name;
         if (seen.insert(Folded(name)).second) named.push_back({std::move(entry), std::move(name)});
     }
-    std::stable_sort(named.begin(), named.end(), StandsBefore);
+    SortForReading(named);
     return named;
 }
 

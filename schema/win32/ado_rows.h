@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "common/win32/dispatch.h"
 
@@ -40,10 +41,26 @@ public:
     const win32::Dispatch& Fields() const { return fields_; }
 
 private:
+    /// A member of an object that is called for every row: found by its name once.
+    struct Member {
+        win32::Dispatch object;
+        std::optional<DISPID> id;
+    };
+    /// A column's field object, which reads another value after a move.
+    struct Column {
+        const wchar_t* name;
+        Member value;
+    };
+
+    static Member FindMember(const win32::Dispatch& object, const wchar_t* name);
+    static win32::CallResult Call(const Member& member, WORD flags);
     win32::CallResult Value(const wchar_t* column) const;
 
     win32::Dispatch recordset_;
     win32::Dispatch fields_;
+    Member move_next_;
+    Member end_;
+    mutable std::vector<Column> columns_;
     std::size_t limit_;
     std::size_t rows_ = 0;
     bool failed_ = false;
