@@ -10,6 +10,7 @@
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
+#include "controls/browser/win32/browser_item_data.h"
 
 namespace tessel::controls {
 
@@ -26,48 +27,6 @@ constexpr int kIndent = 19;        // at 96 dpi
 constexpr const wchar_t* kSearchCue = L"Buscar…";
 constexpr const wchar_t* kSearchName = L"Buscar tablas y vistas";
 constexpr const wchar_t* kTreeName = L"Esquema";
-
-// What an item carries: its kind below, above it the index of the object or, for a field, of the field in its
-// object.
-constexpr int kKindBits = 3;
-LPARAM ItemData(BrowserItem::Kind kind, std::size_t index) {
-    return static_cast<LPARAM>((index << kKindBits) | static_cast<std::size_t>(kind));
-}
-BrowserItem::Kind KindOf(LPARAM data) {
-    return static_cast<BrowserItem::Kind>(data & ((1 << kKindBits) - 1));
-}
-std::size_t IndexOf(LPARAM data) {
-    return static_cast<std::size_t>(data) >> kKindBits;
-}
-
-bool IsObject(BrowserItem::Kind kind) {
-    return kind == BrowserItem::Kind::Table || kind == BrowserItem::Kind::View;
-}
-
-std::wstring FieldText(const BrowserField& field) {
-    const std::wstring name = Unbracketed(field.name);
-    return field.type_text.empty() ? name : name + L" – " + field.type_text;
-}
-
-BrowserIcon FieldIcon(const BrowserField& field) {
-    if (field.primary_key) return BrowserIcon::PrimaryKey;
-    if (field.foreign_key) return BrowserIcon::ForeignKey;
-    switch (field.sort) {
-        case FieldSort::Text:
-            return BrowserIcon::TextField;
-        case FieldSort::Number:
-            return BrowserIcon::NumberField;
-        case FieldSort::Date:
-            return BrowserIcon::DateField;
-        case FieldSort::Boolean:
-            return BrowserIcon::BooleanField;
-        case FieldSort::Binary:
-            return BrowserIcon::BinaryField;
-        case FieldSort::Other:
-            break;
-    }
-    return BrowserIcon::Field;
-}
 
 int LineHeight(HWND hwnd, HFONT font) {
     const HDC dc = GetDC(hwnd);
@@ -164,107 +123,6 @@ void SchemaBrowser::Layout() {
     MoveWindow(tree_, 0, top, client.right, client.bottom > top ? client.bottom - top : 0, TRUE);
 }
 
-HTREEITEM SchemaBrowser::AddItem(HTREEITEM parent, HTREEITEM after, const std::wstring& text,
-                                 BrowserIcon icon, LPARAM data, bool has_children) const {
-    std::wstring buffer = text;
-    TVINSERTSTRUCTW insert{};
-    insert.hParent = parent;
-    insert.hInsertAfter = after ? after : TVI_FIRST;
-    insert.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM | TVIF_CHILDREN;
-    insert.item.pszText = buffer.data();
-    insert.item.iImage = static_cast<int>(icon);
-    insert.item.iSelectedImage = static_cast<int>(icon);
-    insert.item.lParam = data;
-    insert.item.cChildren = has_children ? 1 : 0;
-    return TreeView_InsertItem(tree_, &insert);
-}
-
-void SchemaBrowser::FillTree() {
-    BrowserItem selected;
-    const bool had_selection = SelectedItem(selected);
-    const std::vector<std::size_t> expanded = ExpandedObjects();
-    filling_ = true;
-    SetWindowRedraw(tree_, FALSE);
-    TreeView_DeleteAllItems(tree_);
-    object_items_.assign(model_.ObjectCount(), nullptr);
-    const bool any = !model_.Tables().empty() || !model_.Views().empty();
-    const HTREEITEM root = AddItem(TVI_ROOT, nullptr, model_.Caption(), BrowserIcon::Database,
-                                   ItemData(BrowserItem::Kind::Root, 0), any);
-    FillGroup(schema::ObjectKind::View, FillGroup(schema::ObjectKind::Table, nullptr));
-    TreeView_Expand(tree_, root, TVE_EXPAND);
-    for (std::size_t object : expanded)
-        if (object < object_items_.size() && object_items_[object])
-            TreeView_Expand(tree_, object_items_[object], TVE_EXPAND);
-    bool found = false;
-    if (had_selection && IsObject(selected.kind)) found = SelectItem(selected.name);
-    if (had_selection && selected.kind == BrowserItem::Kind::Field)
-        found = SelectItem(selected.table, selected.name);
-    if (had_selection && selected.kind == BrowserItem::Kind::Relation) found = SelectItem(selected.table);
-    if (!found) {
-        TreeView_SelectItem(tree_, root);
-        TreeView_EnsureVisible(tree_, root);
-    }
-    SetWindowRedraw(tree_, TRUE);
-    InvalidateRect(tree_, nullptr, TRUE);
-    filling_ = false;
-    if (had_selection && !found && events_) {
-        const BrowserItem now = Describe(root);
-        events_->OnBrowserSelected(&now);
-    }
-}
-
-/// Adds a group with its objects behind a sibling; a group without objects is left out. Answers the last
-/// group there.
-HTREEITEM SchemaBrowser::FillGroup(schema::ObjectKind kind, HTREEITEM after) {
-    const bool views = kind == schema::ObjectKind::View;
-    const std::vector<std::size_t>& objects = views ? model_.Views() : model_.Tables();
-    if (objects.empty()) return after;
-    const BrowserIcon icon = views ? BrowserIcon::View : BrowserIcon::Table;
-    const HTREEITEM group =
-        AddItem(TreeView_GetRoot(tree_), after, model_.GroupCaption(kind), BrowserIcon::Group,
-                ItemData(BrowserItem::Kind::Group, static_cast<std::size_t>(kind)), true);
-    HTREEITEM last = nullptr;
-    for (std::size_t object : objects) {
-        const BrowserItem item = model_.ItemOfObject(object);
-        // Without the brackets that a statement needs, so that typing the beginning of a name finds it.
-        last = AddItem(group, last, Unbracketed(item.name), icon, ItemData(item.kind, object), true);
-        object_items_[object] = last;
-    }
-    TreeView_Expand(tree_, group, TVE_EXPAND);
-    return group;
-}
-
-void SchemaBrowser::FillFields(HTREEITEM object_item) {
-    const LPARAM data = DataOf(object_item);
-    if (!IsObject(KindOf(data)) || TreeView_GetChild(tree_, object_item)) return;
-    const std::vector<BrowserField> fields = model_.FieldsOf(IndexOf(data));
-    HTREEITEM last = nullptr;
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        last = AddItem(object_item, last, FieldText(fields[i]), FieldIcon(fields[i]),
-                       ItemData(BrowserItem::Kind::Field, i), false);
-    const HTREEITEM relations = FillRelations(object_item, last);
-    if (last || relations) return;
-    // Nothing to open: the button goes away.
-    TVITEMW item{};
-    item.hItem = object_item;
-    item.mask = TVIF_CHILDREN;
-    TreeView_SetItem(tree_, &item);
-}
-
-/// Adds the group of an object's relations behind its last field; an object without relations has none.
-HTREEITEM SchemaBrowser::FillRelations(HTREEITEM object_item, HTREEITEM after) {
-    const std::size_t object = IndexOf(DataOf(object_item));
-    const std::vector<std::wstring> lines = model_.RelationsOf(object);
-    if (lines.empty()) return nullptr;
-    const HTREEITEM group = AddItem(object_item, after, model_.RelationsCaption(object), BrowserIcon::Group,
-                                    ItemData(BrowserItem::Kind::Relations, object), true);
-    HTREEITEM last = nullptr;
-    for (std::size_t i = 0; i < lines.size(); ++i)
-        last = AddItem(group, last, lines[i], BrowserIcon::Relation, ItemData(BrowserItem::Kind::Relation, i),
-                       false);
-    return group;
-}
-
 LPARAM SchemaBrowser::DataOf(HTREEITEM item) const {
     TVITEMW query{};
     query.hItem = item;
@@ -293,15 +151,6 @@ BrowserItem SchemaBrowser::Describe(HTREEITEM item) const {
     }
 }
 
-std::vector<std::size_t> SchemaBrowser::ExpandedObjects() const {
-    std::vector<std::size_t> expanded;
-    for (std::size_t i = 0; i < object_items_.size(); ++i)
-        if (object_items_[i] &&
-            (TreeView_GetItemState(tree_, object_items_[i], TVIS_EXPANDED) & TVIS_EXPANDED))
-            expanded.push_back(i);
-    return expanded;
-}
-
 bool SchemaBrowser::SelectedItem(BrowserItem& item) const {
     const HTREEITEM selected = IsCreated() ? TreeView_GetSelection(tree_) : nullptr;
     if (!selected || object_items_.size() != model_.ObjectCount()) return false;
@@ -312,8 +161,8 @@ bool SchemaBrowser::SelectedItem(BrowserItem& item) const {
 bool SchemaBrowser::SelectItem(std::wstring_view object, std::wstring_view field) {
     if (!IsCreated()) return false;
     const std::size_t index = model_.FindObject(object);
-    if (index >= object_items_.size() || !object_items_[index]) return false;
-    HTREEITEM item = object_items_[index];
+    HTREEITEM item = ItemOf(index);
+    if (!item) return false;
     if (!field.empty()) {
         const std::size_t wanted = model_.FindField(index, field);
         if (wanted == BrowserModel::kNone) return false;

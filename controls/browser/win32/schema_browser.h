@@ -9,6 +9,7 @@
 
 #include <commctrl.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -74,8 +75,21 @@ private:
     LRESULT OnTreeMessage(UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT OnSearchMessage(UINT message, WPARAM wparam, LPARAM lparam);
 
+    // schema_browser_fill.cpp
+    struct Group {
+        HTREEITEM item = nullptr;  ///< nullptr for a group without objects
+        HTREEITEM last = nullptr;  ///< its last object
+        std::size_t added = 0;     ///< how many of its objects are in the tree
+    };
     void FillTree();
-    HTREEITEM FillGroup(schema::ObjectKind kind, HTREEITEM after);
+    Group AddGroup(schema::ObjectKind kind, HTREEITEM after) const;
+    const std::vector<std::size_t>& ObjectsOf(const Group& group) const;
+    bool IsFilled() const;
+    void AddObjects(std::size_t count);
+    void FillSlice();
+    void FinishFilling();
+    void FillWhile(const std::function<bool()>& more);
+    HTREEITEM ItemOf(std::size_t object);
     /// Adds fields and relations below an object that has none yet; other items stay as they are.
     void FillFields(HTREEITEM object_item);
     HTREEITEM FillRelations(HTREEITEM object_item, HTREEITEM after);
@@ -97,7 +111,10 @@ private:
     win32::UniqueFont font_;
     int dpi_ = 96;
     bool filling_ = false;                 ///< the tree is being filled, its notices mean nothing
-    std::vector<HTREEITEM> object_items_;  ///< by index of the object; nullptr when the filter hides it
+    std::vector<HTREEITEM> object_items_;  ///< by index of the object; nullptr when hidden or not there yet
+    std::vector<std::size_t> opened_;      ///< objects whose fields are in the tree
+    Group tables_;
+    Group views_;
 };
 
 }  // namespace tessel::controls

@@ -41,6 +41,9 @@ LRESULT SchemaBrowser::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             if (reinterpret_cast<HWND>(wparam) != tree_) break;
             OnContextMenu({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
             return 0;
+        case WM_TIMER:
+            FillSlice();
+            return 0;
         case win32::kDpiChangedAfterParent:
             OnDpiChanged(win32::DpiOf(Handle()));
             return 0;
@@ -159,7 +162,7 @@ bool SchemaBrowser::OnSearchKey(WPARAM key) {
     const bool stays = SelectedItem(selected) && IsPartOfSchema(selected);
     if (!stays && model_.IsFiltered()) {
         const auto& hits = model_.Tables().empty() ? model_.Views() : model_.Tables();
-        if (!hits.empty()) TreeView_SelectItem(tree_, object_items_[hits.front()]);
+        if (!hits.empty()) TreeView_SelectItem(tree_, ItemOf(hits.front()));
     }
     SetFocus(tree_);
     return true;
@@ -197,6 +200,14 @@ LRESULT SchemaBrowser::OnTreeMessage(UINT message, WPARAM wparam, LPARAM lparam)
         case WM_CHAR:
             // The tree would look for an item that begins with the character of Enter, and beep.
             if (wparam == VK_RETURN) return 0;
+            FinishFilling();
+            break;
+        // What goes to a far end, or looks for a name, needs every item.
+        case WM_KEYDOWN:
+            if (wparam == VK_END) FinishFilling();
+            break;
+        case WM_VSCROLL:
+            if (LOWORD(wparam) == SB_BOTTOM || LOWORD(wparam) == SB_THUMBTRACK) FinishFilling();
             break;
         default:
             break;
