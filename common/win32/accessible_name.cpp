@@ -1,5 +1,6 @@
 #include "common/win32/accessible_name.h"
 
+#include <commctrl.h>
 #include <objbase.h>
 #include <oleacc.h>
 
@@ -25,17 +26,26 @@ void WithServices(Action action) {
     services->Release();
 }
 
+constexpr UINT_PTR kSubclassId = 0x4E;
+
+// The system keeps the name by the window's handle, which another window may get.
+LRESULT CALLBACK ForgetWithWindow(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
+                                  DWORD_PTR) {
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(hwnd, ForgetWithWindow, id);
+        WithServices([&](IAccPropServices* services) {
+            services->ClearHwndProps(hwnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, &kNameProperty, 1);
+        });
+    }
+    return DefSubclassProc(hwnd, message, wparam, lparam);
+}
+
 }  // namespace
 
 void SetAccessibleName(HWND hwnd, const wchar_t* name) {
+    if (!SetWindowSubclass(hwnd, ForgetWithWindow, kSubclassId, 0)) return;
     WithServices([&](IAccPropServices* services) {
         services->SetHwndPropStr(hwnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, kNameProperty, name);
-    });
-}
-
-void ClearAccessibleName(HWND hwnd) {
-    WithServices([&](IAccPropServices* services) {
-        services->ClearHwndProps(hwnd, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, &kNameProperty, 1);
     });
 }
 

@@ -6,10 +6,8 @@
 
 namespace tessel::win32 {
 
-/// Gives the window that name; replaces an earlier one. Does nothing where the system has no such service.
+/// Gives the window that name; replaces an earlier one. The name goes with the window. Does nothing where the
+/// system has no such service.
 void SetAccessibleName(HWND hwnd, const wchar_t* name);
-
-/// Takes the name away again; call while the window is being destroyed, since the system keeps it by handle.
-void ClearAccessibleName(HWND hwnd);
 
 }  // namespace tessel::win32

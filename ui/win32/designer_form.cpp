@@ -156,6 +156,7 @@ bool DesignerForm::CreateControls(const Listeners& listeners) {
 
     focus_ = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, -10, -10, 1, 1, form,
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdFocus)), module, nullptr);
+    if (focus_) win32::SetAccessibleName(focus_, accessible_names::kFocus);
 
     if (!bottom_.Create(form, form, kIdPanel) || !buttons_.Create(bottom_.Handle(), form, kIdPanel) ||
         !CreateButton(accept_, buttons_.Handle(), texts::kAccept, kIdAccept, BS_DEFPUSHBUTTON,

@@ -2,7 +2,6 @@
 #include <windowsx.h>
 
 #include "common/identifiers.h"
-#include "common/win32/accessible_name.h"
 #include "common/win32/dpi.h"
 #include "common/win32/screen.h"
 #include "controls/browser/win32/schema_browser.h"
@@ -172,7 +171,6 @@ LRESULT CALLBACK SchemaBrowser::ChildProcedure(HWND hwnd, UINT message, WPARAM w
                                                UINT_PTR id, DWORD_PTR data) {
     auto* self = reinterpret_cast<SchemaBrowser*>(data);
     if (message == WM_NCDESTROY) {
-        win32::ClearAccessibleName(hwnd);
         RemoveWindowSubclass(hwnd, ChildProcedure, id);
         (hwnd == self->tree_ ? self->tree_ : self->search_) = nullptr;
         return DefSubclassProc(hwnd, message, wparam, lparam);

@@ -142,7 +142,6 @@ LRESULT SchemaProps::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_NOTIFY:
             return OnNotify(reinterpret_cast<NMHDR*>(lparam));
         case WM_DESTROY:
-            if (list_) win32::ClearAccessibleName(list_);
             list_ = nullptr;
             return 0;
         case win32::kDpiChangedAfterParent:

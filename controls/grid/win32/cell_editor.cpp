@@ -311,8 +311,6 @@ LRESULT CALLBACK CellEditor::EditProcedure(HWND hwnd, UINT message, WPARAM wpara
     auto* editor = reinterpret_cast<CellEditor*>(self);
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(hwnd, EditProcedure, id);
-        for (const HWND part : {editor->combo_, editor->edit_, editor->list_})
-            win32::ClearAccessibleName(part);
         editor->combo_ = editor->edit_ = editor->list_ = nullptr;
         editor->open_ = false;
         return DefSubclassProc(hwnd, message, wparam, lparam);
