@@ -182,6 +182,7 @@ void DesignerPresenter::SwitchToDesign() {
 bool DesignerPresenter::Analyse(std::wstring_view text) {
     const analyse::Analysis analysis = analyse::AnalyseSQL(text, design_);
     reason_ = analysis.accepted ? std::nullopt : analysis.error;
+    reason_is_error_ = reason_ && !analysis.parsed;
     RefillFieldLists();
     view_.ShowDistinct(design_.distinct);
     for (const std::wstring& message : analysis.messages) view_.ShowMessage(message);

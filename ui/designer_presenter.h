@@ -114,6 +114,8 @@ public:
 
     /// Why the last analysis answered false; empty when it answered true.
     const std::optional<Diagnostic>& Reason() const { return reason_; }
+    /// Whether that is an error of the text, and not something right that no design can show.
+    bool ReasonIsError() const { return reason_is_error_; }
 
 private:
     class Working;
@@ -149,6 +151,7 @@ private:
     std::wstring result_sql_;
     std::wstring current_table_;
     std::optional<Diagnostic> reason_;
+    bool reason_is_error_ = false;
 };
 
 }  // namespace tessel::ui

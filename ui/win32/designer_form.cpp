@@ -142,9 +142,11 @@ bool DesignerForm::CreateControls(const Listeners& listeners) {
         !CreateButton(distinct_, grid_buttons_.Handle(), texts::kDistinct, kIdDistinct, BS_AUTOCHECKBOX,
                       texts::kTipDistinct) ||
         !grid_.Create(design_pane_.Handle(), kIdGrid) ||
-        !reason_.Create(design_pane_.Handle(), kIdReason, texts::kReason) ||
+        !reason_.Create(design_pane_.Handle(), kIdReason, texts::kReason, listeners.reason_link) ||
         !sql_page_.Create(strip_.Handle(), form, kIdPanel, false) ||
-        !editor_.Create(sql_page_.Handle(), kIdEditor, win32::ModuleFolder() + L"SQL.ini", listeners.editor))
+        !editor_.Create(sql_page_.Handle(), kIdEditor, win32::ModuleFolder() + L"SQL.ini",
+                        listeners.editor) ||
+        !error_line_.Create(sql_page_.Handle(), kIdErrorLine, editor_, [this] { LayoutSqlPage(); }))
         return false;
     page_splitter_.SetPanes(diagram_.Handle(), design_pane_.Handle());
     page_splitter_.SetName(accessible_names::kPageSplitter);
@@ -178,6 +180,7 @@ void DesignerForm::ApplyFonts() {
                          accept_, cancel_, help_, focus_})
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     reason_.SetFont(font.get());
+    error_line_.SetFont(font.get());
     font_ = std::move(font);
     editor_.OnDpiChanged(dpi_);
     browser_.OnDpiChanged(dpi_);
@@ -323,7 +326,9 @@ void DesignerForm::LayoutGridButtons() {
 
 void DesignerForm::LayoutSqlPage() {
     const SIZE page = ClientSize(sql_page_.Handle());
-    Place(editor_.Handle(), 0, 0, page.cx, page.cy);
+    const int line = std::min<int>(error_line_.HeightFor(page.cx), page.cy / 2);
+    Place(editor_.Handle(), 0, 0, page.cx, page.cy - line);
+    Place(error_line_.Handle(), 0, page.cy - line, page.cx, line);
 }
 
 }  // namespace tessel::ui

@@ -5,7 +5,7 @@
 //     picTop      "Agregar tabla al diagrama", "Ejecutar consulta …", "Ver árbol de sintaxis"
 //     VSplit1     schemaView above schemaProps | strip (sTab, and over it the pages HSR and picSQL)
 //       HSR       dgmTables above picDsn (picCtrs, dxG, lblNo)
-//       picSQL    edtSQL
+//       picSQL    edtSQL above the line that tells its errors
 //     picBottom   picBtns: "&Aceptar", "&Cancelar", "Ay&uda"
 #pragma once
 
@@ -20,6 +20,7 @@
 #include "controls/grid/win32/design_grid_view.h"
 #include "controls/splitter/win32/splitter_bar.h"
 #include "ui/win32/designer_ids.h"
+#include "ui/win32/editor_error_line.h"
 #include "ui/win32/panel.h"
 #include "ui/win32/reason_label.h"
 #include "ui/window_place.h"
@@ -33,6 +34,7 @@ protected:
         controls::BrowserEvents* browser = nullptr;
         controls::SqlEditorEvents* editor = nullptr;
         controls::SplitterEvents* splitters = nullptr;
+        std::function<void()> reason_link;  ///< the link of lblNo was pressed
     };
 
     /// Creates every control, of no size yet. False when Windows refuses one.
@@ -68,7 +70,8 @@ protected:
     controls::DiagramView diagram_;    // dgmTables
     controls::DesignGridView grid_;    // dxG
     controls::SqlEditor editor_;       // edtSQL
-    ReasonLabel reason_;               // lblNo
+    EditorErrorLine error_line_;
+    ReasonLabel reason_;  // lblNo
     HWND tabs_ = nullptr;
     HWND tips_ = nullptr;
     HWND focus_ = nullptr;

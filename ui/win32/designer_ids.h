@@ -27,6 +27,9 @@ enum ControlId : int {
     kIdMainSplitter = 131,  // VSplit1
     kIdBrowserSplitter = 132,
     kIdPanel = 140,
+    kIdErrorLine = 150,   // under edtSQL
+    kIdReasonText = 151,  // below lblNo's text
+    kIdReasonLink = 152,
 };
 
 }  // namespace tessel::ui

@@ -34,7 +34,7 @@ bool DesignerWindow::Create() {
                         nullptr, 0, RECT{CW_USEDEFAULT, CW_USEDEFAULT, 0, 0}))
         return false;
     PlaceOnMonitorOf(HostWindow());
-    if (!CreateControls({this, this, this})) {
+    if (!CreateControls({this, this, this, [this] { GoToReason(); }})) {
         Destroy();
         return false;
     }
@@ -55,6 +55,7 @@ bool DesignerWindow::Create() {
 
 void DesignerWindow::LoadSchema(const schema::Schema* schema, std::wstring_view caption) {
     schema_ = schema;
+    error_line_.SetSchema(schema);
     browser_.Load(schema, caption);
     if (controls::BrowserItem item; browser_.SelectedItem(item)) props_.Show(schema, &item);
     presenter_.BindSchema(schema);

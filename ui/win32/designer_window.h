@@ -88,6 +88,14 @@ private:
     long HelpTopic() const;
     void FocusPage();
 
+    // Errors in the text, and why the design is not shown (designer_window_errors.cpp).
+    bool OnErrorKey(const MSG& message);
+    void OnEditorTextChanged() override;
+    void OnEditorTextSet() override;
+    void TellReason();
+    /// The link of lblNo: the SQL text with the reason's place selected.
+    void GoToReason();
+
     // Commands (designer_window_commands.cpp).
     void UpdateCommands();
     void ShowMenu(const Menu& menu, POINT screen);

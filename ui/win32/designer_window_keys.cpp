@@ -14,7 +14,7 @@ bool DesignerWindow::OnKey(const MSG& message) {
         if (message.wParam == VK_ESCAPE) drag_.Cancel();
         return true;
     }
-    if (OnHistoryKey(message)) return true;
+    if (OnHistoryKey(message) || OnErrorKey(message)) return true;
     if (message.message != WM_KEYDOWN) return false;
     if (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd)) return false;
     const bool shift = GetKeyState(VK_SHIFT) < 0;

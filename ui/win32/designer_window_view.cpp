@@ -37,6 +37,7 @@ void DesignerWindow::ShowGrid(bool shown) {
     ShowWindow(grid_buttons_.Handle(), shown ? SW_SHOWNA : SW_HIDE);
     // A diagram that is not the statement's would mislead, so lblNo stands alone.
     page_splitter_.SetFirstPaneShown(shown);
+    TellReason();
     UpdateCommands();
 }
 

@@ -1,28 +1,160 @@
 #include "ui/win32/reason_label.h"
 
-#include <string>
+#include <algorithm>
 
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
+#include "ui/text_check_texts.h"
+#include "ui/win32/designer_ids.h"
 
 namespace tessel::ui {
 
 namespace {
 
-constexpr int kPadding = 14;   // dips around the text
-constexpr int kIconSide = 24;  // dips
-constexpr int kIconGap = 12;   // dips between icon and text
+// All in dips.
+constexpr int kPadding = 14;  // around the text
+constexpr int kIconSide = 24;
+constexpr int kIconGap = 12;  // between icon and text
+constexpr int kReasonGap = 10;
+constexpr int kLinkGap = 4;
+constexpr int kLinkInset = 4;  // what a LinkLabel leaves at its edge
+constexpr int kScrollStep = 24;
+constexpr UINT kFormat = DT_WORDBREAK | DT_NOPREFIX;
+
+std::wstring TextOf(HWND hwnd) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(hwnd)), L'\0');
+    GetWindowTextW(hwnd, text.data(), static_cast<int>(text.size()) + 1);
+    return text;
+}
 
 }  // namespace
 
-bool ReasonLabel::Create(HWND parent, int id, const wchar_t* text) {
+bool ReasonLabel::Create(HWND parent, int id, const wchar_t* text, std::function<void()> on_go) {
     static const win32::WindowClass kClass{L"TesselReason", CS_HREDRAW | CS_VREDRAW, nullptr, IDC_ARROW};
-    return CreateWindowOf(kClass, text, WS_CHILD | WS_CLIPSIBLINGS | WS_VISIBLE, 0, parent, id);
+    if (!CreateWindowOf(kClass, text, WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_VISIBLE,
+                        WS_EX_CONTROLPARENT, parent, id) ||
+        !reason_.Create(Handle(), kIdReasonText, LinkLabel::Look::Plain, COLOR_WINDOW, nullptr) ||
+        !link_.Create(Handle(), kIdReasonLink, LinkLabel::Look::Link, COLOR_WINDOW, std::move(on_go)))
+        return false;
+    link_.SetContents(texts::kGoToPlace, LinkLabel::Sign::None, true);
+    SetReason({});
+    return true;
 }
 
 void ReasonLabel::SetFont(HFONT font) {
     font_ = font;
-    if (Handle()) InvalidateRect(Handle(), nullptr, TRUE);
+    reason_.SetFont(font);
+    link_.SetFont(font);
+    if (!Handle()) return;
+    Layout();
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+void ReasonLabel::SetReason(const std::wstring& reason) {
+    has_reason_ = !reason.empty();
+    reason_.SetContents(reason, LinkLabel::Sign::None, false);
+    ShowWindow(reason_.Handle(), has_reason_ ? SW_SHOWNA : SW_HIDE);
+    ShowWindow(link_.Handle(), has_reason_ ? SW_SHOWNA : SW_HIDE);
+    offset_ = 0;
+    Layout();
+}
+
+HWND ReasonLabel::Link() const {
+    return has_reason_ ? link_.Handle() : nullptr;
+}
+
+int ReasonLabel::Px(int dips) const {
+    return win32::Scale(dips, win32::DpiOf(Handle()));
+}
+
+RECT ReasonLabel::TextArea() const {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    RECT area{Px(kPadding + kIconSide + kIconGap), Px(kPadding), client.right - Px(kPadding), 0};
+    area.right = std::max(area.right, area.left + 1);
+    const HDC dc = GetDC(Handle());
+    {
+        const win32::Selected font(dc,
+                                   font_ ? static_cast<HGDIOBJ>(font_) : GetStockObject(DEFAULT_GUI_FONT));
+        const std::wstring text = TextOf(Handle());
+        RECT needed = area;
+        DrawTextW(dc, text.data(), static_cast<int>(text.size()), &needed, kFormat | DT_CALCRECT);
+        area.bottom = needed.bottom;
+    }
+    ReleaseDC(Handle(), dc);
+    return area;
+}
+
+// A scroll bar that comes or goes changes the width, and with it all of this once more.
+void ReasonLabel::Layout() {
+    if (!Handle() || !link_.Handle() || laying_out_) return;
+    laying_out_ = true;
+    for (int round = 0; round < 2; ++round) {
+        RECT client{};
+        GetClientRect(Handle(), &client);
+        const RECT text = TextArea();
+        int bottom = std::max<int>(text.bottom, Px(kPadding + kIconSide));
+        const int left = text.left - Px(kLinkInset);
+        const int width = text.right - left;
+        const auto place = [&](const LinkLabel& label, int gap) {
+            const int height = label.HeightFor(width);
+            SetWindowPos(label.Handle(), nullptr, left, bottom + gap - offset_, width, height,
+                         SWP_NOZORDER | SWP_NOACTIVATE);
+            bottom += gap + height;
+        };
+        if (has_reason_) {
+            place(reason_, Px(kReasonGap));
+            place(link_, Px(kLinkGap));
+        }
+        height_ = bottom + Px(kPadding);
+        offset_ = std::clamp<int>(offset_, 0, std::max<int>(0, height_ - client.bottom));
+        SCROLLINFO info{};
+        info.cbSize = sizeof info;
+        info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+        info.nMax = height_ - 1;
+        info.nPage = static_cast<UINT>(std::max<int>(client.bottom, 1));
+        info.nPos = offset_;
+        SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
+    }
+    laying_out_ = false;
+}
+
+void ReasonLabel::ScrollTo(int offset) {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    offset = std::clamp<int>(offset, 0, std::max<int>(0, height_ - client.bottom));
+    if (offset == offset_) return;
+    offset_ = offset;
+    Layout();
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+void ReasonLabel::OnScroll(int request) {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    GetScrollInfo(Handle(), SB_VERT, &info);
+    switch (request) {
+        case SB_LINEUP:
+            return ScrollTo(offset_ - Px(kScrollStep));
+        case SB_LINEDOWN:
+            return ScrollTo(offset_ + Px(kScrollStep));
+        case SB_PAGEUP:
+            return ScrollTo(offset_ - client.bottom);
+        case SB_PAGEDOWN:
+            return ScrollTo(offset_ + client.bottom);
+        case SB_TOP:
+            return ScrollTo(0);
+        case SB_BOTTOM:
+            return ScrollTo(height_);
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION:
+            return ScrollTo(info.nTrackPos);
+        default:
+            return;
+    }
 }
 
 LRESULT ReasonLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -32,6 +164,19 @@ LRESULT ReasonLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_PAINT:
             Paint();
             return 0;
+        case WM_SIZE:
+            Layout();
+            return 0;
+        case WM_COMMAND:
+            // The keyboard reached the link: it comes into view.
+            if (LOWORD(wparam) == kIdReasonLink) ScrollTo(height_);
+            return 0;
+        case WM_VSCROLL:
+            OnScroll(LOWORD(wparam));
+            return 0;
+        case WM_MOUSEWHEEL:
+            ScrollTo(offset_ - MulDiv(static_cast<short>(HIWORD(wparam)), 3 * Px(kScrollStep), WHEEL_DELTA));
+            return 0;
         default:
             return Window::OnMessage(message, wparam, lparam);
     }
@@ -40,21 +185,16 @@ LRESULT ReasonLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
 void ReasonLabel::Paint() {
     const win32::BufferedPaint paint(Handle());
     const HDC dc = paint.Dc();
-    RECT area = paint.Client();
-    win32::FillSolid(dc, area, GetSysColor(COLOR_WINDOW));
-    const int dpi = win32::DpiOf(Handle());
-    const int padding = win32::Scale(kPadding, dpi);
-    const int icon_side = win32::Scale(kIconSide, dpi);
-    InflateRect(&area, -padding, -padding);
-    DrawIconEx(dc, area.left, area.top, LoadIconW(nullptr, IDI_INFORMATION), icon_side, icon_side, 0, nullptr,
-               DI_NORMAL);
-    area.left += icon_side + win32::Scale(kIconGap, dpi);
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(Handle())), L'\0');
-    GetWindowTextW(Handle(), text.data(), static_cast<int>(text.size()) + 1);
+    win32::FillSolid(dc, paint.Client(), GetSysColor(COLOR_WINDOW));
+    DrawIconEx(dc, Px(kPadding), Px(kPadding) - offset_, LoadIconW(nullptr, IDI_INFORMATION), Px(kIconSide),
+               Px(kIconSide), 0, nullptr, DI_NORMAL);
+    RECT area = TextArea();
+    OffsetRect(&area, 0, -offset_);
+    const std::wstring text = TextOf(Handle());
     const win32::Selected font(dc, font_ ? static_cast<HGDIOBJ>(font_) : GetStockObject(DEFAULT_GUI_FONT));
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
-    DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, DT_WORDBREAK | DT_NOPREFIX);
+    DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, kFormat);
 }
 
 }  // namespace tessel::ui

@@ -1,24 +1,47 @@
-// lblNo: the text that tab 0 shows in place of a design that cannot be shown.
+// lblNo: the text that tab 0 shows in place of a design that cannot be shown; below it, the reason and a link
+// to its place in the SQL text. The window's own text is the fixed one. Scrolls where there is no room for
+// everything.
 #pragma once
 
 #include <windows.h>
 
+#include <functional>
+#include <string>
+
 #include "common/win32/handles.h"
 #include "common/win32/window.h"
+#include "ui/win32/link_label.h"
 
 namespace tessel::ui {
 
 class ReasonLabel final : public win32::Window {
 public:
-    bool Create(HWND parent, int id, const wchar_t* text);
+    /// `on_go` runs when the link is pressed.
+    bool Create(HWND parent, int id, const wchar_t* text, std::function<void()> on_go);
     /// The font is not owned.
     void SetFont(HFONT font);
+    /// The reason, which comes with the link; an empty one takes both away.
+    void SetReason(const std::wstring& reason);
+    /// The link, while there is a reason; else nullptr.
+    HWND Link() const;
 
 private:
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
     void Paint();
+    void Layout();
+    void ScrollTo(int offset);
+    void OnScroll(int request);
+    int Px(int dips) const;
+    /// Where the fixed text stands when nothing is scrolled.
+    RECT TextArea() const;
 
     HFONT font_ = nullptr;
+    LinkLabel reason_;
+    LinkLabel link_;
+    bool has_reason_ = false;
+    bool laying_out_ = false;
+    int offset_ = 0;  ///< pixels scrolled
+    int height_ = 0;  ///< pixels of everything
 };
 
 }  // namespace tessel::ui

@@ -82,6 +82,7 @@ public:
     ColouringDefinition definition_;
     SqlEditorEvents* events_ = nullptr;
     int dpi_ = 96;
+    EditorErrors errors_;
     bool setting_text_ = false;
     /// The editor as it was when the replacement in progress began.
     struct Before {
@@ -146,6 +147,7 @@ void SqlEditor::Impl::ApplyDpi(int dpi) {
                  static_cast<uptr_t>(std::max(1, win32::Scale(static_cast<int>(caret_width), dpi))));
     editor_.Send(SCI_SETMARGINLEFT, 0, win32::Scale(kTextGap, dpi));
     FitNumberMargin(editor_, dpi);
+    errors_.ApplyLooks(editor_, dpi, MulDiv(100, dpi, win32::SystemDpiOf(hwnd_)));
 }
 
 void SqlEditor::Impl::SetText(std::wstring_view text) {
@@ -220,9 +222,10 @@ bool SqlEditor::Impl::HandleNotify(const SCNotification& notification) {
         case SCN_MODIFIED:
             if (notification.linesAdded != 0) FitNumberMargin(editor_, dpi_);
             NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, hwnd_, OBJID_CLIENT, CHILDID_SELF);
-            if (events_ && !setting_text_) events_->OnEditorTextChanged();
+            if (events_) setting_text_ ? events_->OnEditorTextSet() : events_->OnEditorTextChanged();
             break;
         default:
+            errors_.HandleNotify(editor_, notification);
             break;
     }
     return true;
@@ -366,6 +369,35 @@ TextRange SqlEditor::Selection() const {
     const auto end = static_cast<std::size_t>(editor.Send(SCI_GETSELECTIONEND));
     const std::string_view bytes = editor.Bytes();
     return {UnitsInBytes(bytes.substr(0, begin)), UnitsInBytes(bytes.substr(begin, end - begin))};
+}
+
+void SqlEditor::ShowPlace(TextRange range) {
+    const ScintillaCalls& editor = impl_->editor_;
+    const std::string_view bytes = editor.Bytes();
+    const std::size_t begin = BytesOfUnits(bytes, range.offset);
+    const std::size_t end = begin + BytesOfUnits(bytes.substr(begin), range.length);
+    editor.Send(SCI_SETSEL, end, static_cast<sptr_t>(begin));
+    editor.Send(SCI_SCROLLRANGE, end, static_cast<sptr_t>(begin));
+}
+
+void SqlEditor::ReplaceRange(TextRange range, std::wstring_view text) {
+    const ScintillaCalls& editor = impl_->editor_;
+    const std::string_view bytes = editor.Bytes();
+    const std::size_t begin = BytesOfUnits(bytes, range.offset);
+    const std::size_t end = begin + BytesOfUnits(bytes.substr(begin), range.length);
+    const std::string replacement = ToEditorBytes(text);
+    editor.Send(SCI_BEGINUNDOACTION);
+    editor.Send(SCI_SETTARGETRANGE, begin, static_cast<sptr_t>(end));
+    editor.Send(SCI_REPLACETARGET, replacement.size(), replacement.data());
+    editor.Send(SCI_ENDUNDOACTION);
+}
+
+void SqlEditor::ShowMarks(std::vector<EditorMark> marks) {
+    if (impl_->hwnd_) impl_->errors_.Show(impl_->editor_, std::move(marks));
+}
+
+bool SqlEditor::IsListOpen() const {
+    return impl_->editor_.Send(SCI_AUTOCACTIVE) != 0;
 }
 
 void SqlEditor::SetReadOnly(bool read_only) {

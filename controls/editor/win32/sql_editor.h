@@ -17,8 +17,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/diagnostic.h"
+#include "controls/editor/win32/editor_errors.h"
 
 namespace tessel::controls {
 
@@ -27,6 +29,8 @@ public:
     virtual ~SqlEditorEvents() = default;
     /// The user changed the text (typing, pasting, undo). SetText does not report.
     virtual void OnEditorTextChanged() {}
+    /// SetText gave it another text.
+    virtual void OnEditorTextSet() {}
 };
 
 class SqlEditor {
@@ -59,6 +63,15 @@ public:
     /// Ranges count the units of Text(). A range beyond the text is cut to it.
     void SelectRange(TextRange range);
     TextRange Selection() const;
+    /// Selects a range with the caret at its beginning, and shows as much of it as there is room for.
+    void ShowPlace(TextRange range);
+    /// Puts a text in the place of a range, as one undoable step that is reported like typing.
+    void ReplaceRange(TextRange range, std::wstring_view text);
+
+    /// Marks places of the text (editor_errors.h) instead of those marked before.
+    void ShowMarks(std::vector<EditorMark> marks);
+    /// A list of words is open, which Esc is to close.
+    bool IsListOpen() const;
 
     void SetReadOnly(bool read_only);
     bool CanUndo() const;
