@@ -51,7 +51,10 @@ std::optional<Error> dlgPVW::Show(HWND owner) {
 
 bool dlgPVW::OnCreateControls() {
     group_separator_ = UserGroupSeparator();
-    if (!CreateList() || !find_bar_.Create(Handle(), Font())) return false;
+    if (!CreateList() || !find_bar_.Create(Handle(), Font(),
+                                           {preview_texts::kFindLabel, preview_texts::kFindNext,
+                                            preview_texts::kFindPrevious}))
+        return false;
     status_ = CreateWindowExW(
         0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_CENTERIMAGE | SS_NOPREFIX | SS_ENDELLIPSIS, 0, 0, 0, 0,
         Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdStatus)), win32::ThisModule(), nullptr);

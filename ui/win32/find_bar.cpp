@@ -4,7 +4,6 @@
 
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
-#include "ui/preview_texts.h"
 
 namespace tessel::ui {
 
@@ -21,11 +20,12 @@ HWND CreateControl(HWND parent, HFONT font, const wchar_t* class_name, const wch
 
 }  // namespace
 
-bool FindBar::Create(HWND parent, HFONT font) {
-    label_ = CreateControl(parent, font, L"STATIC", preview_texts::kFindLabel, kIdLabel, SS_CENTERIMAGE);
+bool FindBar::Create(HWND parent, HFONT font, const Captions& captions) {
+    captions_ = captions;
+    label_ = CreateControl(parent, font, L"STATIC", captions.label, kIdLabel, SS_CENTERIMAGE);
     text_ = CreateControl(parent, font, L"EDIT", L"", kIdText, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
-    next_ = CreateControl(parent, font, L"BUTTON", preview_texts::kFindNext, kIdNext, WS_TABSTOP);
-    previous_ = CreateControl(parent, font, L"BUTTON", preview_texts::kFindPrevious, kIdPrevious, WS_TABSTOP);
+    next_ = CreateControl(parent, font, L"BUTTON", captions.next, kIdNext, WS_TABSTOP);
+    previous_ = CreateControl(parent, font, L"BUTTON", captions.previous, kIdPrevious, WS_TABSTOP);
     return label_ && text_ && next_ && previous_;
 }
 
@@ -50,6 +50,10 @@ std::wstring FindBar::Text() const {
     return text;
 }
 
+void FindBar::SetText(const std::wstring& text) {
+    SetWindowTextW(text_, text.c_str());
+}
+
 void FindBar::Layout(const RECT& bounds, int gap, int edit_width, const ButtonWidth& button_size) {
     const int height = bounds.bottom - bounds.top;
     int left = bounds.left;
@@ -61,7 +65,7 @@ void FindBar::Layout(const RECT& bounds, int gap, int edit_width, const ButtonWi
     SIZE label{};
     {
         const win32::Selected font(dc, reinterpret_cast<HFONT>(SendMessageW(label_, WM_GETFONT, 0, 0)));
-        label = win32::TextSize(dc, preview_texts::kFindLabel);
+        label = win32::TextSize(dc, captions_.label);
     }
     ReleaseDC(label_, dc);
     const int next = button_size(next_).cx;

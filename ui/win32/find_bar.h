@@ -13,8 +13,15 @@ class FindBar {
 public:
     enum ControlId : int { kIdLabel = 310, kIdText = 311, kIdNext = 312, kIdPrevious = 313 };
 
-    /// Creates the controls hidden, as children of `parent`. False when Windows refused.
-    bool Create(HWND parent, HFONT font);
+    struct Captions {
+        const wchar_t* label;
+        const wchar_t* next;
+        const wchar_t* previous;
+    };
+
+    /// Creates the controls hidden, as children of `parent`. The captions must outlive the bar. False when
+    /// Windows refused.
+    bool Create(HWND parent, HFONT font, const Captions& captions);
     void Show(bool shown);
     bool IsShown() const { return shown_; }
     /// True while the keyboard is in one of its controls.
@@ -22,6 +29,7 @@ public:
     /// Puts the keyboard into the edit and selects its text.
     void Focus();
     std::wstring Text() const;
+    void SetText(const std::wstring& text);
 
     using ButtonWidth = std::function<SIZE(HWND button)>;
     /// Lays the controls out from the left edge of `bounds`, the edit narrower than `edit_width` where room
@@ -29,6 +37,7 @@ public:
     void Layout(const RECT& bounds, int gap, int edit_width, const ButtonWidth& button_size);
 
 private:
+    Captions captions_{};
     HWND label_ = nullptr;
     HWND text_ = nullptr;
     HWND next_ = nullptr;
