@@ -19,6 +19,7 @@ inline constexpr wchar_t kTooLongToCheck[] =
 inline constexpr wchar_t kReasonError[] = L"El texto contiene un error en la línea ";
 inline constexpr wchar_t kReasonNotShown[] = L"No se puede mostrar en diseño lo que hay en la línea ";
 inline constexpr wchar_t kReasonInText[] = L"En el texto: ";
+inline constexpr wchar_t kLinkAction[] = L"Saltar";
 inline constexpr wchar_t kGoToPlace[] = L"Ir a ese lugar del texto SQL";
 
 }  // namespace tessel::ui::texts

@@ -168,6 +168,7 @@ MESSAGES = {
     "ui/relation_messages.h": "mensajes_programa.html",
     "ui/designer_presenter.cpp": "mensajes_programa.html",
     "ui/grid_messages.h": "mensajes_programa.html",
+    "ui/text_check_texts.h": "mensajes_programa.html",
     "ui/win32/show_help.h": "mensajes_programa.html",
 }
 # The preview's texts are captions too; its sentences end in a full stop or a colon and a blank, or are named here.

@@ -92,6 +92,23 @@ TEST_F(DlgDsnErrorsTest, AMarkMovesWithTheTextBeforeIt) {
     EXPECT_FALSE(Run(text));
 }
 
+TEST_F(DlgDsnErrorsTest, ThePointerRestingOnAMarkShowsItsTip) {
+    script_.Until([this] { return IsMarked(kErrors, 28); }, "the place is marked");
+    UntilEditorHasFocus();
+    script_.Do([this] {
+        EXPECT_EQ(Editor(SCI_CALLTIPACTIVE), 0);
+        POINT point{static_cast<LONG>(Editor(SCI_POINTXFROMPOSITION, 0, 28)) + 3,
+                    static_cast<LONG>(Editor(SCI_POINTYFROMPOSITION, 0, 28)) + 5};
+        ClientToScreen(Control(ui::kIdEditor), &point);
+        MouseMove(point);
+    });
+    script_.Until([this] { return Editor(SCI_CALLTIPACTIVE) != 0; }, "the tip");
+    script_.Do([this] { MouseMove(MiddleOf(Control(ui::kIdErrorLine))); });
+    script_.Until([this] { return Editor(SCI_CALLTIPACTIVE) == 0; }, "the tip goes");
+    script_.Do([this] { Press(ui::kIdCancel); });
+    EXPECT_FALSE(Run(L"SELECT a FROM t WHERE a NOT 5"));
+}
+
 TEST_F(DlgDsnErrorsTest, F8GoesThroughTheErrorsAndRound) {
     const std::wstring text = L"SELECT a,\r\nFROM t\r\nWHERE a NOT 5 AND b IS 7";
     std::vector<std::wstring> lines;
@@ -137,8 +154,7 @@ TEST_F(DlgDsnErrorsTest, ReasonIsToldUnderTheFixedTextWithALinkToItsPlace) {
         MouseClick(MiddleOf(Control(ui::kIdReasonLink)));
     });
     UntilEditorHasFocus();
-    script_.Until([this] { return Selected() == L"UNION"; },
-                  "the whole construct is selected");
+    script_.Until([this] { return Selected() == L"UNION"; }, "the whole construct is selected");
     script_.Do([this] {
         EXPECT_EQ(window_.Presenter().CurrentTab(), Tab::Sql);
         EXPECT_EQ(EditorText(), kUnion);
@@ -161,6 +177,19 @@ TEST_F(DlgDsnErrorsTest, TheLinkIsReachedByTabAndPressedByTheSpaceBar) {
     script_.Do([] { PressKey(VK_SPACE); });
     UntilEditorHasFocus();
     script_.Until([this] { return Selected() == L"UNION"; }, "the construct is selected");
+    script_.Do([this] { Press(ui::kIdCancel); });
+    EXPECT_FALSE(Run(kUnion));
+}
+
+TEST_F(DlgDsnErrorsTest, TheLineIsLeftWhenTheTabIs) {
+    UntilLine(kUnionLine);
+    UntilEditorHasFocus();
+    script_.Do([this] {
+        SetFocus(Control(ui::kIdErrorLine));
+        PressKey(VK_TAB, false, true);
+    });
+    script_.Until([this] { return IsWindowVisible(Control(ui::kIdReasonLink)) != FALSE; }, "the design tab");
+    script_.Until([this] { return GetFocus() == Control(ui::kIdTabs); }, "the focus is on the tabs");
     script_.Do([this] { Press(ui::kIdCancel); });
     EXPECT_FALSE(Run(kUnion));
 }

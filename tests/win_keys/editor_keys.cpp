@@ -1,8 +1,11 @@
 // The keys of the SQL editor.
 #include <windows.h>
 
+#include <Scintilla.h>
+
 #include "common/win32/clipboard.h"
 #include "tests/win_keys/designer_keys.h"
+#include "ui/win32/find_replace_bar.h"
 
 namespace tessel::testing {
 
@@ -14,6 +17,35 @@ void WriteText(DesignerKeys& keys, const wchar_t* text) {
     keys.Press('A', false, true);
     keys.Type(text);
     keys.Until([&keys, text] { return keys.EditorText() == text; }, "typed");
+}
+
+using Bar = ui::FindReplaceBar;
+
+TextRange SelectionOf(DesignerKeys& keys) {
+    const HWND editor = keys.Control(ui::kIdEditor);
+    const auto begin = static_cast<std::size_t>(SendMessageW(editor, SCI_GETSELECTIONSTART, 0, 0));
+    const auto end = static_cast<std::size_t>(SendMessageW(editor, SCI_GETSELECTIONEND, 0, 0));
+    return {begin, end - begin};
+}
+
+/// Two errors with the caret before them; the key goes to the one that is expected.
+void GoThroughErrors(DesignerKeys& keys, TextRange expected) {
+    keys.Open(L"SELECT a, FROM t WHERE a NOT 5");
+    keys.Until([&keys] { return !TextOf(keys.Control(ui::kIdErrorLine)).empty(); }, "the line speaks");
+    keys.FocusOn(ui::kIdEditor);
+    keys.Press();
+    keys.Until([&keys, expected] { return SelectionOf(keys) == expected; }, "the error is selected");
+}
+
+/// Three times "x", the second one selected and looked for; the key finds another one.
+void FindFromTheMiddle(DesignerKeys& keys, int focus, std::size_t expected) {
+    WriteText(keys, L"x y x y x");
+    keys.Do([&keys] { SendMessageW(keys.Control(ui::kIdEditor), SCI_SETSEL, 4, 5); });
+    keys.Press('F', false, true);
+    keys.FocusOn(ui::FindBar::kIdText);
+    keys.FocusOn(focus);
+    keys.Press();
+    keys.Until([&keys, expected] { return SelectionOf(keys) == TextRange{expected, 1}; }, "found");
 }
 
 const KeyCheck<DesignerKeys> kChecks[] = {
@@ -61,6 +93,51 @@ const KeyCheck<DesignerKeys> kChecks[] = {
          keys.Press();
          keys.Type(L"x");
          keys.Until([&keys] { return keys.EditorText() == L"x"; }, "everything was selected");
+     }},
+    {L"F8", L"",
+     [](DesignerKeys& keys) {
+         GoThroughErrors(keys, {10, 4});
+     }},
+    {L"Mayús+F8", L"",
+     [](DesignerKeys& keys) {
+         GoThroughErrors(keys, {29, 1});
+     }},
+    {L"Ctrl+F", L"",
+     [](DesignerKeys& keys) {
+         keys.OpenSqlTab();
+         keys.Press();
+         keys.Until([&keys] { return keys.HasFocus(keys.Control(ui::FindBar::kIdText)); }, "the bar");
+         keys.Do([&keys] { EXPECT_FALSE(IsWindowVisible(keys.Control(Bar::kIdReplaceText))); });
+     }},
+    {L"Ctrl+H", L"",
+     [](DesignerKeys& keys) {
+         keys.OpenSqlTab();
+         keys.Press();
+         keys.Until([&keys] { return keys.HasFocus(keys.Control(ui::FindBar::kIdText)); }, "the bar");
+         keys.Do([&keys] { EXPECT_TRUE(IsWindowVisible(keys.Control(Bar::kIdReplaceText))); });
+     }},
+    {L"F3", L"", [](DesignerKeys& keys) { FindFromTheMiddle(keys, ui::kIdEditor, 8); }},
+    {L"Mayús+F3", L"", [](DesignerKeys& keys) { FindFromTheMiddle(keys, ui::kIdEditor, 0); }},
+    {L"Entrar", L"en la barra", [](DesignerKeys& keys) { FindFromTheMiddle(keys, ui::FindBar::kIdText, 8); }},
+    {L"Mayús+Entrar", L"en la barra",
+     [](DesignerKeys& keys) { FindFromTheMiddle(keys, ui::FindBar::kIdText, 0); }},
+    {L"Esc", L"en la barra",
+     [](DesignerKeys& keys) {
+         keys.OpenSqlTab();
+         keys.Press('F', false, true);
+         keys.FocusOn(ui::FindBar::kIdText);
+         keys.Press();
+         keys.Until([&keys] { return keys.HasFocus(keys.Control(ui::kIdEditor)); }, "back in the editor");
+         keys.Do([&keys] { EXPECT_FALSE(IsWindowVisible(keys.Control(ui::kIdFindBar))); });
+     }},
+    {L"Entrar | Espacio", L"en la línea de errores",
+     [](DesignerKeys& keys) {
+         keys.Open(L"SELECT a FROM t UNION SELECT b FROM u");
+         keys.Until([&keys] { return !TextOf(keys.Control(ui::kIdErrorLine)).empty(); }, "the line speaks");
+         keys.FocusOn(ui::kIdErrorLine);
+         keys.Press();
+         keys.Until([&keys] { return SelectionOf(keys) == TextRange{16, 5}; }, "the UNION is selected");
+         keys.Do([&keys] { EXPECT_EQ(GetFocus(), keys.Control(ui::kIdEditor)); });
      }},
     {L"Tab", L"",
      [](DesignerKeys& keys) {

@@ -144,6 +144,7 @@ bool DesignerForm::CreateControls(const Listeners& listeners) {
         !grid_.Create(design_pane_.Handle(), kIdGrid) ||
         !reason_.Create(design_pane_.Handle(), kIdReason, texts::kReason, listeners.reason_link) ||
         !sql_page_.Create(strip_.Handle(), form, kIdPanel, false) ||
+        !find_bar_.Create(sql_page_.Handle(), kIdFindBar, nullptr, editor_, [this] { LayoutSqlPage(); }) ||
         !editor_.Create(sql_page_.Handle(), kIdEditor, win32::ModuleFolder() + L"SQL.ini",
                         listeners.editor) ||
         !error_line_.Create(sql_page_.Handle(), kIdErrorLine, editor_, [this] { LayoutSqlPage(); }))
@@ -181,6 +182,7 @@ void DesignerForm::ApplyFonts() {
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     reason_.SetFont(font.get());
     error_line_.SetFont(font.get());
+    find_bar_.SetFont(font.get());
     font_ = std::move(font);
     editor_.OnDpiChanged(dpi_);
     browser_.OnDpiChanged(dpi_);
@@ -292,6 +294,7 @@ void DesignerForm::LayoutStrip() {
         Place(hwnd, FromTwips(kPageLeft), FromTwips(kPageTop), page.width ? FromTwips(*page.width) : now.cx,
               page.height ? FromTwips(*page.height) : now.cy);
     }
+    LayoutSqlPage();
 }
 
 /// The first division between diagram and grid: the grid gets the height of its rows when there is room for
@@ -327,7 +330,9 @@ void DesignerForm::LayoutGridButtons() {
 void DesignerForm::LayoutSqlPage() {
     const SIZE page = ClientSize(sql_page_.Handle());
     const int line = std::min<int>(error_line_.HeightFor(page.cx), page.cy / 2);
-    Place(editor_.Handle(), 0, 0, page.cx, page.cy - line);
+    const int find = find_bar_.IsShown() ? std::min<int>(find_bar_.Height(), page.cy / 2) : 0;
+    Place(find_bar_.Handle(), 0, 0, page.cx, find);
+    Place(editor_.Handle(), 0, find, page.cx, page.cy - find - line);
     Place(error_line_.Handle(), 0, page.cy - line, page.cx, line);
 }
 

@@ -5,7 +5,7 @@
 //     picTop      "Agregar tabla al diagrama", "Ejecutar consulta …", "Ver árbol de sintaxis"
 //     VSplit1     schemaView above schemaProps | strip (sTab, and over it the pages HSR and picSQL)
 //       HSR       dgmTables above picDsn (picCtrs, dxG, lblNo)
-//       picSQL    edtSQL above the line that tells its errors
+//       picSQL    what finds and replaces, edtSQL, the line that tells its errors
 //     picBottom   picBtns: "&Aceptar", "&Cancelar", "Ay&uda"
 #pragma once
 
@@ -21,6 +21,7 @@
 #include "controls/splitter/win32/splitter_bar.h"
 #include "ui/win32/designer_ids.h"
 #include "ui/win32/editor_error_line.h"
+#include "ui/win32/find_replace_bar.h"
 #include "ui/win32/panel.h"
 #include "ui/win32/reason_label.h"
 #include "ui/window_place.h"
@@ -70,6 +71,7 @@ protected:
     controls::DiagramView diagram_;    // dgmTables
     controls::DesignGridView grid_;    // dxG
     controls::SqlEditor editor_;       // edtSQL
+    FindReplaceBar find_bar_;
     EditorErrorLine error_line_;
     ReasonLabel reason_;  // lblNo
     HWND tabs_ = nullptr;

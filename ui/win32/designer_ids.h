@@ -30,6 +30,7 @@ enum ControlId : int {
     kIdErrorLine = 150,   // under edtSQL
     kIdReasonText = 151,  // below lblNo's text
     kIdReasonLink = 152,
+    kIdFindBar = 153,  // over edtSQL
 };
 
 }  // namespace tessel::ui

@@ -8,8 +8,9 @@
 namespace tessel::ui {
 
 bool DesignerWindow::OnErrorKey(const MSG& message) {
-    if (message.message != WM_KEYDOWN || message.wParam != VK_F8 || presenter_.CurrentTab() != Tab::Sql)
-        return false;
+    if (presenter_.CurrentTab() != Tab::Sql) return false;
+    if (find_bar_.OnKey(message)) return true;
+    if (message.message != WM_KEYDOWN || message.wParam != VK_F8) return false;
     if (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd)) return false;
     error_line_.GoToNext(GetKeyState(VK_SHIFT) < 0);
     return true;

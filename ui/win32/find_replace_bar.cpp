@@ -102,12 +102,8 @@ int FindReplaceBar::RowHeight() const {
     return Px(kRowHeight);
 }
 
-int FindReplaceBar::Rows(int) const {
-    return with_replace_ ? 3 : 2;
-}
-
-int FindReplaceBar::HeightFor(int width) const {
-    const int rows = Rows(width);
+int FindReplaceBar::Height() const {
+    const int rows = with_replace_ ? 3 : 2;
     return rows * RowHeight() + (rows - 1) * Px(kPadding) + 2 * Px(kPadding);
 }
 

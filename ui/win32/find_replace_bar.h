@@ -36,7 +36,7 @@ public:
     /// The font is not owned.
     void SetFont(HFONT font);
     bool IsShown() const { return shown_; }
-    int HeightFor(int width) const;
+    int Height() const;
 
     /// Ctrl+F, Ctrl+H, F3, Mayús+F3, and in the bar Enter and Esc. True when the message is done with.
     bool OnKey(const MSG& message);
@@ -60,7 +60,6 @@ private:
     HWND Item(int id) const { return GetDlgItem(Handle(), id); }
     SIZE SizeOf(HWND control) const;
     int RowHeight() const;
-    int Rows(int width) const;
     int Px(int dips) const;
 
     controls::SqlEditor* editor_ = nullptr;

@@ -6,6 +6,7 @@
 #include "common/win32/gdi.h"
 #include "common/win32/handles.h"
 #include "common/win32/screen.h"
+#include "ui/text_check_texts.h"
 
 namespace tessel::ui {
 
@@ -49,6 +50,7 @@ void LinkLabel::SetContents(const std::wstring& text, Sign sign, bool leads_some
     const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_STYLE);
     SetWindowLongPtrW(Handle(), GWL_STYLE, leads_somewhere ? style | WS_TABSTOP : style & ~WS_TABSTOP);
     SetWindowTextW(Handle(), text.c_str());
+    accessible_.Report(EVENT_OBJECT_NAMECHANGE);
     InvalidateRect(Handle(), nullptr, TRUE);
 }
 
@@ -88,7 +90,20 @@ int LinkLabel::HeightFor(int width) const {
     return needed.bottom + 2 * win32::Scale(kPaddingY, win32::DpiOf(Handle()));
 }
 
+AccessibleElement LinkLabel::Describe(AccessibleId) const {
+    AccessibleElement element;
+    element.name = Text();
+    element.role = leads_somewhere_ ? AccessibleRole::Link : AccessibleRole::StaticText;
+    element.states = leads_somewhere_ ? accessible_state::kFocusable : accessible_state::kReadOnly;
+    if (leads_somewhere_) element.action = texts::kLinkAction;
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    element.place = {0, 0, client.right, client.bottom};
+    return element;
+}
+
 LRESULT LinkLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (LRESULT result = 0; accessible_.OnMessage(Handle(), message, wparam, lparam, result)) return result;
     switch (message) {
         case WM_ERASEBKGND:
             return 1;
@@ -117,6 +132,7 @@ LRESULT LinkLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             // So that a parent that scrolls can bring it into view.
             SendMessageW(GetParent(Handle()), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(Handle()), BN_SETFOCUS),
                          reinterpret_cast<LPARAM>(Handle()));
+            accessible_.ReportFocus();
             InvalidateRect(Handle(), nullptr, TRUE);
             return 0;
         case WM_KILLFOCUS:

@@ -8,11 +8,13 @@
 #include <functional>
 #include <string>
 
+#include "common/accessible_tree.h"
+#include "common/win32/accessible_window.h"
 #include "common/win32/window.h"
 
 namespace tessel::ui {
 
-class LinkLabel : public win32::Window {
+class LinkLabel : public win32::Window, private AccessibleTree {
 public:
     enum class Sign { None, Error, Note };
     /// How the text looks when it leads somewhere: a link is underlined and has the colour of links.
@@ -31,6 +33,10 @@ protected:
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
 
 private:
+    // AccessibleTree: a link that can be pressed, or a text.
+    AccessibleElement Describe(AccessibleId) const override;
+    void Act(AccessibleId) override { Press(); }
+
     void Paint();
     void PaintSign(HDC dc, const RECT& place) const;
     RECT TextArea(const RECT& client) const;
@@ -44,6 +50,7 @@ private:
     Sign sign_ = Sign::None;
     bool leads_somewhere_ = false;
     std::function<void()> on_pressed_;
+    win32::AccessibleWindow accessible_{*this};
 };
 
 }  // namespace tessel::ui
