@@ -27,6 +27,20 @@ bool InKey(double x, double y) {
            InBar(x, y, 0.88, 0.5, 1.0, 0.78);
 }
 
+/// Within half a `thickness` of the line between two points.
+bool InStroke(double x, double y, double ax, double ay, double bx, double by, double thickness) {
+    const double length_squared = (bx - ax) * (bx - ax) + (by - ay) * (by - ay);
+    const double along = std::clamp(((x - ax) * (bx - ax) + (y - ay) * (by - ay)) / length_squared, 0.0, 1.0);
+    return std::hypot(x - ax - along * (bx - ax), y - ay - along * (by - ay)) <= thickness / 2;
+}
+
+// In a unit square: a short stroke down, a long one up.
+bool InTick(double x, double y) {
+    constexpr double kThickness = 0.15;
+    return InStroke(x, y, 0.2, 0.52, 0.42, 0.74, kThickness) ||
+           InStroke(x, y, 0.42, 0.74, 0.81, 0.27, kThickness);
+}
+
 bool InPill(double x, double y, double width, double height) {
     const double radius = std::min(width, height) / 2;
     const double nearest_x = std::clamp(x, radius, width - radius);
@@ -51,6 +65,8 @@ bool Covers(const Mark& mark, double x, double y) {
             return InKey(x / width, y / height);
         case MarkShape::Pill:
             return InPill(x, y, width, height);
+        case MarkShape::Tick:
+            return InTick(x / width, y / height);
     }
     return false;
 }

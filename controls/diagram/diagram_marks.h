@@ -1,5 +1,5 @@
-// The small round and slanted shapes of the diagram, as coverage of pixels: arrow heads, dots, keys, rounded
-// corners.
+// The small round and slanted shapes of the diagram, as coverage of pixels: arrow heads, dots, keys, ticks,
+// rounded corners.
 //
 // Straight lines and areas are sharp by themselves and are filled; only these shapes need smoothing. Each is
 // defined once, for any size, so that it is sharp at every zoom and resolution.
@@ -17,6 +17,7 @@ enum class MarkShape : int {
     Arrow,        ///< a filled head pointing right
     Key,          ///< a key, bow to the left
     Pill,         ///< a rectangle with half-round short ends
+    Tick,         ///< what a ticked check box holds
 };
 
 struct Mark {

@@ -77,7 +77,10 @@ std::string OpenDesigner(Shown shown, const std::function<void(HWND)>& look) {
         const HWND tabs = Descendant(form, ui::kIdTabs);
         SendMessageW(tabs, TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
     });
-    visit.Steps().Until([&window, tab] { return window.Presenter().CurrentTab() == tab; }, "the tab");
+    // While the text is composed messages are handled, and the editor is empty for a moment.
+    visit.Steps().Until(
+        [&window, tab] { return window.Presenter().CurrentTab() == tab && !window.EditorText().empty(); },
+        "the tab");
     return visit.Run(look, [&] { window.ShowModal(); });
 }
 

@@ -231,6 +231,7 @@ void dlgPVW::DrawWholeCell(HDC dc, CellPlace place) {
     int front = cell.is_null ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT;
     if (selected) back = focused ? COLOR_HIGHLIGHT : COLOR_BTNFACE;
     if (selected && focused) front = COLOR_HIGHLIGHTTEXT;
+    if (selected && !focused && !cell.is_null) front = COLOR_BTNTEXT;
     win32::FillSolid(dc, bounds, GetSysColor(back));
     // While the user types what to find, the place found needs a mark too.
     if (place == CurrentCell()) FrameRect(dc, &bounds, GetSysColorBrush(focused ? front : COLOR_HIGHLIGHT));

@@ -6,6 +6,7 @@
 
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
+#include "common/win32/screen.h"
 
 namespace tessel::controls {
 
@@ -33,6 +34,14 @@ constexpr COLORREF kFolder = RGB(0xD9, 0xA4, 0x41);
 constexpr COLORREF kPaleFolder = RGB(0xF6, 0xDC, 0xA2);
 constexpr COLORREF kWhite = RGB(0xFF, 0xFF, 0xFF);
 
+/// The colours that icons are drawn in: their own, or in high contrast those of text and its background.
+COLORREF Shown(COLORREF colour) {
+    if (!win32::IsHighContrast()) return colour;
+    for (const COLORREF pale : {kPaleBlue, kPaleGreen, kPaleGrey, kPaleFolder, kWhite})
+        if (colour == pale) return GetSysColor(COLOR_WINDOW);
+    return GetSysColor(COLOR_WINDOWTEXT);
+}
+
 class Canvas {
 public:
     Canvas(HDC dc, int edge) : dc_(dc), edge_(edge) {}
@@ -51,7 +60,7 @@ public:
     }
     /// A thick line with round ends.
     void Stroke(std::initializer_list<POINT> points, int width, COLORREF colour) const {
-        const win32::UniquePen pen(CreatePen(PS_SOLID, MulDiv(width, edge_, kField), colour));
+        const win32::UniquePen pen(CreatePen(PS_SOLID, MulDiv(width, edge_, kField), Shown(colour)));
         const win32::Selected pen_in(dc_, pen.get());
         std::vector<POINT> path;
         for (const POINT& point : points) path.push_back({At(point.x), At(point.y)});
@@ -59,14 +68,14 @@ public:
     }
     void Fill(int left, int top, int right, int bottom, COLORREF colour) const {
         const RECT rect{At(left), At(top), At(right), At(bottom)};
-        win32::FillSolid(dc_, rect, colour);
+        win32::FillSolid(dc_, rect, Shown(colour));
     }
 
 private:
     struct Pens {
         Pens(HDC dc, COLORREF fill, COLORREF line, int thickness)
-            : brush(CreateSolidBrush(fill)),
-              pen(CreatePen(PS_SOLID, thickness, line)),
+            : brush(CreateSolidBrush(Shown(fill))),
+              pen(CreatePen(PS_SOLID, thickness, Shown(line))),
               brush_in(dc, brush.get()),
               pen_in(dc, pen.get()) {}
         win32::UniqueBrush brush;

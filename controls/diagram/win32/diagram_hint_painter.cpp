@@ -44,7 +44,7 @@ void DiagramPainter::PaintHint(const std::wstring& text) {
     win32::FillSolid(dc_, band, colours_.focus);
     win32::FillSolid(dc_, {band.left, band.top, band.right, band.top + std::max(1, dpi_ / 96)},
                      colours_.border);
-    SetTextColor(dc_, colours_.text);
+    SetTextColor(dc_, colours_.focus_text);
     SetBkMode(dc_, TRANSPARENT);
     RECT place{padding, band.top + padding, band.right - padding, band.bottom};
     DrawTextW(dc_, text.c_str(), -1, &place, DT_WORDBREAK | DT_NOPREFIX);

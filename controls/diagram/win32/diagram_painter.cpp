@@ -2,6 +2,7 @@
 
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
+#include "common/win32/screen.h"
 
 namespace tessel::controls::diagram {
 
@@ -50,6 +51,10 @@ void DiagramPainter::SetDpi(int dpi) {
     metrics_ = BoxMetrics();
     metrics_.row_height = std::max(metrics_.check_size + 4, height + 4);
     metrics_.title_height = metrics_.row_height + 6;
+    ReadColours();
+}
+
+void DiagramPainter::ReadColours() {
     const COLORREF window = GetSysColor(COLOR_WINDOW);
     const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
     const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
@@ -66,6 +71,15 @@ void DiagramPainter::SetDpi(int dpi) {
     colours_.focus = win32::Blend(window, highlight, 48);
     colours_.mark = win32::Blend(RGB(214, 158, 30), text, 24);
     colours_.light_mark = win32::Blend(window, text, 96);
+    colours_.focus_text = text;
+    colours_.high_contrast = win32::IsHighContrast();
+    if (!colours_.high_contrast) return;
+    // Nothing is mixed: every colour is one of the user's, and every text has its own background.
+    colours_.border = colours_.line = colours_.mark = colours_.light_mark = text;
+    colours_.title = colours_.hover = window;
+    colours_.faint = GetSysColor(COLOR_GRAYTEXT);
+    colours_.focus = highlight;
+    colours_.focus_text = colours_.highlight_text;
 }
 
 int DiagramPainter::Width(HFONT font, std::wstring_view text,
@@ -107,7 +121,7 @@ void DiagramPainter::SetScale(const Viewport& view) {
     const int dpi = std::max(1, (scale + 50) / 100);
     row_font_ = win32::MessageFont(dpi);
     title_font_ = win32::MessageFont(dpi, true);
-    theme_ = IsAppThemed() ? OpenButtonTheme(dpi) : UniqueTheme();
+    theme_ = IsAppThemed() && !colours_.high_contrast ? OpenButtonTheme(dpi) : UniqueTheme();
     checks_.clear();
     marks_.Clear();
 }

@@ -44,10 +44,12 @@ public:
 private:
     struct Colours {
         COLORREF window, text, border, title, title_text, highlight, highlight_text, faint, line, hover,
-            focus, mark, light_mark;
+            focus, focus_text, mark, light_mark;
+        bool high_contrast;
     };
 
     void PaintAll(HDC dc, const RECT& clip, const DiagramState& state, const Viewport& view);
+    void ReadColours();
     void SetScale(const Viewport& view);
     Hit Hovered() const { return picture_ ? Hit{} : state_->Hover(); }
     model::DiagramElement Selected() const {
@@ -75,6 +77,7 @@ private:
                   bool hot_check);
     void PaintCheck(const RECT& rect, bool checked, bool hot, COLORREF background);
     win32::UniqueBitmap MakeCheck(int size, bool checked, bool hot, COLORREF background);
+    void DrawCheck(HDC dc, int size, bool checked, bool hot, COLORREF background);
     void PaintThumb(const Box& box, bool hot);
 
     int dpi_ = 96;

@@ -45,7 +45,7 @@ void DiagramPainter::PaintRows(int index, const Box& box, const model::DiagramTa
         if (background != colours_.window) win32::FillSolid(dc_, place, background);
         PaintRow(box, table, row, background, under_pointer && hover.kind == HitKind::Check && !rubber);
         if (has_focus && focused_) {
-            SetTextColor(dc_, colours_.text);
+            SetTextColor(dc_, colours_.focus_text);
             SetBkColor(dc_, background);
             DrawFocusRect(dc_, &place);
         }
@@ -64,14 +64,19 @@ void DiagramPainter::PaintRow(const Box& box, const model::DiagramTable& table, 
         return;
     }
     PaintCheck(check, RowChecked(table, row), hot_check, background);
+    const bool has_focus = background == colours_.focus;
     if (field && (field->primary_key || field->foreign_key)) {
         const RECT at = At(box.Mark(row));
         const int size = at.right - at.left;
         marks_.Draw(dc_, at.left, at.top, {MarkShape::Key, size, size, 1, false, false},
-                    field->primary_key ? colours_.mark : colours_.light_mark);
+                    has_focus && colours_.high_contrast ? colours_.focus_text
+                    : field->primary_key                ? colours_.mark
+                                                        : colours_.light_mark);
     }
     const win32::Selected font(dc_, row_font_.get());
-    win32::DrawTextLine(dc_, text, RowCaption(table, row), row == 0 ? colours_.faint : colours_.text);
+    COLORREF colour = row == 0 && !colours_.high_contrast ? colours_.faint : colours_.text;
+    if (has_focus && colours_.high_contrast) colour = colours_.focus_text;
+    win32::DrawTextLine(dc_, text, RowCaption(table, row), colour);
 }
 
 void DiagramPainter::PaintCheck(const RECT& rect, bool checked, bool hot, COLORREF background) {
@@ -84,35 +89,33 @@ void DiagramPainter::PaintCheck(const RECT& rect, bool checked, bool hot, COLORR
     BitBlt(dc_, rect.left, rect.top, size, size, check_dc_.get(), 0, 0, SRCCOPY);
 }
 
-// Visual styles draw a check box at sizes of their own choice and leave the rest of the rectangle as it is,
-// so the glyph is drawn at its natural size and brought to the size that the zoom asks for.
+// The visual style draws a check box at sizes of its own choice. At every other size, and where the user's
+// few colours are to be kept to, it is drawn here, which is sharper than a picture made smaller.
 win32::UniqueBitmap DiagramPainter::MakeCheck(int size, bool checked, bool hot, COLORREF background) {
     const win32::UniqueMemoryDc drawing(CreateCompatibleDC(nullptr));
     const int state =
         checked ? (hot ? CBS_CHECKEDHOT : CBS_CHECKEDNORMAL) : (hot ? CBS_UNCHECKEDHOT : CBS_UNCHECKEDNORMAL);
-    SIZE natural{size, size};
+    SIZE natural{};
     if (theme_) GetThemePartSize(theme_.get(), dc_, BP_CHECKBOX, state, nullptr, TS_TRUE, &natural);
-    if (natural.cx <= 0 || natural.cy <= 0) natural = {size, size};
-    RECT area{0, 0, natural.cx, natural.cy};
-    win32::UniqueBitmap glyph(CreateCompatibleBitmap(dc_, natural.cx, natural.cy));
-    {
-        const win32::Selected selected(drawing.get(), glyph.get());
-        win32::FillSolid(drawing.get(), area, background);
-        if (theme_)
-            DrawThemeBackground(theme_.get(), drawing.get(), BP_CHECKBOX, state, &area, nullptr);
-        else
-            DrawFrameControl(drawing.get(), &area, DFC_BUTTON,
-                             DFCS_BUTTONCHECK | DFCS_FLAT | (checked ? DFCS_CHECKED : 0u));
-    }
-    if (natural.cx == size && natural.cy == size) return glyph;
-    const win32::UniqueMemoryDc scaling(CreateCompatibleDC(nullptr));
-    win32::UniqueBitmap scaled(CreateCompatibleBitmap(dc_, size, size));
-    const win32::Selected from(drawing.get(), glyph.get());
-    const win32::Selected to(scaling.get(), scaled.get());
-    SetStretchBltMode(scaling.get(), HALFTONE);
-    SetBrushOrgEx(scaling.get(), 0, 0, nullptr);
-    StretchBlt(scaling.get(), 0, 0, size, size, drawing.get(), 0, 0, natural.cx, natural.cy, SRCCOPY);
-    return scaled;
+    RECT area{0, 0, size, size};
+    win32::UniqueBitmap glyph(CreateCompatibleBitmap(dc_, size, size));
+    const win32::Selected selected(drawing.get(), glyph.get());
+    win32::FillSolid(drawing.get(), area, background);
+    if (natural.cx == size && natural.cy == size)
+        DrawThemeBackground(theme_.get(), drawing.get(), BP_CHECKBOX, state, &area, nullptr);
+    else
+        DrawCheck(drawing.get(), size, checked, hot, background);
+    return glyph;
+}
+
+void DiagramPainter::DrawCheck(HDC dc, int size, bool checked, bool hot, COLORREF background) {
+    const COLORREF ink = background == colours_.focus ? colours_.focus_text : colours_.text;
+    const int edge = std::max(1, size / 13);
+    RECT inside{0, 0, size, size};
+    win32::FillSolid(dc, inside, hot ? colours_.highlight : ink);
+    InflateRect(&inside, -edge, -edge);
+    win32::FillSolid(dc, inside, background == colours_.focus ? background : colours_.window);
+    if (checked) marks_.Draw(dc, 0, 0, {MarkShape::Tick, size, size, 1, false, false}, ink);
 }
 
 void DiagramPainter::PaintThumb(const Box& box, bool hot) {

@@ -4,6 +4,7 @@
 
 #include "common/text.h"
 #include "common/win32/dpi.h"
+#include "common/win32/screen.h"
 #include "controls/editor/editor_text.h"
 
 namespace tessel::controls {
@@ -17,13 +18,6 @@ constexpr DWORD kLargestIniFile = 1 << 20;
 // The component's colours have red in the lowest byte, as COLORREF has.
 sptr_t ColourValue(std::uint32_t rgb) {
     return RGB((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF);
-}
-
-bool IsHighContrast() {
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON);
 }
 
 int CALLBACK FontFound(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) {
@@ -52,6 +46,28 @@ void ApplyLook(const ScintillaCalls& editor, int style, const StyleLook& look, b
     editor.Send(SCI_STYLESETUNDERLINE, id, look.underline);
 }
 
+// The component's own grey behind the selection keeps the colours of the words; in high contrast the system's
+// pair is what the user chose.
+void ApplySelectionColours(const ScintillaCalls& editor, bool high_contrast) {
+    struct Element {
+        int id;
+        int system_colour;
+    };
+    constexpr Element kElements[] = {{SC_ELEMENT_SELECTION_TEXT, COLOR_HIGHLIGHTTEXT},
+                                     {SC_ELEMENT_SELECTION_BACK, COLOR_HIGHLIGHT},
+                                     {SC_ELEMENT_SELECTION_INACTIVE_TEXT, COLOR_HIGHLIGHTTEXT},
+                                     {SC_ELEMENT_SELECTION_INACTIVE_BACK, COLOR_HIGHLIGHT}};
+    constexpr sptr_t kOpaque = 0xFF000000;
+    for (const Element& element : kElements) {
+        const auto id = static_cast<uptr_t>(element.id);
+        if (high_contrast)
+            editor.Send(SCI_SETELEMENTCOLOUR, id,
+                        static_cast<sptr_t>(GetSysColor(element.system_colour)) | kOpaque);
+        else
+            editor.Send(SCI_RESETELEMENTCOLOUR, id);
+    }
+}
+
 }  // namespace
 
 ColouringDefinition LoadColouring(const std::wstring& ini_path) {
@@ -71,7 +87,7 @@ ColouringDefinition LoadColouring(const std::wstring& ini_path) {
 }
 
 void ApplyLooks(const ScintillaCalls& editor, const ColouringDefinition& definition, int scale_percent) {
-    const bool high_contrast = IsHighContrast();
+    const bool high_contrast = win32::IsHighContrast();
     const std::string font = ToUtf8(IsFontInstalled(definition.font) ? definition.font : L"Courier New");
     editor.Send(SCI_STYLERESETDEFAULT);
     editor.Send(SCI_STYLESETFONT, STYLE_DEFAULT, font.c_str());
@@ -83,6 +99,7 @@ void ApplyLooks(const ScintillaCalls& editor, const ColouringDefinition& definit
         ApplyLook(editor, static_cast<int>(i), definition.looks[i], high_contrast);
     ApplyLook(editor, STYLE_LINENUMBER, definition.margin, high_contrast);
     editor.Send(SCI_SETCARETFORE, GetSysColor(COLOR_WINDOWTEXT));
+    ApplySelectionColours(editor, high_contrast);
 }
 
 void FitNumberMargin(const ScintillaCalls& editor, int dpi) {

@@ -4,6 +4,7 @@
 
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
+#include "common/win32/screen.h"
 #include "controls/grid/win32/design_grid_view.h"
 
 namespace tessel::controls {
@@ -25,13 +26,6 @@ constexpr int kFaintPart = 130;  ///< of 255: the column numbers
 
 RECT ToRect(const GridRect& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
-}
-
-bool IsHighContrast() {
-    HIGHCONTRASTW contrast{};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON);
 }
 
 void FillRight(HDC dc, const RECT& rect, int thickness, COLORREF colour) {
@@ -72,15 +66,17 @@ struct GridColours {
         if (!IsWindowEnabled(hwnd)) text = face_text = GetSysColor(COLOR_GRAYTEXT);
     }
 
+    bool high_contrast = win32::IsHighContrast();
     COLORREF window = GetSysColor(COLOR_WINDOW);
     COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
     COLORREF face = GetSysColor(COLOR_BTNFACE);
     COLORREF face_text = GetSysColor(COLOR_BTNTEXT);
     COLORREF accent = GetSysColor(COLOR_HIGHLIGHT);
     COLORREF accent_text = GetSysColor(COLOR_HIGHLIGHTTEXT);
-    COLORREF line = win32::Blend(window, text, kLinePart);
-    COLORREF face_line = win32::Blend(face, face_text, kLinePart);
-    bool high_contrast = IsHighContrast();
+    // In high contrast nothing is mixed: what stands out does so in full.
+    COLORREF line = high_contrast ? text : win32::Blend(window, text, kLinePart);
+    COLORREF face_line = high_contrast ? face_text : win32::Blend(face, face_text, kLinePart);
+    COLORREF idle_focus = high_contrast ? text : win32::Blend(window, text, kFaintPart);
 };
 
 void DesignGridView::OnPaint() {
@@ -122,7 +118,7 @@ void DesignGridView::PaintHeaderItem(HDC dc, const GridColours& colours, const G
         column >= 0 && (column == state_.FocusedColumn() ||
                         (state_.HasBlock() && state_.IsSelected(state_.FocusedRow(), column)));
     COLORREF text = colours.text;
-    if (header_theme_) {
+    if (header_theme_ && !colours.high_contrast) {
         DrawThemeBackground(header_theme_.get(), dc, kHeaderItem, focused ? kHeaderPressed : kHeaderNormal,
                             &rect, nullptr);
     } else {
@@ -238,7 +234,7 @@ void DesignGridView::PaintFocusedCell(HDC dc, const GridColours& colours) {
     }
     win32::DrawTextLine(dc, area, FocusedText(), colours.text);
     DrawFrame(dc, frame, active ? std::max(2, Scaled(2)) : line,
-              active ? colours.accent : win32::Blend(colours.window, colours.text, kFaintPart));
+              active ? colours.accent : colours.idle_focus);
 }
 
 }  // namespace tessel::controls

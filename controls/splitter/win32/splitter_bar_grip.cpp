@@ -3,6 +3,7 @@
 
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
+#include "common/win32/screen.h"
 #include "controls/splitter/win32/splitter_bar.h"
 
 namespace tessel::controls {
@@ -91,7 +92,7 @@ void SplitterBar::Bar::OnPaint() {
     if (owner_.state_.IsDragging() || focused)
         back = accent;
     else if (hot_)
-        back = win32::Blend(face, accent, 80);
+        back = win32::IsHighContrast() ? accent : win32::Blend(face, accent, 80);
     win32::FillSolid(dc, client, back);
 
     // The grip: a short row of dots in the middle.
