@@ -37,8 +37,8 @@ bool InStroke(double x, double y, double ax, double ay, double bx, double by, do
 // In a unit square: a short stroke down, a long one up.
 bool InTick(double x, double y) {
     constexpr double kThickness = 0.15;
-    return InStroke(x, y, 0.2, 0.52, 0.42, 0.74, kThickness) ||
-           InStroke(x, y, 0.42, 0.74, 0.81, 0.27, kThickness);
+    return InStroke(x, y, 0.22, 0.52, 0.42, 0.74, kThickness) ||
+           InStroke(x, y, 0.42, 0.74, 0.79, 0.28, kThickness);
 }
 
 bool InPill(double x, double y, double width, double height) {

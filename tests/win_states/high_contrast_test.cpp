@@ -92,7 +92,8 @@ TEST_F(HighContrast, SelectedTableOfTheDiagramStandsOutInTheHighlightColour) {
 
 TEST_F(HighContrast, FocusedBarOfASplitterIsTheHighlightColour) {
     Look([this] {
-        const HWND bar = FindWindowExW(Control(ui::kIdMainSplitter), nullptr, L"TesselSplitterGrip", nullptr);
+        const HWND bar =
+            FindWindowExW(Control(ui::kIdMainSplitter), nullptr, L"TesselSplitterGripV", nullptr);
         ASSERT_NE(bar, nullptr);
         SetFocus(bar);
         const auto colours = ColoursOf(bar);
