@@ -13,6 +13,13 @@
 
 namespace tessel::macros {
 
+/// The macros that have a meaning of their own, whatever the host's parameters are called: the Spanish names,
+/// then the English ones.
+inline constexpr std::wstring_view kFixedMacros[] = {
+    L"fecha", L"hora", L"fechahora", L"usuariowin", L"nombrepcwin", L"numpagina",  L"paginas",
+    L"date",  L"time", L"datetime",  L"winuser",    L"winpcname",   L"pagenumber", L"pages",
+};
+
 /// What ReplaceMacros asks its surroundings. A failing answer is no answer: the macro then stays as it is.
 class MacroSource {
 public:

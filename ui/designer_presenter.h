@@ -95,6 +95,9 @@ public:
     /// inside a gesture.
     void StepDone();
 
+    /// "Dar formato" of the editor's text (designer_presenter_editor.cpp), or a message that says why not.
+    void FormatText();
+
     /// "Ver árbol de sintaxis": shows how the parser understands the current SQL, or says that it does not.
     void ShowSyntaxTree();
 

@@ -25,6 +25,8 @@ public:
     virtual void SetText(std::wstring_view text) = 0;
     /// The text that the designer was opened with: the editor's history begins with it.
     virtual void LoadText(std::wstring_view text) { SetText(text); }
+    /// A text that differs from the editor's in white space only: the caret stays at its place.
+    virtual void SetLayout(std::wstring_view text) { SetText(text); }
     /// Texts set between the two are one undoable step together, and none when the text ends as it began.
     virtual void BeginReplacement() {}
     virtual void EndReplacement() {}

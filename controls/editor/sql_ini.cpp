@@ -135,6 +135,8 @@ private:
         const std::optional<StyleLook> look = LookOf(value);
         if (!look) return;
         if (name == L"margen") definition_.margin = *look;
+        if (name == L"pareja") definition_.pair = *look;
+        if (name == L"sinpareja") definition_.no_pair = *look;
         for (std::size_t i = 0; i < kSqlStyleCount; ++i)
             if (name == kStyleNames[i]) definition_.looks[i] = *look;
     }
@@ -173,6 +175,12 @@ ColouringDefinition BuiltInColouring() {
     definition.looks[static_cast<std::size_t>(SqlStyle::Error)].underline = true;
     definition.margin.colour = 0x6E7681;
     definition.margin.background = 0xF3F4F6;
+    definition.pair.colour = 0x0033B3;
+    definition.pair.background = 0xCFE3FF;
+    definition.pair.bold = true;
+    definition.no_pair.colour = 0xC00000;
+    definition.no_pair.background = 0xFFDCDC;
+    definition.no_pair.bold = true;
     return definition;
 }
 

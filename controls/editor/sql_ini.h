@@ -38,6 +38,8 @@ struct ColouringDefinition {
     SqlWords words;
     std::array<StyleLook, kSqlStyleCount> looks;  ///< by SqlStyle
     StyleLook margin;                             ///< the line numbers
+    StyleLook pair;                               ///< the parentheses beside the caret
+    StyleLook no_pair;                            ///< one without a partner
     std::wstring font = L"Consolas";
     int points = 10;
 

@@ -31,6 +31,8 @@ public:
     std::string Styles();
 
     void OnEditorTextChanged() override { ++changes_; }
+    int Formats() const { return formats_; }
+    void OnEditorFormat() override { ++formats_; }
 
     /// Pumps messages, as a dialog does, until the condition holds. False after a generous while.
     static bool Until(HWND dialog, const std::function<bool()>& condition);
@@ -43,6 +45,7 @@ private:
     std::unique_ptr<SqlEditor> editor_;
     HWND button_ = nullptr;
     int changes_ = 0;
+    int formats_ = 0;
 };
 
 }  // namespace tessel::controls

@@ -15,7 +15,7 @@ constexpr int kFirstColumnsWidth = 124;
 
 }  // namespace
 
-DesignerWindow::DesignerWindow(DesignerOwner* owner) : presenter_(*this, *this, owner), macros_(owner) {
+DesignerWindow::DesignerWindow(DesignerOwner* owner) : presenter_(*this, *this, owner), macros_(owner), completion_(owner) {
     SetHelp([](HWND help_owner, long context_id) { ShowHelp(help_owner, context_id); });
 }
 
@@ -38,6 +38,7 @@ bool DesignerWindow::Create() {
         Destroy();
         return false;
     }
+    editor_.SetCompletionSource(&completion_);
     presenter_.Load();
     // The first columns, the ones that most queries use, show a qualified name whole.
     for (int column = 0; column < model::kInitialColumnCount; ++column)
@@ -56,6 +57,7 @@ bool DesignerWindow::Create() {
 void DesignerWindow::LoadSchema(const schema::Schema* schema, std::wstring_view caption) {
     schema_ = schema;
     error_line_.SetSchema(schema);
+    completion_.SetSchema(schema);
     browser_.Load(schema, caption);
     if (controls::BrowserItem item; browser_.SelectedItem(item)) props_.Show(schema, &item);
     presenter_.BindSchema(schema);

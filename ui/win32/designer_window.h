@@ -18,6 +18,7 @@
 #include "ui/designer_presenter.h"
 #include "ui/preview.h"
 #include "ui/views.h"
+#include "ui/win32/designer_completion.h"
 #include "ui/win32/designer_form.h"
 #include "ui/win32/drag_window.h"
 
@@ -127,6 +128,7 @@ private:
     std::wstring Text() const override;
     void SetText(std::wstring_view text) override;
     void LoadText(std::wstring_view text) override;
+    void SetLayout(std::wstring_view text) override;
     void BeginReplacement() override;
     void EndReplacement() override;
     void Refresh() override;
@@ -167,12 +169,15 @@ private:
     void OnDiagramCarriedBack() override;
     void OnDiagramDroppedOutside(std::wstring_view table, std::wstring_view field, POINT screen) override;
 
+    void OnEditorFormat() override { presenter_.FormatText(); }
+
     // ChangeListener: the design grid or the diagram changed.
     void OnChanged() override;
 
     DesignerPresenter presenter_;
     win32::ComPtr<IDispatch> connection_;
     OwnerMacros macros_;
+    DesignerCompletion completion_;
 
     DragWindow drag_;
     Dragged dragged_;

@@ -93,6 +93,9 @@ void DesignerWindow::SetText(std::wstring_view text) {
 void DesignerWindow::LoadText(std::wstring_view text) {
     editor_.LoadText(text);
 }
+void DesignerWindow::SetLayout(std::wstring_view text) {
+    editor_.ReplaceLayout(text);
+}
 void DesignerWindow::BeginReplacement() {
     editor_.BeginReplacement();
 }

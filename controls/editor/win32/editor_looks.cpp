@@ -98,6 +98,14 @@ void ApplyLooks(const ScintillaCalls& editor, const ColouringDefinition& definit
     for (std::size_t i = 0; i < kSqlStyleCount; ++i)
         ApplyLook(editor, static_cast<int>(i), definition.looks[i], high_contrast);
     ApplyLook(editor, STYLE_LINENUMBER, definition.margin, high_contrast);
+    ApplyLook(editor, STYLE_BRACELIGHT, definition.pair, high_contrast);
+    ApplyLook(editor, STYLE_BRACEBAD, definition.no_pair, high_contrast);
+    if (high_contrast) {
+        editor.Send(SCI_STYLESETFORE, STYLE_BRACELIGHT,
+                    static_cast<sptr_t>(GetSysColor(COLOR_HIGHLIGHTTEXT)));
+        editor.Send(SCI_STYLESETBACK, STYLE_BRACELIGHT, static_cast<sptr_t>(GetSysColor(COLOR_HIGHLIGHT)));
+        editor.Send(SCI_STYLESETUNDERLINE, STYLE_BRACEBAD, TRUE);
+    }
     editor.Send(SCI_SETCARETFORE, GetSysColor(COLOR_WINDOWTEXT));
     ApplySelectionColours(editor, high_contrast);
 }

@@ -24,6 +24,9 @@ bool CanUndo(const ScintillaCalls& editor) {
 bool CanRedo(const ScintillaCalls& editor) {
     return IsWritable(editor) && editor.Send(SCI_CANREDO);
 }
+bool HasWritableText(const ScintillaCalls& editor) {
+    return IsWritable(editor) && editor.Send(SCI_GETLENGTH) > 0;
+}
 bool CanPaste(const ScintillaCalls& editor) {
     return editor.Send(SCI_CANPASTE) != 0;
 }
@@ -33,6 +36,10 @@ struct Command {
     unsigned message;
     bool (*is_enabled)(const ScintillaCalls&);
 };
+
+constexpr unsigned IdOf(EditorCommand command) {
+    return static_cast<unsigned>(command);
+}
 
 constexpr Command kCommands[] = {
     {L"&Deshacer\tCtrl+Z", SCI_UNDO, CanUndo},
@@ -44,6 +51,11 @@ constexpr Command kCommands[] = {
     {L"&Eliminar\tSupr", SCI_CLEAR, CanChangeSelection},
     {nullptr, 0, IsAlways},
     {L"&Seleccionar todo\tCtrl+A", SCI_SELECTALL, IsAlways},
+    {nullptr, 0, IsAlways},
+    {L"Co&mpletar\tCtrl+Espacio", IdOf(EditorCommand::Complete), IsWritable},
+    {L"C&omentar o quitar el comentario\tCtrl+K", IdOf(EditorCommand::ToggleComment), HasWritableText},
+    {L"Dar &formato\tCtrl+Mayús+F", IdOf(EditorCommand::Format), HasWritableText},
+    {L"&Ir al otro paréntesis\tCtrl+E", IdOf(EditorCommand::GoToPartner), IsAlways},
 };
 
 POINT CaretOnScreen(HWND hwnd, const ScintillaCalls& editor) {
@@ -61,9 +73,9 @@ POINT CaretOnScreen(HWND hwnd, const ScintillaCalls& editor) {
 
 }  // namespace
 
-void ShowEditorMenu(HWND hwnd, const ScintillaCalls& editor, POINT screen) {
+std::optional<EditorCommand> ShowEditorMenu(HWND hwnd, const ScintillaCalls& editor, POINT screen) {
     const win32::UniqueMenu menu(CreatePopupMenu());
-    if (!menu) return;
+    if (!menu) return std::nullopt;
     for (const Command& command : kCommands) {
         UINT flags = command.caption ? MF_STRING : MF_SEPARATOR;
         if (!command.is_enabled(editor)) flags |= MF_GRAYED;
@@ -72,7 +84,11 @@ void ShowEditorMenu(HWND hwnd, const ScintillaCalls& editor, POINT screen) {
     if (screen.x == -1 && screen.y == -1) screen = CaretOnScreen(hwnd, editor);
     const BOOL chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, screen.x,
                                        screen.y, 0, hwnd, nullptr);
-    if (chosen && IsWindow(hwnd)) editor.Send(static_cast<unsigned>(chosen));
+    if (!chosen || !IsWindow(hwnd)) return std::nullopt;
+    const auto id = static_cast<unsigned>(chosen);
+    if (id < SCI_START) return static_cast<EditorCommand>(id);
+    editor.Send(id);
+    return std::nullopt;
 }
 
 }  // namespace tessel::controls

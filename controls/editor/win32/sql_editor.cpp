@@ -9,7 +9,10 @@
 #include "common/win32/module.h"
 #include "common/win32/screen.h"
 #include "controls/editor/editor_text.h"
+#include "controls/editor/text_layout.h"
 #include "controls/editor/win32/editor_accessible.h"
+#include "controls/editor/win32/editor_braces.h"
+#include "controls/editor/win32/editor_commands.h"
 #include "controls/editor/win32/editor_looks.h"
 #include "controls/editor/win32/editor_menu.h"
 #include "controls/editor/win32/scintilla_calls.h"
@@ -72,6 +75,9 @@ public:
     static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
                                       DWORD_PTR data);
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    bool OnKey(WPARAM key);
+    void Run(EditorCommand command);
+    void ReplaceLayout(std::wstring_view text);
     LRESULT DialogCode(const MSG* key) const;
     void MoveFocus(bool back) const;
     void OnDestroyed();
@@ -83,6 +89,7 @@ public:
     SqlEditorEvents* events_ = nullptr;
     int dpi_ = 96;
     EditorErrors errors_;
+    EditorCompletion completion_;
     bool setting_text_ = false;
     /// The editor as it was when the replacement in progress began.
     struct Before {
@@ -112,6 +119,7 @@ bool SqlEditor::Impl::Create(HWND parent, int id, const std::wstring& ini_path, 
     }
     accessible_.Attach(hwnd_, kAccessibleName);
     SetOptions();
+    completion_.Attach(editor_, &definition_.words);
     ApplyDpi(win32::DpiOf(hwnd_));
     return true;
 }
@@ -224,8 +232,13 @@ bool SqlEditor::Impl::HandleNotify(const SCNotification& notification) {
             NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, hwnd_, OBJID_CLIENT, CHILDID_SELF);
             if (events_) setting_text_ ? events_->OnEditorTextSet() : events_->OnEditorTextChanged();
             break;
+        case SCN_UPDATEUI:
+            if (notification.updated & (SC_UPDATE_CONTENT | SC_UPDATE_SELECTION))
+                ShowBraces(editor_, definition_.words);
+            break;
         default:
             errors_.HandleNotify(editor_, notification);
+            completion_.HandleNotify(notification);
             break;
     }
     return true;
@@ -255,15 +268,18 @@ LRESULT SqlEditor::Impl::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
                 MoveFocus(IsDown(VK_SHIFT));
                 return 0;
             }
+            if (OnKey(wparam)) return 0;
             break;
         case WM_CHAR:
             // Ctrl with a key that has no command would write a control character into the statement. Tab and
             // Enter do their work on the key itself.
             if (IsControlCharacter(wparam)) return 0;
+            if (wparam == L' ' && IsDown(VK_CONTROL) && !IsDown(VK_MENU)) return 0;
             break;
         case WM_CONTEXTMENU:
-            ShowEditorMenu(hwnd_, editor_,
-                           {static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))});
+            if (const auto command = ShowEditorMenu(
+                    hwnd_, editor_, {static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam))}))
+                Run(*command);
             return 0;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE: {
@@ -282,11 +298,53 @@ LRESULT SqlEditor::Impl::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     return DefSubclassProc(hwnd_, message, wparam, lparam);
 }
 
-// Every key is the editor's except Esc, which closes the dialog, and those that work with Alt.
+bool SqlEditor::Impl::OnKey(WPARAM key) {
+    if (key == VK_RETURN && completion_.EnterBreaksLine()) return false;
+    const auto command = CommandOfKey(key, IsDown(VK_CONTROL), IsDown(VK_SHIFT), IsDown(VK_MENU));
+    if (command) Run(*command);
+    return command.has_value();
+}
+
+void SqlEditor::Impl::Run(EditorCommand command) {
+    if (command != EditorCommand::Complete) completion_.Close();
+    switch (command) {
+        case EditorCommand::Complete:
+            return completion_.Open();
+        case EditorCommand::ToggleComment:
+            return ToggleCommentOfLines(editor_);
+        case EditorCommand::Format:
+            if (events_ && !editor_.Send(SCI_GETREADONLY)) events_->OnEditorFormat();
+            return;
+        case EditorCommand::GoToPartner:
+            return GoToPartner(editor_, definition_.words, false);
+        case EditorCommand::SelectToPartner:
+            return GoToPartner(editor_, definition_.words, true);
+    }
+}
+
+void SqlEditor::Impl::ReplaceLayout(std::wstring_view text) {
+    const std::string_view before = editor_.Bytes();
+    const std::string after = ToEditorBytes(text);
+    if (before == after) return;
+    const auto caret = static_cast<std::size_t>(editor_.Send(SCI_GETCURRENTPOS));
+    const std::size_t place = SamePlace(before, caret, after);
+    editor_.Send(SCI_BEGINUNDOACTION);
+    editor_.Send(SCI_TARGETWHOLEDOCUMENT);
+    editor_.Send(SCI_REPLACETARGET, after.size(), after.data());
+    editor_.Send(SCI_SETEMPTYSELECTION, place);
+    editor_.Send(SCI_ENDUNDOACTION);
+    editor_.Send(SCI_SETSCROLLWIDTH, 1);
+    editor_.Send(SCI_SCROLLCARET);
+    editor_.Send(SCI_CHOOSECARETX);
+}
+
+// Every key is the editor's except Esc, which closes the dialog unless the list of names is open, and those
+// that work with Alt.
 LRESULT SqlEditor::Impl::DialogCode(const MSG* key) const {
     constexpr LRESULT kText = DLGC_WANTCHARS | DLGC_WANTARROWS;
     if (!key || (key->message != WM_KEYDOWN && key->message != WM_CHAR)) return kText;
-    return key->wParam == VK_ESCAPE ? kText : kText | DLGC_WANTALLKEYS;
+    const bool is_dialogs = key->wParam == VK_ESCAPE && !completion_.IsOpen();
+    return is_dialogs ? kText : kText | DLGC_WANTALLKEYS;
 }
 
 void SqlEditor::Impl::MoveFocus(bool back) const {
@@ -298,6 +356,7 @@ void SqlEditor::Impl::OnDestroyed() {
     RemoveWindowSubclass(hwnd_, Procedure, kSubclassId);
     hwnd_ = nullptr;
     editor_ = {};
+    completion_.Detach();
 }
 
 SqlEditor::SqlEditor() : impl_(std::make_unique<Impl>()) {}
@@ -346,6 +405,14 @@ void SqlEditor::InsertText(std::wstring_view text) {
     impl_->editor_.Send(SCI_REPLACESEL, 0, reinterpret_cast<sptr_t>(bytes.c_str()));
     impl_->editor_.Send(SCI_ENDUNDOACTION);
     impl_->editor_.Send(SCI_SCROLLCARET);
+}
+
+void SqlEditor::ReplaceLayout(std::wstring_view text) {
+    if (impl_->hwnd_) impl_->ReplaceLayout(text);
+}
+
+void SqlEditor::SetCompletionSource(CompletionSource* source) {
+    impl_->completion_.SetSource(source);
 }
 
 void SqlEditor::Refresh() {

@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "common/diagnostic.h"
+#include "controls/editor/win32/editor_completion.h"
 #include "controls/editor/win32/editor_errors.h"
 
 namespace tessel::controls {
@@ -31,6 +32,8 @@ public:
     virtual void OnEditorTextChanged() {}
     /// SetText gave it another text.
     virtual void OnEditorTextSet() {}
+    /// "Dar formato" was asked for.
+    virtual void OnEditorFormat() {}
 };
 
 class SqlEditor {
@@ -57,6 +60,11 @@ public:
     void EndReplacement();
     /// Writes a text at the caret, over what is selected, as one undoable step that is reported like typing.
     void InsertText(std::wstring_view text);
+    /// Replaces the whole text by one that differs in white space only, as one undoable step that is reported
+    /// like typing. The caret stays where it was between the same two characters.
+    void ReplaceLayout(std::wstring_view text);
+    /// Who knows the names of the completion list. Not owned; nullptr for no list.
+    void SetCompletionSource(CompletionSource* source);
     /// Colours and paints everything again.
     void Refresh();
 
