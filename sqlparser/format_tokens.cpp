@@ -38,6 +38,7 @@ FormatTokens::FormatTokens(std::wstring_view text) : text_(text) {
         entry.ends_line = token.kind == TokenKind::Comment && piece.starts_with(L"--");
         entry.partner = tokens_.size();
         tokens_.push_back(entry);
+        if (token.kind == TokenKind::RightBrace) MergeEscapedDate();
         blank = line_begins = false;
     }
     if (!tokens_.empty() && tokens_.back().token.kind == TokenKind::Comment) tokens_.back().ends_line = true;
@@ -55,6 +56,28 @@ FormatTokens::FormatTokens(std::wstring_view text) : text_(text) {
         if (tokens_[i].has_break) ++inner;
     }
     inner_breaks_.push_back(inner);
+}
+
+// {d '2024-01-31'} is one value, white space and all, as a date between signs is.
+void FormatTokens::MergeEscapedDate() {
+    const std::size_t last = tokens_.size() - 1;
+    std::size_t open = last;
+    std::size_t parts = 0;
+    while (open > 0 && parts < 3)
+        if (!IsComment(--open)) ++parts;
+    if (parts < 3 || !Is(open, TokenKind::LeftBrace)) return;
+    const auto next = [this](std::size_t index) {
+        do ++index;
+        while (IsComment(index));
+        return index;
+    };
+    const std::size_t word = next(open);
+    if (!Is(word, TokenKind::Word) || !Is(next(word), TokenKind::String)) return;
+    FormatToken& date = tokens_[open];
+    date.token.kind = TokenKind::Date;
+    date.token.length = tokens_[last].token.End() - date.token.begin;
+    date.has_break = HoldsBreak(Text(open));
+    tokens_.resize(open + 1);
 }
 
 void FormatTokens::FindPartners() {

@@ -45,6 +45,7 @@ public:
     bool IsBareMacro(std::size_t index) const;
 
 private:
+    void MergeEscapedDate();
     void FindPartners();
     bool IsOperand(std::size_t index) const;
     bool IsUnary(std::size_t index) const;

@@ -195,7 +195,7 @@ class Statements(unittest.TestCase):
 class Messages(unittest.TestCase):
     FILES = ["sqlparser/messages.h", "analyse/refusal.h", "analyse/refusal.cpp", "analyse/analyse_sql.h",
              "ui/relation_messages.h", "ui/grid_messages.h", "ui/designer_presenter.cpp",
-             "ui/text_check_texts.h", "ui/win32/show_help.h"]
+             "ui/text_check_texts.h", "ui/format_texts.h", "ui/win32/show_help.h"]
 
     def literals(self, file):
         text = re.sub(r"//[^\n]*", "", source(file))

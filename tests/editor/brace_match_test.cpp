@@ -31,7 +31,7 @@ TEST(BraceMatch, PairsAreFoundFromBothEnds) {
 }
 
 TEST(BraceMatch, StringsCommentsAndNamesDoNotCount) {
-    EXPECT_EQ(At("(')' [)] /* ) */ #)# \")\")", 0), Found(24));
+    EXPECT_EQ(At("(')' [)] /* ) */ \")\")", 0), Found(20));
     EXPECT_EQ(At("( -- )\n)", 0), Found(7));
     EXPECT_EQ(At("(@{)})", 0), Found(5));
 }

@@ -48,6 +48,10 @@ void FindFromTheMiddle(DesignerKeys& keys, int focus, std::size_t expected) {
     keys.Until([&keys, expected] { return SelectionOf(keys) == TextRange{expected, 1}; }, "found");
 }
 
+bool ListIsOpen(DesignerKeys& keys) {
+    return SendMessageW(keys.Control(ui::kIdEditor), SCI_AUTOCACTIVE, 0, 0) != 0;
+}
+
 const KeyCheck<DesignerKeys> kChecks[] = {
     {L"Ctrl+Z", L"",
      [](DesignerKeys& keys) {
@@ -145,6 +149,57 @@ const KeyCheck<DesignerKeys> kChecks[] = {
          keys.Press();
          keys.Until([&keys] { return keys.EditorText() == L"SELECT\t"; }, "a tab is written");
          keys.Do([&keys] { EXPECT_EQ(GetFocus(), keys.Control(ui::kIdEditor)); });
+     }},
+    {L"Ctrl+Espacio", L"",
+     [](DesignerKeys& keys) {
+         WriteText(keys, L"SELECT * FROM Clie");
+         keys.Press();
+         keys.Until([&keys] { return keys.EditorText() == L"SELECT * FROM Clientes"; }, "completed");
+     }},
+    {L"Entrar", L"en la lista de nombres",
+     [](DesignerKeys& keys) {
+         WriteText(keys, L"SELECT * FROM ");
+         keys.Press(VK_SPACE, false, true);
+         keys.Until([&keys] { return ListIsOpen(keys); }, "the list is open");
+         keys.Press();
+         keys.Until([&keys] { return keys.EditorText() == L"SELECT * FROM Clientes"; }, "the first one");
+     }},
+    {L"Esc", L"en la lista de nombres",
+     [](DesignerKeys& keys) {
+         WriteText(keys, L"SELECT * FROM ");
+         keys.Press(VK_SPACE, false, true);
+         keys.Until([&keys] { return ListIsOpen(keys); }, "the list is open");
+         keys.Press();
+         keys.Until([&keys] { return !ListIsOpen(keys); }, "the list is closed");
+         keys.Do([&keys] { EXPECT_TRUE(IsWindowVisible(keys.Window().Handle())); });
+     }},
+    {L"Ctrl+E", L"",
+     [](DesignerKeys& keys) {
+         WriteText(keys, L"SELECT (a)");
+         keys.Press();
+         keys.Type(L"x");
+         keys.Until([&keys] { return keys.EditorText() == L"SELECT x(a)"; }, "the caret is before it");
+     }},
+    {L"Ctrl+Mayús+E", L"",
+     [](DesignerKeys& keys) {
+         WriteText(keys, L"SELECT (a)");
+         keys.Press();
+         keys.Type(L"x");
+         keys.Until([&keys] { return keys.EditorText() == L"SELECT x"; }, "the pair was selected");
+     }},
+    {L"Ctrl+K", L"",
+     [](DesignerKeys& keys) {
+         WriteText(keys, L"SELECT 1");
+         keys.Press();
+         keys.Until([&keys] { return keys.EditorText() == L"-- SELECT 1"; }, "a comment");
+         keys.Press();
+         keys.Until([&keys] { return keys.EditorText() == L"SELECT 1"; }, "and none");
+     }},
+    {L"Ctrl+Mayús+F", L"",
+     [](DesignerKeys& keys) {
+         WriteText(keys, L"SELECT a,b FROM t");
+         keys.Press();
+         keys.Until([&keys] { return keys.EditorText() == L"SELECT a, b\r\nFROM t"; }, "laid out");
      }},
 };
 const KeyPane<DesignerKeys> kPane("KeysOfTheEditor", L"En el editor de SQL", kChecks);
