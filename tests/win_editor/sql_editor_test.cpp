@@ -308,9 +308,12 @@ TEST(SqlEditorMenu, HasTheStandardCommandsInSpanish) {
     script.Start();
     window.Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window.Editor().Handle()), MAKELPARAM(-1, -1));
     EXPECT_TRUE(script.Finished()) << script.Trouble();
-    EXPECT_EQ(captions, (std::vector<std::wstring>{L"&Deshacer\tCtrl+Z", L"&Rehacer\tCtrl+Y", L"",
-                                                   L"Cor&tar\tCtrl+X", L"&Copiar\tCtrl+C", L"&Pegar\tCtrl+V",
-                                                   L"&Eliminar\tSupr", L"", L"&Seleccionar todo\tCtrl+A"}));
+    EXPECT_EQ(captions,
+              (std::vector<std::wstring>{L"&Deshacer\tCtrl+Z", L"&Rehacer\tCtrl+Y", L"", L"Cor&tar\tCtrl+X",
+                                         L"&Copiar\tCtrl+C", L"&Pegar\tCtrl+V", L"&Eliminar\tSupr", L"",
+                                         L"&Seleccionar todo\tCtrl+A", L"", L"Co&mpletar\tCtrl+Espacio",
+                                         L"C&omentar o quitar el comentario\tCtrl+K",
+                                         L"Dar &formato\tCtrl+Mayús+F", L"&Ir al otro paréntesis\tCtrl+E"}));
     EXPECT_TRUE(undo_enabled);
     EXPECT_EQ(window.Editor().Selection(), (TextRange{0, kStatement.size()}));
 }
@@ -360,9 +363,19 @@ TEST(SqlEditorLife, ClassesAreRegisteredForThisModuleAndReleased) {
     WNDCLASSEXW info{};
     info.cbSize = sizeof info;
     EXPECT_FALSE(GetClassInfoExW(win32::ThisModule(), L"Scintilla", &info));
+    EXPECT_FALSE(GetClassInfoExW(win32::ThisModule(), L"ListBoxX", &info));
+    EXPECT_FALSE(GetClassInfoExW(win32::ThisModule(), L"CallTip", &info));
     EditorWindow again;
     again.Editor().SetText(L"otra vez");
     EXPECT_EQ(again.Editor().Text(), L"otra vez");
+    // The windows that the component opens are there again as well.
+    again.Send(SCI_USERLISTSHOW, 1, reinterpret_cast<LPARAM>("uno dos"));
+    EXPECT_TRUE(again.Send(SCI_AUTOCACTIVE));
+    again.Send(SCI_AUTOCCANCEL);
+    EXPECT_FALSE(again.Send(SCI_AUTOCACTIVE));
+    again.Send(SCI_CALLTIPSHOW, 0, reinterpret_cast<LPARAM>("tip"));
+    EXPECT_TRUE(FindWindowW(L"CallTip", nullptr));
+    again.Send(SCI_CALLTIPCANCEL);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace tessel::controls {
 namespace {
 
 /// How far a partner is looked for, in bytes: a key next to a parenthesis must not read a whole long text.
-constexpr std::size_t kFarthest = 64 * 1024;
+constexpr std::size_t kFarthest = 32 * 1024;
 
 struct Braces {
     sptr_t at = 0;

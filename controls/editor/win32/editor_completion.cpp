@@ -10,7 +10,7 @@ namespace tessel::controls {
 namespace {
 
 /// The part of the text around the caret that is looked at, in bytes on either side.
-constexpr sptr_t kLookAround = 256 * 1024;
+constexpr sptr_t kLookAround = 64 * 1024;
 /// More entries than anybody looks through; typing narrows the list.
 constexpr std::size_t kMostShown = 500;
 constexpr int kListType = 1;

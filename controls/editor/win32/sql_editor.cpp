@@ -17,9 +17,6 @@
 #include "controls/editor/win32/editor_menu.h"
 #include "controls/editor/win32/scintilla_calls.h"
 
-extern "C" int Scintilla_RegisterClasses(void* instance);
-extern "C" int Scintilla_ReleaseResources();
-
 namespace tessel::controls {
 
 namespace {
@@ -28,8 +25,6 @@ constexpr UINT_PTR kSubclassId = 1;
 constexpr int kTabWidth = 4;
 constexpr int kTextGap = 4;  // between margin and text, at 96 dpi
 constexpr const wchar_t* kAccessibleName = L"Consulta SQL";
-
-bool g_classes_registered = false;
 
 bool IsDown(int key) {
     return GetKeyState(key) < 0;
@@ -45,17 +40,6 @@ bool IsControlCharacter(WPARAM ch) {
 }
 
 }  // namespace
-
-bool RegisterEditorClasses() {
-    if (!g_classes_registered) g_classes_registered = Scintilla_RegisterClasses(win32::ThisModule()) != 0;
-    return g_classes_registered;
-}
-
-void ReleaseEditorClasses() {
-    if (!g_classes_registered) return;
-    Scintilla_ReleaseResources();
-    g_classes_registered = false;
-}
 
 class SqlEditor::Impl {
 public:
