@@ -62,16 +62,27 @@ private:
     Script script_;
 };
 
+const wchar_t* StatementFor(Shown shown) {
+    switch (shown) {
+        case Shown::Reason:
+            return L"SELECT a FROM t UNION SELECT b FROM u";
+        case Shown::SqlError:
+            return L"SELECT Clientes.Nombre FROM Clientes WHERE (Clientes.Pais = 'Chile' AND";
+        default:
+            return kTotalsByCustomer;
+    }
+}
+
 std::string OpenDesigner(Shown shown, const std::function<void(HWND)>& look) {
     const schema::Schema schema = SmallSchema();
     ui::DesignerWindow window(nullptr);
     if (!window.Create()) return "not created";
     window.LoadSchema(&schema, L"ventas");
-    window.Presenter().SetDsn(shown == Shown::Reason ? L"SELECT a FROM t UNION SELECT b FROM u"
-                                                     : kTotalsByCustomer);
+    window.Presenter().SetDsn(StatementFor(shown));
     Visit visit(window);
     const HWND form = window.Handle();
-    const ui::Tab tab = shown == Shown::Sql ? ui::Tab::Sql : ui::Tab::Design;
+    const bool shows_text = shown == Shown::Sql || shown == Shown::SqlReplace || shown == Shown::SqlError;
+    const ui::Tab tab = shows_text ? ui::Tab::Sql : ui::Tab::Design;
     visit.Steps().Do([&window, form, tab] {
         if (window.Presenter().CurrentTab() == tab) return;
         const HWND tabs = Descendant(form, ui::kIdTabs);
@@ -81,6 +92,16 @@ std::string OpenDesigner(Shown shown, const std::function<void(HWND)>& look) {
     visit.Steps().Until(
         [&window, tab] { return window.Presenter().CurrentTab() == tab && !window.EditorText().empty(); },
         "the tab");
+    if (shown == Shown::SqlReplace) {
+        visit.Steps().Do([form] { SetFocus(Descendant(form, ui::kIdEditor)); });
+        visit.Steps().Do([] { PressKey('H', false, true); });
+        visit.Steps().Until(
+            [form] { return IsWindowVisible(Descendant(form, ui::FindReplaceBar::kIdReplaceText)) != FALSE; },
+            "the bar that replaces");
+    }
+    if (shown == Shown::SqlError)
+        visit.Steps().Until([form] { return !TextOf(Descendant(form, ui::kIdErrorLine)).empty(); },
+                            "the error is told");
     return visit.Run(look, [&] { window.ShowModal(); });
 }
 
@@ -143,6 +164,10 @@ const char* NameOf(Shown shown) {
             return "Design";
         case Shown::Sql:
             return "Sql";
+        case Shown::SqlReplace:
+            return "SqlReplace";
+        case Shown::SqlError:
+            return "SqlError";
         case Shown::Reason:
             return "Reason";
         case Shown::Relation:

@@ -9,11 +9,24 @@
 
 namespace tessel::testing {
 
-enum class Shown { Design, Sql, Reason, Relation, AddTable, AddRelatedTable, Preview, PreviewFind, Tree };
+enum class Shown {
+    Design,
+    Sql,
+    SqlReplace,
+    SqlError,
+    Reason,
+    Relation,
+    AddTable,
+    AddRelatedTable,
+    Preview,
+    PreviewFind,
+    Tree
+};
 
-inline constexpr Shown kEveryWindow[] = {Shown::Design,   Shown::Sql,         Shown::Reason,
-                                         Shown::Relation, Shown::AddTable,    Shown::AddRelatedTable,
-                                         Shown::Preview,  Shown::PreviewFind, Shown::Tree};
+inline constexpr Shown kEveryWindow[] = {
+    Shown::Design,  Shown::Sql,         Shown::SqlReplace, Shown::SqlError,
+    Shown::Reason,  Shown::Relation,    Shown::AddTable,   Shown::AddRelatedTable,
+    Shown::Preview, Shown::PreviewFind, Shown::Tree};
 
 /// For names of tests and files.
 const char* NameOf(Shown shown);

@@ -58,7 +58,8 @@ public:
         for (const HWND child : shown) {
             if (!CheckPlace(child, parent)) continue;
             CheckText(child);
-            if (IsOurs(child)) Walk(child);
+            // lblNo scrolls: what it holds may be out of sight.
+            if (IsOurs(child) && GetDlgCtrlID(child) != ui::kIdReason) Walk(child);
         }
         for (std::size_t i = 0; i < shown.size(); ++i)
             for (std::size_t j = i + 1; j < shown.size(); ++j) CheckPair(shown[i], shown[j], parent);
