@@ -54,6 +54,10 @@ void RunModalLoop(HWND hwnd, const std::function<bool()>& is_done,
     }
 }
 
+void ShowKeyboardCues(HWND hwnd) {
+    SendMessageW(hwnd, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL), 0);
+}
+
 void ProcessPendingMessages() {
     // A bound keeps a window that posts to itself from holding us for ever.
     constexpr int kMost = 1000;

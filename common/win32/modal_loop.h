@@ -34,6 +34,9 @@ private:
 void RunModalLoop(HWND hwnd, const std::function<bool()>& is_done,
                   const std::function<bool(const MSG&)>& pre_translate);
 
+/// Underlines and focus rectangles show from the beginning, not only after the first key.
+void ShowKeyboardCues(HWND hwnd);
+
 /// Dispatches the messages that are waiting now, once: painting, sent and posted messages. Keyboard and mouse
 /// input stays in the queue, so that no gesture of the user starts a second command inside the first. A
 /// WM_QUIT is posted again.

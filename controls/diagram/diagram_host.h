@@ -55,7 +55,8 @@ enum class Key {
     Minus,
     Zero,
     Nine,
-    Tab
+    Tab,
+    Insert
 };
 struct Modifiers {
     bool shift = false;

@@ -2,7 +2,8 @@
 //
 // Up and Down walk through the title and the rows of the selected table and on to the table above or below;
 // Left and Right go to the table beside. Ctrl+Page Up and Page Down walk through all tables and then all
-// relations. With Ctrl the arrow keys move the selected box, with Shift they resize it.
+// relations. With Ctrl the arrow keys move the selected box, with Shift they resize it, with both they
+// scroll.
 #include "common/identifiers.h"
 #include "common/text.h"
 #include "controls/diagram/diagram_state.h"
@@ -11,7 +12,8 @@ namespace tessel::controls::diagram {
 
 namespace {
 
-constexpr int kKeyStep = 8;  // units
+constexpr int kKeyStep = 8;      // units
+constexpr int kScrollStep = 40;  // pixels at 96 dpi
 
 Point DirectionOf(Key key) {
     switch (key) {
@@ -60,6 +62,9 @@ bool DiagramState::KeyDown(Key key, Modifiers modifiers) {
             if (diagram_->SelectedElement() == model::DiagramElement::None) return false;
             host_.DeleteWanted(diagram_->SelectedElement());
             return true;
+        case Key::Insert:
+            if (const model::DiagramTable* table = TableAt(SelectedIndex())) BeginRelation(table->name);
+            return true;
         case Key::Enter:
             if (diagram_->SelectedElement() != model::DiagramElement::Relation) return false;
             host_.RelationActivated(diagram_->SelectedRelation());
@@ -87,6 +92,11 @@ bool DiagramState::ZoomKey(Key key) {
 bool DiagramState::ArrowKey(Key key, Modifiers modifiers) {
     if (layout_.Boxes().empty()) return false;
     const Point direction = DirectionOf(key);
+    if (modifiers.ctrl && modifiers.shift) {
+        const int step = kScrollStep * view_.Dpi() / 96;
+        ScrollTo({view_.Scroll().x + step * direction.x, view_.Scroll().y + step * direction.y});
+        return true;
+    }
     int table = SelectedIndex();
     if (table < 0) {
         // From a selected relation to the table at that end of it, else to the first table.

@@ -36,7 +36,7 @@ std::wstring RelatingText(const std::wstring& table, const std::wstring& field) 
         field.empty()
             ? L"Nueva relación: señale el campo de " + table + L" y después el de otra tabla"
             : L"Nueva relación: señale el campo de otra tabla que se une con " + table + L"." + field;
-    return what + L" (Entrar elige, Esc abandona).";
+    return what + L" (Tab: otra tabla, Entrar elige, Esc abandona).";
 }
 
 std::wstring_view FitCaption() {

@@ -100,12 +100,13 @@ TEST_F(Relating, TheHintSaysWhatComesNext) {
     EXPECT_EQ(state.RelatingHint(), L"");
     state.BeginRelation(L"Clientes");
     EXPECT_EQ(state.RelatingHint(),
-              L"Nueva relación: señale el campo de Clientes y después el de otra tabla (Entrar elige, Esc "
+              L"Nueva relación: señale el campo de Clientes y después el de otra tabla (Tab: otra tabla, "
+              L"Entrar elige, Esc "
               L"abandona).");
     Click(FieldOf(L"Clientes", L"IdCliente"));
     EXPECT_EQ(state.RelatingHint(),
               L"Nueva relación: señale el campo de otra tabla que se une con Clientes.IdCliente "
-              L"(Entrar elige, Esc abandona).");
+              L"(Tab: otra tabla, Entrar elige, Esc abandona).");
 }
 
 TEST_F(Relating, ALineFollowsThePointerAndTheCursorTellsWhereItMayEnd) {

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
+#include "tests/win_dlg_dsn/recorded_help.h"
 #include "ui/help_contexts.h"
 #include "ui/win32/dlg_dsn.h"
-#include "ui/win32/show_help.h"
 
 namespace tessel::testing {
 
@@ -109,22 +109,13 @@ TEST_F(AddTable, OpenedOnATableOfTheDiagramItListsTheRelatedOnes) {
 }
 
 TEST_F(AddTable, F1OpensItsHelpTopic) {
-    std::vector<DWORD_PTR> topics;
-    ui::HelpPlatform platform;
-    platform.component_folder = L"C:\\Tessel";
-    platform.file_exists = [](const std::wstring&) { return true; };
-    platform.html_help = [&topics](HWND, const char*, UINT command, DWORD_PTR topic) {
-        EXPECT_EQ(command, ui::kHelpContext);
-        topics.push_back(topic);
-    };
-    ui::ReplaceHelpPlatform(&platform);
+    RecordedHelp help;
     Open();
     script_.Do([] { PressKey(VK_F1); });
-    script_.Until([&topics] { return !topics.empty(); }, "the help is asked for");
+    script_.Until([&help] { return !help.Calls().empty(); }, "the help is asked for");
     script_.Do([] { PressKey(VK_ESCAPE); });
     Cancel();
-    ui::ReplaceHelpPlatform(nullptr);
-    EXPECT_EQ(topics, std::vector<DWORD_PTR>{ui::help::kAddTable});
+    EXPECT_EQ(help.LastTopic(), ui::help::kAddTable);
 }
 
 TEST_F(AddTable, ADoubleClickOnALineAddsItsTable) {

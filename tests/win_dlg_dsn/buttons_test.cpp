@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
+#include "tests/win_dlg_dsn/recorded_help.h"
 #include "ui/dlg_dsn_texts.h"
 
 namespace tessel::testing {
@@ -119,10 +120,9 @@ TEST_F(Buttons, AltCCancels) {
 }
 
 TEST_F(Buttons, AltUOpensTheHelp) {
-    int opened = 0;
-    window_.SetHelp([&opened](HWND, long) { ++opened; });
+    RecordedHelp help;
     script_.Do([] { PressAlt('U'); });
-    script_.Until([&opened] { return opened == 1; }, "the help is asked for");
+    script_.Until([&help] { return help.Calls().size() == 1; }, "the help is asked for");
     Cancel();
     EXPECT_FALSE(Run(L"SELECT Clientes.Nombre FROM Clientes"));
 }

@@ -83,13 +83,22 @@ TEST_F(GridTest, ControlTabLeavesFromAnyCell) {
     EXPECT_TRUE(frame_.WaitFor([&] { return GetFocus() == after_; }));
 }
 
-TEST_F(GridTest, EnterAndEscapeBelongToTheDialogWhileNothingIsEdited) {
+TEST_F(GridTest, EscapeBelongsToTheDialogWhileNothingIsEdited) {
     ClickCell(GridRow::Tabla, 2);
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(frame_.WaitFor([&] { return frame_.last_command == IDCANCEL; }));
-    PressKey(VK_RETURN);
-    EXPECT_TRUE(frame_.WaitFor([&] { return frame_.last_command == IDOK; }));
     EXPECT_TRUE(IsOn(GridRow::Tabla, 2));
+}
+
+// Whoever presses it once too often after typing must not end the dialog with it.
+TEST_F(GridTest, EnterGoesDownAndStaysInTheLastRow) {
+    ClickCell(GridRow::Condicion, 2);
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(frame_.WaitFor([&] { return IsOn(GridRow::Or, 2); }));
+    PressKey(VK_RETURN);
+    PressKey(VK_LEFT);
+    EXPECT_TRUE(frame_.WaitFor([&] { return IsOn(GridRow::Or, 1); }));
+    EXPECT_EQ(frame_.last_command, 0);
 }
 
 TEST_F(GridTest, ModelFocusIsShownAndScrolledTo) {

@@ -4,6 +4,7 @@
 
 #include "common/win32/module.h"
 #include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
+#include "tests/win_dlg_dsn/recorded_help.h"
 #include "ui/help_contexts.h"
 #include "ui/win32/show_help.h"
 
@@ -13,24 +14,16 @@ namespace {
 
 class DesignerHelp : public DlgDsnTest {
 protected:
-    struct Call {
-        HWND owner;
-        long context_id;
-        bool operator==(const Call&) const = default;
-    };
-
-    DesignerHelp() {
-        window_.SetHelp([this](HWND owner, long context_id) { calls_.push_back({owner, context_id}); });
-    }
+    using Call = RecordedHelp::Call;
 
     void F1In(HWND pane) {
         script_.Do([pane] { SetFocus(pane); });
         script_.Do([] { PostMessageW(GetFocus(), WM_KEYDOWN, VK_F1, 1); });
         const std::size_t expected = ++presses_;
-        script_.Until([this, expected] { return calls_.size() == expected; }, "F1");
+        script_.Until([this, expected] { return help_.Calls().size() == expected; }, "F1");
     }
 
-    std::vector<Call> calls_;
+    RecordedHelp help_;
     std::size_t presses_ = 0;
 };
 
@@ -41,10 +34,10 @@ TEST_F(DesignerHelp, ButtonIsEnabledAndOpensTheHelpWithoutOwnerAndContext) {
         EXPECT_TRUE(IsWindowEnabled(Control(ui::kIdHelp)));
         Press(ui::kIdHelp);
     });
-    script_.Until([this] { return !calls_.empty(); }, "help");
+    script_.Until([this] { return !help_.Calls().empty(); }, "help");
     script_.Do([this] { Press(ui::kIdCancel); });
     EXPECT_FALSE(Run(kTotalsByCustomer));
-    EXPECT_EQ(calls_, (std::vector<Call>{{nullptr, 0}}));
+    EXPECT_EQ(help_.Calls(), (std::vector<Call>{{nullptr, 0}}));
 }
 
 TEST_F(DesignerHelp, F1OpensTheTopicOfThePaneThatHasTheFocus) {
@@ -58,10 +51,10 @@ TEST_F(DesignerHelp, F1OpensTheTopicOfThePaneThatHasTheFocus) {
     F1In(Control(ui::kIdEditor));
     script_.Do([this] { Press(ui::kIdCancel); });
     EXPECT_FALSE(Run(kTotalsByCustomer));
-    EXPECT_EQ(calls_, (std::vector<Call>{{nullptr, ui::help::kBrowser},
-                                         {nullptr, ui::help::kDiagram},
-                                         {nullptr, ui::help::kWindow},
-                                         {nullptr, ui::help::kSqlTab}}));
+    EXPECT_EQ(help_.Calls(), (std::vector<Call>{{nullptr, ui::help::kBrowser},
+                                                {nullptr, ui::help::kDiagram},
+                                                {nullptr, ui::help::kWindow},
+                                                {nullptr, ui::help::kSqlTab}}));
 }
 
 TEST_F(DesignerHelp, F1InTheGridOpensTheTopicOfTheFocusedRow) {
@@ -73,7 +66,7 @@ TEST_F(DesignerHelp, F1InTheGridOpensTheTopicOfTheFocusedRow) {
     EXPECT_FALSE(Run(kTotalsByCustomer));
     std::vector<Call> expected;
     for (long row = 1; row <= 8; ++row) expected.push_back({nullptr, 200 + row});
-    EXPECT_EQ(calls_, expected);
+    EXPECT_EQ(help_.Calls(), expected);
 }
 
 namespace {

@@ -35,21 +35,11 @@ HWND Inside(HWND root, const wchar_t* window_class) {
 
 DesignerKeys::DesignerKeys(const std::wstring& key, Check check) : check_(check) {
     EXPECT_TRUE(ParseStroke(key, stroke_));
-    help_.component_folder = L"C:\\Tessel";
-    help_.file_exists = [](const std::wstring&) { return true; };
-    help_.html_help = [this](HWND, const char*, UINT, DWORD_PTR topic) {
-        help_topics_.push_back(static_cast<long>(topic));
-    };
-    ui::ReplaceHelpPlatform(&help_);
     // Whatever is open is closed, so that the window's own loop comes to its end.
     script_.OnTrouble([this] {
         NothingIsOpen();
         PostMessageW(window_.Handle(), WM_CLOSE, 0, 0);
     });
-}
-
-DesignerKeys::~DesignerKeys() {
-    ui::ReplaceHelpPlatform(nullptr);
 }
 
 void DesignerKeys::TestBody() {

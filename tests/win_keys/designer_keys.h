@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "tests/win_dlg_dsn/dlg_dsn_fixture.h"
+#include "tests/win_dlg_dsn/recorded_help.h"
 #include "tests/win_keys/key_checks.h"
-#include "ui/win32/show_help.h"
 
 namespace tessel::testing {
 
@@ -25,7 +25,6 @@ class DesignerKeys : public DlgDsnTest {
 public:
     using Check = void (*)(DesignerKeys&);
     DesignerKeys(const std::wstring& key, Check check);
-    ~DesignerKeys() override;
 
     // What a check tells to be done, in this order, while the window is open.
 
@@ -70,8 +69,7 @@ public:
     HWND SearchBox();
     HWND Properties();
     bool Checked(const wchar_t* table, const wchar_t* field);
-    long LastHelpTopic() const { return help_topics_.empty() ? -1 : help_topics_.back(); }
-    bool HelpWasAsked() const { return !help_topics_.empty(); }
+    const RecordedHelp& Help() const { return help_; }
     /// The window's own dialog of that title, once it shows.
     static HWND Dialog(const wchar_t* title);
     static HWND OpenMenu();
@@ -88,8 +86,7 @@ private:
     Check check_;
     std::wstring statement_ = kOneColumn;
     std::optional<bool> answer_;
-    ui::HelpPlatform help_;
-    std::vector<long> help_topics_;
+    RecordedHelp help_;
 };
 
 }  // namespace tessel::testing

@@ -55,6 +55,44 @@ void ResizesTheTable(DesignerKeys& keys, int dx, int dy) {
         "the table has another size");
 }
 
+/// Tables that do not fit the view, the keyboard on the title of Clientes.
+void FarApart(DesignerKeys& keys) {
+    OnClientes(keys);
+    keys.Do([&keys] {
+        keys.Window().Presenter().Design().diagram.SetTableRect(L"Pedidos", {2000, 1500, 150, 160});
+    });
+}
+
+/// The key scrolls the plane, and moves no table.
+void Scrolls(DesignerKeys& keys, int dx, int dy) {
+    static RECT before{};
+    FarApart(keys);
+    if (dx < 0 || dy < 0) {
+        keys.Do([dx] { PressKey(dx < 0 ? VK_RIGHT : VK_DOWN, true, true); });
+        keys.Do([dx] { PressKey(dx < 0 ? VK_RIGHT : VK_DOWN, true, true); });
+    }
+    keys.Do([&keys] { before = keys.DiagramView().TableRect(L"Clientes"); });
+    keys.Press();
+    keys.Until(
+        [=, &keys] {
+            const RECT now = keys.DiagramView().TableRect(L"Clientes");
+            const auto went = [](int wish, LONG from, LONG to) {
+                return wish == 0 ? from == to : (wish > 0) == (to < from) && to != from;
+            };
+            return went(dx, before.left, now.left) && went(dy, before.top, now.top);
+        },
+        "the plane scrolled");
+    keys.Do([&keys] { EXPECT_EQ(keys.Diagram().FindTable(L"Clientes")->rect.left, 40); });
+}
+
+void HoldKey(WORD key, bool down) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
+    SendInput(1, &input, sizeof input);
+}
+
 void ZoomsTo(DesignerKeys& keys, bool larger) {
     OnClientes(keys);
     keys.Press();
@@ -208,6 +246,36 @@ const KeyCheck<DesignerKeys> kChecks[] = {
          keys.Until([&keys] { return keys.Diagram().FindTable(L"Clientes")->rect.height == lower + 8; },
                     "the table is higher");
      }},
+    {L"Ctrl+Mayús+Flecha izquierda", L"", [](DesignerKeys& keys) { Scrolls(keys, -1, 0); }},
+    {L"Ctrl+Mayús+Flecha derecha", L"", [](DesignerKeys& keys) { Scrolls(keys, 1, 0); }},
+    {L"Ctrl+Mayús+Flecha arriba", L"", [](DesignerKeys& keys) { Scrolls(keys, 0, -1); }},
+    {L"Ctrl+Mayús+Flecha abajo", L"", [](DesignerKeys& keys) { Scrolls(keys, 0, 1); }},
+    {L"Espacio", L"con el ratón",
+     [](DesignerKeys& keys) {
+         FarApart(keys);
+         static RECT before{};
+         keys.Do([&keys] { before = keys.DiagramView().TableRect(L"Clientes"); });
+         keys.Type(L"p");
+         keys.Do([] { HoldKey(VK_SPACE, true); });
+         keys.Do([&keys] {
+             // On a table, which would move without the space bar.
+             RECT title = before;
+             title.bottom = title.top + 16;
+             const POINT from = ScreenPoint(keys.Control(ui::kIdDiagram), title);
+             MouseDrag(from, {from.x - 60, from.y - 50});
+         });
+         keys.Until(
+             [&keys] {
+                 const RECT now = keys.DiagramView().TableRect(L"Clientes");
+                 return now.left == before.left - 60 && now.top == before.top - 50;
+             },
+             "the plane follows the mouse");
+         keys.Do([] { HoldKey(VK_SPACE, false); });
+         keys.Do([&keys] {
+             EXPECT_EQ(keys.Diagram().FindTable(L"Clientes")->rect.left, 40);
+             EXPECT_FALSE(keys.Checked(L"Clientes", L"Pais"));
+         });
+     }},
     {L"Ctrl++", L"", [](DesignerKeys& keys) { ZoomsTo(keys, true); }},
     {L"Ctrl+-", L"", [](DesignerKeys& keys) { ZoomsTo(keys, false); }},
     {L"Ctrl+0", L"",
@@ -261,6 +329,12 @@ const KeyCheck<DesignerKeys> kChecks[] = {
              EXPECT_EQ(keys.Diagram().FindTable(L"Clientes")->rect.left, 40);
              EXPECT_TRUE(IsWindowVisible(keys.Window().Handle()));
          });
+     }},
+    {L"Insert", L"",
+     [](DesignerKeys& keys) {
+         OnClientes(keys, kApart);
+         keys.Press();
+         keys.Until([&keys] { return !keys.DiagramView().RelatingHint().empty(); }, "a relation is begun");
      }},
     {L"Tab", L"en «Agregar relación»",
      [](DesignerKeys& keys) {

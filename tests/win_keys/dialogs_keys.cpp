@@ -210,6 +210,12 @@ bool IsKindChosen(int number) {
            BST_CHECKED;
 }
 
+void ChoosesKind(DesignerKeys& keys, int number) {
+    OpenRelation(keys);
+    keys.Press();
+    keys.Until([number] { return IsKindChosen(number); }, "the kind is chosen");
+}
+
 const KeyCheck<DesignerKeys> kRelationChecks[] = {
     {L"Flecha abajo", L"",
      [](DesignerKeys& keys) {
@@ -225,6 +231,16 @@ const KeyCheck<DesignerKeys> kRelationChecks[] = {
          keys.Press();
          keys.Until([] { return IsKindChosen(0); }, "the kind before");
      }},
+    {L"Alt+I", L"",
+     [](DesignerKeys& keys) {
+         OpenRelation(keys);
+         keys.Press(VK_DOWN);
+         keys.Until([] { return IsKindChosen(1); }, "the next kind");
+         keys.Press();
+         keys.Until([] { return IsKindChosen(0); }, "the inner join");
+     }},
+    {L"Alt+Z", L"", [](DesignerKeys& keys) { ChoosesKind(keys, 1); }},
+    {L"Alt+D", L"", [](DesignerKeys& keys) { ChoosesKind(keys, 2); }},
     {L"Entrar", L"",
      [](DesignerKeys& keys) {
          OpenRelation(keys);

@@ -86,6 +86,16 @@ void MovesTheColumn(DesignerKeys& keys, int to) {
                "the column moved");
 }
 
+void Stretches(DesignerKeys& keys, bool wider) {
+    static int before = 0;
+    keys.FocusOnCell(GridRow::Titulo, 1);
+    keys.Do([&keys] { before = keys.Grid().ColumnWidth(1); });
+    keys.Press();
+    keys.Until([=, &keys] { return keys.Grid().ColumnWidth(1) == before + (wider ? 8 : -8); },
+               "the column has another width");
+    keys.Do([&keys] { EXPECT_TRUE(keys.IsAt(GridRow::Titulo, 1)); });
+}
+
 void OpensTheMenu(DesignerKeys& keys) {
     keys.FocusOnCell(GridRow::Campo, 0);
     keys.Press();
@@ -105,6 +115,7 @@ const KeyCheck<DesignerKeys> kChecks[] = {
     {L"Fin", L"", [](DesignerKeys& keys) { Moves(keys, GridRow::Tabla, 2, GridRow::Tabla, kLastColumn); }},
     {L"Ctrl+Inicio", L"", [](DesignerKeys& keys) { Moves(keys, GridRow::Tabla, 2, GridRow::Campo, 0); }},
     {L"Ctrl+Fin", L"", [](DesignerKeys& keys) { Moves(keys, GridRow::Tabla, 2, GridRow::Or, kLastColumn); }},
+    {L"Entrar", L"", [](DesignerKeys& keys) { Moves(keys, GridRow::Tabla, 2, GridRow::Agrupacion, 2); }},
     {L"Re Pág", L"", [](DesignerKeys& keys) { Moves(keys, GridRow::Or, 2, GridRow::Campo, 2); }},
     {L"Av Pág", L"", [](DesignerKeys& keys) { Moves(keys, GridRow::Campo, 2, GridRow::Or, 2); }},
     {L"Tab", L"",
@@ -191,6 +202,15 @@ const KeyCheck<DesignerKeys> kChecks[] = {
      }},
     {L"Ctrl+Mayús+Flecha izquierda", L"", [](DesignerKeys& keys) { MovesTheColumn(keys, 0); }},
     {L"Ctrl+Mayús+Flecha derecha", L"", [](DesignerKeys& keys) { MovesTheColumn(keys, 2); }},
+    {L"Alt+Flecha izquierda", L"", [](DesignerKeys& keys) { Stretches(keys, false); }},
+    {L"Alt+Flecha derecha", L"", [](DesignerKeys& keys) { Stretches(keys, true); }},
+    {L"Ctrl+9", L"",
+     [](DesignerKeys& keys) {
+         keys.Do([&keys] { keys.Window().Presenter().Design().grid.SetColumnWidth(0, 30); });
+         keys.FocusOnCell(GridRow::Titulo, 0);
+         keys.Press();
+         keys.Until([&keys] { return keys.Grid().ColumnWidth(0) > 80; }, "the column shows its texts whole");
+     }},
     {L"Mayús+F10 | Menú", L"", OpensTheMenu},
 };
 const KeyPane<DesignerKeys> kPane("KeysOfTheGrid", L"En la cuadrícula", kChecks);

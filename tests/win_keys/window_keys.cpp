@@ -44,6 +44,13 @@ void SwitchesTheTab(DesignerKeys& keys) {
     keys.Until([&keys] { return keys.HasFocus(keys.Control(ui::kIdGrid)); }, "the design tab");
 }
 
+/// The bar of a splitter, a window of its own that takes the keyboard.
+HWND BarOf(HWND container) {
+    for (HWND child = GetWindow(container, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if (TextOf(child) == L"Divisor") return child;
+    return nullptr;
+}
+
 /// From each pane to the next, all around.
 void WalksThroughPanes(DesignerKeys& keys, bool backwards) {
     const auto panes = [&keys] {
@@ -63,7 +70,7 @@ const KeyCheck<DesignerKeys> kChecks[] = {
      [](DesignerKeys& keys) {
          keys.FocusOn(ui::kIdDiagram);
          keys.Press();
-         keys.Until([&keys] { return keys.LastHelpTopic() == ui::help::kDiagram; }, "the pane's topic");
+         keys.Until([&keys] { return keys.Help().LastTopic() == ui::help::kDiagram; }, "the pane's topic");
      }},
     {L"F5", L"",
      [](DesignerKeys& keys) {
@@ -94,11 +101,33 @@ const KeyCheck<DesignerKeys> kChecks[] = {
          keys.Until([&keys] { return keys.HasFocus(keys.Control(ui::kIdAddTable)); }, "the control before");
      }},
     {L"Ctrl+Tab", L"", SwitchesTheTab},
-    {L"Entrar", L"",
+    {L"Entrar | Ctrl+Entrar", L"",
      [](DesignerKeys& keys) {
          keys.FocusOn(ui::kIdDistinct);
          keys.Press();
          keys.EndsWindow(true);
+     }},
+    {L"Flecha izquierda", L"en las pestañas",
+     [](DesignerKeys& keys) {
+         keys.OpenSqlTab();
+         keys.FocusOn(ui::kIdTabs);
+         keys.Press();
+         keys.Until([&keys] { return IsWindowVisible(keys.Control(ui::kIdGrid)) != FALSE; },
+                    "the design tab");
+         keys.Do([&keys] { EXPECT_TRUE(keys.HasFocus(keys.Control(ui::kIdTabs))); });
+     }},
+    {L"Flecha derecha", L"en las pestañas",
+     [](DesignerKeys& keys) {
+         keys.FocusOn(ui::kIdTabs);
+         keys.Press();
+         keys.Until([&keys] { return IsWindowVisible(keys.Control(ui::kIdEditor)) != FALSE; }, "the SQL tab");
+         keys.Until([&keys] { return keys.HasFocus(keys.Control(ui::kIdTabs)); }, "the keyboard stays there");
+     }},
+    {L"Espacio", L"en un botón",
+     [](DesignerKeys& keys) {
+         keys.FocusOn(ui::kIdHelp);
+         keys.Press();
+         keys.Until([&keys] { return keys.Help().LastTopic() == ui::help::kIndex; }, "the button is pressed");
      }},
     {L"Alt+A", L"",
      [](DesignerKeys& keys) {
@@ -114,12 +143,56 @@ const KeyCheck<DesignerKeys> kChecks[] = {
     {L"Alt+U", L"",
      [](DesignerKeys& keys) {
          keys.Press();
-         keys.Until([&keys] { return keys.HelpWasAsked() && keys.LastHelpTopic() == ui::help::kIndex; },
-                    "the help");
+         keys.Until([&keys] { return keys.Help().LastTopic() == ui::help::kIndex; }, "the help");
      }},
     {L"Ctrl+Z | Alt+Retroceso", L"en «Vista de Diseño»", Undoes},
     {L"Ctrl+Y | Ctrl+Mayús+Z | Alt+Mayús+Retroceso", L"en «Vista de Diseño»", Redoes},
 };
+// The bars between the panes.
+
+/// The width or height of the first pane of a splitter, in pixels.
+int FirstPane(DesignerKeys& keys, int splitter) {
+    const HWND container = keys.Control(splitter);
+    RECT bar{};
+    GetWindowRect(BarOf(container), &bar);
+    MapWindowPoints(nullptr, container, reinterpret_cast<POINT*>(&bar), 2);
+    return splitter == ui::kIdMainSplitter ? bar.left : bar.top;
+}
+
+/// The key changes the first pane of a splitter.
+void Divides(DesignerKeys& keys, int splitter, bool larger) {
+    static int before = 0;
+    keys.FocusOn([=, &keys] { return BarOf(keys.Control(splitter)); });
+    keys.Do([=, &keys] { before = FirstPane(keys, splitter); });
+    keys.Press();
+    keys.Until(
+        [=, &keys] {
+            const int now = FirstPane(keys, splitter);
+            return larger ? now > before : now < before;
+        },
+        "the bar moved");
+}
+
+const KeyCheck<DesignerKeys> kSplitterChecks[] = {
+    {L"Flecha izquierda", L"", [](DesignerKeys& keys) { Divides(keys, ui::kIdMainSplitter, false); }},
+    {L"Flecha derecha", L"", [](DesignerKeys& keys) { Divides(keys, ui::kIdMainSplitter, true); }},
+    {L"Flecha arriba", L"", [](DesignerKeys& keys) { Divides(keys, ui::kIdPageSplitter, false); }},
+    {L"Flecha abajo", L"", [](DesignerKeys& keys) { Divides(keys, ui::kIdPageSplitter, true); }},
+    {L"Inicio", L"", [](DesignerKeys& keys) { Divides(keys, ui::kIdBrowserSplitter, false); }},
+    {L"Fin", L"", [](DesignerKeys& keys) { Divides(keys, ui::kIdMainSplitter, true); }},
+    {L"Espacio", L"",
+     [](DesignerKeys& keys) {
+         static int before = 0;
+         keys.Do([&keys] { before = FirstPane(keys, ui::kIdMainSplitter); });
+         keys.FocusOn([&keys] { return BarOf(keys.Control(ui::kIdMainSplitter)); });
+         keys.Press(VK_RIGHT);
+         keys.Until([&keys] { return FirstPane(keys, ui::kIdMainSplitter) > before; }, "the bar moved");
+         keys.Press();
+         keys.Until([&keys] { return FirstPane(keys, ui::kIdMainSplitter) == before; }, "and back");
+     }},
+};
+const KeyPane<DesignerKeys> kSplitterPane("KeysOfTheSplitters", L"En los divisores", kSplitterChecks);
+
 const KeyPane<DesignerKeys> kPane("KeysOfTheWindow", L"En toda la ventana", kChecks);
 
 }  // namespace

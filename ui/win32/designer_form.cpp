@@ -154,8 +154,6 @@ bool DesignerForm::CreateControls(const Listeners& listeners) {
     page_splitter_.SetMinimums(kSplitterMinimum, kSplitterMinimum);
     // lblNo lies under the grid and its buttons.
     SetWindowPos(reason_.Handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    // The pages lie over the tab strip's body.
-    SetWindowPos(tabs_, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 
     focus_ = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, -10, -10, 1, 1, form,
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdFocus)), module, nullptr);
@@ -295,6 +293,22 @@ void DesignerForm::LayoutStrip() {
               page.height ? FromTwips(*page.height) : now.cy);
     }
     LayoutSqlPage();
+    CutPageOutOfTabs();
+}
+
+/// The tabs come before their pages in the order of the Tab key, and so lie above them: their body has a hole
+/// where the page is.
+void DesignerForm::CutPageOutOfTabs() {
+    const SIZE strip = ClientSize(strip_.Handle());
+    const SIZE page = ClientSize(page_splitter_.Handle());
+    const int left = FromTwips(kPageLeft);
+    const int top = FromTwips(kPageTop);
+    const HRGN region = CreateRectRgn(0, 0, strip.cx, strip.cy);
+    const HRGN hole = CreateRectRgn(left, top, left + page.cx, top + page.cy);
+    if (region && hole) CombineRgn(region, region, hole, RGN_DIFF);
+    if (hole) DeleteObject(hole);
+    // The window owns the region from here on.
+    if (region) SetWindowRgn(tabs_, region, TRUE);
 }
 
 /// The first division between diagram and grid: the grid gets the height of its rows when there is room for

@@ -99,6 +99,7 @@ private:
     void LayoutBottomButtons();
     void LayoutGridButtons();
     void LayoutSqlPage();
+    void CutPageOutOfTabs();
     int ButtonWidth(HWND button) const;
     int FromTwips(int twips) const;
     int ToTwips(int pixels) const;

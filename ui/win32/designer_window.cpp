@@ -15,9 +15,8 @@ constexpr int kFirstColumnsWidth = 124;
 
 }  // namespace
 
-DesignerWindow::DesignerWindow(DesignerOwner* owner) : presenter_(*this, *this, owner), macros_(owner), completion_(owner) {
-    SetHelp([](HWND help_owner, long context_id) { ShowHelp(help_owner, context_id); });
-}
+DesignerWindow::DesignerWindow(DesignerOwner* owner)
+    : presenter_(*this, *this, owner), macros_(owner), completion_(owner) {}
 
 DesignerWindow::~DesignerWindow() {
     // The controls show the presenter's model: they let go of it while both are alive.
@@ -77,6 +76,7 @@ bool DesignerWindow::ShowModal() {
         peers_ = &peers;
         ShowWindow(Handle(), SW_SHOW);
         SetForegroundWindow(Handle());
+        win32::ShowKeyboardCues(Handle());
         FocusPage();
         win32::RunModalLoop(
             Handle(), [this] { return done_; }, [this](const MSG& message) { return OnKey(message); });
@@ -149,7 +149,7 @@ LRESULT DesignerWindow::OnCommand(int id, int notification) {
             if (grid_.CommitEdit()) presenter_.ShowSyntaxTree();
             break;
         case kIdHelp:
-            show_help_(nullptr, help::kIndex);
+            ShowHelp(nullptr, help::kIndex);
             break;
         case kIdDistinct:
             presenter_.DistinctClicked(SendMessageW(distinct_, BM_GETCHECK, 0, 0) == BST_CHECKED);
@@ -164,18 +164,18 @@ LRESULT DesignerWindow::OnNotify(NMHDR* header) {
     if (header->hwndFrom == tabs_) {
         // A text that does not fit its cell keeps the tab where it is, so that nothing typed is lost.
         if (header->code == TCN_SELCHANGING) return !grid_.CommitEdit();
-        if (header->code == TCN_SELCHANGE) OnTabSelected();
+        if (header->code == TCN_SELCHANGE) OnTabSelected(GetFocus() == tabs_ && GetKeyState(VK_LBUTTON) >= 0);
         return 0;
     }
     if (header->hwndFrom == editor_.Handle()) editor_.HandleNotify(header);
     return 0;
 }
 
-void DesignerWindow::OnTabSelected() {
+void DesignerWindow::OnTabSelected(bool stay) {
     const auto tab = static_cast<Tab>(SendMessageW(tabs_, TCM_GETCURSEL, 0, 0));
     presenter_.TabClicked(tab);
     ShowPages();
-    FocusPage();
+    stay ? static_cast<void>(SetFocus(tabs_)) : FocusPage();
 }
 
 void DesignerWindow::ShowPages() {

@@ -48,10 +48,6 @@ public:
     void PreviewTable(std::wstring_view table) override;
 
     DesignerPresenter& Presenter() { return presenter_; }
-    /// Replaces what "Ay&uda" and F1 call, which is ShowHelp, so that a test opens no help window.
-    void SetHelp(std::function<void(HWND owner, long context_id)> show_help) {
-        show_help_ = std::move(show_help);
-    }
     /// The editor's text as it stands, nothing composed.
     std::wstring EditorText() const { return editor_.Text(); }
     /// The controls, for whoever wants to know where something is shown.
@@ -82,7 +78,8 @@ private:
     void AwaitStep();
     void OnStepMessage();
     bool IsMovingByKeys() const;
-    void OnTabSelected();
+    /// Another tab is in front; the keyboard goes to its page, or stays with who walks through the tabs.
+    void OnTabSelected(bool stay);
     void ShowPages();
     void MoveToNextPane(bool backwards);
     /// The help topic of the pane that has the focus.
@@ -181,7 +178,6 @@ private:
 
     DragWindow drag_;
     Dragged dragged_;
-    std::function<void(HWND, long)> show_help_;
     Pointer pointer_ = Pointer::Default;
     HWND focus_to_restore_ = nullptr;
     bool done_ = false;

@@ -35,7 +35,7 @@ void DesignerWindow::TellReason() {
 void DesignerWindow::GoToReason() {
     const std::optional<Diagnostic> reason = presenter_.Reason();
     SendMessageW(tabs_, TCM_SETCURSEL, static_cast<WPARAM>(Tab::Sql), 0);
-    OnTabSelected();
+    OnTabSelected(false);
     if (reason && presenter_.CurrentTab() == Tab::Sql) editor_.ShowPlace(reason->range);
 }
 

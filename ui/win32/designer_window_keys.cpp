@@ -5,6 +5,7 @@
 
 #include "ui/help_contexts.h"
 #include "ui/win32/designer_window.h"
+#include "ui/win32/show_help.h"
 
 namespace tessel::ui {
 
@@ -22,11 +23,15 @@ bool DesignerWindow::OnKey(const MSG& message) {
         if (!grid_.CommitEdit()) return true;
         const LRESULT other = SendMessageW(tabs_, TCM_GETCURSEL, 0, 0) == 0 ? 1 : 0;
         SendMessageW(tabs_, TCM_SETCURSEL, static_cast<WPARAM>(other), 0);
-        OnTabSelected();
+        OnTabSelected(false);
+        return true;
+    }
+    if (message.wParam == VK_RETURN && GetKeyState(VK_CONTROL) < 0) {
+        OnCommand(kIdAccept, BN_CLICKED);
         return true;
     }
     if (message.wParam == VK_F1) {
-        show_help_(nullptr, HelpTopic());
+        ShowHelp(nullptr, HelpTopic());
         return true;
     }
     if (message.wParam == VK_F5) {
@@ -47,6 +52,10 @@ void DesignerWindow::MoveToNextPane(bool backwards) {
     } else if (grid_visible_) {
         panes.push_back(diagram_.Handle());
         panes.push_back(grid_.Handle());
+    } else {
+        // What stands in place of the design may hold something to press.
+        const HWND inside = GetNextDlgTabItem(design_pane_.Handle(), nullptr, FALSE);
+        panes.push_back(inside && IsWindowVisible(inside) ? inside : tabs_);
     }
     panes.push_back(accept_);
     const HWND focus = GetFocus();

@@ -68,9 +68,9 @@ bool dlgAddTable::OnCreateControls() {
     list_ = AddControl(L"LISTBOX", L"",
                        LBS_NOTIFY | LBS_USETABSTOPS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_HSCROLL,
                        WS_EX_CLIENTEDGE, kIdList);
+    keep_open_ = AddControl(L"BUTTON", kKeepOpen, BS_AUTOCHECKBOX, 0, kIdKeepOpen);
     add_ = AddButton(kAdd, kIdAdd, true);
     close_ = AddButton(kClose, IDCANCEL, false);
-    keep_open_ = AddControl(L"BUTTON", kKeepOpen, BS_AUTOCHECKBOX, 0, kIdKeepOpen);
     if (!combo_ || !filter_ || !list_ || !add_ || !close_ || !keep_open_) return false;
     win32::SetAccessibleName(combo_, kComboName);
     win32::SetAccessibleName(filter_, kFilterName);

@@ -46,6 +46,7 @@ bool ModalDialog::Run(HWND owner, const wchar_t* title, SIZE size, SIZE minimum)
     created_ = true;
     Layout();
     ShowWindow(Handle(), SW_SHOW);
+    win32::ShowKeyboardCues(Handle());
     SetFocus(FirstFocus());
     win32::RunModalLoop(
         Handle(), [this] { return closed_; },

@@ -87,6 +87,8 @@ void SchemaProps::FillList() {
         ListView_SetItemText(list_, row, 1, property.value.data());
         ++row;
     }
+    // The keyboard has a place to be seen at.
+    if (row > 0) ListView_SetItemState(list_, 0, LVIS_FOCUSED, LVIS_FOCUSED);
     SetWindowRedraw(list_, TRUE);
     FitColumns();
 }

@@ -3,6 +3,8 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <utility>
+
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
@@ -172,7 +174,9 @@ LRESULT DiagramView::OnMouse(UINT message, WPARAM, LPARAM lparam) {
     switch (message) {
         case WM_LBUTTONDOWN:
             SetFocus(Handle());
-            state_.MouseDown(diagram::Button::Left, point);
+            // With the space bar held the plane is taken hold of wherever the pointer is.
+            if (space_ != SpaceBar::Up) space_ = SpaceBar::Pans;
+            state_.MouseDown(space_ == SpaceBar::Up ? diagram::Button::Left : diagram::Button::Middle, point);
             break;
         case WM_MBUTTONDOWN:
             SetFocus(Handle());
@@ -187,6 +191,7 @@ LRESULT DiagramView::OnMouse(UINT message, WPARAM, LPARAM lparam) {
             break;
         case WM_LBUTTONUP:
             state_.MouseUp(diagram::Button::Left, point);
+            state_.MouseUp(diagram::Button::Middle, point);
             break;
         case WM_MBUTTONUP:
             state_.MouseUp(diagram::Button::Middle, point);
@@ -233,9 +238,13 @@ LRESULT DiagramView::OnKeyDown(WPARAM wparam, LPARAM lparam) {
         {VK_SUBTRACT, diagram::Key::Minus}, {VK_OEM_MINUS, diagram::Key::Minus},
         {'0', diagram::Key::Zero},          {VK_NUMPAD0, diagram::Key::Zero},
         {VK_TAB, diagram::Key::Tab},        {'9', diagram::Key::Nine},
-        {VK_NUMPAD9, diagram::Key::Nine},
+        {VK_NUMPAD9, diagram::Key::Nine},   {VK_INSERT, diagram::Key::Insert},
     };
     if (OnCommandKey(wparam)) return 0;
+    if (wparam == VK_SPACE) {
+        if (space_ == SpaceBar::Up) space_ = SpaceBar::Down;
+        return 0;
+    }
     for (const KeyName& name : kKeys) {
         if (name.code != wparam) continue;
         if (!state_.KeyDown(name.key, HeldKeys())) break;
@@ -243,6 +252,12 @@ LRESULT DiagramView::OnKeyDown(WPARAM wparam, LPARAM lparam) {
         return 0;
     }
     return Window::OnMessage(WM_KEYDOWN, wparam, lparam);
+}
+
+// Ticking waits until the space bar is let go, because with the mouse it takes hold of the plane.
+void DiagramView::OnSpaceUp() {
+    if (std::exchange(space_, SpaceBar::Up) == SpaceBar::Down)
+        state_.KeyDown(diagram::Key::Space, HeldKeys());
 }
 
 void DiagramView::RelayToTip(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -305,6 +320,7 @@ LRESULT DiagramView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_GETDLGCODE:
             return DialogCode(lparam);
         case WM_KILLFOCUS:
+            space_ = SpaceBar::Up;
             state_.CancelRelation();
             InvalidateRect(Handle(), nullptr, FALSE);
             return 0;
@@ -344,6 +360,9 @@ LRESULT DiagramView::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return 0;
         case WM_KEYDOWN:
             return OnKeyDown(wparam, lparam);
+        case WM_KEYUP:
+            if (wparam == VK_SPACE) OnSpaceUp();
+            return 0;
         case WM_CHAR:
             if (wparam > VK_SPACE) state_.Typed(static_cast<wchar_t>(wparam));
             return 0;

@@ -105,9 +105,12 @@ public:
     void Reveal(std::wstring_view table, std::wstring_view field);
 
 private:
+    enum class SpaceBar { Up, Down, Pans };
+
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
     LRESULT OnMouse(UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT OnKeyDown(WPARAM wparam, LPARAM lparam);
+    void OnSpaceUp();
     LRESULT DialogCode(LPARAM lparam) const;
     void OnCreated();
     void OnResized();
@@ -177,6 +180,7 @@ private:
     bool refresh_pending_ = false;
     bool refreshing_ = false;
     bool tracking_ = false;
+    SpaceBar space_ = SpaceBar::Up;
 };
 
 }  // namespace tessel::controls

@@ -14,6 +14,7 @@ using model::GridRow;
 constexpr UINT_PTR kScrollTimer = 1;
 constexpr UINT kScrollInterval_ms = 60;
 constexpr int kMarkWidth = 3;
+constexpr int kStretchStep = 8;  ///< at 96 dpi
 
 int TextWidth(HDC dc, std::wstring_view text) {
     return static_cast<int>(win32::TextSize(dc, text).cx);
@@ -47,6 +48,17 @@ void DesignGridView::FitColumn(int column) {
     const int width = widest + Scaled(2 * kCellPadding) + metrics.arrow_width;
     grid_->SetColumnWidth(column,
                           ColumnDips(std::clamp(width, metrics.minimum_width, metrics.maximum_width), dpi_));
+}
+
+void DesignGridView::StretchColumn(bool wider) {
+    if (!grid_ || !state_.IsFocusShown() || !CommitEdit()) return;
+    const int column = state_.FocusedColumn();
+    const GridMetrics& metrics = state_.Layout().Metrics();
+    const int step = wider ? kStretchStep : -kStretchStep;
+    grid_->SetColumnWidth(
+        column, std::clamp(grid_->ColumnWidth(column) + step, ColumnDips(metrics.minimum_width, dpi_),
+                           ColumnDips(metrics.maximum_width, dpi_)));
+    if (state_.Layout().EnsureVisible(state_.FocusedRow(), column)) RefreshClient();
 }
 
 // Moving.

@@ -83,9 +83,7 @@ bool DesignGridView::OnKeyMessage(UINT message, WPARAM wparam, LPARAM lparam, LR
         case WM_KEYDOWN:
             return OnKeyDown(wparam);
         case WM_SYSKEYDOWN:
-            if ((wparam != VK_DOWN && wparam != VK_UP) || !OpenEditor()) return false;
-            editor_.ShowList();
-            return true;
+            return OnSystemKeyDown(wparam);
         case WM_CHAR:
             OnChar(static_cast<wchar_t>(wparam));
             return true;
@@ -100,7 +98,8 @@ LRESULT DesignGridView::OnDialogCode(const MSG* message) const {
     if (message->wParam == VK_TAB && !IsDown(VK_CONTROL) &&
         state_.CanMove(IsDown(VK_SHIFT) ? GridMove::Previous : GridMove::Next))
         return own | DLGC_WANTTAB;
-    if (message->wParam == VK_ESCAPE && (state_.IsResizing() || state_.IsMoving()))
+    if (message->wParam == VK_RETURN && state_.IsFocusShown()) return own | DLGC_WANTMESSAGE;
+    if (message->wParam == VK_ESCAPE && (state_.IsResizing() || state_.IsMoving() || selecting_))
         return own | DLGC_WANTMESSAGE;
     return own;
 }
@@ -130,9 +129,31 @@ bool DesignGridView::OnKeyDown(WPARAM key) {
             OpenEditor(L"");
             return true;
         case VK_ESCAPE:
+            if (selecting_) ReleaseCapture();
             if (!state_.IsResizing() && !state_.IsHeaderPressed()) return false;
             EndResize(false);
             EndMove(false);
+            return true;
+        case '9':
+        case VK_NUMPAD9:
+            if (!IsDown(VK_CONTROL) || !state_.IsFocusShown()) return false;
+            FitColumn(state_.FocusedColumn());
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool DesignGridView::OnSystemKeyDown(WPARAM key) {
+    switch (key) {
+        case VK_LEFT:
+        case VK_RIGHT:
+            StretchColumn(key == VK_RIGHT);
+            return true;
+        case VK_UP:
+        case VK_DOWN:
+            if (!OpenEditor()) return false;
+            editor_.ShowList();
             return true;
         default:
             return false;

@@ -12,10 +12,10 @@
 //
 // Keys: arrows, Home, End, Ctrl+Home, Ctrl+End, PageUp, PageDown and Tab move, with Shift (but for Tab) they
 // select a block; Tab leaves behind the last cell, Ctrl+Tab at once. Ctrl+Space or a click on the header
-// selects the column, Ctrl+A everything; Ctrl+Shift+Left and Right, or dragging the header, move the column.
-// F2, a double click or typing edits; Alt+Down or F4 opens the list; Del empties; Ctrl+C, Ctrl+X and Ctrl+V
-// copy, cut and paste. Enter and Esc belong to the grid only while a cell is edited, so that a dialog's
-// default buttons work otherwise.
+// selects the column, Ctrl+A everything; Ctrl+Shift+Left and Right, or dragging the header, move the column,
+// Alt+Left and Right and Ctrl+9 give it another width. F2, a double click or typing edits, Enter goes down,
+// as in a spreadsheet; Alt+Down or F4 opens the list; Del empties; Ctrl+C, Ctrl+X and Ctrl+V copy, cut and
+// paste. Esc belongs to the grid only while a cell is edited or something is dragged.
 #pragma once
 
 #include <windows.h>
@@ -125,6 +125,8 @@ private:
     bool OnMouseMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
     LRESULT OnDialogCode(const MSG* message) const;
     bool OnKeyDown(WPARAM key);
+    /// A key with Alt.
+    bool OnSystemKeyDown(WPARAM key);
     void OnChar(wchar_t ch);
     bool OnMoveKey(WPARAM key);
     bool OnClipboardKey(WPARAM key);
@@ -159,6 +161,8 @@ private:
     void LeaveByTab(bool backwards);
     void EndResize(bool keep);
     void FitColumn(int column);
+    /// The focused column one step wider or narrower.
+    void StretchColumn(bool wider);
     void BeginMove(int column, int x);
     void DragColumn(int x);
     void OnScrollTimer();

@@ -76,6 +76,8 @@ bool SplitterBar::Bar::OnKeyDown(WPARAM key) {
         owner_.Moved(state.MoveToStart());
     else if (key == VK_END)
         owner_.Moved(state.MoveToEnd());
+    else if (key == VK_SPACE)
+        owner_.RestoreDefault();
     else
         return false;
     return true;
