@@ -153,7 +153,7 @@ void DiagramPainter::PaintAll(HDC dc, const RECT& clip, const DiagramState& stat
         if (Touches(At(layout.BoxOf(table).Frame()), clip_)) PaintBox(table, rubber);
     if (rubber && rubber->drawn) PaintRubber(*rubber);
     if (!picture_) PaintHint(state.RelatingHint());
-    if (focused_ && layout.Boxes().empty()) {
+    if (focused_ && Selected() == model::DiagramElement::None) {
         const Size client = view_->Client();
         const RECT around{1, 1, client.width - 1, client.height - 1};
         DrawFocusRect(dc, &around);
