@@ -80,7 +80,8 @@ INSTANTIATE_TEST_SUITE_P(
              L"FROM\nFROM t -- fin"},
         Case{L"NothingIsWrittenIntoAComment",
              L"SELECT a FROM t WHERE (x = 1 -- uno\r\n) AND f(a -- dos\r\n, b)",
-             L"SELECT a\nFROM t\nWHERE (x = 1 -- uno\n        )\n    AND f(a -- dos\n            ,\n        b)"},
+             L"SELECT a\nFROM t\nWHERE (x = 1 -- uno\n        )\n    AND f(a -- dos\n            ,\n        "
+             L"b)"},
         Case{L"CallsAndNamesKeepTheirShape",
              L"SELECT Sum (a), Left(b,1), t . c, [x y].[z] , N'a', -1, - 2, a-1 FROM t",
              L"SELECT Sum (a), Left(b, 1), t . c, [x y].[z], N'a', -1, - 2, a - 1\nFROM t"},

@@ -236,6 +236,26 @@ TEST_F(EditorCommands, WithoutPartnerTheCaretStays) {
     EXPECT_EQ(Caret(), 9u);
 }
 
+TEST_F(EditorCommands, AKeyInALongTextColoursNoMoreThanItMust) {
+    std::wstring text;
+    while (text.size() < std::size_t{1} << 20)
+        text += L"SELECT Clientes.Nombre, (a) FROM Clientes WHERE b = 'x'\r\n";
+    window_.Editor().SetText(text);
+    const auto coloured = [this] {
+        UpdateWindow(window_.Editor().Handle());
+        return window_.Send(SCI_GETENDSTYLED);
+    };
+    EXPECT_LT(coloured(), 20'000) << "only what is in sight";
+    Type(L"x");
+    EXPECT_LT(coloured(), 20'000);
+    // A parenthesis is looked for farther down, but not to the end.
+    Type(L"(");
+    EXPECT_LT(coloured(), 60'000);
+    Press(VK_SPACE, false, true);
+    EXPECT_TRUE(IsOpen());
+    EXPECT_LT(coloured(), 60'000);
+}
+
 TEST_F(EditorCommands, TheLayoutIsAskedForByItsKey) {
     Set(L"SELECT a|");
     Press('F', true, true);
