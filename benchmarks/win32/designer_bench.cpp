@@ -93,8 +93,14 @@ void MeasureDesigner(const Databases& databases, Measurements* measurements) {
         measurements->Add("FirstPaintEmpty", empty);
         measurements->Add("FirstPaint", usual);
     }
+    // A switch lets events be processed, among them the ticks of the script: its next step has to wait.
+    bool switched = false;
     const double seconds = host.Design(connection, SixtyColumns(), [&](testing::Script& script) {
-        script.Do([&] { SwitchTabs(measurements); });
+        script.Do([&] {
+            SwitchTabs(measurements);
+            switched = true;
+        });
+        script.Until([&] { return switched; }, "the tabs have been switched");
     });
     measurements->Add("FirstPaintOfSixtyColumns", seconds);
 }

@@ -163,7 +163,7 @@ public:
 
     Status Tables(std::shared_ptr<RowSet>* target) {
         RowBuilder builder(kTables);
-        Status read = VisitTables(Criterion(0), [&](const CatalogueRow& row) {
+        Status read = VisitTables(Criterion(0), Criterion(2), [&](const CatalogueRow& row) {
             if (!Passes(row, 0, 3)) return;
             builder.PutText(L"TABLE_CATALOG", row[0]);
             builder.PutText(L"TABLE_SCHEMA", row[1]);
@@ -178,7 +178,7 @@ public:
 
     Status Views(std::shared_ptr<RowSet>* target) {
         RowBuilder builder(kViews);
-        Status read = VisitTables(Criterion(0), [&](const CatalogueRow& row) {
+        Status read = VisitTables(Criterion(0), Criterion(2), [&](const CatalogueRow& row) {
             if (!Passes(row, 0, 2) || !row[3] || !SameName(*row[3], L"VIEW")) return;
             builder.PutText(L"TABLE_CATALOG", row[0]);
             builder.PutText(L"TABLE_SCHEMA", row[1]);
@@ -280,12 +280,16 @@ private:
         }
     }
 
-    Status VisitTables(const Text& wanted_catalogue, const RowVisitor& visitor) {
+    /// Visits the tables of a name, or all. More may come than were asked for: drivers take a name as a
+    /// pattern.
+    Status VisitTables(const Text& wanted_catalogue, const Text& name, const RowVisitor& visitor) {
         const Text catalogue = CatalogueOr(wanted_catalogue);
+        // A name with a quotation mark is not trusted to every driver's own statement.
+        const Text asked = name && name->find_first_of(L"\\%'\"") == std::wstring::npos ? name : Text();
         return Visit(
             [&](SQLHSTMT handle) {
-                return SQLTablesW(handle, NameOrNull(catalogue), LengthOf(catalogue), nullptr, 0, nullptr, 0,
-                                  nullptr, 0);
+                return SQLTablesW(handle, NameOrNull(catalogue), LengthOf(catalogue), nullptr, 0,
+                                  NameOrNull(asked), LengthOf(asked), nullptr, 0);
             },
             4, visitor);
     }
@@ -295,7 +299,7 @@ private:
     Status ForEachTable(std::size_t first, const std::function<Status(const CatalogueRow&)>& body) {
         std::vector<CatalogueRow> tables;
         const Text schema = Criterion(first + 1), name = Criterion(first + 2);
-        Status read = VisitTables(Criterion(first), [&](const CatalogueRow& row) {
+        Status read = VisitTables(Criterion(first), name, [&](const CatalogueRow& row) {
             const bool fits = (!schema || SameName(*schema, row[1].value_or(L""))) &&
                               (!name || SameName(*name, row[2].value_or(L"")));
             if (fits && row[3] && SameName(*row[3], L"TABLE")) tables.push_back(row);

@@ -26,7 +26,9 @@ struct AdoSchemaSource::KeyRow {
 
 namespace {
 
-/// Asking table by table costs a round trip each; a schema of more tables goes without relations then.
+/// Asking table by table costs a round trip each; a schema of more tables goes without relations then. A
+/// provider that serves the whole rowset may ask table by table itself, so that of such a schema the
+/// catalogue is asked first.
 constexpr std::size_t kMostTablesAskedSingly = 1000;
 
 }  // namespace
@@ -46,7 +48,8 @@ std::vector<AdoSchemaSource::KeyRow> AdoSchemaSource::ReadForeignKeyRows() {
         if (!key.table.empty() && !key.column.empty() && !key.referenced_table.empty())
             rows.push_back(std::move(key));
     };
-    if (catalogue_.ReadRowset(Rowset::ForeignKeys, {}, reader)) return rows;
+    const bool is_large = order_.size() > kMostTablesAskedSingly;
+    if (!is_large && catalogue_.ReadRowset(Rowset::ForeignKeys, {}, reader)) return rows;
     catalogue_.ReadQuery(
         {L"SELECT CONSTRAINT_NAME AS FK_NAME, TABLE_NAME AS FK_TABLE_NAME, COLUMN_NAME AS FK_COLUMN_NAME,"
          L" REFERENCED_TABLE_NAME AS PK_TABLE_NAME, REFERENCED_COLUMN_NAME AS PK_COLUMN_NAME,"
@@ -71,7 +74,11 @@ std::vector<AdoSchemaSource::KeyRow> AdoSchemaSource::ReadForeignKeyRows() {
          L" FROM sqlite_master m INNER JOIN pragma_foreign_key_list(m.name) f"
          L" WHERE m.type = 'table' ORDER BY m.name, f.id, f.seq"},
         {}, reader);
-    if (!rows.empty() || order_.size() > kMostTablesAskedSingly) return rows;
+    if (!rows.empty()) return rows;
+    if (is_large) {
+        catalogue_.ReadRowset(Rowset::ForeignKeys, {}, reader);
+        return rows;
+    }
     for (const std::wstring& key : order_) {
         const CatalogueEntry& entry = entries_.at(key);
         if (entry.kind != ObjectKind::Table) continue;

@@ -47,9 +47,17 @@ SIZE ClientSize(HWND hwnd) {
     return {client.right, client.bottom};
 }
 
+/// The layout runs again whenever anything changes; what keeps its place is left alone, since moving a window
+/// nowhere costs as much as moving it.
 void Place(HWND hwnd, int left, int top, int width, int height) {
-    SetWindowPos(hwnd, nullptr, left, top, std::max(width, 0), std::max(height, 0),
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT wanted{left, top, left + std::max(width, 0), top + std::max(height, 0)};
+    RECT now{};
+    if (GetWindowRect(hwnd, &now)) {
+        MapWindowPoints(nullptr, GetParent(hwnd), reinterpret_cast<POINT*>(&now), 2);
+        if (EqualRect(&now, &wanted)) return;
+    }
+    SetWindowPos(hwnd, nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
+                 wanted.bottom - wanted.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace
