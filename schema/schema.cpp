@@ -29,6 +29,7 @@ Schema::Schema(std::unique_ptr<SchemaSource> source) : source_(std::move(source)
         return;
     }
     objects_ = std::move(objects).Value();
+    index_.reserve(objects_.size());
     for (std::size_t i = 0; i < objects_.size(); ++i) {
         CompleteNames(objects_[i].name, objects_[i].raw_name);
         index_.emplace(IdentifierKey(objects_[i].name), i);

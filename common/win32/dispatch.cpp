@@ -122,8 +122,10 @@ HRESULT FindMember(IDispatch* object, const wchar_t* name, DISPID* id) {
 
 std::optional<std::wstring> CallResult::Text() const noexcept {
     UniqueVariant text;
-    if (FAILED(code_) || FAILED(value_.ChangedTo(VT_BSTR, &text))) return std::nullopt;
+    if (FAILED(code_)) return std::nullopt;
     try {
+        if (value_.Type() == VT_BSTR) return std::wstring(TextOf(value_.Get().bstrVal));
+        if (FAILED(value_.ChangedTo(VT_BSTR, &text))) return std::nullopt;
         return std::wstring(TextOf(text.Get().bstrVal));
     } catch (...) {
         return std::nullopt;

@@ -33,11 +33,6 @@ void BrowserModel::Load(const schema::Schema* schema, std::wstring_view caption)
     schema_ = schema;
     caption_ = caption;
     search_texts_.clear();
-    if (schema_) {
-        search_texts_.reserve(schema_->Objects().size());
-        for (const schema::Object& object : schema_->Objects())
-            search_texts_.push_back(SearchText(object.name));
-    }
     ApplyFilter();
 }
 
@@ -55,10 +50,17 @@ bool BrowserModel::SetFilter(std::wstring_view filter) {
 void BrowserModel::ApplyFilter() {
     tables_.clear();
     views_.clear();
-    for (std::size_t i = 0; i < search_texts_.size(); ++i) {
-        if (search_texts_[i].find(needle_) == std::wstring::npos) continue;
+    // The window opens unfiltered, so that the texts to search in can wait for the first search.
+    if (IsFiltered() && search_texts_.empty())
+        for (std::size_t i = 0; i < ObjectCount(); ++i) search_texts_.push_back(SearchText(ObjectAt(i).name));
+    for (std::size_t i = 0; i < ObjectCount(); ++i) {
+        if (!Passes(i)) continue;
         (ObjectAt(i).kind == schema::ObjectKind::View ? views_ : tables_).push_back(i);
     }
+}
+
+bool BrowserModel::Passes(std::size_t object) const {
+    return !IsFiltered() || search_texts_[object].find(needle_) != std::wstring::npos;
 }
 
 std::wstring BrowserModel::GroupCaption(schema::ObjectKind kind) const {
@@ -80,7 +82,7 @@ std::size_t BrowserModel::FindObject(std::wstring_view name) const {
     const schema::Object* found = schema_ ? schema_->Find(name) : nullptr;
     if (!found) return kNone;
     const auto index = static_cast<std::size_t>(found - schema_->Objects().data());
-    return search_texts_[index].find(needle_) == std::wstring::npos ? kNone : index;
+    return Passes(index) ? index : kNone;
 }
 
 std::size_t BrowserModel::FindField(std::size_t object, std::wstring_view name) const {

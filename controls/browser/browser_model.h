@@ -88,12 +88,13 @@ public:
 
 private:
     void ApplyFilter();
+    bool Passes(std::size_t object) const;
 
     const schema::Schema* schema_ = nullptr;
     std::wstring caption_;
     std::wstring filter_;
     std::wstring needle_;
-    std::vector<std::wstring> search_texts_;
+    std::vector<std::wstring> search_texts_;  ///< by index of the object, from the first search on
     std::vector<std::size_t> tables_;
     std::vector<std::size_t> views_;
 };

@@ -126,26 +126,47 @@ Status RowReader::StoreCell(std::size_t column, RowStorage* rows) {
     }
 }
 
-Status RowReader::StoreText(std::size_t column, RowStorage* rows) {
+std::optional<std::wstring_view> RowReader::BoundText(std::size_t column) const {
     const BoundCell& cell = cells_[column];
-    if (cell.length == SQL_NULL_DATA) {
+    constexpr auto kRoom = static_cast<SQLLEN>(kBoundUnits * sizeof(SQLWCHAR));
+    if (cell.c_type != SQL_C_WCHAR || cell.length < 0 || cell.length > kRoom) return std::nullopt;
+    return std::wstring_view(reinterpret_cast<const wchar_t*>(cell.value.data()),
+                             static_cast<std::size_t>(cell.length) / sizeof(wchar_t));
+}
+
+Status RowReader::StoreText(std::size_t column, RowStorage* rows) {
+    if (cells_[column].length == SQL_NULL_DATA) {
         rows->AppendNull();
         return {};
     }
-    const auto room = static_cast<SQLLEN>(kBoundUnits * sizeof(SQLWCHAR));
-    if (cell.length < 0 || cell.length > room) {
+    const auto text = BoundText(column);
+    if (!text) {
         UniqueVariant value;
         Status read = ReadCell(statement_, static_cast<int>(column + 1), columns_[column], &value);
         if (read) rows->Append(value.Get());
         return read;
     }
-    const std::wstring_view text(reinterpret_cast<const wchar_t*>(cell.value.data()),
-                                 static_cast<std::size_t>(cell.length) / sizeof(wchar_t));
     if (columns_[column].type == AdoType::Numeric)
-        rows->Append(DecimalValue(text).Get());
+        rows->Append(DecimalValue(*text).Get());
     else
-        rows->AppendText(text);
+        rows->AppendText(*text);
     return {};
+}
+
+Status RowReader::ReadText(std::size_t column, std::optional<std::wstring>* text) {
+    if (cells_[column].c_type != 0 && cells_[column].length == SQL_NULL_DATA) {
+        text->reset();
+        return {};
+    }
+    if (const auto bound = BoundText(column)) {
+        *text = *bound;
+        return {};
+    }
+    UniqueVariant value;
+    Status read = ReadCell(statement_, static_cast<int>(column + 1), columns_[column], &value);
+    text->reset();
+    if (value.Type() == VT_BSTR) *text = win32::TextOf(value.Get().bstrVal);
+    return read;
 }
 
 }  // namespace tessel::ado

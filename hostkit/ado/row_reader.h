@@ -4,6 +4,8 @@
 // everything.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -23,6 +25,8 @@ public:
     Status Fetch(bool* fetched) { return statement_.Fetch(fetched); }
     /// Adds the fetched row.
     Status Store(RowStorage* rows);
+    /// A cell of the fetched row, of a text column; nothing for Null. Columns are to be read in rising order.
+    Status ReadText(std::size_t column, std::optional<std::wstring>* text);
 
 private:
     struct BoundCell {
@@ -33,6 +37,8 @@ private:
 
     Status StoreCell(std::size_t column, RowStorage* rows);
     Status StoreText(std::size_t column, RowStorage* rows);
+    /// The bound text, unless it is Null or longer than its room.
+    std::optional<std::wstring_view> BoundText(std::size_t column) const;
 
     template <class Value>
     Value ValueOf(std::size_t column) const;

@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "common/text.h"
-#include "hostkit/ado/cell.h"
+#include "hostkit/ado/row_reader.h"
 
 namespace tessel::ado {
 
@@ -243,6 +243,11 @@ public:
     }
 
 private:
+    static Column TextColumn() {
+        Column column;
+        column.type = AdoType::VarWChar;
+        return column;
+    }
     Text Criterion(std::size_t index) const {
         return index < criteria_.size() ? criteria_[index] : std::nullopt;
     }
@@ -265,17 +270,15 @@ private:
         int count = 0;
         if (Status counted = statement->ColumnCount(&count); !counted) return counted;
         if (count < least_columns) return AdoError::NotSupported;
-        Column column;
-        column.type = AdoType::VarWChar;
+        const ColumnList columns(static_cast<std::size_t>(count), TextColumn());
+        RowReader reader(*statement, columns);
+        CatalogueRow row;
         for (;;) {
             bool fetched = false;
-            if (Status done = statement->Fetch(&fetched); !done || !fetched) return done;
-            CatalogueRow row;
-            for (int i = 1; i <= count; ++i) {
-                UniqueVariant cell;
-                if (Status read = ReadCell(*statement, i, column, &cell); !read) return read;
-                row.push_back(cell.Type() == VT_BSTR ? Text(win32::TextOf(cell.Get().bstrVal)) : Text());
-            }
+            if (Status done = reader.Fetch(&fetched); !done || !fetched) return done;
+            row.resize(columns.size());
+            for (std::size_t i = 0; i < columns.size(); ++i)
+                if (Status read = reader.ReadText(i, &row[i]); !read) return read;
             visitor(row);
         }
     }

@@ -6,6 +6,7 @@
 #include <array>
 #include <set>
 #include <tuple>
+#include <unordered_set>
 
 #include "common/identifiers.h"
 #include "common/text.h"
@@ -70,17 +71,27 @@ bool IsDefaultSchema(const std::wstring& schema) {
            SameName(schema, L"main");
 }
 
+/// Room for the order key of a name of usual length.
+constexpr std::size_t kUsualKeyBytes = 512;
+
 /// A key whose bytes stand in the order in which the user's language puts names, letter case aside. Comparing
 /// two names costs as much as making a key, and sorting compares each many times.
 std::string OrderKey(const std::wstring& name) {
     constexpr DWORD kFlags = LCMAP_SORTKEY | NORM_IGNORECASE;
+    if (name.empty()) return {};
     const int length = static_cast<int>(name.size());
-    const int bytes =
-        length == 0 ? 0 : LCMapStringW(LOCALE_USER_DEFAULT, kFlags, name.data(), length, nullptr, 0);
-    std::string key(static_cast<std::size_t>(std::max(bytes, 0)), '\0');
-    if (bytes > 0)
-        LCMapStringW(LOCALE_USER_DEFAULT, kFlags, name.data(), length, reinterpret_cast<wchar_t*>(key.data()),
-                     bytes);
+    std::string key(kUsualKeyBytes, '\0');
+    const auto make = [&] {
+        return LCMapStringW(LOCALE_USER_DEFAULT, kFlags, name.data(), length,
+                            reinterpret_cast<wchar_t*>(key.data()), static_cast<int>(key.size()));
+    };
+    int bytes = make();
+    if (bytes == 0) {
+        key.resize(static_cast<std::size_t>(
+            LCMapStringW(LOCALE_USER_DEFAULT, kFlags, name.data(), length, nullptr, 0)));
+        bytes = make();
+    }
+    key.resize(static_cast<std::size_t>(bytes));
     return key;
 }
 
@@ -126,8 +137,10 @@ std::optional<std::vector<NamedEntry>> ReadObjects(AdoCatalogue& catalogue) {
     KeepOwnCatalogue(catalogue.Connection(), entries);
     std::set<std::wstring> schemas;
     for (const CatalogueEntry& entry : entries) schemas.insert(Folded(entry.schema));
-    std::set<std::wstring> seen;
+    std::unordered_set<std::wstring> seen;
     std::vector<NamedEntry> named;
+    seen.reserve(entries.size());
+    named.reserve(entries.size());
     for (CatalogueEntry& entry : entries) {
         std::wstring name = BracketIfNeeded(entry.name);
         if (schemas.size() > 1 && !IsDefaultSchema(entry.schema))

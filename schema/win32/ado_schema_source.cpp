@@ -55,17 +55,19 @@ Result<std::vector<Object>> AdoSchemaSource::LoadObjects() {
     if (!catalogue_.Connection()) return Error{L"No hay conexi\u00f3n con la base de datos."};
     const auto state = catalogue_.Connection().Get(L"State").Number();
     if (state && *state == kStateClosed) return Error{L"La conexi\u00f3n est\u00e1 cerrada."};
-    const auto read = ReadObjects(catalogue_);
+    auto read = ReadObjects(catalogue_);
     if (!read) return Error{L"No se pudo leer el esquema de la base de datos. " + catalogue_.LastError()};
 
     entries_.clear();
     order_.clear();
     std::vector<Object> objects;
-    for (const NamedEntry& named : *read) {
-        objects.push_back({named.written_name, named.entry.name, named.entry.kind});
-        const std::wstring key = IdentifierKey(named.written_name);
-        entries_.emplace(key, named.entry);
-        order_.push_back(key);
+    entries_.reserve(read->size());
+    order_.reserve(read->size());
+    objects.reserve(read->size());
+    for (NamedEntry& named : *read) {
+        order_.push_back(IdentifierKey(named.written_name));
+        objects.push_back({std::move(named.written_name), named.entry.name, named.entry.kind});
+        entries_.emplace(order_.back(), std::move(named.entry));
     }
     return objects;
 }

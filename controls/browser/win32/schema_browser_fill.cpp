@@ -19,7 +19,7 @@ namespace {
 
 constexpr UINT_PTR kFillTimer = 1;
 /// What is there at once: more than a screen shows.
-constexpr std::size_t kFirstObjects = 200;
+constexpr std::size_t kFirstObjects = 120;
 /// Between two looks at the clock.
 constexpr std::size_t kObjectsAtOnce = 50;
 constexpr ULONGLONG kSlice_ms = 10;
