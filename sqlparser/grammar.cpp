@@ -148,6 +148,19 @@ bool Grammar::SkipParens() {
     return false;
 }
 
+// (a, b, [c d]): the opening parenthesis is the current token.
+bool Grammar::NamesInParens() {
+    do {
+        Advance();
+        if (!IsNameToken(token_)) {
+            Fail(messages::kExpectedNames);
+            return false;
+        }
+        Advance();
+    } while (At(TokenKind::Comma));
+    return CloseList();
+}
+
 // Errors
 // -----------------------------------------------------------------------------------------------------------
 

@@ -91,6 +91,7 @@ private:
     }
     bool IsNameToken(const Token& token) const;
     bool SkipParens();
+    bool NamesInParens();
 
     // grammar.cpp: errors
     void Fail(std::wstring_view message);

@@ -100,7 +100,7 @@ void Grammar::JoinCondition(const JoinWords& words, FromNode& join) {
         const std::uint32_t begin = token_.begin;
         Advance();
         const std::uint32_t columns = token_.begin;
-        if (!SkipParens()) return;
+        if (!NamesInParens()) return;
         join.using_columns = Since(columns);
         AddBeyond(Beyond::JoinUsing, begin);
     } else if (words.needs_condition) {

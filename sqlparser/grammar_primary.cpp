@@ -371,7 +371,12 @@ bool Grammar::TypeName() {
         };
         if (std::any_of(std::begin(second), std::end(second), same)) Advance();
     }
-    if (At(TokenKind::LeftParen) && Peek().kind == TokenKind::Number) return SkipParens();
+    if (At(TokenKind::LeftParen) && Peek().kind == TokenKind::Number) {
+        Advance();
+        Advance();
+        if (Accept(TokenKind::Comma) && !Expect(TokenKind::Number, messages::kExpectedType)) return false;
+        return CloseParen();
+    }
     if (At(TokenKind::BracketName) && token_.length == 2) Advance();
     return !blocked_;
 }

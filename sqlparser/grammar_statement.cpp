@@ -200,7 +200,7 @@ void Grammar::WithClause() {
         Advance();
         if (At(TokenKind::LeftParen)) {
             const std::uint32_t columns = token_.begin;
-            if (!SkipParens()) return;
+            if (!NamesInParens()) return;
             table.columns = Since(columns);
         }
         if (!Expect(Keyword::As, messages::kExpectedAs)) return;

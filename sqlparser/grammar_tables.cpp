@@ -162,7 +162,7 @@ void Grammar::TableAlias(TableRef& table) {
     }
     if (!At(TokenKind::LeftParen)) return;
     const std::uint32_t begin = token_.begin;
-    if (!SkipParens()) return;
+    if (!NamesInParens()) return;
     table.columns = Since(begin);
     AddBeyond(Beyond::Other, table.columns);
 }

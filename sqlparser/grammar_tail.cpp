@@ -1,6 +1,6 @@
-// What may end a statement: LIMIT, OFFSET, FETCH, FOR, WINDOW and WITH OWNERACCESS OPTION. None of them fits into a
-// design, so that only their place is kept; they are read all the same, word by word, because a text that is taken for
-// one of them by its first word alone would hide a mistake.
+// What may end a statement: LIMIT, OFFSET, FETCH, FOR, WINDOW and WITH OWNERACCESS OPTION. None of them fits
+// into a design, so that only their place is kept; they are read all the same, word by word, because a text
+// that is taken for one of them by its first word alone would hide a mistake.
 #include "common/text.h"
 #include "sqlparser/grammar.h"
 #include "sqlparser/messages.h"
@@ -91,7 +91,8 @@ void Grammar::ForClause() {
     AddBeyond(Beyond::ForUpdate, begin);
 }
 
-// UPDATE, SHARE, NO KEY UPDATE, KEY SHARE; then which tables, and what to do about rows that are locked already.
+// UPDATE, SHARE, NO KEY UPDATE, KEY SHARE; then which tables, and what to do about rows that are locked
+// already.
 void Grammar::RowLock() {
     if (AcceptWord(L"NO")) {
         if (!AcceptWord(L"KEY") || !Accept(Keyword::Update)) return Fail(messages::kExpectedForWhat);

@@ -42,6 +42,7 @@ inline constexpr std::wstring_view kExpectedOrderBy = L"Se esperaba BY después 
 inline constexpr std::wstring_view kExpectedAlias = L"Se esperaba un alias después de AS.";
 inline constexpr std::wstring_view kExpectedName =
     L"Se esperaba un nombre después del punto o del signo de admiración.";
+inline constexpr std::wstring_view kExpectedNames = L"Se esperaba una lista de nombres entre paréntesis.";
 inline constexpr std::wstring_view kExpectedParameter = L"Se esperaba el nombre de un parámetro.";
 inline constexpr std::wstring_view kExpectedCommonTable =
     L"Se esperaba el nombre de una expresión de tabla (WITH).";

@@ -4,6 +4,9 @@ namespace tessel::sql {
 namespace {
 
 bool NeedsBlank(TokenKind before, TokenKind after) {
+    // A point beside a digit would become part of the number.
+    if (before == TokenKind::Point && after == TokenKind::Number) return true;
+    if (before == TokenKind::Number && after == TokenKind::Point) return true;
     switch (after) {
         case TokenKind::RightParen:
         case TokenKind::Comma:

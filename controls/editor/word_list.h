@@ -1,5 +1,5 @@
-// A list of words that letters of either case find. Reading a colouring definition begins with a copy of the built-in
-// lists, so the words stand in one text, in order, and a copy is two allocations.
+// A list of words that letters of either case find. Reading a colouring definition begins with a copy of the
+// built-in lists, so the words stand in one text, in order, and a copy is two allocations.
 #pragma once
 
 #include <cstddef>
