@@ -71,7 +71,7 @@ long DesignerWindow::HelpTopic() const {
     const auto is_in = [focus](HWND pane) { return pane && (focus == pane || IsChild(pane, focus)); };
     if (is_in(browser_splitter_.Handle())) return help::kBrowser;
     if (is_in(diagram_.Handle())) return help::kDiagram;
-    if (is_in(editor_.Handle())) return help::kSqlTab;
+    if (is_in(sql_page_.Handle())) return help::kSqlTab;
     // The grid's rows are numbered from 1 in the help, as their ID is.
     if (is_in(grid_.Handle()))
         return help::OfGridRow(static_cast<int>(presenter_.Design().grid.FocusedRow()));

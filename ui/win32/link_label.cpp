@@ -5,6 +5,7 @@
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/handles.h"
+#include "common/win32/link_colour.h"
 #include "common/win32/screen.h"
 #include "ui/text_check_texts.h"
 
@@ -26,6 +27,10 @@ bool IsPressKey(WPARAM key) {
 
 COLORREF ForegroundOf(int background) {
     return GetSysColor(background == COLOR_WINDOW ? COLOR_WINDOWTEXT : COLOR_BTNTEXT);
+}
+
+COLORREF LinkColourOn(int background) {
+    return win32::LinkColour(GetSysColor(background), ForegroundOf(background));
 }
 
 }  // namespace
@@ -102,6 +107,19 @@ AccessibleElement LinkLabel::Describe(AccessibleId) const {
     return element;
 }
 
+int LinkLabel::Width() const {
+    if (!Handle()) return 0;
+    const HDC dc = GetDC(Handle());
+    LONG width = 0;
+    {
+        const win32::Selected font(dc, FontInUse());
+        width = win32::TextSize(dc, Text()).cx;
+    }
+    ReleaseDC(Handle(), dc);
+    const RECT area = TextArea({0, 0, width, 0});
+    return static_cast<int>(2 * width - (area.right - area.left));
+}
+
 LRESULT LinkLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     if (LRESULT result = 0; accessible_.OnMessage(Handle(), message, wparam, lparam, result)) return result;
     switch (message) {
@@ -166,7 +184,7 @@ void LinkLabel::Paint() {
     }
     const win32::Selected font(dc, underlined ? underlined.get() : FontInUse());
     SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, as_link ? GetSysColor(COLOR_HOTLIGHT) : ForegroundOf(background_));
+    SetTextColor(dc, as_link ? LinkColourOn(background_) : ForegroundOf(background_));
     DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, kFormat | DT_END_ELLIPSIS);
     if (GetFocus() != Handle()) return;
     SetTextColor(dc, ForegroundOf(background_));
@@ -179,7 +197,7 @@ void LinkLabel::PaintSign(HDC dc, const RECT& client) const {
     const int dpi = win32::DpiOf(Handle());
     const bool high_contrast = win32::IsHighContrast();
     const COLORREF background = GetSysColor(background_);
-    const COLORREF own = sign_ == Sign::Error ? kErrorColour : GetSysColor(COLOR_HOTLIGHT);
+    const COLORREF own = sign_ == Sign::Error ? kErrorColour : LinkColourOn(background_);
     const COLORREF colour = high_contrast ? ForegroundOf(background_) : own;
     const int side = win32::Scale(kSignSide, dpi);
     const int left = client.left + win32::Scale(kPaddingX, dpi);

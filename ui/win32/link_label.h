@@ -28,6 +28,8 @@ public:
     void SetContents(const std::wstring& text, Sign sign, bool leads_somewhere);
     /// The height that the text needs, one line at least.
     int HeightFor(int width) const;
+    /// The width of the text on one line.
+    int Width() const;
 
 protected:
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;

@@ -96,15 +96,15 @@ void ReasonLabel::Layout() {
         int bottom = std::max<int>(text.bottom, Px(kPadding + kIconSide));
         const int left = text.left - Px(kLinkInset);
         const int width = text.right - left;
-        const auto place = [&](const LinkLabel& label, int gap) {
-            const int height = label.HeightFor(width);
-            SetWindowPos(label.Handle(), nullptr, left, bottom + gap - offset_, width, height,
+        const auto place = [&](const LinkLabel& label, int gap, int label_width) {
+            const int height = label.HeightFor(label_width);
+            SetWindowPos(label.Handle(), nullptr, left, bottom + gap - offset_, label_width, height,
                          SWP_NOZORDER | SWP_NOACTIVATE);
             bottom += gap + height;
         };
         if (has_reason_) {
-            place(reason_, Px(kReasonGap));
-            place(link_, Px(kLinkGap));
+            place(reason_, Px(kReasonGap), width);
+            place(link_, Px(kLinkGap), std::min(width, link_.Width()));
         }
         height_ = bottom + Px(kPadding);
         offset_ = std::clamp<int>(offset_, 0, std::max<int>(0, height_ - client.bottom));

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/win32/dpi.h"
+#include "common/win32/link_colour.h"
 #include "common/win32/screen.h"
 #include "controls/editor/editor_text.h"
 
@@ -31,9 +32,10 @@ void SetLook(const ScintillaCalls& editor, uptr_t indicator, int style, COLORREF
 void EditorErrors::ApplyLooks(const ScintillaCalls& editor, int dpi, int scale_percent) {
     const bool high_contrast = win32::IsHighContrast();
     const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    const COLORREF note = win32::LinkColour(GetSysColor(COLOR_WINDOW), text);
     const int stroke = MulDiv(kHundredths, dpi, 96);
     SetLook(editor, kErrorIndicator, INDIC_SQUIGGLE, high_contrast ? text : kErrorColour, stroke);
-    SetLook(editor, kNoteIndicator, INDIC_DOTS, high_contrast ? text : GetSysColor(COLOR_HOTLIGHT), stroke);
+    SetLook(editor, kNoteIndicator, INDIC_DOTS, high_contrast ? text : note, stroke);
     editor.Send(SCI_SETEXTRADESCENT, static_cast<uptr_t>(win32::Scale(kRoomForWave, dpi)));
     editor.Send(SCI_STYLESETFONT, STYLE_CALLTIP, kTipFont);
     editor.Send(SCI_STYLESETSIZEFRACTIONAL, STYLE_CALLTIP, kTipPoints * scale_percent);

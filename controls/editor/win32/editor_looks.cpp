@@ -4,6 +4,7 @@
 
 #include "common/text.h"
 #include "common/win32/dpi.h"
+#include "common/win32/gdi.h"
 #include "common/win32/screen.h"
 #include "controls/editor/editor_text.h"
 
@@ -66,6 +67,12 @@ void ApplySelectionColours(const ScintillaCalls& editor, bool high_contrast) {
         else
             editor.Send(SCI_RESETELEMENTCOLOUR, id);
     }
+    if (high_contrast) return;
+    // An editor without the keyboard shows what was found, and its text must stay readable.
+    constexpr int kTint = 90;  // of 255
+    const COLORREF found = win32::Blend(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_HIGHLIGHT), kTint);
+    editor.Send(SCI_SETELEMENTCOLOUR, SC_ELEMENT_SELECTION_INACTIVE_BACK,
+                static_cast<sptr_t>(found) | kOpaque);
 }
 
 }  // namespace
