@@ -16,6 +16,8 @@ constexpr int kPadding = 14;  // around the text
 constexpr int kIconSide = 24;
 constexpr int kIconGap = 12;  // between icon and text
 constexpr int kReasonGap = 10;
+constexpr int kCompactPadding = 4;
+constexpr int kCompactGap = 4;
 constexpr int kLinkGap = 4;
 constexpr int kLinkInset = 4;  // what a LinkLabel leaves at its edge
 constexpr int kScrollStep = 24;
@@ -67,10 +69,15 @@ int ReasonLabel::Px(int dips) const {
     return win32::Scale(dips, win32::DpiOf(Handle()));
 }
 
+int ReasonLabel::Padding() const {
+    return Px(compact_ ? kCompactPadding : kPadding);
+}
+
 RECT ReasonLabel::TextArea() const {
     RECT client{};
     GetClientRect(Handle(), &client);
-    RECT area{Px(kPadding + kIconSide + kIconGap), Px(kPadding), client.right - Px(kPadding), 0};
+    const int icon = compact_ ? 0 : Px(kIconSide + kIconGap);
+    RECT area{Padding() + icon, Padding(), client.right - Padding(), 0};
     area.right = std::max(area.right, area.left + 1);
     const HDC dc = GetDC(Handle());
     {
@@ -85,6 +92,24 @@ RECT ReasonLabel::TextArea() const {
     return area;
 }
 
+void ReasonLabel::Arrange() {
+    const RECT text = TextArea();
+    int bottom = compact_ ? text.bottom : std::max<int>(text.bottom, Padding() + Px(kIconSide));
+    const int left = text.left - Px(kLinkInset);
+    const int width = text.right - left;
+    const auto place = [&](const LinkLabel& label, int gap, int label_width) {
+        const int height = label.HeightFor(label_width);
+        SetWindowPos(label.Handle(), nullptr, left, bottom + gap - offset_, label_width, height,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+        bottom += gap + height;
+    };
+    if (has_reason_) {
+        place(reason_, Px(compact_ ? kCompactGap : kReasonGap), width);
+        place(link_, compact_ ? 0 : Px(kLinkGap), std::min(width, link_.Width()));
+    }
+    height_ = bottom + Padding();
+}
+
 // A scroll bar that comes or goes changes the width, and with it all of this once more.
 void ReasonLabel::Layout() {
     if (!Handle() || !link_.Handle() || laying_out_) return;
@@ -92,21 +117,12 @@ void ReasonLabel::Layout() {
     for (int round = 0; round < 2; ++round) {
         RECT client{};
         GetClientRect(Handle(), &client);
-        const RECT text = TextArea();
-        int bottom = std::max<int>(text.bottom, Px(kPadding + kIconSide));
-        const int left = text.left - Px(kLinkInset);
-        const int width = text.right - left;
-        const auto place = [&](const LinkLabel& label, int gap, int label_width) {
-            const int height = label.HeightFor(label_width);
-            SetWindowPos(label.Handle(), nullptr, left, bottom + gap - offset_, label_width, height,
-                         SWP_NOZORDER | SWP_NOACTIVATE);
-            bottom += gap + height;
-        };
-        if (has_reason_) {
-            place(reason_, Px(kReasonGap), width);
-            place(link_, Px(kLinkGap), std::min(width, link_.Width()));
+        compact_ = false;
+        Arrange();
+        if (height_ > client.bottom) {
+            compact_ = true;
+            Arrange();
         }
-        height_ = bottom + Px(kPadding);
         offset_ = std::clamp<int>(offset_, 0, std::max<int>(0, height_ - client.bottom));
         SCROLLINFO info{};
         info.cbSize = sizeof info;
@@ -186,8 +202,9 @@ void ReasonLabel::Paint() {
     const win32::BufferedPaint paint(Handle());
     const HDC dc = paint.Dc();
     win32::FillSolid(dc, paint.Client(), GetSysColor(COLOR_WINDOW));
-    DrawIconEx(dc, Px(kPadding), Px(kPadding) - offset_, LoadIconW(nullptr, IDI_INFORMATION), Px(kIconSide),
-               Px(kIconSide), 0, nullptr, DI_NORMAL);
+    if (!compact_)
+        DrawIconEx(dc, Padding(), Padding() - offset_, LoadIconW(nullptr, IDI_INFORMATION), Px(kIconSide),
+                   Px(kIconSide), 0, nullptr, DI_NORMAL);
     RECT area = TextArea();
     OffsetRect(&area, 0, -offset_);
     const std::wstring text = TextOf(Handle());

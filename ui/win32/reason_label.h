@@ -29,9 +29,12 @@ private:
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
     void Paint();
     void Layout();
+    /// Places everything and measures its height.
+    void Arrange();
     void ScrollTo(int offset);
     void OnScroll(int request);
     int Px(int dips) const;
+    int Padding() const;
     /// Where the fixed text stands when nothing is scrolled.
     RECT TextArea() const;
 
@@ -40,6 +43,7 @@ private:
     LinkLabel link_;
     bool has_reason_ = false;
     bool laying_out_ = false;
+    bool compact_ = false;  ///< little room: no icon, small margins
     int offset_ = 0;  ///< pixels scrolled
     int height_ = 0;  ///< pixels of everything
 };
