@@ -175,6 +175,15 @@ TEST_F(GridEditing, TypingInAWordRowOpensTheListAtTheWordAndEnterTakesIt) {
     EXPECT_EQ(Cell(GridRow::Agrupacion, 1), L"Suma");
 }
 
+TEST_F(GridEditing, AWholeWordTypedInAWordRowComesOutAsTyped) {
+    ClickCell(GridRow::Agrupacion, 1);
+    TypeText(L"Promedio");
+    ASSERT_TRUE(frame_.WaitFor([&] { return view_.Editor().Text() == L"Promedio"; }));
+    PressKey(VK_RETURN);
+    ASSERT_TRUE(WaitForEditor(false));
+    EXPECT_EQ(Cell(GridRow::Agrupacion, 1), L"Promedio");
+}
+
 TEST_F(GridEditing, TextThatMatchesNoItemStaysAsTyped) {
     ClickCell(GridRow::Agrupacion, 1);
     TypeText(L"xyz");

@@ -158,9 +158,15 @@ int CellEditor::WantedWidth() const {
 
 void CellEditor::ShowList() {
     if (!open_) return;
+    DWORD begin = 0;
+    DWORD end = 0;
+    SendMessageW(edit_, EM_GETSEL, reinterpret_cast<WPARAM>(&begin), reinterpret_cast<LPARAM>(&end));
     SendMessageW(combo_, CB_SHOWDROPDOWN, TRUE, 0);
-    // Opening may have completed the text from the list.
-    if (Text() != typed_) SetText(typed_);
+    // Opening may have completed the text from the list. What is typed next goes on where the caret was.
+    if (Text() != typed_) {
+        SetText(typed_);
+        SendMessageW(edit_, EM_SETSEL, begin, static_cast<LPARAM>(end));
+    }
     HighlightMatch();
     // Windows hides the pointer while text is typed, and opening the list does not bring it back.
     SetCursor(LoadCursorW(nullptr, IDC_ARROW));
