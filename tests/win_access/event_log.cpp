@@ -39,13 +39,13 @@ const wchar_t* NameOf(DWORD event) {
 
 }  // namespace
 
-EventLog::EventLog() {
+EventLog::EventLog(DWORD process) {
     g_log = this;
     for (const DWORD event : {EVENT_SYSTEM_ALERT, EVENT_OBJECT_SHOW, EVENT_OBJECT_HIDE, EVENT_OBJECT_REORDER,
                               EVENT_OBJECT_FOCUS, EVENT_OBJECT_SELECTION, EVENT_OBJECT_SELECTIONWITHIN,
                               EVENT_OBJECT_STATECHANGE, EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_VALUECHANGE})
         hooks_.push_back(SetWinEventHook(static_cast<DWORD>(event), static_cast<DWORD>(event), nullptr,
-                                         Arrived, GetCurrentProcessId(), 0, WINEVENT_OUTOFCONTEXT));
+                                         Arrived, process, 0, WINEVENT_OUTOFCONTEXT));
 }
 
 EventLog::~EventLog() {

@@ -10,8 +10,8 @@ namespace tessel::testing {
 
 class EventLog {
 public:
-    /// From now on, events between EVENT_SYSTEM_ALERT and EVENT_OBJECT_VALUECHANGE that matter to readers.
-    EventLog();
+    /// From now on, the events of a process that matter to readers.
+    explicit EventLog(DWORD process = GetCurrentProcessId());
     ~EventLog();
     EventLog(const EventLog&) = delete;
     EventLog& operator=(const EventLog&) = delete;
