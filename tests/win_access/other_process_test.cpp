@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "common/text.h"
-#include "common/win32/handles.h"
+#include "common/win32/com_object.h"
 #include "common/win32/module.h"
 #include "tests/win_access/access_fixture.h"
 
@@ -14,8 +14,9 @@ namespace {
 
 class OtherProcessTest : public AccessTest {
 protected:
-    /// Starts the program with its output in a file.
-    void Start() {
+    /// Starts the program with its output in a file. `what` is a window class, or nothing for all of the
+    /// window.
+    void Start(const std::wstring& what) {
         SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
         wchar_t folder[MAX_PATH] = L"";
         GetTempPathW(MAX_PATH, folder);
@@ -30,7 +31,7 @@ protected:
         startup.hStdOutput = startup.hStdError = output;
         PROCESS_INFORMATION process{};
         std::wstring command = L'"' + win32::ModuleFolder() + L"accessible_tree.exe\" \"" +
-                               TextOf(window_.Handle()) + L"\" TesselDiagram";
+                               TextOf(window_.Handle()) + L"\" " + what;
         EXPECT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                                    &startup, &process));
         CloseHandle(output);
@@ -58,7 +59,7 @@ protected:
 
 TEST_F(OtherProcessTest, FindsTablesFieldsAndRelations) {
     std::string printed;
-    script_.Do([this] { Start(); });
+    script_.Do([this] { Start(L"TesselDiagram"); });
     script_.Until([this] { return WaitForSingleObject(process_, 0) == WAIT_OBJECT_0; },
                   "the program has ended");
     script_.Do([&] { printed = Output(); });
@@ -71,6 +72,23 @@ TEST_F(OtherProcessTest, FindsTablesFieldsAndRelations) {
              L"graphic \"Relación: Clientes.IdCliente = Pedidos.IdCliente, combinación izquierda\"",
          })
         EXPECT_NE(printed.find(ToUtf8(line)), std::string::npos) << ToUtf8(line) << "\n" << printed;
+}
+
+TEST_F(OtherProcessTest, MayGoOnAskingWhileTheDesignerCloses) {
+    script_.Do([this] { Start(L""); });
+    // Objects are held by the other program by now, and it goes on asking for more.
+    script_.Until([this] { return win32::ServerCount::Value() > 20; }, "the program is reading");
+    CloseAfterwards();
+    Run(kCustomersAndOrders);
+    window_.Destroy();
+    const ULONGLONG started = GetTickCount64();
+    constexpr ULONGLONG kPatience_ms = 60000;
+    while (WaitForSingleObject(process_, 0) != WAIT_OBJECT_0 && GetTickCount64() - started < kPatience_ms) {
+        MsgWaitForMultipleObjects(1, &process_, FALSE, 100, QS_ALLINPUT);
+        MSG message{};
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    }
+    Output();
 }
 
 }  // namespace tessel::testing
