@@ -44,6 +44,7 @@ inline constexpr unsigned kChecked = 0x10;
 inline constexpr unsigned kReadOnly = 0x40;
 inline constexpr unsigned kExpanded = 0x200;
 inline constexpr unsigned kCollapsed = 0x400;
+inline constexpr unsigned kInvisible = 0x8000;
 inline constexpr unsigned kOffscreen = 0x10000;
 inline constexpr unsigned kFocusable = 0x100000;
 inline constexpr unsigned kSelectable = 0x200000;

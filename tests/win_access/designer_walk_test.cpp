@@ -22,6 +22,10 @@ protected:
     }
 };
 
+bool IsReason(const AccessibleItem& item) {
+    return item.own && item.name.starts_with(L"No se puede mostrar más información visual");
+}
+
 }  // namespace
 
 TEST_F(DesignerWalkTest, EveryElementOfADesignIsNamedAndInItsPlace) {
@@ -50,6 +54,54 @@ TEST_F(DesignerWalkTest, ACellIsNamedByItsRowItsColumnAndItsField) {
     EXPECT_EQ(line(L"Visible, columna 3, Clientes.Pais"),
               "check button \"Visible, columna 3, Clientes.Pais\" = \"No\"\n");
     EXPECT_EQ(line(L"Columna 2, Total"), "column header \"Columna 2, Total\"\n");
+}
+
+TEST_F(DesignerWalkTest, UnderADesignTheReasonOfAHiddenOneIsInvisible) {
+    const AccessibleItem tree = Walk(kCustomersAndOrders);
+    const AccessibleItem* reason = FindAccessible(tree, IsReason);
+    ASSERT_TRUE(reason);
+    EXPECT_TRUE(reason->Is(STATE_SYSTEM_INVISIBLE));
+}
+
+TEST_F(DesignerWalkTest, AHiddenDesignTellsItsReasonWithALink) {
+    AccessibleItem tree;
+    script_.Do([this] { ClickTab(ui::Tab::Design); });
+    script_.Until([this] { return IsWindowVisible(Control(ui::kIdReasonLink)) != FALSE; },
+                  "the link is shown");
+    script_.Do([&] {
+        tree = WalkAccessible(window_.Handle());
+        ExpectLawfulTree(tree);
+    });
+    CloseAfterwards();
+    Run(L"SELECT A FROM B UNION SELECT C FROM D");
+    const AccessibleItem* reason = FindAccessible(tree, IsReason);
+    ASSERT_TRUE(reason);
+    EXPECT_FALSE(reason->Is(STATE_SYSTEM_INVISIBLE));
+    EXPECT_EQ(reason->role, ROLE_SYSTEM_STATICTEXT);
+    const AccessibleItem* link = FindAccessible(
+        tree, [](const AccessibleItem& item) { return item.own && item.role == ROLE_SYSTEM_LINK; });
+    ASSERT_TRUE(link);
+    EXPECT_FALSE(link->name.empty());
+    EXPECT_FALSE(link->action.empty());
+}
+
+TEST_F(DesignerWalkTest, TheEditorIsATextWithItsStatement) {
+    AccessibleItem tree;
+    std::wstring text;
+    script_.Do([this] { ClickTab(ui::Tab::Sql); });
+    script_.Until([this] { return EditorText().ends_with(L";"); }, "the statement is composed");
+    script_.Do([&] {
+        text = EditorText();
+        tree = WalkAccessible(window_.Handle());
+        ExpectLawfulTree(tree);
+    });
+    CloseAfterwards();
+    Run(kCustomersAndOrders);
+    const AccessibleItem* editor = FindAccessible(tree, [](const AccessibleItem& item) {
+        return item.own && item.role == ROLE_SYSTEM_TEXT && item.name == L"Consulta SQL";
+    });
+    ASSERT_TRUE(editor);
+    EXPECT_EQ(editor->value, text);
 }
 
 }  // namespace tessel::testing

@@ -173,7 +173,28 @@ void ReasonLabel::OnScroll(int request) {
     }
 }
 
+AccessibleElement ReasonLabel::Describe(AccessibleId) const {
+    AccessibleElement element;
+    element.name = TextOf(Handle());
+    element.role = AccessibleRole::StaticText;
+    element.states = accessible_state::kReadOnly;
+    if (IsCovered()) element.states |= accessible_state::kInvisible;
+    return element;
+}
+
+bool ReasonLabel::IsCovered() const {
+    RECT place{};
+    GetWindowRect(Handle(), &place);
+    const POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    for (HWND above = GetWindow(Handle(), GW_HWNDPREV); above; above = GetWindow(above, GW_HWNDPREV)) {
+        RECT other{};
+        if (IsWindowVisible(above) && GetWindowRect(above, &other) && PtInRect(&other, middle)) return true;
+    }
+    return false;
+}
+
 LRESULT ReasonLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (LRESULT result = 0; accessible_.OnMessage(Handle(), message, wparam, lparam, result)) return result;
     switch (message) {
         case WM_ERASEBKGND:
             return 1;

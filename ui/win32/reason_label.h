@@ -8,13 +8,15 @@
 #include <functional>
 #include <string>
 
+#include "common/accessible_tree.h"
+#include "common/win32/accessible_window.h"
 #include "common/win32/handles.h"
 #include "common/win32/window.h"
 #include "ui/win32/link_label.h"
 
 namespace tessel::ui {
 
-class ReasonLabel final : public win32::Window {
+class ReasonLabel final : public win32::Window, private AccessibleTree {
 public:
     /// `on_go` runs when the link is pressed.
     bool Create(HWND parent, int id, const wchar_t* text, std::function<void()> on_go);
@@ -26,6 +28,10 @@ public:
     HWND Link() const;
 
 private:
+    /// A text, which is not there for anybody while the grid and its buttons cover it.
+    AccessibleElement Describe(AccessibleId) const override;
+    bool IsCovered() const;
+
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
     void Paint();
     void Layout();
@@ -46,6 +52,7 @@ private:
     bool compact_ = false;  ///< little room: no icon, small margins
     int offset_ = 0;  ///< pixels scrolled
     int height_ = 0;  ///< pixels of everything
+    win32::AccessibleWindow accessible_{*this};
 };
 
 }  // namespace tessel::ui
