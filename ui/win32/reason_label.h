@@ -50,8 +50,8 @@ private:
     bool has_reason_ = false;
     bool laying_out_ = false;
     bool compact_ = false;  ///< little room: no icon, small margins
-    int offset_ = 0;  ///< pixels scrolled
-    int height_ = 0;  ///< pixels of everything
+    int offset_ = 0;        ///< pixels scrolled
+    int height_ = 0;        ///< pixels of everything
     win32::AccessibleWindow accessible_{*this};
 };
 
