@@ -48,16 +48,6 @@ private:
     std::vector<COLORREF> before_;
 };
 
-/// A display that is another program shows a window when it comes to it.
-void WaitForDisplay() {
-    constexpr int kRounds = 10;
-    constexpr DWORD kRound_ms = 50;
-    for (int i = 0; i < kRounds; ++i) {
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, kRound_ms, QS_ALLINPUT);
-        Settle();
-    }
-}
-
 void Take(Shown shown, const std::wstring& folder, const std::optional<RECT>& work) {
     const std::wstring file =
         folder + L"\\" + std::wstring(NameOf(shown), NameOf(shown) + std::strlen(NameOf(shown))) + L".bmp";
@@ -67,7 +57,7 @@ void Take(Shown shown, const std::wstring& folder, const std::optional<RECT>& wo
                        TRUE);
         // A control library keeps the colours that it has seen.
         SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
-        WaitForDisplay();
+        Settle();
         RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
         std::printf("%ls %s\n", file.c_str(), SavePicture(window, file) ? "saved" : "NOT saved");
     });

@@ -4,6 +4,7 @@
 
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
+#include "common/win32/screen.h"
 #include "ui/text_check_texts.h"
 #include "ui/win32/designer_ids.h"
 
@@ -219,13 +220,26 @@ LRESULT ReasonLabel::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     }
 }
 
+// A disc with an "i", drawn at the size that it has, so that it is sharp at every scale.
+void ReasonLabel::PaintSign(HDC dc) {
+    using controls::diagram::MarkShape;
+    const int side = Px(kIconSide);
+    const int left = Padding();
+    const int top = Padding() - offset_;
+    const int stroke = std::max(2, side / 7);
+    const int middle = left + (side - stroke) / 2;
+    const COLORREF background = GetSysColor(COLOR_WINDOW);
+    const COLORREF disc = GetSysColor(win32::IsHighContrast() ? COLOR_WINDOWTEXT : COLOR_HOTLIGHT);
+    marks_.Draw(dc, left, top, {MarkShape::Disc, side, side, 1, false, false}, disc);
+    marks_.Draw(dc, middle, top + side / 5, {MarkShape::Disc, stroke, stroke, 1, false, false}, background);
+    win32::FillSolid(dc, {middle, top + side * 2 / 5, middle + stroke, top + side * 4 / 5}, background);
+}
+
 void ReasonLabel::Paint() {
     const win32::BufferedPaint paint(Handle());
     const HDC dc = paint.Dc();
     win32::FillSolid(dc, paint.Client(), GetSysColor(COLOR_WINDOW));
-    if (!compact_)
-        DrawIconEx(dc, Padding(), Padding() - offset_, LoadIconW(nullptr, IDI_INFORMATION), Px(kIconSide),
-                   Px(kIconSide), 0, nullptr, DI_NORMAL);
+    if (!compact_) PaintSign(dc);
     RECT area = TextArea();
     OffsetRect(&area, 0, -offset_);
     const std::wstring text = TextOf(Handle());

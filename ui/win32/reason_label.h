@@ -12,6 +12,7 @@
 #include "common/win32/accessible_window.h"
 #include "common/win32/handles.h"
 #include "common/win32/window.h"
+#include "controls/diagram/win32/mark_painter.h"
 #include "ui/win32/link_label.h"
 
 namespace tessel::ui {
@@ -34,6 +35,7 @@ private:
 
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
     void Paint();
+    void PaintSign(HDC dc);
     void Layout();
     /// Places everything and measures its height.
     void Arrange();
@@ -44,6 +46,7 @@ private:
     /// Where the fixed text stands when nothing is scrolled.
     RECT TextArea() const;
 
+    controls::diagram::MarkPainter marks_;
     HFONT font_ = nullptr;
     LinkLabel reason_;
     LinkLabel link_;

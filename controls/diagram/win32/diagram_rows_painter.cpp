@@ -112,7 +112,8 @@ void DiagramPainter::DrawCheck(HDC dc, int size, bool checked, bool hot, COLORRE
     const COLORREF ink = background == colours_.focus ? colours_.focus_text : colours_.text;
     const int edge = std::max(1, size / 13);
     RECT inside{0, 0, size, size};
-    win32::FillSolid(dc, inside, hot ? colours_.highlight : ink);
+    const COLORREF frame = colours_.high_contrast ? ink : colours_.line;
+    win32::FillSolid(dc, inside, hot ? colours_.highlight : frame);
     InflateRect(&inside, -edge, -edge);
     win32::FillSolid(dc, inside, background == colours_.focus ? background : colours_.window);
     if (checked) marks_.Draw(dc, 0, 0, {MarkShape::Tick, size, size, 1, false, false}, ink);

@@ -9,6 +9,7 @@
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
+#include "common/win32/screen.h"
 #include "controls/grid/type_ahead.h"
 
 namespace tessel::controls {
@@ -121,7 +122,7 @@ void CellEditor::FitList() {
     const int count = static_cast<int>(SendMessageW(combo_, CB_GETCOUNT, 0, 0));
     int widest = 0;
     for (int i = 0; i < count; ++i) widest = std::max(widest, TextWidth(combo_, font_, ItemText(i)));
-    widest += GetSystemMetrics(SM_CXVSCROLL) + win32::Scale(12, dpi_);
+    widest += win32::SystemMetric(SM_CXVSCROLL, dpi_) + win32::Scale(12, dpi_);
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     if (GetMonitorInfoW(MonitorFromWindow(combo_, MONITOR_DEFAULTTONEAREST), &monitor))
@@ -153,7 +154,8 @@ void CellEditor::SetText(const std::wstring& text) {
 }
 
 int CellEditor::WantedWidth() const {
-    return TextWidth(combo_, font_, Text()) + GetSystemMetrics(SM_CXVSCROLL) + win32::Scale(16, dpi_);
+    return TextWidth(combo_, font_, Text()) + win32::SystemMetric(SM_CXVSCROLL, dpi_) +
+           win32::Scale(16, dpi_);
 }
 
 void CellEditor::ShowList() {
