@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "common/text.h"
+#include "controls/diagram/diagram_texts.h"
 #include "tests/win_access/access_fixture.h"
 #include "tests/win_access/event_log.h"
 
@@ -102,9 +103,7 @@ TEST_F(EventTest, WhatToDoForARelationIsAnnounced) {
         log_.Clear();
         window_.Presenter().MenuChosen(ui::MenuCommand::mnuRelacionar);
     });
-    const std::wstring hint =
-        L"Nueva relación: señale el campo de Clientes y después el de otra tabla "
-        L"(Entrar elige, Esc abandona).";
+    const std::wstring hint = controls::diagram::RelatingText(L"Clientes", L"");
     ExpectEvents({L"show " + hint, L"alert " + hint});
     Finish();
 }
