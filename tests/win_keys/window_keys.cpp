@@ -3,6 +3,8 @@
 
 #include <commctrl.h>
 
+#include <string_view>
+
 #include "tests/support/win32/fake_dispatch.h"
 #include "tests/win_keys/designer_keys.h"
 #include "ui/help_contexts.h"
@@ -46,8 +48,11 @@ void SwitchesTheTab(DesignerKeys& keys) {
 
 /// The bar of a splitter, a window of its own that takes the keyboard.
 HWND BarOf(HWND container) {
-    for (HWND child = GetWindow(container, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        if (TextOf(child) == L"Divisor") return child;
+    for (HWND child = GetWindow(container, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        wchar_t name[40] = L"";
+        GetClassNameW(child, name, 40);
+        if (std::wstring_view(name).starts_with(L"TesselSplitterGrip")) return child;
+    }
     return nullptr;
 }
 

@@ -315,8 +315,11 @@ void DesignerForm::CutPageOutOfTabs() {
     const HRGN hole = CreateRectRgn(left, top, left + page.cx, top + page.cy);
     if (region && hole) CombineRgn(region, region, hole, RGN_DIFF);
     if (hole) DeleteObject(hole);
-    // The window owns the region from here on.
-    if (region) SetWindowRgn(tabs_, region, TRUE);
+    const HRGN now = CreateRectRgn(0, 0, 0, 0);
+    const bool same = region && now && GetWindowRgn(tabs_, now) != ERROR && EqualRgn(now, region);
+    if (now) DeleteObject(now);
+    // A region that is set becomes the window's own.
+    if (region && (same || !SetWindowRgn(tabs_, region, TRUE))) DeleteObject(region);
 }
 
 /// The first division between diagram and grid: the grid gets the height of its rows when there is room for
