@@ -13,25 +13,24 @@
 
 namespace {
 
+bool counting = false;
 std::size_t held = 0;
-std::size_t peak = 0;
 
 void* Allocate(std::size_t size) {
     void* const block = std::malloc(size);
     if (!block) throw std::bad_alloc();
-    held += malloc_usable_size(block);
-    if (held > peak) peak = held;
+    if (counting) held += malloc_usable_size(block);
     return block;
 }
 
 void Release(void* block) {
-    if (block) held -= malloc_usable_size(block);
+    if (counting && block) held -= malloc_usable_size(block);
     std::free(block);
 }
 
 }  // namespace
 
-// Counting costs the same few nanoseconds wherever our code and a reference written in C++ allocate.
+// Blocks are counted only while CountedMemory lives, so that allocating costs what it always does elsewhere.
 void* operator new(std::size_t size) {
     return Allocate(size);
 }
@@ -102,16 +101,17 @@ const std::string& TablesScript() {
     return script;
 }
 
-std::size_t HeldBytes() {
+CountedMemory::CountedMemory() {
+    held = 0;
+    counting = true;
+}
+
+CountedMemory::~CountedMemory() {
+    counting = false;
+}
+
+std::size_t CountedMemory::Held() const {
     return held;
-}
-
-std::size_t PeakBytes() {
-    return peak;
-}
-
-void ResetPeak() {
-    peak = held;
 }
 
 }  // namespace tessel::bench

@@ -14,9 +14,17 @@ namespace tessel::bench {
 /// The script that creates the sample database's empty tables, in UTF-8.
 [[nodiscard]] const std::string& TablesScript();
 
-/// Bytes now held through operator new, and the most that were held since ResetPeak.
-[[nodiscard]] std::size_t HeldBytes();
-[[nodiscard]] std::size_t PeakBytes();
-void ResetPeak();
+/// Counts what operator new gives out and takes back as long as it lives; one at a time.
+class CountedMemory {
+public:
+    CountedMemory();
+    ~CountedMemory();
+    CountedMemory(const CountedMemory&) = delete;
+    CountedMemory& operator=(const CountedMemory&) = delete;
+
+    /// Bytes of the blocks that were allocated since then and are still there, as large as the allocator made
+    /// them.
+    [[nodiscard]] std::size_t Held() const;
+};
 
 }  // namespace tessel::bench

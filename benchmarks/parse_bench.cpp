@@ -102,10 +102,10 @@ void ParsedMemory(benchmark::State& state) {
     for (auto _ : state) {
         held = 0;
         for (const std::wstring& statement : Statements()) {
-            const std::size_t before = HeldBytes();
+            const CountedMemory memory;
             sql::SqlParser parser;
             if (parser.Parse(statement)) state.SkipWithError("a statement does not parse");
-            held += HeldBytes() - before;
+            held += memory.Held();
         }
     }
     state.counters["bytes"] = static_cast<double>(held);

@@ -1,7 +1,6 @@
 #include "common/identifiers.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <iterator>
 #include <optional>
 
@@ -83,18 +82,6 @@ std::size_t SkipBlanks(std::wstring_view text, std::size_t at) {
 }
 
 }  // namespace
-
-bool IsIdentifierStart(wchar_t ch) {
-    if (ch < 0x80) return (ch >= L'a' && ch <= L'z') || (ch >= L'A' && ch <= L'Z');
-    // Beyond ASCII everything is a letter but the signs of Latin-1 (not its ª, µ and º), general punctuation,
-    // the currency signs, arrows and the like, and the punctuation of East Asian scripts.
-    const auto code = static_cast<std::uint32_t>(ch);
-    if (code < 0xC0) return code == 0xAA || code == 0xB5 || code == 0xBA;
-    if (code == 0xD7 || code == 0xF7) return false;
-    const bool punctuation = (code >= 0x2000 && code <= 0x2BFF) || (code >= 0x3000 && code <= 0x303F) ||
-                             (code >= 0xFF00 && code <= 0xFF20) || code == 0x1680 || code == 0xFEFF;
-    return !punctuation;
-}
 
 bool IsIdentifierPart(wchar_t ch) {
     return IsIdentifierStart(ch) || (ch >= L'0' && ch <= L'9') || ch == L'_';

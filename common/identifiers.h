@@ -4,15 +4,30 @@
 // everything composed from them is valid SQL; comparisons ignore the brackets.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tessel {
 
+/// IsIdentifierStart beyond ASCII: everything is a letter but the signs of Latin-1 (not its ª, µ and º),
+/// general punctuation, the currency signs, arrows and the like, and the punctuation of East Asian scripts.
+[[nodiscard]] constexpr bool IsWideIdentifierStart(std::uint32_t code) {
+    if (code < 0xC0) return code == 0xAA || code == 0xB5 || code == 0xBA;
+    if (code == 0xD7 || code == 0xF7) return false;
+    const bool punctuation = (code >= 0x2000 && code <= 0x2BFF) || (code >= 0x3000 && code <= 0x303F) ||
+                             (code >= 0xFF00 && code <= 0xFF20) || code == 0x1680 || code == 0xFEFF;
+    return !punctuation;
+}
+
 /// True for a character that a bare identifier may begin with: a letter of any script. A leading "_" is left
 /// out: the Jet engine refuses it.
-[[nodiscard]] bool IsIdentifierStart(wchar_t ch);
+[[nodiscard]] constexpr bool IsIdentifierStart(wchar_t ch) {
+    const auto code = static_cast<std::uint32_t>(ch);
+    if (code < 0x80) return (ch >= L'a' && ch <= L'z') || (ch >= L'A' && ch <= L'Z');
+    return IsWideIdentifierStart(code);
+}
 /// True for a letter, a decimal digit or "_".
 [[nodiscard]] bool IsIdentifierPart(wchar_t ch);
 

@@ -44,17 +44,20 @@ Grammar::Nesting::Nesting(Grammar& grammar, int levels) : grammar_(grammar), lev
 
 void Grammar::Advance() {
     if (blocked_) return;
-    previous_kind_ = token_.kind;
-    previous_begin_ = token_.begin;
-    previous_end_ = token_.End();
-    if (has_peeked_) {
-        token_ = peeked_;
-        has_peeked_ = false;
-    } else {
-        token_ = lexer_.NextSignificant();
-    }
+    previous_ = token_;
+    if (!has_peeked_) lexer_.NextSignificant();
+    has_peeked_ = false;
+    token_ = lexer_.Current();
     if (token_.kind == TokenKind::LeftParen) ++parens_;
     if (token_.kind == TokenKind::RightParen) --parens_;
+    if ((token_.flags & kUnterminated) != 0 || token_.kind == TokenKind::Unknown ||
+        token_.kind == TokenKind::Macro) {
+        CheckToken();
+    }
+}
+
+/// Fails on a token that no production can make anything of.
+void Grammar::CheckToken() {
     if (token_.flags & kUnterminated) {
         FailAt(token_.Range(), std::wstring(UnterminatedMessage(token_.kind)));
     } else if (token_.kind == TokenKind::Unknown) {
@@ -67,30 +70,10 @@ void Grammar::Advance() {
     }
 }
 
-const Token& Grammar::Peek() {
-    if (!has_peeked_) {
-        peeked_ = lexer_.NextSignificant();
-        has_peeked_ = true;
-    }
-    return peeked_;
-}
-
 Token Grammar::PeekSecond() {
     Peek();
     Lexer ahead = lexer_;
     return ahead.NextSignificant();
-}
-
-bool Grammar::Accept(TokenKind kind) {
-    if (token_.kind != kind) return false;
-    Advance();
-    return true;
-}
-
-bool Grammar::Accept(Keyword keyword) {
-    if (!At(keyword)) return false;
-    Advance();
-    return true;
 }
 
 bool Grammar::Expect(TokenKind kind, std::wstring_view message) {
@@ -167,7 +150,7 @@ bool Grammar::NamesInParens() {
 // At the end of the text the place is right after the last token.
 void Grammar::Fail(std::wstring_view message) {
     if (blocked_) return;
-    const TextRange range = At(TokenKind::End) ? TextRange{previous_end_, 0} : token_.Range();
+    const TextRange range = At(TokenKind::End) ? TextRange{previous_.End(), 0} : token_.Range();
     FailAt(range, std::wstring(message));
 }
 
@@ -178,9 +161,9 @@ void Grammar::FailExpression() {
         return;
     }
     std::wstring after;
-    if (previous_end_ > previous_begin_ && previous_end_ - previous_begin_ <= 12) {
-        const std::wstring_view previous = text_.substr(previous_begin_, previous_end_ - previous_begin_);
-        if (previous_kind_ == TokenKind::Word) {
+    if (previous_.length > 0 && previous_.length <= 12) {
+        const std::wstring_view previous = TextOf(previous_.Range());
+        if (previous_.kind == TokenKind::Word) {
             const Keyword keyword = FindKeyword(previous.data(), previous.size());
             after = keyword == Keyword::None ? previous : KeywordText(keyword);
         } else if (previous == L"," || previous == L"(") {
@@ -265,37 +248,6 @@ bool Grammar::Recover(int base_parens) {
         if (At(Keyword::Select) && parens_ > base_parens) selects.push_back(parens_);
         Advance();
     }
-}
-
-// Nodes
-// ------------------------------------------------------------------------------------------------------------
-
-NodeId Grammar::Make(NodeKind kind, std::uint32_t begin, std::uint8_t op) {
-    Node node;
-    node.kind = kind;
-    node.op = op;
-    node.begin = begin;
-    statement_->nodes.push_back(node);
-    return static_cast<NodeId>(statement_->nodes.size() - 1);
-}
-
-NodeId Grammar::Finish(NodeId id, const Children& children) {
-    Node& node = At(id);
-    node.first_child = children.first;
-    node.length = previous_end_ > node.begin ? previous_end_ - node.begin : 0;
-    height_ = children.height + 1;
-    return id;
-}
-
-void Grammar::Append(Children& children, NodeId id, int height) {
-    if (id == kNoNode) return;
-    if (children.first == kNoNode) {
-        children.first = id;
-    } else {
-        At(children.last).next = id;
-    }
-    children.last = id;
-    if (height > children.height) children.height = height;
 }
 
 }  // namespace tessel::sql

@@ -72,22 +72,35 @@ private:
 
     // grammar.cpp: tokens
     void Advance();
-    const Token& Peek();
+    void CheckToken();
+    const Token& Peek() {
+        if (!has_peeked_) lexer_.NextSignificant();
+        has_peeked_ = true;
+        return lexer_.Current();
+    }
     Token PeekSecond();
     bool At(TokenKind kind) const { return token_.kind == kind; }
-    bool At(Keyword keyword) const { return token_.kind == TokenKind::Word && token_.keyword == keyword; }
-    static bool IsKeyword(const Token& token, Keyword keyword) {
-        return token.kind == TokenKind::Word && token.keyword == keyword;
+    /// Only words have a keyword; None is never asked for.
+    bool At(Keyword keyword) const { return token_.keyword == keyword; }
+    static bool IsKeyword(const Token& token, Keyword keyword) { return token.keyword == keyword; }
+    bool Accept(TokenKind kind) {
+        if (!At(kind)) return false;
+        Advance();
+        return true;
     }
-    bool Accept(TokenKind kind);
-    bool Accept(Keyword keyword);
+    bool Accept(Keyword keyword) {
+        if (!At(keyword)) return false;
+        Advance();
+        return true;
+    }
     bool Expect(TokenKind kind, std::wstring_view message);
     bool Expect(Keyword keyword, std::wstring_view message);
     bool CloseParen();
     bool CloseList();
     std::wstring_view TextOf(TextRange range) const { return text_.substr(range.offset, range.length); }
     TextRange Since(std::uint32_t begin) const {
-        return {begin, previous_end_ > begin ? previous_end_ - begin : 0u};
+        const std::uint32_t end = previous_.End();
+        return {begin, end > begin ? end - begin : 0u};
     }
     bool IsNameToken(const Token& token) const;
     bool SkipParens();
@@ -106,9 +119,26 @@ private:
     bool Failed() const { return blocked_; }
 
     // grammar.cpp: nodes
-    NodeId Make(NodeKind kind, std::uint32_t begin, std::uint8_t op = 0);
-    NodeId Finish(NodeId id, const Children& children);
-    void Append(Children& children, NodeId id, int height);
+    NodeId Make(NodeKind kind, std::uint32_t begin, std::uint8_t op = 0) {
+        Node& node = statement_->nodes.emplace_back();
+        node.kind = kind;
+        node.op = op;
+        node.begin = begin;
+        return static_cast<NodeId>(statement_->nodes.size() - 1);
+    }
+    NodeId Finish(NodeId id, const Children& children) {
+        Node& node = At(id);
+        node.first_child = children.first;
+        node.length = static_cast<std::uint32_t>(Since(node.begin).length);
+        height_ = children.height + 1;
+        return id;
+    }
+    void Append(Children& children, NodeId id, int height) {
+        if (id == kNoNode) return;
+        (children.first == kNoNode ? children.first : At(children.last).next) = id;
+        children.last = id;
+        if (height > children.height) children.height = height;
+    }
     Node& At(NodeId id) { return statement_->nodes[id]; }
     void AddBeyond(Beyond what, TextRange range) { statement_->beyond.push_back({what, range}); }
     /// Range from `begin` to the end of the last token.
@@ -224,6 +254,9 @@ private:
     NodeId Expression(Level lowest = Level::Imp);
     bool ReadOperator(Operator& op);
     bool OperandFollows();
+    bool AtPrefix() const {
+        return At(TokenKind::Minus) || At(TokenKind::Plus) || At(TokenKind::Tilde) || At(Keyword::Not);
+    }
     void PushPrefixes();
     void ReduceTo(std::size_t base, Level level);
     void ReducePrefix(const Operator& op);
@@ -232,6 +265,7 @@ private:
     void CheckHeight(int height);
 
     // grammar_predicates.cpp
+    bool AtPredicateTail() const { return At(Keyword::Not) || IsPredicateWord(token_.keyword); }
     bool PredicateTail(std::size_t base);
     void IsTail(std::uint32_t op_begin);
     void LikeTail(std::uint8_t flags, std::uint32_t op_begin);
@@ -272,14 +306,11 @@ private:
     std::vector<Diagnostic>& errors_;
     Lexer lexer_;
     Token token_;
-    Token peeked_;
-    Token stopped_;  ///< the token at which the parser stopped, while blocked
-    bool has_peeked_ = false;
+    Token stopped_;            ///< the token at which the parser stopped, while blocked
+    bool has_peeked_ = false;  ///< the lexer is one token ahead
     bool blocked_ = false;
     bool finished_ = false;  ///< an error after which there is no sense in going on
-    TokenKind previous_kind_ = TokenKind::End;
-    std::uint32_t previous_begin_ = 0;
-    std::uint32_t previous_end_ = 0;
+    Token previous_;
     int parens_ = 0;
     int on_parens_ = -1;  ///< parens_ where the condition of ON that is being read began
     int depth_ = 0;

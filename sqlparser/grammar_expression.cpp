@@ -13,12 +13,12 @@ NodeId Grammar::Expression(Level lowest) {
     const std::size_t operand_base = operands_.size();
     const std::size_t operator_base = operators_.size();
     for (;;) {
-        PushPrefixes();
+        if (AtPrefix()) PushPrefixes();
         const NodeId operand = Primary();
         if (blocked_) break;
         operands_.push_back({operand, kNoNode, height_});
         if (lowest <= Level::Compare) {
-            while (PredicateTail(operator_base)) {
+            while (AtPredicateTail() && PredicateTail(operator_base)) {
             }
         }
         Operator op;

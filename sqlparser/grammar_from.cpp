@@ -137,7 +137,7 @@ int Grammar::AddJoin(FromNode join, int left, int right) {
     join.stop_table = second.stop_table;
     join.height = std::max(first.height, second.height) + 1;
     const std::size_t begin = first.parenthesised ? first.outer.offset : first.range.offset;
-    join.range = {begin, previous_end_ - begin};
+    join.range = {begin, previous_.End() - begin};
     join.outer = join.range;
     if (join.height > kMaxDepth) {
         FailForGood(messages::kTooDeep);

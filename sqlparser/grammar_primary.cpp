@@ -228,7 +228,7 @@ NodeId Grammar::Name() {
             break;
         }
         // "a. FROM t" lacks a name; "a.From" has one.
-        const bool apart = token_.begin != previous_end_ && IsReserved(token_.keyword);
+        const bool apart = token_.begin != previous_.End() && IsReserved(token_.keyword);
         if (apart || !IsNamePart(point)) {
             Fail(messages::kExpectedName);
             return kNoNode;

@@ -53,7 +53,7 @@ int Grammar::TableName() {
     if (blocked_) return -1;
     if (At(TokenKind::LeftParen)) {
         if (!SkipParens()) return -1;
-        table.name = {table.name.offset, previous_end_ - table.name.offset};
+        table.name = {table.name.offset, previous_.End() - table.name.offset};
         AddBeyond(Beyond::TableFunction, begin);
     }
     TableSuffix(table);
@@ -64,7 +64,7 @@ int Grammar::TableName() {
 void Grammar::TableNameParts(TableRef& table) {
     const auto is_part = [this](bool first) {
         if (At(TokenKind::Macro) || At(TokenKind::Parameter) || At(TokenKind::Number)) return true;
-        return IsNameToken(token_) || (!first && At(TokenKind::Word) && token_.begin == previous_end_);
+        return IsNameToken(token_) || (!first && At(TokenKind::Word) && token_.begin == previous_.End());
     };
     if (!is_part(true)) return Fail(messages::kExpectedTable);
     if (token_.length <= 2 && !At(TokenKind::Word) && IsNameToken(token_)) return Fail(messages::kEmptyName);
@@ -130,7 +130,7 @@ int Grammar::BracketedSelect() {
     has_peeked_ = false;
     token_ = point;
     Advance();
-    previous_end_ = point.End();
+    previous_ = point;
     table.name = Since(begin);
     AddBeyond(Beyond::DerivedTable, table.name);
     TableSuffix(table);

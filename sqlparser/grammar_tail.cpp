@@ -12,7 +12,7 @@ namespace tessel::sql {
 bool Grammar::TailClause() {
     if (!At(TokenKind::Word)) return false;
     const std::uint32_t begin = token_.begin;
-    const std::uint32_t end_before = previous_end_;
+    const std::uint32_t end_before = previous_.End();
     switch (token_.keyword) {
         case Keyword::Limit:
             LimitClause(Beyond::Limit);
@@ -38,7 +38,7 @@ bool Grammar::TailClause() {
     if (blocked_) return true;
     std::vector<TextRange>& trailing = statement_->trailing;
     if (trailing.empty() || trailing.back().End() != end_before) trailing.push_back({begin, 0});
-    trailing.back().length = previous_end_ - trailing.back().offset;
+    trailing.back().length = previous_.End() - trailing.back().offset;
     return true;
 }
 

@@ -127,51 +127,54 @@ constexpr Entry kEntries[] = {
     {L"PROCEDURE", Keyword::Procedure},
 };
 
-constexpr std::size_t kTableSize = 512;
-constexpr std::size_t kLongest = 11;
+constexpr unsigned kTableBits = 9;
+constexpr std::size_t kTableSize = std::size_t{1} << kTableBits;
 
-constexpr wchar_t Upper(wchar_t ch) {
-    return ch >= L'a' && ch <= L'z' ? static_cast<wchar_t>(ch - 32) : ch;
+struct TableSlot {
+    std::uint64_t key = 0;
+    Keyword keyword = Keyword::None;
+};
+
+/// Fibonacci hashing: the upper bits of the product depend on all letters. Collisions go to the next slot.
+constexpr std::size_t FirstSlot(std::uint64_t key) {
+    return static_cast<std::size_t>(key * 0x9E3779B97F4A7C15u >> (64 - kTableBits));
 }
 
-// Length, first, second and last letter tell most of the words apart; collisions go to the next slot.
-constexpr std::size_t Slot(const wchar_t* text, std::size_t length) {
-    const auto letter = [](wchar_t ch) { return static_cast<std::uint32_t>(ch) & 31u; };
-    return (letter(text[0]) * 7 + letter(text[1 % length]) * 37 + letter(text[length - 1]) * 101 +
-            length * 61) %
-           kTableSize;
-}
-
-consteval std::array<std::uint8_t, kTableSize> MakeTable() {
-    std::array<std::uint8_t, kTableSize> table{};
-    std::uint8_t number = 0;
+consteval std::array<TableSlot, kTableSize> MakeTable() {
+    std::array<TableSlot, kTableSize> table{};
     for (const Entry& entry : kEntries) {
-        std::size_t slot = Slot(entry.text.data(), entry.text.size());
-        while (table[slot] != 0) slot = (slot + 1) % kTableSize;
-        table[slot] = ++number;
+        WordKey key;
+        for (const wchar_t ch : entry.text) key.Add(ch);
+        std::size_t slot = FirstSlot(key.Number());
+        while (table[slot].key != 0) slot = (slot + 1) % kTableSize;
+        table[slot] = {key.Number(), entry.keyword};
     }
     return table;
 }
 
-constexpr std::array<std::uint8_t, kTableSize> kTable = MakeTable();
+constexpr std::array<TableSlot, kTableSize> kTable = MakeTable();
 
-bool Same(const Entry& entry, const wchar_t* text, std::size_t length) {
-    if (entry.text.size() != length) return false;
-    for (std::size_t i = 0; i < length; ++i) {
-        if (entry.text[i] != Upper(text[i])) return false;
-    }
-    return true;
+constexpr bool IsLetter(wchar_t ch) {
+    return (ch >= L'a' && ch <= L'z') || (ch >= L'A' && ch <= L'Z') || ch == L'_';
 }
 
 }  // namespace
 
-Keyword FindKeyword(const wchar_t* text, std::size_t length) {
-    if (length == 0 || length > kLongest) return Keyword::None;
-    for (std::size_t slot = Slot(text, length); kTable[slot] != 0; slot = (slot + 1) % kTableSize) {
-        const Entry& entry = kEntries[kTable[slot] - 1];
-        if (Same(entry, text, length)) return entry.keyword;
+Keyword FindKeyword(WordKey key) {
+    for (std::size_t slot = FirstSlot(key.Number());; slot = (slot + 1) % kTableSize) {
+        const TableSlot& entry = kTable[slot];
+        if (entry.key == key.Number() || entry.key == 0) return entry.keyword;
     }
-    return Keyword::None;
+}
+
+Keyword FindKeyword(const wchar_t* text, std::size_t length) {
+    if (length == 0 || length > WordKey::kLongest) return Keyword::None;
+    WordKey key;
+    for (std::size_t i = 0; i < length; ++i) {
+        if (!IsLetter(text[i])) return Keyword::None;
+        key.Add(text[i]);
+    }
+    return FindKeyword(key);
 }
 
 std::wstring_view KeywordText(Keyword keyword) {

@@ -3,6 +3,7 @@
 // the clause can.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -129,11 +130,37 @@ enum class Keyword : std::uint8_t {
     Procedure,
 };
 
+/// The letters of a word, five bits each, collected while the word is read: letter case is gone, and a
+/// keyword is found by comparing one number. Only letters and "_" have a place in it.
+class WordKey {
+public:
+    static constexpr std::size_t kLongest = 11;
+
+    constexpr void Add(wchar_t letter) {
+        letters_ = letters_ << kBits | (static_cast<std::uint32_t>(letter) & kMask);
+    }
+    constexpr std::uint64_t Number() const { return letters_; }
+
+private:
+    static constexpr unsigned kBits = 5;
+    static constexpr std::uint32_t kMask = 31;
+
+    std::uint64_t letters_ = 0;
+};
+
+/// The keyword of those letters, at most WordKey::kLongest, or None.
+[[nodiscard]] Keyword FindKeyword(WordKey key);
+
 /// The keyword of a word in any letter case, or None.
 [[nodiscard]] Keyword FindKeyword(const wchar_t* text, std::size_t length);
 
 [[nodiscard]] constexpr bool IsReserved(Keyword keyword) {
     return keyword != Keyword::None && keyword <= Keyword::LastReserved;
+}
+
+/// Like, ALike, Is, In and Between: they follow an operand and make a condition of it.
+[[nodiscard]] constexpr bool IsPredicateWord(Keyword keyword) {
+    return keyword >= Keyword::Like && keyword <= Keyword::Between;
 }
 
 /// The keyword in capitals.

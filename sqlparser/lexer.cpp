@@ -1,5 +1,10 @@
 #include "sqlparser/lexer.h"
 
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstring>
+
 namespace tessel::sql {
 namespace {
 
@@ -10,34 +15,78 @@ bool IsLineBreak(wchar_t ch) {
     return ch == L'\n' || ch == L'\r';
 }
 
+/// The tokens of the characters of class kMark.
+consteval std::array<TokenKind, 128> MakeMarks() {
+    std::array<TokenKind, 128> marks{};
+    marks['('] = TokenKind::LeftParen;
+    marks[')'] = TokenKind::RightParen;
+    marks[','] = TokenKind::Comma;
+    marks[';'] = TokenKind::Semicolon;
+    marks['{'] = TokenKind::LeftBrace;
+    marks['}'] = TokenKind::RightBrace;
+    marks['?'] = TokenKind::Parameter;
+    marks['+'] = TokenKind::Plus;
+    marks['*'] = TokenKind::Star;
+    marks['\\'] = TokenKind::Backslash;
+    marks['^'] = TokenKind::Caret;
+    marks['%'] = TokenKind::Percent;
+    marks['~'] = TokenKind::Tilde;
+    return marks;
+}
+
+constexpr std::array<TokenKind, 128> kMarks = MakeMarks();
+
+constexpr bool EndsOperand(TokenKind kind) {
+    return kind == TokenKind::RightParen || kind == TokenKind::RightBrace || kind == TokenKind::Parameter;
+}
+
 }  // namespace
 
-Token Lexer::Make(TokenKind kind, std::uint32_t stop, std::uint8_t flags) {
-    Token token;
-    token.kind = kind;
-    token.flags = flags;
-    token.begin = at_;
-    token.length = stop - at_;
+// The small members go into the token in one piece together with `begin`, as whoever copies the token reads
+// them: a processor that reads in one piece what was written in several waits until all of it has arrived.
+inline const Token& Lexer::Make(TokenKind kind, std::uint32_t stop, std::uint8_t flags, Keyword keyword) {
+    static_assert(std::endian::native == std::endian::little && offsetof(Token, keyword) == 1 &&
+                  offsetof(Token, flags) == 2 && offsetof(Token, begin) == 4);
+    const std::uint64_t head = static_cast<std::uint64_t>(kind) | static_cast<std::uint64_t>(keyword) << 8 |
+                               static_cast<std::uint64_t>(flags) << 16 |
+                               static_cast<std::uint64_t>(at_) << 32;
+    std::memcpy(static_cast<void*>(&token_), &head, sizeof head);
+    token_.length = stop - at_;
     at_ = stop;
-    return token;
+    return token_;
 }
 
-Token Lexer::NextSignificant() {
-    for (;;) {
-        while (at_ < end_ && state_.inside == LexerState::Inside::Nothing && Is(text_[at_], kBlank)) ++at_;
-        const Token token = Next();
-        if (token.kind == TokenKind::Space) continue;
-        if (token.kind == TokenKind::Comment && !(token.flags & kUnterminated)) continue;
-        return token;
+// `from` is behind the first character, or the signs before it.
+inline const Token& Lexer::Word(std::uint32_t from) {
+    const wchar_t* const text = text_;
+    const std::uint32_t end = end_;
+    WordKey key;
+    std::uint8_t common = ClassOf(text[at_]);
+    key.Add(text[at_]);
+    std::uint32_t i = from;
+    for (; i < end; ++i) {
+        const std::uint8_t bits = ClassOf(text[i]);
+        if ((bits & kWordPart) == 0) break;
+        common &= bits;
+        key.Add(text[i]);
     }
+    const bool may_be_keyword = (common & kAsciiLetter) != 0 && i - at_ <= WordKey::kLongest;
+    const Keyword keyword = may_be_keyword ? FindKeyword(key) : Keyword::None;
+    state_.after_operand = !IsReserved(keyword) || keyword == Keyword::End;
+    return Make(TokenKind::Word, i, 0, keyword);
 }
 
-Token Lexer::Next() {
+inline const Token& Lexer::Read() {
     if (at_ >= end_) return Make(TokenKind::End, end_);
     if (state_.inside != LexerState::Inside::Nothing) return Continue();
     const wchar_t ch = text_[at_];
     const std::uint8_t bits = ClassOf(ch);
     if (bits & kWordStart) return Word(at_ + 1);
+    if (bits & kMark) {
+        const TokenKind kind = kMarks[static_cast<std::size_t>(ch)];
+        state_.after_operand = EndsOperand(kind);
+        return Make(kind, at_ + 1);
+    }
     if (bits & kBlank) return Space();
     if (bits & kDigit) return NumberOrName();
     switch (ch) {
@@ -59,15 +108,6 @@ Token Lexer::Next() {
             return AmpersandMark();
         case L'.':
             return PointMark();
-        case L'?':
-            state_.after_operand = true;
-            return Make(TokenKind::Parameter, at_ + 1);
-        case L')':
-            state_.after_operand = true;
-            return Make(TokenKind::RightParen, at_ + 1);
-        case L'}':
-            state_.after_operand = true;
-            return Make(TokenKind::RightBrace, at_ + 1);
         case L'-':
             if (At(at_ + 1) == L'-') return LineComment();
             break;
@@ -81,8 +121,22 @@ Token Lexer::Next() {
     return Operator(ch);
 }
 
+const Token& Lexer::Next() {
+    return Read();
+}
+
+const Token& Lexer::NextSignificant() {
+    for (;;) {
+        while (at_ < end_ && state_.inside == LexerState::Inside::Nothing && Is(text_[at_], kBlank)) ++at_;
+        const Token& token = Read();
+        if (token.kind == TokenKind::Space) continue;
+        if (token.kind == TokenKind::Comment && !(token.flags & kUnterminated)) continue;
+        return token;
+    }
+}
+
 // The rest of something that began on an earlier line.
-Token Lexer::Continue() {
+const Token& Lexer::Continue() {
     const LexerState::Inside inside = state_.inside;
     state_.inside = LexerState::Inside::Nothing;
     switch (inside) {
@@ -102,7 +156,7 @@ Token Lexer::Continue() {
 }
 
 // The closing mark doubled stands for itself.
-Token Lexer::Quoted(TokenKind kind, std::uint32_t content, wchar_t close, LexerState::Inside inside) {
+const Token& Lexer::Quoted(TokenKind kind, std::uint32_t content, wchar_t close, LexerState::Inside inside) {
     state_.after_operand = true;
     for (std::uint32_t i = content; i < end_; ++i) {
         if (text_[i] != close) continue;
@@ -113,7 +167,7 @@ Token Lexer::Quoted(TokenKind kind, std::uint32_t content, wchar_t close, LexerS
     return Make(kind, end_, kUnterminated);
 }
 
-Token Lexer::BlockComment(std::uint32_t content) {
+const Token& Lexer::BlockComment(std::uint32_t content) {
     for (std::uint32_t i = content; i + 1 < end_; ++i) {
         if (text_[i] == L'*' && text_[i + 1] == L'/') return Make(TokenKind::Comment, i + 2);
     }
@@ -121,31 +175,21 @@ Token Lexer::BlockComment(std::uint32_t content) {
     return Make(TokenKind::Comment, end_, kUnterminated);
 }
 
-Token Lexer::LineComment() {
+const Token& Lexer::LineComment() {
     std::uint32_t i = at_ + 2;
     while (i < end_ && !IsLineBreak(text_[i])) ++i;
     return Make(TokenKind::Comment, i);
 }
 
-Token Lexer::Space() {
+const Token& Lexer::Space() {
     std::uint32_t i = at_ + 1;
     while (i < end_ && Is(text_[i], kBlank)) ++i;
     return Make(TokenKind::Space, i);
 }
 
-Token Lexer::Word(std::uint32_t from) {
-    std::uint32_t i = from;
-    while (i < end_ && Is(text_[i], kWordPart)) ++i;
-    const Keyword keyword = FindKeyword(text_ + at_, i - at_);
-    state_.after_operand = !IsReserved(keyword) || keyword == Keyword::End;
-    Token token = Make(TokenKind::Word, i);
-    token.keyword = keyword;
-    return token;
-}
-
 // Digits followed by letters are a name (90DaysAvg, 87089_Items), unless the letters are an exponent or AND
 // or OR.
-Token Lexer::NumberOrName() {
+const Token& Lexer::NumberOrName() {
     state_.after_operand = true;
     std::uint32_t i = at_;
     if (text_[i] == L'0' && (At(i + 1) | 32) == L'x' && Is(At(i + 2), kHexDigit)) {
@@ -197,7 +241,7 @@ std::uint32_t Lexer::DateEnd() const {
     return 0;
 }
 
-Token Lexer::Hash() {
+const Token& Lexer::Hash() {
     state_.after_operand = true;
     if (const std::uint32_t stop = DateEnd(); stop != 0) return Make(TokenKind::Date, stop);
     if (Is(At(at_ + 1), kWordStart)) {
@@ -213,7 +257,7 @@ Token Lexer::Hash() {
     return Make(TokenKind::Date, i, kUnterminated);
 }
 
-Token Lexer::AtSign() {
+const Token& Lexer::AtSign() {
     state_.after_operand = true;
     if (At(at_ + 1) == L'{') return BraceMacro(at_ + 2);
     std::uint32_t i = at_ + 1;
@@ -221,7 +265,7 @@ Token Lexer::AtSign() {
     return Make(TokenKind::Macro, i);
 }
 
-Token Lexer::BraceMacro(std::uint32_t content) {
+const Token& Lexer::BraceMacro(std::uint32_t content) {
     state_.after_operand = true;
     for (std::uint32_t i = content; i < end_; ++i) {
         if (text_[i] == L'}') return Make(TokenKind::Macro, i + 1);
@@ -230,7 +274,7 @@ Token Lexer::BraceMacro(std::uint32_t content) {
     return Make(TokenKind::Macro, end_, kUnterminated);
 }
 
-Token Lexer::ColonMark() {
+const Token& Lexer::ColonMark() {
     if (At(at_ + 1) == L':') {
         state_.after_operand = false;
         return Make(TokenKind::DoubleColon, at_ + 2);
@@ -246,7 +290,7 @@ Token Lexer::ColonMark() {
 }
 
 // &HFF and &O17 where a value can stand, else the operator that joins texts.
-Token Lexer::AmpersandMark() {
+const Token& Lexer::AmpersandMark() {
     const wchar_t base = static_cast<wchar_t>(At(at_ + 1) | 32);
     if (!state_.after_operand && (base == L'h' || base == L'o')) {
         std::uint32_t i = at_ + 2;
@@ -262,7 +306,7 @@ Token Lexer::AmpersandMark() {
 }
 
 // ".5" is a number unless it follows a name at once.
-Token Lexer::PointMark() {
+const Token& Lexer::PointMark() {
     const wchar_t before = at_ > 0 ? text_[at_ - 1] : L' ';
     const bool after_name = Is(before, kWordPart) || before == L']' || before == L'`' || before == L'"';
     if (!after_name && Is(At(at_ + 1), kDigit)) {
@@ -282,17 +326,9 @@ Token Lexer::PointMark() {
     return Make(TokenKind::Point, at_ + 1);
 }
 
-Token Lexer::Operator(wchar_t ch) {
+const Token& Lexer::Operator(wchar_t ch) {
     const wchar_t next = At(at_ + 1);
     switch (ch) {
-        case L'(':
-            return Make(TokenKind::LeftParen, at_ + 1);
-        case L',':
-            return Make(TokenKind::Comma, at_ + 1);
-        case L';':
-            return Make(TokenKind::Semicolon, at_ + 1);
-        case L'{':
-            return Make(TokenKind::LeftBrace, at_ + 1);
         case L'=':
             if (next == L'<') return Make(TokenKind::LessEqual, at_ + 2);
             if (next == L'>') return Make(TokenKind::GreaterEqual, at_ + 2);
@@ -311,22 +347,10 @@ Token Lexer::Operator(wchar_t ch) {
         case L'|':
             if (next == L'|') return Make(TokenKind::Concat, at_ + 2);
             return Make(TokenKind::Pipe, at_ + 1);
-        case L'+':
-            return Make(TokenKind::Plus, at_ + 1);
         case L'-':
             return Make(TokenKind::Minus, at_ + 1);
-        case L'*':
-            return Make(TokenKind::Star, at_ + 1);
         case L'/':
             return Make(TokenKind::Slash, at_ + 1);
-        case L'\\':
-            return Make(TokenKind::Backslash, at_ + 1);
-        case L'^':
-            return Make(TokenKind::Caret, at_ + 1);
-        case L'%':
-            return Make(TokenKind::Percent, at_ + 1);
-        case L'~':
-            return Make(TokenKind::Tilde, at_ + 1);
         default:
             return Make(TokenKind::Unknown, at_ + 1);
     }

@@ -100,38 +100,44 @@ public:
           end_(static_cast<std::uint32_t>(text.size())),
           state_(state) {}
 
-    /// The next token of any kind, End when there is none.
-    [[nodiscard]] Token Next();
+    /// The next token of any kind, End when there is none; it lasts until the next call.
+    [[nodiscard]] const Token& Next();
 
-    /// The next token that is neither space nor comment. An unclosed comment is returned.
-    [[nodiscard]] Token NextSignificant();
+    /// The next token that is neither space nor comment, likewise. An unclosed comment is returned.
+    const Token& NextSignificant();
+
+    /// The token that was read last.
+    const Token& Current() const { return token_; }
 
     /// The state after the last token, to be given to a lexer of the following line.
     LexerState State() const { return state_; }
 
 private:
     wchar_t At(std::uint32_t index) const { return index < end_ ? text_[index] : L'\0'; }
-    Token Make(TokenKind kind, std::uint32_t stop, std::uint8_t flags = 0);
-    Token Quoted(TokenKind kind, std::uint32_t content, wchar_t close, LexerState::Inside inside);
-    Token BlockComment(std::uint32_t content);
-    Token LineComment();
-    Token BraceMacro(std::uint32_t content);
-    Token Continue();
-    Token Space();
-    Token Word(std::uint32_t from);
-    Token NumberOrName();
-    Token Hash();
-    Token AtSign();
-    Token ColonMark();
-    Token AmpersandMark();
-    Token PointMark();
-    Token Operator(wchar_t ch);
+    const Token& Make(TokenKind kind, std::uint32_t stop, std::uint8_t flags = 0,
+                      Keyword keyword = Keyword::None);
+    const Token& Quoted(TokenKind kind, std::uint32_t content, wchar_t close, LexerState::Inside inside);
+    const Token& BlockComment(std::uint32_t content);
+    const Token& LineComment();
+    const Token& BraceMacro(std::uint32_t content);
+    const Token& Read();
+    const Token& Continue();
+    const Token& Space();
+    const Token& Word(std::uint32_t from);
+    const Token& NumberOrName();
+    const Token& Hash();
+    const Token& AtSign();
+    const Token& ColonMark();
+    const Token& AmpersandMark();
+    const Token& PointMark();
+    const Token& Operator(wchar_t ch);
     std::uint32_t DateEnd() const;
 
     const wchar_t* text_;
     std::uint32_t at_;
     std::uint32_t end_;
     LexerState state_;
+    Token token_;
 };
 
 }  // namespace tessel::sql
