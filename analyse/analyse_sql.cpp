@@ -20,12 +20,11 @@ namespace {
 
 using sql::Statement;
 
-/// The grid's and the diagram's contents, without the views that listen to the original.
+/// An empty grid and the diagram's contents, without the views that listen to the original.
 model::Design CopyOf(const model::Design& design) {
     model::Design copy;
     copy.diagram.Bind(design.diagram.BoundSchema());
     copy.diagram.Restore(design.diagram.Save());
-    copy.grid.SetColumns(design.grid.Columns());
     copy.grid.LoadColumns();
     copy.distinct = design.distinct;
     return copy;
@@ -37,7 +36,7 @@ public:
     Rebuild(const Statement& statement, model::Design& design)
         : statement_(statement),
           design_(design),
-          scope_(statement, design.diagram.BoundSchema()),
+          scope_(statement, design.diagram.BoundSchema(), forms_),
           canonical_(scope_) {}
 
     /// Tables, relations, select list and distinct option: all that a statement with TOP gets.
@@ -45,7 +44,6 @@ public:
         for (const sql::BeyondItem& item : statement_.beyond)
             return Refusal{item.range, BeyondMessage(item.what)};
         if (Outcome refusal = CheckTables(scope_)) return refusal;
-        model::ClearGrid(design_);
         design_.diagram.Reset();
         const std::vector<std::wstring> table_names = PlaceTables(scope_, design_.diagram);
         if (Outcome refusal = PlanJoins(scope_, canonical_, table_names, plan_)) return refusal;
@@ -144,6 +142,7 @@ private:
 
     const Statement& statement_;
     model::Design& design_;
+    Forms forms_;
     StatementScope scope_;
     Canonical canonical_;
     JoinPlan plan_;
@@ -156,11 +155,9 @@ private:
 // another statement.
 void Commit(model::Design& copy, model::Design& design) {
     model::SyncDiagramChecks(copy);
-    std::vector<model::DesignGrid::Column> columns = copy.grid.Columns();
-    model::Diagram::Contents contents = copy.diagram.Save();
-    design.grid.SetColumns(std::move(columns));
+    design.grid.TakeContents(copy.grid);
     design.grid.SetFocus(model::GridRow::Campo, 0);
-    design.diagram.Restore(std::move(contents));
+    design.diagram.Restore(copy.diagram.Take());
     design.distinct = copy.distinct;
 }
 

@@ -1,6 +1,7 @@
 #include "analyse/canonical.h"
 
 #include <algorithm>
+#include <array>
 
 #include "analyse/nodes.h"
 #include "common/identifiers.h"
@@ -17,23 +18,53 @@ using sql::Node;
 using sql::NodeId;
 using sql::NodeKind;
 
+// Heads of forms that are not those of a node's kind.
+constexpr std::uint32_t kCompareHead = 1u << 24;
+constexpr std::uint32_t kTruthHead = 2u << 24;
+constexpr std::uint32_t kNotHead = 3u << 24;
+constexpr std::uint32_t kNameHead = 4u << 24;
+constexpr std::uint32_t kTableHead = 5u << 24;
+
 /// The head of a node of which only kind, operator, flags and children count.
-std::wstring Head(const Node& node, std::uint8_t flags) {
-    // Small numbers, one character each.
-    const auto digit = [](int number) { return static_cast<wchar_t>(L'0' + number); };
-    return {L'k', digit(static_cast<int>(node.kind)), digit(node.op), digit(flags)};
+std::uint32_t Head(const Node& node, std::uint8_t flags) {
+    return static_cast<std::uint32_t>(node.kind) | static_cast<std::uint32_t>(node.op) << 8 |
+           static_cast<std::uint32_t>(flags) << 16;
 }
 
-/// The tests of one argument that answer True or False.
-bool IsTruthFunction(const sql::Statement& statement, const Node& call) {
-    constexpr std::wstring_view kTests[] = {L"isnull", L"isnumeric", L"isdate", L"isempty", L"iserror"};
-    const Node& callee = statement.At(call.first_child);
-    const bool one_argument = callee.next != sql::kNoNode && statement.At(callee.next).next == sql::kNoNode;
-    const std::wstring name = IdentifierKey(statement.Slice(callee.Range()));
-    return one_argument && std::ranges::find(kTests, name) != std::end(kTests);
-}
+/// Parts of a form under construction: mostly a few.
+class Parts {
+public:
+    void Add(Form form) {
+        if (many_.empty() && count_ < few_.size()) {
+            few_[count_++] = form;
+            return;
+        }
+        if (many_.empty()) many_.assign(few_.begin(), few_.end());
+        many_.push_back(form);
+    }
+    /// Brings them into an order of their own, without repetitions.
+    void MakeSet() {
+        const std::span<Form> all = All();
+        std::ranges::sort(all);
+        const auto rest = std::ranges::unique(all);
+        const auto count = static_cast<std::size_t>(rest.begin() - all.begin());
+        if (many_.empty()) {
+            count_ = count;
+        } else {
+            many_.resize(count);
+        }
+    }
+    std::span<Form> All() {
+        return many_.empty() ? std::span<Form>(few_.data(), count_) : std::span<Form>(many_);
+    }
 
-void AppendIdentifier(const std::wstring& key, wchar_t open, wchar_t close, std::wstring& out) {
+private:
+    std::array<Form, 8> few_{};
+    std::size_t count_ = 0;
+    std::vector<Form> many_;
+};
+
+void AppendIdentifier(std::wstring_view key, wchar_t open, wchar_t close, std::wstring& out) {
     out += open;
     for (const wchar_t ch : key) {
         out += ch;
@@ -42,17 +73,47 @@ void AppendIdentifier(const std::wstring& key, wchar_t open, wchar_t close, std:
     out += close;
 }
 
+/// True for a literal that is one token, so that its text says it all.
+bool IsOneToken(const Node& node, wchar_t first) {
+    switch (node.kind) {
+        case NodeKind::Number:
+        case NodeKind::Null:
+        case NodeKind::True:
+        case NodeKind::False:
+            return true;
+        case NodeKind::String:
+            return first == L'\'' || first == L'"';
+        case NodeKind::Date:
+            return first == L'#';
+        default:
+            return false;
+    }
+}
+
 }  // namespace
 
-Canonical::Canonical(const StatementScope& scope) : scope_(scope), statement_(scope.Source()) {
+void MakeSet(FormSet& forms) {
+    std::ranges::sort(forms);
+    forms.erase(std::unique(forms.begin(), forms.end()), forms.end());
+}
+
+bool Holds(const FormSet& set, Form form) {
+    return std::ranges::binary_search(set, form);
+}
+
+Canonical::Canonical(const StatementScope& scope)
+    : scope_(scope),
+      statement_(scope.Source()),
+      forms_(scope.Numbers()),
+      expressions_(statement_.nodes.size(), kNoForm),
+      settled_(scope.Settled()) {
+    tables_.reserve(statement_.Tables.size());
     for (int table = 0; table < scope.TableCount(); ++table) {
-        std::wstring mark;
-        AppendIdentifier(scope.TableKey(table), L'{', L'}', mark);
+        Parts parts;
+        parts.Add(scope.TableKey(table));
         const sql::TableRef& reference = statement_.Tables[static_cast<std::size_t>(table)];
-        if (scope.IsTableRepeated(table)) {
-            AppendIdentifier(IdentifierKey(statement_.Slice(reference.alias)), L'{', L'}', mark);
-        }
-        table_marks_.push_back(std::move(mark));
+        if (scope.IsTableRepeated(table)) parts.Add(forms_.Identifier(statement_.Slice(reference.alias)));
+        tables_.push_back(forms_.Node(kTableHead, parts.All()));
     }
     if (statement_.source.find(L'?') == std::wstring_view::npos) return;
     sql::Lexer lexer(statement_.source);
@@ -64,20 +125,27 @@ Canonical::Canonical(const StatementScope& scope) : scope_(scope), statement_(sc
     }
 }
 
-std::wstring Canonical::Expression(NodeId id) const {
-    std::wstring out;
-    Append(id, out);
-    return out;
+Form Canonical::Expression(NodeId id) const {
+    if (settled_ != scope_.Settled()) {
+        std::ranges::fill(expressions_, kNoForm);
+        settled_ = scope_.Settled();
+    }
+    if (expressions_[id] == kNoForm) {
+        const Form form = Make(id);
+        expressions_[id] = form;
+    }
+    return expressions_[id];
 }
 
-std::wstring Canonical::AllFields(int table) const {
-    return Table(table) + L"[*]";
+Form Canonical::AllFields(int table) const {
+    const Form parts[] = {Table(table), forms_.Text(L"*")};
+    return forms_.Node(kNameHead, parts);
 }
 
-std::wstring Canonical::Condition(NodeId id) const {
+Form Canonical::Condition(NodeId id) const {
     const NodeId inner = WithoutParens(statement_, id);
-    if (IsTruthValue(inner)) return Expression(inner);
-    return L"true(" + Expression(inner) + L")";
+    const Form form = Expression(inner);
+    return IsTruthValue(inner) ? form : forms_.Node(kTruthHead, {&form, 1});
 }
 
 std::vector<NodeId> Canonical::ConjunctNodes(NodeId id) const {
@@ -88,10 +156,11 @@ std::vector<NodeId> Canonical::ConjunctNodes(NodeId id) const {
     return operands;
 }
 
-std::set<std::wstring> Canonical::Conjuncts(NodeId id) const {
-    std::set<std::wstring> conjuncts;
+FormSet Canonical::Conjuncts(NodeId id) const {
+    FormSet conjuncts;
     if (id == sql::kNoNode) return conjuncts;
-    for (const NodeId operand : ConjunctNodes(id)) conjuncts.insert(Condition(operand));
+    for (const NodeId operand : ConjunctNodes(id)) conjuncts.push_back(Condition(operand));
+    MakeSet(conjuncts);
     return conjuncts;
 }
 
@@ -99,111 +168,123 @@ bool Canonical::IsTruthValue(NodeId id) const {
     const NodeId inner = WithoutParens(statement_, id);
     const Node& node = statement_.At(inner);
     if (node.kind == NodeKind::Not || node.kind == NodeKind::Logical) {
-        return std::ranges::all_of(ChildrenOf(statement_, inner),
-                                   [&](NodeId child) { return IsTruthValue(child); });
+        return AllChildren(statement_, inner, [&](NodeId child) { return IsTruthValue(child); });
     }
     if (IsPredicate(node)) return true;
-    if (node.kind == NodeKind::Call) return IsTruthFunction(statement_, node);
+    if (node.kind == NodeKind::Call) return IsTruthFunction(node);
     if (node.kind != NodeKind::Name) return false;
     const int table = scope_.TableOfName(inner);
-    const std::vector<std::wstring> keys = NameKeys(statement_, inner);
-    return table != kNoTable && !keys.empty() && scope_.IsBooleanField(table, keys.back());
+    if (table == kNoTable) return false;
+    const StatementScope::NameParts parts = scope_.PartsOf(inner);
+    return parts.count > 0 && scope_.IsBooleanField(table, parts.last);
 }
 
-void Canonical::Append(NodeId id, std::wstring& out) const {
+/// The tests of one argument that answer True or False.
+bool Canonical::IsTruthFunction(const Node& call) const {
+    constexpr std::wstring_view kTests[] = {L"isnull", L"isnumeric", L"isdate", L"isempty", L"iserror"};
+    const Node& callee = statement_.At(call.first_child);
+    const bool one_argument = callee.next != sql::kNoNode && statement_.At(callee.next).next == sql::kNoNode;
+    if (!one_argument) return false;
+    const std::wstring name = IdentifierKey(statement_.Slice(callee.Range()));
+    return std::ranges::find(kTests, name) != std::end(kTests);
+}
+
+Form Canonical::Make(NodeId id) const {
     const Node& node = statement_.At(id);
     switch (node.kind) {
         case NodeKind::Paren:
         case NodeKind::Escape:
-            Append(node.first_child, out);
-            return;
+            return Expression(node.first_child);
         case NodeKind::Name:
         case NodeKind::Star:
-            AppendName(id, out);
-            return;
+            return MakeName(id);
         case NodeKind::Compare:
-            AppendCompare(id, false, out);
-            return;
+            return MakeCompare(id, false);
         case NodeKind::Logical:
-            AppendLogical(id, out);
-            return;
+            return MakeLogical(id);
         case NodeKind::Not:
-            AppendNot(id, out);
-            return;
+            return MakeNot(id);
         case NodeKind::Like:
         case NodeKind::Between:
         case NodeKind::InList:
         case NodeKind::InSelect:
         case NodeKind::IsNull:
-            AppendTested(id, false, out);
-            return;
+            return MakeTested(id, false);
         case NodeKind::Unary:
         case NodeKind::Exists:
         case NodeKind::Quantified:
         case NodeKind::Subquery:
         case NodeKind::Tuple:
-            AppendChildren(id, Head(node, node.flags), out);
-            return;
+            return MakeChildren(id, Head(node, node.flags));
         case NodeKind::Binary:
             if (node.op == static_cast<std::uint8_t>(sql::BinaryOp::Other)) break;
-            AppendChildren(id, Head(node, node.flags), out);
-            return;
-        case NodeKind::Call: {
-            const NodeId callee = node.first_child;
-            std::wstring head = Head(node, node.flags);
-            AppendTokens(statement_.At(callee).Range(), head);
-            out += head;
-            out += L'(';
-            for (NodeId child = statement_.At(callee).next; child != sql::kNoNode;
-                 child = statement_.At(child).next) {
-                Append(child, out);
-                out += L',';
-            }
-            out += L')';
-            return;
-        }
+            return MakeChildren(id, Head(node, node.flags));
+        case NodeKind::Call:
+            return MakeCall(id);
         default:
             break;
     }
     // Literals, and everything that no rule levels out, by its tokens.
-    AppendTokens(node.Range(), out);
+    return IsOneToken(node, statement_.source[node.begin]) ? MakeLiteral(node) : MakeTokens(node.Range());
 }
 
-void Canonical::AppendChildren(NodeId id, std::wstring_view head, std::wstring& out) const {
-    out += head;
-    out += L'(';
-    for (const NodeId child : ChildrenOf(statement_, id)) {
-        Append(child, out);
-        out += L',';
+/// As MakeTokens, for what is one token.
+Form Canonical::MakeLiteral(const Node& node) const {
+    const std::wstring_view text = statement_.Slice(node.Range());
+    const bool is_word =
+        node.kind == NodeKind::Null || node.kind == NodeKind::True || node.kind == NodeKind::False;
+    scratch_.clear();
+    if (is_word) {
+        AppendIdentifierKey(text, scratch_);
+    } else {
+        scratch_ += text;
     }
-    out += L')';
+    scratch_ += L' ';
+    return forms_.Text(scratch_);
 }
 
-void Canonical::AppendName(NodeId id, std::wstring& out) const {
+Form Canonical::MakeChildren(NodeId id, std::uint32_t head) const {
+    Parts parts;
+    for (NodeId child = statement_.At(id).first_child; child != sql::kNoNode;
+         child = statement_.At(child).next)
+        parts.Add(Expression(child));
+    return forms_.Node(head, parts.All());
+}
+
+Form Canonical::MakeCall(NodeId id) const {
     const Node& node = statement_.At(id);
-    const auto key = [&](NodeId part) {
-        return IdentifierKey(statement_.Slice(statement_.At(part).Range()));
-    };
+    const Node& callee = statement_.At(node.first_child);
+    Parts parts;
+    const bool one_word = statement_.At(callee.first_child).next == sql::kNoNode &&
+                          IsIdentifierStart(statement_.source[callee.begin]);
+    parts.Add(one_word ? scope_.KeyOf(callee.first_child) : MakeTokens(callee.Range()));
+    for (NodeId child = callee.next; child != sql::kNoNode; child = statement_.At(child).next)
+        parts.Add(Expression(child));
+    return forms_.Node(Head(node, node.flags), parts.All());
+}
+
+Form Canonical::MakeName(NodeId id) const {
+    const Node& node = statement_.At(id);
     const bool star = node.kind == NodeKind::Star;
     NodeId part = node.first_child;
     const bool one_part = part != sql::kNoNode && statement_.At(part).next == sql::kNoNode;
     int table = kNoTable;
     if (star) {
-        if (one_part) table = scope_.TableCalled(key(part));
+        if (one_part) table = scope_.TableCalled(scope_.KeyOf(part));
     } else {
         table = scope_.TableOfName(id);
     }
+    Parts parts;
     if (table != kNoTable) {
-        out += Table(table);
+        parts.Add(Table(table));
         if (star || !one_part) part = statement_.At(part).next;
     } else if (part != sql::kNoNode && (star || !one_part)) {
         // "a!b" and "a.b" are the same field of a table; of anything else the sign counts.
-        AppendTokens(node.Range(), out);
-        return;
+        return MakeTokens(node.Range());
     }
-    for (; part != sql::kNoNode; part = statement_.At(part).next)
-        AppendIdentifier(key(part), L'[', L']', out);
-    if (star) out += L"[*]";
+    for (; part != sql::kNoNode; part = statement_.At(part).next) parts.Add(scope_.KeyOf(part));
+    if (star) parts.Add(forms_.Text(L"*"));
+    return forms_.Node(kNameHead, parts.All());
 }
 
 // A truth value equal to True, or not to False, is the value itself, and otherwise its negation. Of any other
@@ -224,62 +305,41 @@ bool Canonical::IsTruthTest(NodeId id, NodeId& tested, bool& negated) const {
     return is_tested(left, right) || is_tested(right, left);
 }
 
-void Canonical::AppendCompare(NodeId id, bool negated, std::wstring& out) const {
+Form Canonical::MakeCompare(NodeId id, bool negated) const {
     NodeId tested = sql::kNoNode;
     bool tests_negation = false;
-    if (IsTruthTest(id, tested, tests_negation)) {
-        AppendTruth(tested, negated != tests_negation, out);
-        return;
-    }
+    if (IsTruthTest(id, tested, tests_negation)) return MakeTruth(tested, negated != tests_negation);
     const Node& node = statement_.At(id);
     CompareOp op = static_cast<CompareOp>(node.op);
     if (negated) op = Opposite(op);
-    std::wstring left = Expression(node.first_child);
-    std::wstring right = Expression(statement_.At(node.first_child).next);
+    Form sides[] = {Expression(node.first_child), Expression(statement_.At(node.first_child).next)};
     const bool symmetric = op == CompareOp::Equal || op == CompareOp::NotEqual;
     const bool greater = op == CompareOp::Greater || op == CompareOp::GreaterEqual;
     if (greater) op = op == CompareOp::Greater ? CompareOp::Less : CompareOp::LessEqual;
-    if (greater || (symmetric && right < left)) std::swap(left, right);
-    out += L"cmp";
-    out += static_cast<wchar_t>(L'0' + static_cast<int>(op));
-    out += L'(';
-    out += left;
-    out += L',';
-    out += right;
-    out += L')';
+    if (greater || (symmetric && sides[1] < sides[0])) std::swap(sides[0], sides[1]);
+    return forms_.Node(kCompareHead | static_cast<std::uint32_t>(op), sides);
 }
 
-void Canonical::AppendLogical(NodeId id, std::wstring& out) const {
+Form Canonical::MakeLogical(NodeId id) const {
     const Node& node = statement_.At(id);
     const auto op = static_cast<LogicalOp>(node.op);
-    std::vector<std::wstring> operands;
     const bool any_order = op == LogicalOp::Or || (op == LogicalOp::And && ConjunctNodes(id).size() > 1);
-    if (any_order) {
-        for (const NodeId operand : OperandsOf(statement_, id, op)) operands.push_back(Condition(operand));
-        std::ranges::sort(operands);
-        operands.erase(std::unique(operands.begin(), operands.end()), operands.end());
-    } else {
-        for (const NodeId operand : ChildrenOf(statement_, id)) operands.push_back(Expression(operand));
-    }
-    out += Head(node, 0);
-    out += L'(';
-    for (const std::wstring& operand : operands) out += operand + L',';
-    out += L')';
+    if (!any_order) return MakeChildren(id, Head(node, 0));
+    Parts parts;
+    for (const NodeId operand : OperandsOf(statement_, id, op)) parts.Add(Condition(operand));
+    parts.MakeSet();
+    return forms_.Node(Head(node, 0), parts.All());
 }
 
-void Canonical::AppendNot(NodeId id, std::wstring& out) const {
-    if (IsTruthValue(id)) {
-        AppendTruth(id, false, out);
-        return;
-    }
+Form Canonical::MakeNot(NodeId id) const {
+    if (IsTruthValue(id)) return MakeTruth(id, false);
     // Jet's NOT works on the bits of a number.
-    out += L"not(";
-    Append(statement_.At(id).first_child, out);
-    out += L')';
+    const Form inner = Expression(statement_.At(id).first_child);
+    return forms_.Node(kNotHead, {&inner, 1});
 }
 
 /// Whether the value holds, or, when negated, whether it does not.
-void Canonical::AppendTruth(NodeId id, bool negated, std::wstring& out) const {
+Form Canonical::MakeTruth(NodeId id, bool negated) const {
     NodeId inner = WithoutParens(statement_, id);
     while (statement_.At(inner).kind == NodeKind::Not && IsTruthValue(inner)) {
         negated = !negated;
@@ -291,34 +351,47 @@ void Canonical::AppendTruth(NodeId id, bool negated, std::wstring& out) const {
             // ANY and ALL change places under NOT; they keep it.
             const NodeId right = statement_.At(node.first_child).next;
             if (statement_.At(WithoutParens(statement_, right)).kind == NodeKind::Quantified) break;
-            AppendCompare(inner, negated, out);
-            return;
+            return MakeCompare(inner, negated);
         }
         case NodeKind::Like:
         case NodeKind::Between:
         case NodeKind::InList:
         case NodeKind::InSelect:
         case NodeKind::IsNull:
-            AppendTested(inner, negated, out);
-            return;
+            return MakeTested(inner, negated);
         default:
             break;
     }
-    const std::wstring truth = Condition(inner);
-    out += negated ? L"not(" + truth + L")" : truth;
+    const Form truth = Condition(inner);
+    return negated ? forms_.Node(kNotHead, {&truth, 1}) : truth;
 }
 
-void Canonical::AppendTested(NodeId id, bool negated, std::wstring& out) const {
+Form Canonical::MakeTested(NodeId id, bool negated) const {
     const Node& node = statement_.At(id);
     std::uint8_t flags = node.flags;
     if (negated) flags ^= sql::kNegated;
-    AppendChildren(id, Head(node, flags), out);
+    return MakeChildren(id, Head(node, flags));
 }
 
-void Canonical::AppendTokens(TextRange range, std::wstring& out) const {
-    const std::wstring text = scope_.TextWithTables(range, table_marks_);
+/// The marks of the tables in the text of tokens: no token looks like one.
+const std::vector<std::wstring>& Canonical::TableMarks() const {
+    for (int table = static_cast<int>(table_marks_.size()); table < scope_.TableCount(); ++table) {
+        std::wstring mark;
+        AppendIdentifier(forms_.TextOf(scope_.TableKey(table)), L'{', L'}', mark);
+        const sql::TableRef& reference = statement_.Tables[static_cast<std::size_t>(table)];
+        if (scope_.IsTableRepeated(table)) {
+            AppendIdentifier(IdentifierKey(statement_.Slice(reference.alias)), L'{', L'}', mark);
+        }
+        table_marks_.push_back(std::move(mark));
+    }
+    return table_marks_;
+}
+
+Form Canonical::MakeTokens(TextRange range) const {
+    const std::wstring text = scope_.TextWithTables(range, TableMarks());
     const auto first_place = std::ranges::lower_bound(places_, range.offset);
     auto place = static_cast<std::size_t>(first_place - places_.begin());
+    scratch_.clear();
     sql::Lexer lexer(text);
     for (sql::Token token = lexer.NextSignificant(); token.kind != sql::TokenKind::End;
          token = lexer.NextSignificant()) {
@@ -326,10 +399,15 @@ void Canonical::AppendTokens(TextRange range, std::wstring& out) const {
         const bool is_name = token.kind == sql::TokenKind::Word ||
                              token.kind == sql::TokenKind::BracketName ||
                              token.kind == sql::TokenKind::BackQuoteName;
-        out += is_name ? IdentifierKey(slice) : std::wstring(slice);
-        if (slice == L"?") out += std::to_wstring(place++);
-        out += L' ';
+        if (is_name) {
+            AppendIdentifierKey(slice, scratch_);
+        } else {
+            scratch_ += slice;
+        }
+        if (slice == L"?") scratch_ += std::to_wstring(place++);
+        scratch_ += L' ';
     }
+    return forms_.Text(scratch_);
 }
 
 }  // namespace tessel::analyse

@@ -1,4 +1,4 @@
-// Expressions and conditions in a form in which two texts of the same meaning are the same text.
+// Expressions and conditions as forms (forms.h) that are the same for two texts of the same meaning.
 //
 // Levelled out: white space, letter case of words, brackets, redundant parentheses, table aliases, a
 // qualifier that could be left out, operands of AND and OR in another order, sides of a comparison exchanged,
@@ -7,30 +7,35 @@
 // Nested selects are compared token by token.
 #pragma once
 
-#include <set>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "analyse/forms.h"
 #include "analyse/statement_scope.h"
 
 namespace tessel::analyse {
+
+/// Forms of which only the membership counts, sorted and without repetitions.
+using FormSet = std::vector<Form>;
+/// Brings a list of forms into that shape.
+void MakeSet(FormSet& forms);
+[[nodiscard]] bool Holds(const FormSet& set, Form form);
 
 class Canonical {
 public:
     explicit Canonical(const StatementScope& scope);
 
-    [[nodiscard]] std::wstring Expression(sql::NodeId id) const;
-    /// How a table is written, by its index: by its own name, or by its alias too where the name does not
-    /// tell it from another.
-    [[nodiscard]] const std::wstring& Table(int table) const {
-        return table_marks_[static_cast<std::size_t>(table)];
-    }
+    [[nodiscard]] Form Expression(sql::NodeId id) const;
+    /// A table by its index: by its own name, or by its alias too where the name does not tell it from
+    /// another.
+    [[nodiscard]] Form Table(int table) const { return tables_[static_cast<std::size_t>(table)]; }
     /// The form of "t.*" for a table by its index.
-    [[nodiscard]] std::wstring AllFields(int table) const;
+    [[nodiscard]] Form AllFields(int table) const;
     /// As Expression, for a place where only the truth of the value counts: b and b <> False are the same.
-    [[nodiscard]] std::wstring Condition(sql::NodeId id) const;
+    [[nodiscard]] Form Condition(sql::NodeId id) const;
     /// The conditions that must all hold, nothing for kNoNode.
-    [[nodiscard]] std::set<std::wstring> Conjuncts(sql::NodeId id) const;
+    [[nodiscard]] FormSet Conjuncts(sql::NodeId id) const;
     /// The same as nodes without their parentheses. Jet's AND works on the bits of numbers, so that it is
     /// taken apart only when all operands but one are truth values.
     [[nodiscard]] std::vector<sql::NodeId> ConjunctNodes(sql::NodeId id) const;
@@ -40,21 +45,31 @@ public:
     [[nodiscard]] bool IsTruthValue(sql::NodeId id) const;
 
 private:
-    void Append(sql::NodeId id, std::wstring& out) const;
-    void AppendChildren(sql::NodeId id, std::wstring_view head, std::wstring& out) const;
-    void AppendName(sql::NodeId id, std::wstring& out) const;
-    void AppendCompare(sql::NodeId id, bool negated, std::wstring& out) const;
-    void AppendLogical(sql::NodeId id, std::wstring& out) const;
-    void AppendNot(sql::NodeId id, std::wstring& out) const;
-    void AppendTested(sql::NodeId id, bool negated, std::wstring& out) const;
-    void AppendTokens(TextRange range, std::wstring& out) const;
-    void AppendTruth(sql::NodeId id, bool negated, std::wstring& out) const;
+    Form Make(sql::NodeId id) const;
+    Form MakeLiteral(const sql::Node& node) const;
+    Form MakeChildren(sql::NodeId id, std::uint32_t head) const;
+    Form MakeName(sql::NodeId id) const;
+    Form MakeCompare(sql::NodeId id, bool negated) const;
+    Form MakeLogical(sql::NodeId id) const;
+    Form MakeNot(sql::NodeId id) const;
+    Form MakeCall(sql::NodeId id) const;
+    Form MakeTested(sql::NodeId id, bool negated) const;
+    Form MakeTokens(TextRange range) const;
+    Form MakeTruth(sql::NodeId id, bool negated) const;
     bool IsTruthTest(sql::NodeId id, sql::NodeId& tested, bool& negated) const;
+    bool IsTruthFunction(const sql::Node& call) const;
+    const std::vector<std::wstring>& TableMarks() const;
 
     const StatementScope& scope_;
     const sql::Statement& statement_;
-    std::vector<std::wstring> table_marks_;
+    Forms& forms_;
+    std::vector<Form> tables_;
     std::vector<std::size_t> places_;  ///< offsets of the parameters "?" in the source
+    /// What Expression answered, by node, as long as TableOfName answers the same.
+    mutable std::vector<Form> expressions_;
+    mutable int settled_ = 0;
+    mutable std::vector<std::wstring> table_marks_;  ///< the tables in the text of tokens, made when needed
+    mutable std::wstring scratch_;
 };
 
 }  // namespace tessel::analyse

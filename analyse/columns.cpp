@@ -7,6 +7,7 @@
 #include "common/identifiers.h"
 #include "common/mdl_global.h"
 #include "common/text.h"
+#include "compose/column_view.h"
 #include "compose/compose.h"
 #include "model/grid_editing.h"
 #include "sqlparser/token_text.h"
@@ -28,7 +29,8 @@ constexpr std::int16_t kAscendingCode = 1;
 constexpr std::int16_t kDescendingCode = 2;
 
 bool FitsCell(const std::wstring& text) {
-    return Utf16Length(text) <= model::kMaxCellLength;
+    // A character has two units at most.
+    return text.size() <= model::kMaxCellLength / 2 || Utf16Length(text) <= model::kMaxCellLength;
 }
 
 /// The place of a sort key or of a grouping without what follows the expression.
@@ -67,8 +69,9 @@ std::wstring ColumnBuilder::CellText(TextRange range) const {
 }
 
 // Without line breaks and comments a long text may fit after all.
-std::wstring ColumnBuilder::FittedText(const std::wstring& text) {
-    return FitsCell(text) ? text : sql::CanonicalTokens(text, {0, text.size()});
+std::wstring ColumnBuilder::FittedText(std::wstring text) {
+    if (FitsCell(text)) return text;
+    return sql::CanonicalTokens(text, {0, text.size()});
 }
 
 std::wstring ColumnBuilder::FieldText(NodeId node) const {
@@ -89,8 +92,8 @@ Outcome ColumnBuilder::Write(GridRow row, int column, const std::wstring& text, 
     return Refusal{place, std::wstring(messages::kCellTooLong)};
 }
 
-int ColumnBuilder::FindColumn(const std::wstring& canonical_form) const {
-    const auto found = columns_.find(canonical_form);
+int ColumnBuilder::FindColumn(Form form) const {
+    const auto found = std::ranges::find(columns_, form, &std::pair<Form, int>::first);
     return found == columns_.end() ? kNoColumn : found->second;
 }
 
@@ -117,7 +120,7 @@ Outcome ColumnBuilder::AddSelectList() {
 Outcome ColumnBuilder::AddSelectItem(const Item& item) {
     const sql::Node& node = statement_.At(item.node);
     if (!IsBareStar(node) || StarKeepsItsOrder()) {
-        return AddSelectColumn(FieldText(item.node), statement_.Text(item.alias),
+        return AddSelectColumn(FieldText(item.node), statement_.Slice(item.alias),
                                canonical_.Expression(item.node), item.range);
     }
     for (int table = 0; table < scope_.TableCount(); ++table) {
@@ -142,13 +145,14 @@ bool ColumnBuilder::StarKeepsItsOrder() const {
     return composed == table_names_;
 }
 
-Outcome ColumnBuilder::AddSelectColumn(const std::wstring& text, const std::wstring& alias, std::wstring form,
+Outcome ColumnBuilder::AddSelectColumn(const std::wstring& text, std::wstring_view alias, Form form,
                                        TextRange place) {
     if (select_columns_.size() == static_cast<std::size_t>(model::kGridColumnCount)) {
         return Refusal{place, std::wstring(messages::kTooManyColumns)};
     }
-    std::wstring title = alias;
-    if (HasText(text)) {
+    std::wstring title(alias);
+    const bool taken = HasText(text);
+    if (taken) {
         if (text.ends_with(L'*')) return Refusal{place, std::wstring(messages::kStarTwice)};
         // As where fields of two tables have the same name, the title tells them apart.
         const std::vector<std::wstring> parts =
@@ -157,22 +161,21 @@ Outcome ColumnBuilder::AddSelectColumn(const std::wstring& text, const std::wstr
             title = model::UniqueCaption(design_.grid, -1, model::TitleOfField(parts.back()));
         }
     }
-    const std::wstring shown = WithFreeText(text);
+    const std::wstring shown = taken ? WithFreeText(text) : text;
     if (!FitsCell(shown) || !FitsCell(title)) return Refusal{place, std::wstring(messages::kCellTooLong)};
     const int column = model::AddFieldUnmarked(design_, shown, title, model::kShow);
     if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
     select_columns_.push_back(column);
-    columns_.emplace(std::move(form), column);
+    columns_.emplace_back(form, column);
     return std::nullopt;
 }
 
-Outcome ColumnBuilder::SetColumn(const model::ColInfo& record, const std::wstring& canonical_form,
-                                 TextRange place, int& column) {
+Outcome ColumnBuilder::SetColumn(const model::ColInfo& record, Form form, TextRange place, int& column) {
     const std::wstring text = WithFreeText(record.Expresion);
     if (!FitsCell(text)) return Refusal{place, std::wstring(messages::kCellTooLong)};
     column = model::AddFieldUnmarked(design_, text, L"", model::kHide);
     if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
-    columns_.emplace(canonical_form, column);
+    columns_.emplace_back(form, column);
     if (!record.GroupBy.empty()) {
         if (Outcome refusal = Write(GridRow::Agrupacion, column, record.GroupBy, place)) return refusal;
     }
@@ -192,7 +195,7 @@ Outcome ColumnBuilder::AddGrouping() {
     for (const Item& item : statement_.GroupItems) {
         const TextRange place = PlaceOf(statement_, item);
         if (MayBeOrdinal(item.node)) return Refusal{place, std::wstring(messages::kGroupOrdinal)};
-        const std::wstring form = canonical_.Expression(item.node);
+        const Form form = canonical_.Expression(item.node);
         int column = FindColumn(form);
         if (column != kNoColumn) {
             if (Outcome refusal = Write(GridRow::Agrupacion, column, std::wstring(kGrouped), place))
@@ -231,7 +234,7 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
         selected == kOwnExpression ? item.node : statement_.Columns[static_cast<std::size_t>(selected)].node;
     // Neither a constant of the select list nor sorting again by the same key changes anything.
     if (selected != kOwnExpression && IsSameForEveryRow(statement_, node)) return std::nullopt;
-    const std::wstring form = canonical_.Expression(node);
+    const Form form = canonical_.Expression(node);
     int column = FindColumn(form);
     if (!sorted_.insert(form).second) return std::nullopt;
     if (column > last_column) {
@@ -250,12 +253,12 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
 }
 
 Outcome ColumnBuilder::KeepGroupBy() {
-    if (!HasGroupBy() || compose::IsTotalsQuery(compose::ReadDesignColumns(design_.grid)))
+    if (!HasGroupBy() || compose::IsTotalsQuery(compose::ViewsOf(design_.grid)))
         return std::nullopt;
     model::ColInfo record;
     record.Expresion = L"Count(*)";
     int column = kNoColumn;
-    return SetColumn(record, record.Expresion, PlaceOf(statement_, statement_.GroupItems.front()), column);
+    return SetColumn(record, kNoForm, PlaceOf(statement_, statement_.GroupItems.front()), column);
 }
 
 }  // namespace tessel::analyse

@@ -7,7 +7,7 @@
 
 #include <set>
 #include <string>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "analyse/canonical.h"
@@ -31,11 +31,10 @@ public:
     /// A query that groups without any aggregate: a hidden count makes composition write GROUP BY.
     [[nodiscard]] Outcome KeepGroupBy();
 
-    /// The column that shows the expression of that canonical form, or kNoColumn.
-    int FindColumn(const std::wstring& canonical_form) const;
+    /// The column that shows the expression of that form, or kNoColumn.
+    int FindColumn(Form form) const;
     /// Adds a hidden column from the record; the position is where to point when it cannot be done.
-    [[nodiscard]] Outcome SetColumn(const model::ColInfo& record, const std::wstring& canonical_form,
-                                    TextRange place, int& column);
+    [[nodiscard]] Outcome SetColumn(const model::ColInfo& record, Form form, TextRange place, int& column);
 
     /// Keeps composition from seeing the aggregates. A filter in a totals query without GROUP BY is composed
     /// into WHERE and GROUP BY, which would turn the one row of an empty result into none; without visible
@@ -51,7 +50,7 @@ public:
     std::wstring CellText(sql::NodeId node) const { return CellText(statement_.At(node).Range()); }
     std::wstring CellText(TextRange range) const;
     /// The text, written shorter if it would not fit a cell.
-    static std::wstring FittedText(const std::wstring& text);
+    static std::wstring FittedText(std::wstring text);
     /// The text of a node for "Campo:", not recognised as an aggregate when it is none.
     std::wstring FieldText(sql::NodeId node) const;
     [[nodiscard]] Outcome Write(model::GridRow row, int column, const std::wstring& text, TextRange place);
@@ -66,8 +65,7 @@ private:
     bool MayBeOrdinal(sql::NodeId node) const;
     bool StarKeepsItsOrder() const;
     Outcome AddSelectItem(const sql::Item& item);
-    Outcome AddSelectColumn(const std::wstring& text, const std::wstring& alias, std::wstring form,
-                            TextRange place);
+    Outcome AddSelectColumn(const std::wstring& text, std::wstring_view alias, Form form, TextRange place);
     Outcome AddSortKey(const sql::Item& item, int& last_column);
 
     const StatementScope& scope_;
@@ -76,9 +74,9 @@ private:
     model::Design& design_;
     const std::vector<std::wstring>& table_names_;
     std::vector<std::wstring> alias_replacements_;  ///< table names for the tables that have an alias
-    std::unordered_map<std::wstring, int> columns_;
-    std::set<std::wstring> sorted_;    ///< canonical forms of the sort keys so far
-    std::vector<int> select_columns_;  ///< of the select list
+    std::vector<std::pair<Form, int>> columns_;     ///< what they show; the first of a form counts
+    std::set<Form> sorted_;                         ///< the sort keys so far
+    std::vector<int> select_columns_;               ///< of the select list
     bool is_totals_ = false;
     bool hides_aggregates_ = false;
 };

@@ -28,8 +28,7 @@ bool HasAlternatives(const sql::Statement& statement, NodeId id) {
     const Node& node = statement.At(inner);
     if (IsLogical(node, LogicalOp::Or)) return true;
     if (node.kind != NodeKind::Logical && node.kind != NodeKind::Not) return false;
-    return std::ranges::any_of(ChildrenOf(statement, inner),
-                               [&](NodeId child) { return HasAlternatives(statement, child); });
+    return AnyChild(statement, inner, [&](NodeId child) { return HasAlternatives(statement, child); });
 }
 
 /// The node under any number of NOT and parentheses; `negated` tells whether their number is odd.
@@ -55,12 +54,12 @@ bool CriteriaBuilder::CriteriaFit(NodeId root) const {
     const Node& node = statement_.At(inner);
     if (IsLogical(node, LogicalOp::Or)) return AlternativesFit(inner);
     if (node.kind == NodeKind::Logical && !IsLogical(node, LogicalOp::And)) return false;
-    std::set<std::wstring> compared;
+    std::set<Form> compared;
     return GroupFits(inner, compared);
 }
 
 // `compared` holds the expressions of the comparisons that must hold together so far.
-bool CriteriaBuilder::GroupFits(NodeId id, std::set<std::wstring>& compared) const {
+bool CriteriaBuilder::GroupFits(NodeId id, std::set<Form>& compared) const {
     if (HasAlternatives(statement_, id)) return false;
     for (const NodeId operand : OperandsOf(statement_, id, LogicalOp::And)) {
         if (const auto comparison = ReadComparison(operand)) {
@@ -70,7 +69,7 @@ bool CriteriaBuilder::GroupFits(NodeId id, std::set<std::wstring>& compared) con
         bool negated = false;
         const NodeId group = WithoutNot(statement_, operand, negated);
         if (!IsLogical(statement_.At(group), LogicalOp::And)) continue;
-        std::set<std::wstring> compared_inside;
+        std::set<Form> compared_inside;
         if (!GroupFits(group, compared_inside)) return false;
     }
     return true;
@@ -80,7 +79,7 @@ bool CriteriaBuilder::GroupFits(NodeId id, std::set<std::wstring>& compared) con
 bool CriteriaBuilder::AlternativesFit(NodeId id) const {
     const std::vector<NodeId> alternatives = OperandsOf(statement_, id, LogicalOp::Or);
     return std::ranges::all_of(alternatives, [&](NodeId alternative) {
-        std::set<std::wstring> compared;
+        std::set<Form> compared;
         return GroupFits(alternative, compared);
     });
 }
@@ -170,7 +169,7 @@ Outcome CriteriaBuilder::FillInParts(const std::vector<NodeId>& alternatives, Te
     const Refusal too_long{place, std::wstring(messages::kCellTooLong)};
     if (clause_ == Clause::Having || columns_.IsTotals()) return too_long;
     // Composed from two cells, the text repeats the first alternative.
-    const std::wstring form = canonical_.Condition(alternatives.front());
+    const Form form = canonical_.Condition(alternatives.front());
     std::wstring expression;
     std::vector<std::wstring> cells;
     for (const NodeId alternative : alternatives) {
@@ -214,14 +213,14 @@ Outcome CriteriaBuilder::FillPredicate(NodeId id) {
 
 // A condition that is only a value. A number that is not zero holds too, although it does not equal True.
 Outcome CriteriaBuilder::FillBareCondition(NodeId id) {
-    const std::wstring form = canonical_.Expression(id);
+    const Form form = canonical_.Expression(id);
     if (!MayFilter(form)) return FillWhole(id);
     const std::wstring_view cell = canonical_.IsTruthValue(id) ? kIsTrue : kIsNotFalse;
     return AddCells(id, form, {std::wstring(cell)}, PlaceOf(id));
 }
 
 Outcome CriteriaBuilder::FillWhole(NodeId id) {
-    const std::wstring form = canonical_.Condition(id);
+    const Form form = canonical_.Condition(id);
     // The same condition again changes nothing.
     if (!shown_whole_.insert(form).second) return std::nullopt;
     int column = UsableColumn(form);
@@ -243,8 +242,8 @@ std::wstring CriteriaBuilder::WholeText(NodeId id) const {
     return ColumnBuilder::FittedText(L"(" + text + L")");
 }
 
-Outcome CriteriaBuilder::AddCells(NodeId expression, const std::wstring& form,
-                                  const std::vector<std::wstring>& cells, TextRange place) {
+Outcome CriteriaBuilder::AddCells(NodeId expression, Form form, const std::vector<std::wstring>& cells,
+                                  TextRange place) {
     int column = UsableColumn(form);
     if (column == kNoColumn) {
         const bool bare = BindsTighterThanComparison(statement_.At(expression));
@@ -259,7 +258,7 @@ Outcome CriteriaBuilder::AddCells(NodeId expression, const std::wstring& form,
 // Whether criteria may stand in a column of that expression: composition groups by it in a totals query, so
 // it must be grouped anyway; and criteria of another condition, which are alternatives there, must not be in
 // it.
-bool CriteriaBuilder::MayFilter(const std::wstring& form) const {
+bool CriteriaBuilder::MayFilter(Form form) const {
     const int column = columns_.FindColumn(form);
     if (column != kNoColumn && !TrimView(columns_.Cell(GridRow::Condicion, column)).empty()) return false;
     if (clause_ == Clause::Having || !columns_.IsTotals()) return true;
@@ -268,7 +267,7 @@ bool CriteriaBuilder::MayFilter(const std::wstring& form) const {
 
 /// The column that shows the expression and from which composition writes criteria of this clause, or
 /// kNoColumn.
-int CriteriaBuilder::UsableColumn(const std::wstring& form) const {
+int CriteriaBuilder::UsableColumn(Form form) const {
     const int column = columns_.FindColumn(form);
     if (column == kNoColumn) return kNoColumn;
     if (clause_ == Clause::Having)
@@ -276,8 +275,7 @@ int CriteriaBuilder::UsableColumn(const std::wstring& form) const {
     return !columns_.IsTotals() || columns_.IsGrouped(column) ? column : kNoColumn;
 }
 
-Outcome CriteriaBuilder::AddColumn(std::wstring text, const std::wstring& form, TextRange place,
-                                   int& column) {
+Outcome CriteriaBuilder::AddColumn(std::wstring text, Form form, TextRange place, int& column) {
     if (clause_ == Clause::Having && !IsAggregate(text)) {
         return Refusal{place, std::wstring(messages::kHavingWithoutAggregate)};
     }

@@ -44,12 +44,12 @@ private:
     /// A comparison as a cell shows it.
     struct Comparison {
         sql::NodeId expression = sql::kNoNode;
-        std::wstring form;  ///< canonical form of the expression
+        Form form = kNoForm;  ///< of the expression
         std::wstring_view sign;
         sql::NodeId value = sql::kNoNode;
     };
 
-    bool GroupFits(sql::NodeId id, std::set<std::wstring>& compared) const;
+    bool GroupFits(sql::NodeId id, std::set<Form>& compared) const;
     bool AlternativesFit(sql::NodeId id) const;
     bool AreCellsOfOneColumn(const std::vector<sql::NodeId>& alternatives) const;
     std::optional<Comparison> ReadComparison(sql::NodeId id) const;
@@ -62,11 +62,11 @@ private:
     Outcome FillBareCondition(sql::NodeId id);
     Outcome FillWhole(sql::NodeId id);
     std::wstring WholeText(sql::NodeId id) const;
-    Outcome AddCells(sql::NodeId expression, const std::wstring& form, const std::vector<std::wstring>& cells,
+    Outcome AddCells(sql::NodeId expression, Form form, const std::vector<std::wstring>& cells,
                      TextRange place);
-    bool MayFilter(const std::wstring& form) const;
-    int UsableColumn(const std::wstring& form) const;
-    Outcome AddColumn(std::wstring text, const std::wstring& form, TextRange place, int& column);
+    bool MayFilter(Form form) const;
+    int UsableColumn(Form form) const;
+    Outcome AddColumn(std::wstring text, Form form, TextRange place, int& column);
     std::wstring ExpressionText(sql::NodeId id, std::wstring_view before) const;
     std::wstring CellTextOf(const Comparison& comparison) const;
     TextRange PlaceOf(sql::NodeId id) const { return statement_.At(id).Range(); }
@@ -75,7 +75,7 @@ private:
     const sql::Statement& statement_;
     ColumnBuilder& columns_;
     Clause clause_;
-    std::set<std::wstring> shown_whole_;  ///< forms of the conditions that have a column of their own
+    std::set<Form> shown_whole_;  ///< forms of the conditions that have a column of their own
 };
 
 }  // namespace tessel::analyse

@@ -47,7 +47,7 @@ Outcome CheckFaithful(const StatementScope& scope, const Canonical& canonical, c
     if (failed || !composed || !composed->beyond.empty() || composed->Top > 0) {
         return Refusal{{0, original.source.size()}, std::wstring(messages::kNotReadBack)};
     }
-    const StatementScope composed_scope(*composed, design.diagram.BoundSchema());
+    const StatementScope composed_scope(*composed, design.diagram.BoundSchema(), scope.Numbers());
     const Canonical composed_canonical(composed_scope);
     const auto difference =
         FirstDifference(Normalise(scope, canonical), Normalise(composed_scope, composed_canonical), left_out);

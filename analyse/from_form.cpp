@@ -9,70 +9,72 @@ namespace tessel::analyse {
 
 namespace {
 
-using Conditions = std::set<std::wstring>;
+enum Head : std::uint32_t { kGroupHead = 16u << 24, kAddedHead = 17u << 24, kAmongHead = 18u << 24 };
 
-class Printer {
+class Builder {
 public:
-    Printer(const StatementScope& scope, const Canonical& canonical) : scope_(scope), canonical_(canonical) {}
+    Builder(const StatementScope& scope, const Canonical& canonical)
+        : scope_(scope), canonical_(canonical), forms_(scope.Numbers()) {}
 
     /// Without the group's own conditions.
-    std::wstring Text(const TableGroup& group) const {
-        std::vector<std::wstring> parts;
+    Form FormOf(const TableGroup& group) const {
+        std::vector<Form> parts;
         for (const int table : group.tables) parts.push_back(canonical_.Table(table));
-        for (const AddedRows& rows : group.added) parts.push_back(Text(rows));
+        for (const AddedRows& rows : group.added) parts.push_back(FormOf(rows));
         std::ranges::sort(parts);
-        std::wstring text = L"{";
-        for (const std::wstring& part : parts) text += part + L";";
-        return text + L"}";
+        return forms_.Node(kGroupHead, parts);
     }
 
-    void Collect(const std::vector<JoinCondition>& conditions, Conditions& texts) const {
-        for (const JoinCondition& condition : conditions) texts.insert(Text(condition));
+    void Collect(const std::vector<JoinCondition>& conditions, FormSet& forms) const {
+        for (const JoinCondition& condition : conditions) forms.push_back(FormOf(condition));
+        MakeSet(forms);
     }
 
 private:
     // Conditions among the rows to add say, like those of their join, which of them are added.
-    std::wstring Text(const AddedRows& rows) const {
-        Conditions conditions;
+    Form FormOf(const AddedRows& rows) const {
+        FormSet conditions;
         Collect(rows.on, conditions);
         Collect(rows.group.conditions, conditions);
-        std::wstring text = L"left(" + Text(rows.group) + L",";
-        for (const std::wstring& condition : conditions) text += condition + L";";
-        return text + L")";
+        std::vector<Form> parts = {FormOf(rows.group)};
+        parts.insert(parts.end(), conditions.begin(), conditions.end());
+        return forms_.Node(kAddedHead, parts);
     }
 
     // What a name without its table means depends on the tables that stand around it.
-    std::wstring Text(const JoinCondition& condition) const {
-        std::wstring text = canonical_.Condition(condition.node);
-        if (!condition.has_bare_name) return text;
+    Form FormOf(const JoinCondition& condition) const {
+        const Form form = canonical_.Condition(condition.node);
+        if (!condition.has_bare_name) return form;
         const sql::FromNode& join = scope_.Source().From[static_cast<std::size_t>(condition.join)];
         const std::set<int> visible = TablesBelow(join);
-        if (static_cast<int>(visible.size()) == scope_.TableCount()) return text;
-        std::set<std::wstring> keys;
-        for (const int table : visible) keys.insert(canonical_.Table(table));
-        text += L" among";
-        for (const std::wstring& key : keys) text += L" " + key;
-        return text;
+        if (static_cast<int>(visible.size()) == scope_.TableCount()) return form;
+        FormSet tables;
+        for (const int table : visible) tables.push_back(canonical_.Table(table));
+        MakeSet(tables);
+        std::vector<Form> parts = {form};
+        parts.insert(parts.end(), tables.begin(), tables.end());
+        return forms_.Node(kAmongHead, parts);
     }
 
     const StatementScope& scope_;
     const Canonical& canonical_;
+    Forms& forms_;
 };
 
 }  // namespace
 
 FromForm NormaliseFrom(const StatementScope& scope, const Canonical& canonical) {
-    const Printer printer(scope, canonical);
+    const Builder builder(scope, canonical);
     TableGroup all;
     FromForm form;
     for (const sql::JoinGroup& item : scope.Source().JoinGroups) {
         if (item.root < 0) continue;
         TableGroup group = GroupOf(scope, canonical, item.root);
-        printer.Collect(group.conditions, form.conditions);
+        builder.Collect(group.conditions, form.conditions);
         all.tables.insert(all.tables.end(), group.tables.begin(), group.tables.end());
         std::ranges::move(group.added, std::back_inserter(all.added));
     }
-    form.groups = printer.Text(all);
+    form.groups = builder.FormOf(all);
     return form;
 }
 

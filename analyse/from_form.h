@@ -2,16 +2,13 @@
 // joins whose rows no outer join adds, which could as well stand in WHERE.
 #pragma once
 
-#include <set>
-#include <string>
-
 #include "analyse/canonical.h"
 
 namespace tessel::analyse {
 
 struct FromForm {
-    std::wstring groups;
-    std::set<std::wstring> conditions;
+    Form groups = kNoForm;
+    FormSet conditions;
 };
 
 [[nodiscard]] FromForm NormaliseFrom(const StatementScope& scope, const Canonical& canonical);

@@ -25,15 +25,18 @@ constexpr std::wstring_view kPureFunctions[] = {
     L"weekdayname", L"year"};
 
 /// A control of an open form or report: one value for the whole statement.
-bool IsFormReference(const std::vector<std::wstring>& keys) {
-    return keys.size() > 2 && (keys[0] == L"forms" || keys[0] == L"reports");
+bool IsFormReference(const Forms& forms, const StatementScope::NameParts& name) {
+    if (name.count <= 2) return false;
+    const std::wstring_view first = forms.TextOf(name.first);
+    return first == L"forms" || first == L"reports";
 }
 
 }  // namespace
 
 GroupConditions::GroupConditions(const StatementScope& scope, const Canonical& canonical)
     : scope_(scope), canonical_(canonical), statement_(scope.Source()) {
-    for (const sql::Item& item : statement_.GroupItems) keys_.insert(canonical.Expression(item.node));
+    for (const sql::Item& item : statement_.GroupItems) keys_.push_back(canonical.Expression(item.node));
+    MakeSet(keys_);
 }
 
 bool GroupConditions::MayStandInWhere(NodeId condition) const {
@@ -41,7 +44,7 @@ bool GroupConditions::MayStandInWhere(NodeId condition) const {
 }
 
 bool GroupConditions::DependsOnKeys(NodeId id) const {
-    if (keys_.contains(canonical_.Expression(id))) return true;
+    if (Holds(keys_, canonical_.Expression(id))) return true;
     const sql::Node& node = statement_.At(id);
     switch (node.kind) {
         case NodeKind::Number:
@@ -55,7 +58,8 @@ bool GroupConditions::DependsOnKeys(NodeId id) const {
         case NodeKind::Omitted:
             return true;
         case NodeKind::Name:
-            return scope_.TableOfName(id) == kNoTable && IsFormReference(NameKeys(statement_, id));
+            return scope_.TableOfName(id) == kNoTable &&
+                   IsFormReference(scope_.Numbers(), scope_.PartsOf(id));
         case NodeKind::Call:
             return IsCallOfKeys(id);
         case NodeKind::Paren:
@@ -72,8 +76,7 @@ bool GroupConditions::DependsOnKeys(NodeId id) const {
         default:
             return false;
     }
-    return std::ranges::all_of(ChildrenOf(statement_, id),
-                               [&](NodeId child) { return DependsOnKeys(child); });
+    return AllChildren(statement_, id, [&](NodeId child) { return DependsOnKeys(child); });
 }
 
 bool GroupConditions::IsCallOfKeys(NodeId id) const {
@@ -89,14 +92,17 @@ bool GroupConditions::IsCallOfKeys(NodeId id) const {
 bool GroupConditions::NamesAnAlias(NodeId id) const {
     const sql::Node& node = statement_.At(id);
     if (node.kind != NodeKind::Name) {
-        return std::ranges::any_of(ChildrenOf(statement_, id),
-                                   [&](NodeId child) { return NamesAnAlias(child); });
+        return AnyChild(statement_, id, [&](NodeId child) { return NamesAnAlias(child); });
     }
-    const std::vector<std::wstring> keys = NameKeys(statement_, id);
-    return keys.size() == 1 && std::ranges::any_of(statement_.Columns, [&](const sql::Item& item) {
-               return IdentifierKey(statement_.Slice(item.alias)) == keys[0] &&
-                      canonical_.Expression(item.node) != canonical_.Expression(id);
-           });
+    const StatementScope::NameParts name = scope_.PartsOf(id);
+    if (name.count != 1) return false;
+    for (std::size_t index = 0; index < statement_.Columns.size(); ++index) {
+        const NodeId column = statement_.Columns[index].node;
+        if (scope_.AliasKey(index) == name.first &&
+            canonical_.Expression(column) != canonical_.Expression(id))
+            return true;
+    }
+    return false;
 }
 
 }  // namespace tessel::analyse

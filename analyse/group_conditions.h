@@ -9,9 +9,6 @@
 // answer for the same arguments.
 #pragma once
 
-#include <set>
-#include <string>
-
 #include "analyse/canonical.h"
 
 namespace tessel::analyse {
@@ -32,7 +29,7 @@ private:
     const StatementScope& scope_;
     const Canonical& canonical_;
     const sql::Statement& statement_;
-    std::set<std::wstring> keys_;  ///< canonical forms of GROUP BY
+    FormSet keys_;  ///< canonical forms of GROUP BY
 };
 
 }  // namespace tessel::analyse

@@ -62,7 +62,7 @@ void JoinPlanner::SettleSide(int join, Field& side, NodeId name, const Field& ot
     const Tables left = TablesBelow(Join(Join(join).left));
     const Tables operand = left.contains(other.table) ? TablesBelow(Join(Join(join).right)) : left;
     if (operand.size() != 1) return;
-    const std::wstring key = IdentifierKey(statement_.Slice(side.text));
+    const Form key = scope_.Numbers().Identifier(statement_.Slice(side.text));
     if (scope_.IsTableKnown(*operand.begin()) && !scope_.HasField(*operand.begin(), key)) return;
     if (scope_.IsAmbiguousField(key)) return;
     side.table = *operand.begin();
@@ -318,12 +318,15 @@ JoinPlanner::Comparison JoinPlanner::Exchanged(const Comparison& comparison) {
 
 JoinPlanner::Field JoinPlanner::ReadSide(NodeId node) const {
     if (statement_.At(node).kind != NodeKind::Name) return {};
-    const std::vector<NodeId> parts = ChildrenOf(statement_, node);
-    if (parts.empty() || parts.size() > 2) return {};
+    const NodeId first = statement_.At(node).first_child;
+    if (first == sql::kNoNode) return {};
+    const NodeId second = statement_.At(first).next;
+    const bool qualified = second != sql::kNoNode;
+    if (qualified && statement_.At(second).next != sql::kNoNode) return {};
     Field field;
     field.table = scope_.TableOfName(node);
-    field.text = statement_.At(parts.back()).Range();
-    if (parts.size() == 2 && field.table == kNoTable) return {};
+    field.text = statement_.At(qualified ? second : first).Range();
+    if (qualified && field.table == kNoTable) return {};
     return field;
 }
 

@@ -40,8 +40,9 @@ void AppendOperands(const Statement& statement, NodeId id, sql::LogicalOp op, st
 
 bool IsAggregateCall(const Statement& statement, const Node& node) {
     if (node.kind != NodeKind::Call || node.first_child == sql::kNoNode) return false;
-    const std::wstring name = IdentifierKey(statement.Slice(statement.At(node.first_child).Range()));
-    return std::ranges::find(kAggregateNames, name) != kAggregateNames.end();
+    const std::wstring_view name = statement.Slice(statement.At(node.first_child).Range());
+    return std::ranges::any_of(kAggregateNames,
+                               [&](std::wstring_view aggregate) { return SameIdentifier(name, aggregate); });
 }
 
 }  // namespace
@@ -149,14 +150,12 @@ bool IsConstant(const Statement& statement, NodeId id) {
         default:
             return false;
     }
-    return std::ranges::all_of(ChildrenOf(statement, id),
-                               [&](NodeId child) { return IsConstant(statement, child); });
+    return AllChildren(statement, id, [&](NodeId child) { return IsConstant(statement, child); });
 }
 
 bool IsSameForEveryRow(const Statement& statement, NodeId id) {
     return IsConstant(statement, id) && statement.At(id).kind != NodeKind::Macro &&
-           std::ranges::all_of(ChildrenOf(statement, id),
-                               [&](NodeId child) { return IsSameForEveryRow(statement, child); });
+           AllChildren(statement, id, [&](NodeId child) { return IsSameForEveryRow(statement, child); });
 }
 
 NodeId FirstAggregate(const Statement& statement, NodeId id) {
@@ -168,15 +167,6 @@ NodeId FirstAggregate(const Statement& statement, NodeId id) {
         if (found != sql::kNoNode) return found;
     }
     return sql::kNoNode;
-}
-
-std::vector<std::wstring> NameKeys(const Statement& statement, NodeId id) {
-    std::vector<std::wstring> keys;
-    for (const NodeId part : ChildrenOf(statement, id)) {
-        if (statement.At(part).kind != NodeKind::NamePart) continue;
-        keys.push_back(IdentifierKey(statement.Slice(statement.At(part).Range())));
-    }
-    return keys;
 }
 
 sql::CompareOp Opposite(sql::CompareOp op) {

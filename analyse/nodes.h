@@ -2,7 +2,6 @@
 // into nested selects.
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +10,20 @@
 namespace tessel::analyse {
 
 [[nodiscard]] std::vector<sql::NodeId> ChildrenOf(const sql::Statement& statement, sql::NodeId id);
+
+template <class Test>
+[[nodiscard]] bool AllChildren(const sql::Statement& statement, sql::NodeId id, Test test) {
+    for (sql::NodeId child = statement.At(id).first_child; child != sql::kNoNode;
+         child = statement.At(child).next) {
+        if (!test(child)) return false;
+    }
+    return true;
+}
+
+template <class Test>
+[[nodiscard]] bool AnyChild(const sql::Statement& statement, sql::NodeId id, Test test) {
+    return !AllChildren(statement, id, [&](sql::NodeId child) { return !test(child); });
+}
 
 /// The node inside any number of enclosing parentheses. BAND, BOR and BXOR keep theirs, for nothing says how
 /// tightly they bind.
@@ -47,8 +60,5 @@ namespace tessel::analyse {
 
 /// The first call of an aggregate function inside the expression, or kNoNode.
 [[nodiscard]] sql::NodeId FirstAggregate(const sql::Statement& statement, sql::NodeId id);
-
-/// Keys of the identifiers of a Name or of the qualifier of a Star, from left to right.
-[[nodiscard]] std::vector<std::wstring> NameKeys(const sql::Statement& statement, sql::NodeId id);
 
 }  // namespace tessel::analyse

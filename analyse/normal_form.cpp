@@ -1,6 +1,7 @@
 #include "analyse/normal_form.h"
 
 #include <algorithm>
+#include <set>
 
 #include "analyse/from_form.h"
 #include "analyse/group_conditions.h"
@@ -16,18 +17,19 @@ using sql::Item;
 using sql::NodeId;
 using sql::NodeKind;
 using sql::Statement;
-using Set = std::set<std::wstring>;
 
-NormalForm::SelectItem NormaliseItem(const Statement& statement, const Canonical& canonical,
-                                     const Item& item) {
+constexpr std::uint32_t kAmbiguousHead = 32u << 24;
+
+NormalForm::SelectItem NormaliseItem(const StatementScope& scope, const Canonical& canonical,
+                                     std::size_t index) {
+    const Statement& statement = scope.Source();
+    const Item& item = statement.Columns[index];
     NormalForm::SelectItem result;
     result.expression = canonical.Expression(item.node);
-    result.alias = IdentifierKey(statement.Slice(item.alias));
+    result.alias = scope.AliasKey(index);
+    result.has_alias = !scope.Numbers().TextOf(result.alias).empty();
     const NodeId inner = WithoutParens(statement, item.node);
-    if (statement.At(inner).kind == NodeKind::Name) {
-        const std::vector<std::wstring> keys = NameKeys(statement, inner);
-        if (!keys.empty()) result.implied = keys.back();
-    }
+    if (statement.At(inner).kind == NodeKind::Name) result.implied = scope.PartsOf(inner).last;
     return result;
 }
 
@@ -43,7 +45,7 @@ std::size_t Ordinal(const Statement& statement, NodeId key) {
     return value;
 }
 
-bool AnyTableMayHave(const StatementScope& scope, const std::wstring& field) {
+bool AnyTableMayHave(const StatementScope& scope, Form field) {
     for (int table = 0; table < scope.TableCount(); ++table) {
         if (scope.HasField(table, field)) return true;
     }
@@ -51,7 +53,7 @@ bool AnyTableMayHave(const StatementScope& scope, const std::wstring& field) {
 }
 
 /// True when a "*" may bring a column of that name.
-bool StarMayBring(const StatementScope& scope, const std::wstring& field) {
+bool StarMayBring(const StatementScope& scope, Form field) {
     const Statement& statement = scope.Source();
     const bool star = std::ranges::any_of(
         statement.Columns, [&](const Item& item) { return statement.At(item.node).kind == NodeKind::Star; });
@@ -64,15 +66,15 @@ bool StarMayBring(const StatementScope& scope, const std::wstring& field) {
 // An output name that repeats the field's own name changes nothing, and one that the design adds because
 // every column has a caption changes no row. A name that the user gave must stay.
 bool SameOutputName(const NormalForm::SelectItem& original, const NormalForm::SelectItem& composed) {
-    if (original.alias == composed.alias || original.alias.empty()) return true;
-    return composed.alias.empty() && original.alias == original.implied;
+    if (original.alias == composed.alias || !original.has_alias) return true;
+    return !composed.has_alias && original.alias == original.implied;
 }
 
 // An added name must not catch an unqualified name of the statement, which means a field.
 bool CatchesAName(const NormalForm::SelectItem& original, const NormalForm::SelectItem& composed,
                   const NormalForm& form) {
-    if (!original.alias.empty() || composed.alias.empty() || composed.alias == original.implied) return false;
-    return form.unqualified.contains(composed.alias);
+    if (original.has_alias || !composed.has_alias || composed.alias == original.implied) return false;
+    return Holds(form.unqualified, composed.alias);
 }
 
 bool SameSelect(const NormalForm& original, const NormalForm& composed) {
@@ -87,10 +89,14 @@ bool SameSelect(const NormalForm& original, const NormalForm& composed) {
 }
 
 /// Every condition a row must pass, without those of the clauses that are left out.
-Set RowConditions(const NormalForm& form, LeftOut left_out) {
-    Set conditions = form.join_conditions;
-    if (!left_out.where) conditions.insert(form.where.begin(), form.where.end());
-    if (!left_out.having) conditions.insert(form.group_conditions.begin(), form.group_conditions.end());
+FormSet RowConditions(const NormalForm& form, LeftOut left_out) {
+    FormSet conditions = form.join_conditions;
+    const auto add = [&](const FormSet& more) {
+        conditions.insert(conditions.end(), more.begin(), more.end());
+    };
+    if (!left_out.where) add(form.where);
+    if (!left_out.having) add(form.group_conditions);
+    MakeSet(conditions);
     return conditions;
 }
 
@@ -99,10 +105,9 @@ Set RowConditions(const NormalForm& form, LeftOut left_out) {
 bool SameGroups(const NormalForm& original, const NormalForm& composed) {
     if (original.grouped != composed.grouped) return false;
     if (!std::ranges::includes(composed.group, original.group)) return false;
-    const Set conditions = RowConditions(composed, {});
-    return std::ranges::all_of(composed.group, [&](const std::wstring& key) {
-        return original.group.contains(key) || conditions.contains(key);
-    });
+    const FormSet conditions = RowConditions(composed, {});
+    return std::ranges::all_of(
+        composed.group, [&](Form key) { return Holds(original.group, key) || Holds(conditions, key); });
 }
 
 }  // namespace
@@ -118,12 +123,12 @@ int SelectItemOfSortKey(const StatementScope& scope, const Canonical& canonical,
         return static_cast<int>(ordinal) - 1;
     }
     if (statement.At(inner).kind != NodeKind::Name) return kOwnExpression;
-    const std::vector<std::wstring> keys = NameKeys(statement, inner);
-    if (keys.size() != 1) return kOwnExpression;
+    const StatementScope::NameParts name = scope.PartsOf(inner);
+    if (name.count != 1) return kOwnExpression;
 
-    const std::wstring as_field = canonical.Expression(inner);
-    bool is_field = AnyTableMayHave(scope, keys[0]);
-    bool is_other_column = StarMayBring(scope, keys[0]);
+    const Form as_field = canonical.Expression(inner);
+    bool is_field = AnyTableMayHave(scope, name.first);
+    bool is_other_column = StarMayBring(scope, name.first);
     bool is_field_itself = false;
     int by_alias = kOwnExpression;
     int by_field = kOwnExpression;
@@ -133,15 +138,15 @@ int SelectItemOfSortKey(const StatementScope& scope, const Canonical& canonical,
         is_field = is_field || same_expression;
         const NodeId aliased = WithoutParens(statement, item.node);
         const bool is_name = statement.At(aliased).kind == NodeKind::Name;
-        const std::vector<std::wstring> aliased_keys =
-            is_name ? NameKeys(statement, aliased) : std::vector<std::wstring>();
-        const bool names_field = aliased_keys.size() == 2 && aliased_keys.back() == keys[0];
-        const std::wstring alias = IdentifierKey(statement.Slice(item.alias));
-        if (names_field && alias.empty()) {
+        const StatementScope::NameParts parts =
+            is_name ? scope.PartsOf(aliased) : StatementScope::NameParts();
+        const bool names_field = parts.count == 2 && parts.last == name.first;
+        const Form alias = scope.AliasKey(index);
+        if (names_field && scope.Numbers().TextOf(alias).empty()) {
             by_field = is_other_column ? kAmbiguous : static_cast<int>(index);
             is_other_column = true;
         }
-        if (alias != keys[0] || same_expression) continue;
+        if (alias != name.first || same_expression) continue;
         if (by_alias != kOwnExpression) return kAmbiguous;
         by_alias = static_cast<int>(index);
         is_field_itself = names_field;
@@ -161,39 +166,43 @@ NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
     }
     form.distinct = statement.Distinct;
     form.unqualified = scope.UnqualifiedNames();
-    for (const Item& item : statement.Columns) {
-        if (!IsBareStar(statement.At(item.node))) {
-            form.select.push_back(NormaliseItem(statement, canonical, item));
+    form.select.reserve(statement.Columns.size());
+    for (std::size_t index = 0; index < statement.Columns.size(); ++index) {
+        if (!IsBareStar(statement.At(statement.Columns[index].node))) {
+            form.select.push_back(NormaliseItem(scope, canonical, index));
             continue;
         }
         // "*" is all fields of each table, in the order in which FROM names the tables.
-        for (int table = 0; table < scope.TableCount(); ++table) {
-            form.select.push_back({canonical.AllFields(table), L"", L""});
-        }
+        const Form no_alias = scope.Numbers().Text({});
+        for (int table = 0; table < scope.TableCount(); ++table)
+            form.select.push_back({canonical.AllFields(table), no_alias, kNoForm, false});
     }
     FromForm from = NormaliseFrom(scope, canonical);
     form.from = std::move(from.groups);
     form.join_conditions = std::move(from.conditions);
     form.where = canonical.Conjuncts(statement.where);
-    const GroupConditions groups(scope, canonical);
     if (statement.having != sql::kNoNode) {
+        const GroupConditions groups(scope, canonical);
         for (const NodeId condition : canonical.ConjunctNodes(statement.having)) {
-            Set& conditions = groups.MayStandInWhere(condition) ? form.group_conditions : form.having;
-            conditions.insert(canonical.Condition(condition));
+            FormSet& conditions = groups.MayStandInWhere(condition) ? form.group_conditions : form.having;
+            conditions.push_back(canonical.Condition(condition));
         }
+        MakeSet(form.group_conditions);
+        MakeSet(form.having);
     }
     form.grouped = !statement.GroupItems.empty();
-    for (const Item& item : statement.GroupItems) form.group.insert(canonical.Expression(item.node));
-    std::set<std::wstring> sorted_by;
+    for (const Item& item : statement.GroupItems) form.group.push_back(canonical.Expression(item.node));
+    MakeSet(form.group);
+    std::set<Form> sorted_by;
     for (const Item& item : statement.OrderItems) {
         const int column = SelectItemOfSortKey(scope, canonical, item.node);
         const NodeId node = column < 0 ? item.node : statement.Columns[static_cast<std::size_t>(column)].node;
         if (column >= 0 && IsSameForEveryRow(statement, node)) continue;
-        std::wstring expression = canonical.Expression(node);
+        Form expression = canonical.Expression(node);
         // A key that other readers may take for another column is like no other key.
-        if (column == kAmbiguous) expression += L" or another column";
+        if (column == kAmbiguous) expression = scope.Numbers().Node(kAmbiguousHead, {&expression, 1});
         if (!sorted_by.insert(expression).second) continue;
-        form.order.push_back({std::move(expression), item.descending});
+        form.order.push_back({expression, item.descending});
     }
     return form;
 }

@@ -31,7 +31,6 @@
 #pragma once
 
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -39,14 +38,16 @@
 
 namespace tessel::analyse {
 
+/// Two of them can be compared when their forms have the same Forms.
 struct NormalForm {
     struct SelectItem {
-        std::wstring expression;
-        std::wstring alias;    ///< key; empty when none is written
-        std::wstring implied;  ///< key of the name the column has without alias; empty for expressions
+        Form expression = kNoForm;
+        Form alias = kNoForm;    ///< key; that of an empty text when none is written
+        Form implied = kNoForm;  ///< key of the name the column has without alias; kNoForm for expressions
+        bool has_alias = false;
     };
     struct SortKey {
-        std::wstring expression;
+        Form expression = kNoForm;
         bool descending = false;
         friend bool operator==(const SortKey&, const SortKey&) = default;
     };
@@ -55,15 +56,15 @@ struct NormalForm {
     std::wstring beyond;
     bool distinct = false;
     std::vector<SelectItem> select;
-    std::wstring from;
-    std::set<std::wstring> join_conditions;  ///< of inner joins, as far as they could stand in WHERE
-    std::set<std::wstring> where;
+    Form from = kNoForm;
+    FormSet join_conditions;  ///< of inner joins, as far as they could stand in WHERE
+    FormSet where;
     bool grouped = false;
-    std::set<std::wstring> group;
-    std::set<std::wstring> having;
-    std::set<std::wstring> group_conditions;  ///< of HAVING, as far as they could stand in WHERE
+    FormSet group;
+    FormSet having;
+    FormSet group_conditions;  ///< of HAVING, as far as they could stand in WHERE
     std::vector<SortKey> order;
-    std::set<std::wstring> unqualified;  ///< keys of the unqualified names that occur
+    FormSet unqualified;  ///< keys of the unqualified names that occur
 };
 
 /// The form of the statement.

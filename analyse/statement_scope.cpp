@@ -18,10 +18,6 @@ using sql::TableRef;
 constexpr int kAdoBoolean = 11;
 constexpr int kUnasked = -2;
 
-std::wstring CallingKey(const Statement& statement, const TableRef& table) {
-    return IdentifierKey(statement.Slice(table.alias.length > 0 ? table.alias : table.name));
-}
-
 /// The first identifier of a name that has more than one, or of the qualifier of a star; kNoNode otherwise.
 NodeId QualifierOf(const Statement& statement, const Node& node) {
     if (node.kind != NodeKind::Name && node.kind != NodeKind::Star) return sql::kNoNode;
@@ -33,36 +29,68 @@ NodeId QualifierOf(const Statement& statement, const Node& node) {
 
 }  // namespace
 
-StatementScope::StatementScope(const Statement& statement, const schema::Schema* schema)
-    : statement_(statement), schema_(schema), tables_of_names_(statement.nodes.size(), kUnasked) {
-    Keys names;
-    for (const TableRef& table : statement.Tables) {
-        called_.emplace(CallingKey(statement, table), static_cast<int>(table_keys_.size()));
-        table_keys_.push_back(IdentifierKey(statement.Slice(table.name)));
-        if (!names.insert(table_keys_.back()).second) repeated_.insert(table_keys_.back());
+StatementScope::StatementScope(const Statement& statement, const schema::Schema* schema, Forms& forms)
+    : statement_(statement),
+      schema_(schema),
+      forms_(forms),
+      tables_of_names_(statement.nodes.size(), kUnasked),
+      keys_(statement.nodes.size(), kNoForm) {
+    tables_.reserve(statement.Tables.size());
+    for (const TableRef& reference : statement.Tables) {
+        const Form called = CallingKey(statement, reference);
+        if (called >= tables_called_.size()) tables_called_.resize(called + 1, kNoTable);
+        int& table_called = tables_called_[called];
+        if (table_called == kNoTable) table_called = TableCount();
+        const Form key = forms.Identifier(statement.Slice(reference.name));
+        tables_.push_back({key, false, nullptr});
     }
+    MarkRepeatedTables();
+    alias_keys_.reserve(statement.Columns.size());
+    for (const sql::Item& item : statement.Columns)
+        alias_keys_.push_back(forms.Identifier(statement.Slice(item.alias)));
+    // A name with its table is three nodes.
+    references_.reserve(statement.nodes.size() / 3);
     std::vector<const Keys*> hidden;
     CollectReferences(statement, hidden);
     std::ranges::sort(references_, {}, [](const Reference& reference) { return reference.range.offset; });
+    std::ranges::sort(unqualified_);
+    unqualified_.erase(std::unique(unqualified_.begin(), unqualified_.end()), unqualified_.end());
+}
+
+void StatementScope::MarkRepeatedTables() {
+    std::vector<Form> keys;
+    for (const Table& table : tables_) keys.push_back(table.key);
+    std::ranges::sort(keys);
+    for (Table& table : tables_) {
+        const auto same = std::ranges::equal_range(keys, table.key);
+        table.repeated = same.size() > 1;
+    }
+}
+
+Form StatementScope::CallingKey(const Statement& statement, const TableRef& table) const {
+    return forms_.Identifier(statement.Slice(table.alias.length > 0 ? table.alias : table.name));
 }
 
 void StatementScope::CollectReferences(const Statement& statement, std::vector<const Keys*>& hidden) {
+    const bool outermost = &statement == &statement_;
     for (NodeId id = 0; id < statement.nodes.size(); ++id) {
         const Node& node = statement.At(id);
+        if (node.kind != NodeKind::Name && node.kind != NodeKind::Star) continue;
         const NodeId qualifier = QualifierOf(statement, node);
         if (qualifier == sql::kNoNode) {
-            if (node.kind == NodeKind::Name && &statement == &statement_) {
-                unqualified_.insert(IdentifierKey(statement.Slice(node.Range())));
+            if (node.kind == NodeKind::Name && outermost && node.first_child != sql::kNoNode) {
+                unqualified_.push_back(KeyOf(node.first_child));
             }
             continue;
         }
         const TextRange range = statement.At(qualifier).Range();
-        const std::wstring key = IdentifierKey(statement.Slice(range));
-        const bool inner = std::ranges::any_of(hidden, [&](const Keys* keys) { return keys->contains(key); });
+        const Form key = outermost ? KeyOf(qualifier) : forms_.Identifier(statement.Slice(range));
+        const bool inner = std::ranges::any_of(
+            hidden, [&](const Keys* keys) { return std::ranges::find(*keys, key) != keys->end(); });
         if (inner) continue;
         const int table = TableCalled(key);
         if (table != kNoTable) references_.push_back({range, table});
-        if (&statement == &statement_ && node.kind == NodeKind::Name) tables_of_names_[id] = table;
+        if (outermost && node.kind == NodeKind::Name) tables_of_names_[id] = table;
     }
     CollectNested(statement, hidden);
 }
@@ -77,31 +105,32 @@ void StatementScope::CollectNested(const Statement& statement, std::vector<const
 
 void StatementScope::CollectOperand(const Statement& statement, std::vector<const Keys*>& hidden) {
     Keys own;
-    for (const TableRef& table : statement.Tables) own.insert(CallingKey(statement, table));
+    for (const TableRef& table : statement.Tables) own.push_back(CallingKey(statement, table));
     hidden.push_back(&own);
     CollectReferences(statement, hidden);
     hidden.pop_back();
 }
 
-int StatementScope::TableCalled(const std::wstring& key) const {
-    const auto found = called_.find(key);
-    return found == called_.end() ? kNoTable : found->second;
-}
-
 bool StatementScope::IsTableKnown(int table) const {
-    return schema_ && schema_->Find(TableKey(table));
+    return schema_ && schema_->Find(forms_.TextOf(TableKey(table)));
 }
 
-bool StatementScope::HasField(int table, const std::wstring& field_key) const {
-    return schema_ && schema_->FindField(TableKey(table), field_key);
+const schema::Field* StatementScope::FindField(int table, Form field_key) const {
+    if (!schema_) return nullptr;
+    const Table& asked = tables_[static_cast<std::size_t>(table)];
+    if (!asked.fields) asked.fields = &schema_->Fields(forms_.TextOf(asked.key));
+    const std::wstring_view key = forms_.TextOf(field_key);
+    const auto found = std::ranges::find_if(
+        *asked.fields, [&](const schema::Field& field) { return SameIdentifier(field.name, key); });
+    return found == asked.fields->end() ? nullptr : &*found;
 }
 
-bool StatementScope::IsBooleanField(int table, const std::wstring& field_key) const {
-    const schema::Field* field = schema_ ? schema_->FindField(TableKey(table), field_key) : nullptr;
+bool StatementScope::IsBooleanField(int table, Form field_key) const {
+    const schema::Field* field = FindField(table, field_key);
     return field && field->ado_type == kAdoBoolean;
 }
 
-int StatementScope::TableOfField(const std::wstring& field_key) const {
+int StatementScope::TableOfField(Form field_key) const {
     if (TableCount() == 1) return 0;
     int found = kNoTable;
     for (int table = 0; table < TableCount(); ++table) {
@@ -112,10 +141,15 @@ int StatementScope::TableOfField(const std::wstring& field_key) const {
     return found;
 }
 
-bool StatementScope::IsAmbiguousField(const std::wstring& field_key) const {
+bool StatementScope::IsAmbiguousField(Form field_key) const {
     int owners = 0;
     for (int table = 0; table < TableCount(); ++table) owners += HasField(table, field_key) ? 1 : 0;
     return owners > 1;
+}
+
+void StatementScope::Settle(NodeId name, int table) {
+    tables_of_names_[name] = table;
+    ++settled_;
 }
 
 int StatementScope::TableOfName(NodeId name) const {
@@ -125,13 +159,31 @@ int StatementScope::TableOfName(NodeId name) const {
 }
 
 int StatementScope::FindTableOfName(NodeId name) const {
-    const std::vector<std::wstring> keys = NameKeys(statement_, name);
-    if (keys.empty()) return kNoTable;
-    return keys.size() == 1 ? TableOfField(keys[0]) : TableCalled(keys[0]);
+    const NameParts parts = PartsOf(name);
+    if (parts.count == 0) return kNoTable;
+    return parts.count == 1 ? TableOfField(parts.first) : TableCalled(parts.first);
+}
+
+StatementScope::NameParts StatementScope::PartsOf(NodeId name) const {
+    NameParts parts;
+    for (NodeId part = statement_.At(name).first_child; part != sql::kNoNode;
+         part = statement_.At(part).next) {
+        if (statement_.At(part).kind != NodeKind::NamePart) continue;
+        parts.last = KeyOf(part);
+        if (parts.count++ == 0) parts.first = parts.last;
+    }
+    return parts;
+}
+
+Form StatementScope::KeyOf(NodeId part) const {
+    Form& key = keys_[part];
+    if (key == kNoForm) key = forms_.Identifier(statement_.Slice(statement_.At(part).Range()));
+    return key;
 }
 
 std::wstring StatementScope::TextWithTables(TextRange range, const std::vector<std::wstring>& names) const {
     std::wstring text;
+    text.reserve(range.length);
     std::size_t at = range.offset;
     const auto first = std::ranges::lower_bound(
         references_, range.offset, {}, [](const Reference& reference) { return reference.range.offset; });

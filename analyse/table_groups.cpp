@@ -76,12 +76,12 @@ private:
         } else if (kind == NodeKind::Name) {
             const int table = scope_.TableOfName(id);
             if (table != kNoTable) condition.tables.insert(table);
-            if (table == kNoTable && ChildrenOf(statement_, id).size() == 1) condition.has_bare_name = true;
+            if (table == kNoTable && scope_.PartsOf(id).count == 1) condition.has_bare_name = true;
         } else {
-            auto children = ChildrenOf(statement_, id);
+            NodeId child = statement_.At(id).first_child;
             // The name of a function is no field.
-            if (kind == NodeKind::Call) children.erase(children.begin());
-            for (const NodeId child : children) CollectNames(child, condition);
+            if (kind == NodeKind::Call) child = statement_.At(child).next;
+            for (; child != sql::kNoNode; child = statement_.At(child).next) CollectNames(child, condition);
         }
     }
 

@@ -40,25 +40,23 @@ Outcome CheckTables(const StatementScope& scope) {
 
 std::vector<std::wstring> PlaceTables(const StatementScope& scope, model::Diagram& diagram) {
     const Statement& statement = scope.Source();
-    std::vector<std::wstring> gone;
-    for (const model::DiagramTable& table : diagram.Tables()) {
-        const bool named = std::ranges::any_of(statement.Tables, [&](const TableRef& reference) {
-            return SameIdentifier(statement.Slice(reference.name), table.name);
-        });
-        if (!named) gone.push_back(table.name);
-    }
-    for (const std::wstring& name : gone) diagram.RemoveTable(name);
     for (const TableRef& table : statement.Tables) diagram.AddTable(statement.Slice(table.name), true);
 
-    // The order of FROM, whatever was on the diagram before: "*" takes its columns from it.
-    model::Diagram::Contents contents = diagram.Save();
+    // The tables of FROM alone and in its order, whatever was on the diagram before: "*" takes its columns
+    // from it.
+    model::Diagram::Contents contents = diagram.Take();
     std::vector<model::DiagramTable> ordered;
     std::vector<std::wstring> names;
+    ordered.reserve(statement.Tables.size());
+    names.reserve(statement.Tables.size());
     for (const TableRef& table : statement.Tables) {
-        const model::DiagramTable* shown = diagram.FindTable(statement.Slice(table.name));
-        if (!shown) continue;
-        ordered.push_back(*shown);
+        const std::wstring_view name = statement.Slice(table.name);
+        const auto shown = std::ranges::find_if(
+            contents.tables, [&](const model::DiagramTable& t) { return SameIdentifier(t.name, name); });
+        if (shown == contents.tables.end()) continue;
         names.push_back(shown->name);
+        ordered.push_back(std::move(*shown));
+        contents.tables.erase(shown);
     }
     contents.tables = std::move(ordered);
     diagram.Restore(std::move(contents));

@@ -14,17 +14,21 @@
 namespace {
 
 bool counting = false;
-std::size_t held = 0;
+std::ptrdiff_t held = 0;  // blocks from before may go meanwhile
+std::ptrdiff_t peak = 0;
 
 void* Allocate(std::size_t size) {
     void* const block = std::malloc(size);
     if (!block) throw std::bad_alloc();
-    if (counting) held += malloc_usable_size(block);
+    if (counting) {
+        held += static_cast<std::ptrdiff_t>(malloc_usable_size(block));
+        if (held > peak) peak = held;
+    }
     return block;
 }
 
 void Release(void* block) {
-    if (counting && block) held -= malloc_usable_size(block);
+    if (counting && block) held -= static_cast<std::ptrdiff_t>(malloc_usable_size(block));
     std::free(block);
 }
 
@@ -102,7 +106,7 @@ const std::string& TablesScript() {
 }
 
 CountedMemory::CountedMemory() {
-    held = 0;
+    held = peak = 0;
     counting = true;
 }
 
@@ -111,7 +115,11 @@ CountedMemory::~CountedMemory() {
 }
 
 std::size_t CountedMemory::Held() const {
-    return held;
+    return static_cast<std::size_t>(held);
+}
+
+std::size_t CountedMemory::Peak() const {
+    return static_cast<std::size_t>(peak);
 }
 
 }  // namespace tessel::bench

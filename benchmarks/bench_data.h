@@ -1,6 +1,8 @@
 // What several benchmarks look at: the statements, the sample database's tables, and counted memory.
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -25,6 +27,16 @@ public:
     /// Bytes of the blocks that were allocated since then and are still there, as large as the allocator made
     /// them.
     [[nodiscard]] std::size_t Held() const;
+    /// The most that Held has been.
+    [[nodiscard]] std::size_t Peak() const;
 };
+
+/// Reports the most memory that the work holds at once, apart from the time measured.
+template <class Work>
+void ReportMemory(benchmark::State& state, Work work) {
+    const CountedMemory memory;
+    work();
+    state.counters["peak_bytes"] = static_cast<double>(memory.Peak());
+}
 
 }  // namespace tessel::bench

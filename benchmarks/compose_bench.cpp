@@ -2,6 +2,7 @@
 // relations.
 #include <benchmark/benchmark.h>
 
+#include "benchmarks/bench_data.h"
 #include "compose/compose.h"
 
 namespace tessel::bench {
@@ -41,6 +42,7 @@ void ComposeSixtyColumns(benchmark::State& state) {
     model::Design design;
     Fill(design);
     for (auto _ : state) benchmark::DoNotOptimize(compose::BuildSQL(design));
+    ReportMemory(state, [&] { benchmark::DoNotOptimize(compose::BuildSQL(design)); });
     state.counters["characters"] = static_cast<double>(compose::BuildSQL(design).size());
 }
 BENCHMARK(ComposeSixtyColumns)->Unit(benchmark::kMicrosecond);

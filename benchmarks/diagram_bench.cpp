@@ -1,6 +1,7 @@
 // Placing and routing a large diagram, without painting: 200 tables and 400 relations.
 #include <benchmark/benchmark.h>
 
+#include "benchmarks/bench_data.h"
 #include "controls/diagram/diagram_layout.h"
 #include "controls/diagram/diagram_placement.h"
 
@@ -45,11 +46,13 @@ struct LargeDiagram {
 
 void PlaceLargeDiagram(benchmark::State& state) {
     const LargeDiagram large;
-    for (auto _ : state) {
+    const auto place = [&] {
         std::vector<PlacementBox> boxes = large.boxes;
         PlaceBoxes(boxes, large.links);
         benchmark::DoNotOptimize(boxes);
-    }
+    };
+    for (auto _ : state) place();
+    ReportMemory(state, place);
     state.counters["relations"] = static_cast<double>(large.links.size());
 }
 BENCHMARK(PlaceLargeDiagram)->Unit(benchmark::kMillisecond);
@@ -62,6 +65,7 @@ void RouteLargeDiagram(benchmark::State& state) {
     Layout layout;
     layout.Build(large.diagram, BoxMetrics());
     for (auto _ : state) layout.Reroute();
+    ReportMemory(state, [&] { layout.Reroute(); });
 }
 BENCHMARK(RouteLargeDiagram)->Unit(benchmark::kMillisecond);
 
@@ -73,6 +77,7 @@ void RouteMovedTable(benchmark::State& state) {
     Layout layout;
     layout.Build(large.diagram, BoxMetrics());
     for (auto _ : state) layout.RerouteTable(1);
+    ReportMemory(state, [&] { layout.RerouteTable(1); });
 }
 BENCHMARK(RouteMovedTable)->Unit(benchmark::kMillisecond);
 

@@ -1,6 +1,7 @@
 // Expansion of a megabyte that holds 10,000 macros, most of them parameters of the host.
 #include <benchmark/benchmark.h>
 
+#include "benchmarks/bench_data.h"
 #include "macros/macros.h"
 
 namespace tessel::bench {
@@ -31,6 +32,7 @@ void ExpandMegabyteWithMacros(benchmark::State& state) {
     text.resize(kCharacters, L' ');
     Host host;
     for (auto _ : state) benchmark::DoNotOptimize(macros::ReplaceMacros(text, host));
+    ReportMemory(state, [&] { benchmark::DoNotOptimize(macros::ReplaceMacros(text, host)); });
 }
 BENCHMARK(ExpandMegabyteWithMacros)->Unit(benchmark::kMillisecond);
 

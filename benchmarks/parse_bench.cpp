@@ -35,6 +35,12 @@ void ParseStatements(benchmark::State& state) {
         }
     }
     Count(state, statements.size(), Characters(statements));
+    ReportMemory(state, [&] {
+        for (const std::wstring& statement : statements) {
+            sql::SqlParser fresh;
+            if (fresh.Parse(statement)) state.SkipWithError("a statement does not parse");
+        }
+    });
 }
 BENCHMARK(ParseStatements);
 
@@ -48,6 +54,8 @@ void PrepareStatementsInSqlite(benchmark::State& state) {
         return state.SkipWithError(sqlite3_errmsg(raw));
     std::vector<std::string> statements;
     for (const std::wstring& statement : Statements()) statements.push_back(ToUtf8(statement));
+    const auto before = sqlite3_memory_used();
+    sqlite3_memory_highwater(1);
     for (auto _ : state) {
         for (const std::string& statement : statements) {
             sqlite3_stmt* prepared = nullptr;
@@ -58,6 +66,7 @@ void PrepareStatementsInSqlite(benchmark::State& state) {
         }
     }
     Count(state, statements.size(), Characters(Statements()));
+    state.counters["peak_bytes"] = static_cast<double>(sqlite3_memory_highwater(0) - before);
 }
 BENCHMARK(PrepareStatementsInSqlite);
 
@@ -86,6 +95,10 @@ void ParseLong(benchmark::State& state, bool nested) {
         benchmark::DoNotOptimize(parser.GetStatement());
     }
     Count(state, 1, text.size());
+    ReportMemory(state, [&] {
+        sql::SqlParser fresh;
+        if (fresh.Parse(text)) state.SkipWithError("the statement does not parse");
+    });
 }
 void ParseBreadth(benchmark::State& state) {
     ParseLong(state, false);
@@ -94,6 +107,17 @@ void ParseNesting(benchmark::State& state) {
     ParseLong(state, true);
 }
 BENCHMARK(ParseBreadth)->Arg(1000)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Arg(10'000'000);
+// The same by a parser of its own each time, which takes its memory from the system and gives it back.
+void ParseOnce(benchmark::State& state) {
+    const std::wstring text = LongStatement(static_cast<std::size_t>(state.range(0)), false);
+    for (auto _ : state) {
+        sql::SqlParser parser;
+        if (parser.Parse(text)) state.SkipWithError("the statement does not parse");
+        benchmark::DoNotOptimize(parser.GetStatement());
+    }
+    Count(state, 1, text.size());
+}
+BENCHMARK(ParseOnce)->Arg(10'000)->Arg(10'000'000);
 BENCHMARK(ParseNesting)->Arg(1000)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Arg(10'000'000);
 
 // The bytes that a parsed statement holds, against its text where the product lives: two bytes a character.

@@ -1,6 +1,7 @@
 #include "common/identifiers.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <optional>
 
@@ -29,6 +30,9 @@ constexpr std::wstring_view kReservedWords[] = {
     L"user",        L"using",     L"values",     L"view",        L"when",        L"where",     L"with",
     L"xor"};
 static_assert(std::is_sorted(std::begin(kReservedWords), std::end(kReservedWords)));
+
+constexpr std::size_t kLongestReservedWord =
+    std::ranges::max(kReservedWords, {}, [](std::wstring_view word) { return word.size(); }).size();
 
 /// The character that closes what `open` opens, or nothing when it opens no quoted name.
 std::optional<wchar_t> ClosingOf(wchar_t open) {
@@ -74,6 +78,28 @@ std::size_t EndOfBareName(std::wstring_view text, std::size_t at) {
     std::size_t end = at + 1;
     while (end < text.size() && (IsIdentifierPart(text[end]) || text[end] == L'$')) ++end;
     return end;
+}
+
+/// Calls `visit` with the offset of every point outside brackets, quotes and parentheses.
+template <class Visit>
+void ForEachPoint(std::wstring_view text, Visit visit) {
+    int depth = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const wchar_t ch = text[i];
+        if (ch >= L'a' && ch <= L'z') continue;
+        const std::optional<wchar_t> close = ch == L'\'' ? std::optional(ch) : ClosingOf(ch);
+        if (close) {
+            const std::size_t end = EndOfQuoted(text, i, *close);
+            if (end == std::wstring_view::npos) return;
+            i = end - 1;
+        } else if (ch == L'(') {
+            ++depth;
+        } else if (ch == L')') {
+            depth = std::max(0, depth - 1);
+        } else if (ch == L'.' && depth == 0) {
+            visit(i);
+        }
+    }
 }
 
 std::size_t SkipBlanks(std::wstring_view text, std::size_t at) {
@@ -124,32 +150,37 @@ bool SameIdentifier(std::wstring_view a, std::wstring_view b) {
 }
 
 std::wstring IdentifierKey(std::wstring_view name) {
-    if (const std::optional<std::wstring_view> plain = PlainName(name)) return Lower(*plain);
-    return Lower(Unbracketed(name));
+    std::wstring key;
+    AppendIdentifierKey(name, key);
+    return key;
+}
+
+void AppendIdentifierKey(std::wstring_view name, std::wstring& text) {
+    const std::optional<std::wstring_view> plain = PlainName(name);
+    if (!plain) {
+        text += Lower(Unbracketed(name));
+        return;
+    }
+    const std::size_t begin = text.size();
+    text.resize(begin + plain->size());
+    std::ranges::transform(*plain, text.begin() + static_cast<std::ptrdiff_t>(begin), LowerChar);
 }
 
 std::vector<std::wstring> SplitQualified(std::wstring_view text) {
     std::vector<std::wstring> pieces;
     std::size_t start = 0;
-    int depth = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const wchar_t ch = text[i];
-        const std::optional<wchar_t> close = ch == L'\'' ? std::optional(ch) : ClosingOf(ch);
-        if (close) {
-            const std::size_t end = EndOfQuoted(text, i, *close);
-            if (end == std::wstring_view::npos) break;
-            i = end - 1;
-        } else if (ch == L'(') {
-            ++depth;
-        } else if (ch == L')') {
-            depth = std::max(0, depth - 1);
-        } else if (ch == L'.' && depth == 0) {
-            pieces.push_back(Trim(text.substr(start, i - start)));
-            start = i + 1;
-        }
-    }
+    ForEachPoint(text, [&](std::size_t point) {
+        pieces.push_back(Trim(text.substr(start, point - start)));
+        start = point + 1;
+    });
     pieces.push_back(Trim(text.substr(start)));
     return pieces;
+}
+
+std::size_t LastPoint(std::wstring_view text) {
+    std::size_t last = std::wstring_view::npos;
+    ForEachPoint(text, [&](std::size_t point) { last = point; });
+    return last;
 }
 
 bool IsQualifiedName(std::wstring_view text) {
@@ -166,9 +197,9 @@ bool IsQualifiedName(std::wstring_view text) {
             end = EndOfBareName(text, at);
             if (end == at) return false;
         }
-        const bool alone = parts == 1 && IsReservedWord(text.substr(at, end - at));
+        const std::wstring_view part = text.substr(at, end - at);
         at = SkipBlanks(text, end);
-        if (at == text.size()) return !alone;
+        if (at == text.size()) return parts > 1 || !IsReservedWord(part);
         if (text[at] != L'.') return false;
         at = SkipBlanks(text, at + 1);
     }
@@ -176,7 +207,10 @@ bool IsQualifiedName(std::wstring_view text) {
 }
 
 bool IsReservedWord(std::wstring_view word) {
-    return std::ranges::binary_search(kReservedWords, std::wstring_view(Lower(word)));
+    if (word.size() > kLongestReservedWord) return false;
+    std::array<wchar_t, kLongestReservedWord> lower{};
+    std::ranges::transform(word, lower.begin(), LowerChar);
+    return std::ranges::binary_search(kReservedWords, std::wstring_view(lower.data(), word.size()));
 }
 
 }  // namespace tessel

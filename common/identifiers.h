@@ -46,10 +46,14 @@ namespace tessel {
 
 /// Unbracketed and folded: a key for maps of names.
 [[nodiscard]] std::wstring IdentifierKey(std::wstring_view name);
+void AppendIdentifierKey(std::wstring_view name, std::wstring& text);
 
 /// The pieces of a qualified name between points outside brackets, quotes and parentheses, each trimmed:
 /// "[a.b].c" gives two. A bracket or quote that is never closed reaches to the end.
 [[nodiscard]] std::vector<std::wstring> SplitQualified(std::wstring_view text);
+
+/// Where the last of those points stands, or npos when there is none.
+[[nodiscard]] std::size_t LastPoint(std::wstring_view text);
 
 /// True when the whole text is one or more identifiers (bare, bracketed or quoted) joined by points; the last
 /// may be "*" (but "*" alone is none). Function calls, operators, literals and a bare reserved word are not.

@@ -3,6 +3,7 @@
 
 #include "common/mdl_global.h"
 #include "common/text.h"
+#include "compose/column_view.h"
 #include "compose/compose.h"
 
 namespace tessel::compose {
@@ -28,7 +29,7 @@ constexpr std::array<AggregateCall, 5> kAggregateCalls = {{{L"suma", L"Sum("},
 
 // The grouping word is compared untrimmed: " Suma" is no aggregate
 // (ColumnExpressions.GroupingWordWithALeadingBlankIsNotRecognised).
-const AggregateCall* CallOf(const model::ColInfo& column) {
+const AggregateCall* CallOf(const ColumnView& column) {
     for (const AggregateCall& aggregate : kAggregateCalls) {
         if (column.GroupBy.size() != aggregate.word.size()) continue;
         if (SameIgnoringCase(column.GroupBy, aggregate.word)) return &aggregate;
@@ -36,73 +37,81 @@ const AggregateCall* CallOf(const model::ColInfo& column) {
     return nullptr;
 }
 
-/// IsAggregate of the column's expression, without writing it out: a call of ours is always one.
-bool IsAggregated(const model::ColInfo& column) {
-    return CallOf(column) || IsAggregate(column.Expresion);
-}
-
-bool IsExpressionGroup(const model::ColInfo& column) {
+bool IsExpressionGroup(const ColumnView& column) {
     return column.GroupBy.size() == kGroupExpression.size() &&
            SameIgnoringCase(column.GroupBy, kGroupExpression);
 }
 
-void AppendToList(std::wstring& list, std::wstring_view item) {
-    if (!list.empty()) list += L", ";
-    list += item;
+/// Appends ", " unless nothing stands behind `begin`.
+void Separate(std::wstring& text, std::size_t begin) {
+    if (text.size() > begin) text += L", ";
 }
 
 }  // namespace
 
-std::wstring ColumnExpression(const model::ColInfo& column) {
-    const AggregateCall* aggregate = CallOf(column);
-    if (!aggregate) return column.Expresion;
-    std::wstring text;
-    text.reserve(aggregate->call.size() + column.Expresion.size() + 1);
-    text += aggregate->call;
-    text += column.Expresion;
-    text += L')';
-    return text;
+/// A call of ours is always one, whatever it is called with.
+bool IsAggregated(const ColumnView& column) {
+    return CallOf(column) || IsAggregate(column.Expresion);
 }
 
-std::wstring SelectItem(const model::ColInfo& column) {
-    std::wstring item = ColumnExpression(column);
-    if (TrimView(column.Alias).empty()) return item;
-    item += L" AS ";
-    item += column.Alias;
-    return item;
-}
-
-bool IsTotalsQuery(const Columns& columns) {
-    for (const model::ColInfo& column : columns) {
+bool IsTotalsQuery(const ColumnViews& columns) {
+    for (const ColumnView& column : columns) {
         if (IsExpressionGroup(column) || IsAggregated(column)) return true;
     }
     return false;
 }
 
+void AppendExpression(const ColumnView& column, std::wstring& text) {
+    const AggregateCall* aggregate = CallOf(column);
+    if (aggregate) text += aggregate->call;
+    text += column.Expresion;
+    if (aggregate) text += L')';
+}
+
+void AppendSelectItem(const ColumnView& column, std::wstring& text) {
+    AppendExpression(column, text);
+    if (TrimView(column.Alias).empty()) return;
+    text += L" AS ";
+    text += column.Alias;
+}
+
+void AppendSelectList(const ColumnViews& columns, std::wstring& text) {
+    bool first = true;
+    for (const ColumnView& column : columns) {
+        if (!column.Visible) continue;
+        if (!first) text += L", ";
+        AppendSelectItem(column, text);
+        first = false;
+    }
+}
+
 // Every column that is not aggregated is grouped, hidden ones and those with an empty "Agrupación:" included
 // (Grouping.HiddenAndUngroupedColumnsAreGroupedInATotalsQuery).
-std::wstring GroupByClause(const Columns& columns) {
-    std::wstring list;
+void AppendGroupBy(const ColumnViews& columns, std::wstring& text) {
+    const std::size_t begin = text.size();
     bool totals = false;
-    for (const model::ColInfo& column : columns) {
+    for (const ColumnView& column : columns) {
         if (IsExpressionGroup(column) || IsAggregated(column)) {
             totals = true;
             continue;
         }
-        AppendToList(list, column.Expresion);
+        Separate(text, begin);
+        text += column.Expresion;
     }
-    return totals ? list : std::wstring();
+    if (!totals) text.resize(begin);
 }
 
-std::wstring OrderByClause(const Columns& columns) {
-    std::wstring list;
-    for (const model::ColInfo& column : columns) {
+void AppendOrderBy(const ColumnViews& columns, std::wstring& text) {
+    const std::size_t begin = text.size();
+    for (const ColumnView& column : columns) {
         if (column.OrderBy != kAscending && column.OrderBy != kDescending) continue;
-        std::wstring item = ColumnExpression(column);
-        if (column.OrderBy == kDescending) item += L" DESC";
-        if (!TrimView(item).empty()) AppendToList(list, item);
+        const std::size_t before = text.size();
+        Separate(text, begin);
+        const std::size_t item = text.size();
+        AppendExpression(column, text);
+        if (column.OrderBy == kDescending) text += L" DESC";
+        if (TrimView(std::wstring_view(text).substr(item)).empty()) text.resize(before);
     }
-    return list;
 }
 
 bool IsDescending(std::wstring& item) {

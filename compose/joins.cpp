@@ -1,6 +1,9 @@
 // FROM: the tables in their order, or the relations as chains of parenthesised joins followed by the tables
 // that take part in none.
-#include <unordered_set>
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "common/text.h"
 #include "compose/compose.h"
@@ -9,19 +12,35 @@ namespace tessel::compose {
 
 namespace {
 
-using NameSet = std::unordered_set<std::wstring>;
+using NameNumbers = std::unordered_map<std::wstring, int>;
 
-/// A relation with the forms of its names that decide about its place in a chain: two tests compare the names
-/// in lower case, one of them trimmed too.
-struct PendingRelation {
-    explicit PendingRelation(const model::RelInfo& relation)
-        : info(relation), left(Lower(relation.LeftTable)), right(Lower(relation.RightTable)) {
-        info.Used = false;
+int NumberOf(std::wstring name, NameNumbers& numbers) {
+    return numbers.emplace(std::move(name), static_cast<int>(numbers.size())).first->second;
+}
+
+/// A name that decides about a relation's place in a chain: two tests compare it in lower case, one of them
+/// trimmed too. Equal texts have equal numbers.
+struct ChainName {
+    int lowered = 0;
+    int trimmed = 0;
+
+    ChainName(std::wstring_view name, NameNumbers& numbers) {
+        std::wstring text = Lower(name);
+        const std::wstring_view bare = TrimView(text);
+        trimmed = bare.size() == text.size() ? -1 : NumberOf(std::wstring(bare), numbers);
+        lowered = NumberOf(std::move(text), numbers);
+        if (trimmed < 0) trimmed = lowered;
     }
+};
 
-    model::RelInfo info;
-    std::wstring left;
-    std::wstring right;
+struct PendingRelation {
+    PendingRelation(const model::RelInfo& relation, NameNumbers& numbers)
+        : info(relation), left(relation.LeftTable, numbers), right(relation.RightTable, numbers) {}
+
+    const model::RelInfo& info;
+    ChainName left;
+    ChainName right;
+    bool used = false;
 };
 
 std::wstring OnText(const model::RelInfo& relation) {
@@ -47,13 +66,13 @@ public:
     }
 
     bool IsTouchedBy(const PendingRelation& relation) const {
-        return names_.contains(relation.left) || names_.contains(relation.right);
+        return Holds(names_, relation.left.lowered) || Holds(names_, relation.right.lowered);
     }
 
     // A relation reached from its right table adds its left one and keeps its stored kind: LEFT stays LEFT
     // (JoinChains.LeftJoinReachedFromItsRightTableStaysLeft).
     void Add(PendingRelation& relation) {
-        if (trimmed_names_.contains(Trim(relation.right))) {
+        if (Holds(trimmed_names_, relation.right.trimmed)) {
             Append(relation, relation.info.LeftTable, relation.left);
         } else {
             Append(relation, relation.info.RightTable, relation.right);
@@ -63,20 +82,31 @@ public:
     model::JPath Take() { return std::move(path_); }
 
 private:
-    void Append(PendingRelation& relation, const std::wstring& table, const std::wstring& lowered_table) {
-        path_.Joins.push_back({OnText(relation.info), table, relation.info.JType});
-        Include(lowered_table);
-        relation.info.Used = true;
+    using Marks = std::vector<bool>;  ///< by a name's number
+
+    static bool Holds(const Marks& marks, int number) {
+        return static_cast<std::size_t>(number) < marks.size() && marks[static_cast<std::size_t>(number)];
+    }
+    static void Mark(Marks& marks, int number) {
+        const auto index = static_cast<std::size_t>(number);
+        if (index >= marks.size()) marks.resize(index + 1);
+        marks[index] = true;
     }
 
-    void Include(const std::wstring& lowered) {
-        names_.insert(lowered);
-        trimmed_names_.insert(Trim(lowered));
+    void Append(PendingRelation& relation, const std::wstring& table, const ChainName& name) {
+        path_.Joins.push_back({OnText(relation.info), table, relation.info.JType});
+        Include(name);
+        relation.used = true;
+    }
+
+    void Include(const ChainName& name) {
+        Mark(names_, name.lowered);
+        Mark(trimmed_names_, name.trimmed);
     }
 
     model::JPath path_;
-    NameSet names_;
-    NameSet trimmed_names_;
+    Marks names_;
+    Marks trimmed_names_;
 };
 
 /// One chain as nested joins: every step wraps what stands so far in parentheses and leaves a blank behind.
@@ -112,19 +142,21 @@ std::wstring TableList(const model::Diagram& diagram) {
 }
 
 std::vector<model::JPath> BuildJoinChains(const model::Diagram& diagram) {
+    NameNumbers numbers;
     std::vector<PendingRelation> relations;
     relations.reserve(diagram.Relations().size());
-    for (const model::DiagramRelation& relation : diagram.Relations()) relations.emplace_back(relation.info);
+    for (const model::DiagramRelation& relation : diagram.Relations())
+        relations.emplace_back(relation.info, numbers);
 
     std::vector<model::JPath> chains;
     for (PendingRelation& first : relations) {
-        if (first.info.Used) continue;
+        if (first.used) continue;
         ChainBuilder chain(first);
         // One walk over all relations for a chain. A relation that only a later step brings within reach, but
         // that stands earlier in the order, starts a chain of its own
         // (JoinChains.RelationReachableOnlyThroughALaterOneStartsAnotherChain).
         for (PendingRelation& relation : relations) {
-            if (!relation.info.Used && chain.IsTouchedBy(relation)) chain.Add(relation);
+            if (!relation.used && chain.IsTouchedBy(relation)) chain.Add(relation);
         }
         chains.push_back(chain.Take());
     }
@@ -138,13 +170,15 @@ std::wstring JoinClause(const model::Diagram& diagram) {
         AppendChain(text, path);
     }
 
-    NameSet related;
-    for (const model::DiagramRelation& relation : diagram.Relations()) {
-        related.insert(Lower(relation.info.LeftTable));
-        related.insert(Lower(relation.info.RightTable));
-    }
+    // Joined by a relation: the names match without regard to letter case, blanks counting.
+    const auto is_related = [&](const model::DiagramTable& table) {
+        return std::ranges::any_of(diagram.Relations(), [&](const model::DiagramRelation& relation) {
+            return SameIgnoringCase(relation.info.LeftTable, table.name) ||
+                   SameIgnoringCase(relation.info.RightTable, table.name);
+        });
+    };
     for (const model::DiagramTable& table : diagram.Tables()) {
-        if (related.contains(Lower(table.name))) continue;
+        if (is_related(table)) continue;
         text += L", ";
         text += table.name;
     }

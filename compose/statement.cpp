@@ -1,5 +1,6 @@
 // The statement as a whole: the grid read as records, and the clauses put together.
 #include "common/text.h"
+#include "compose/column_view.h"
 #include "compose/compose.h"
 
 namespace tessel::compose {
@@ -7,6 +8,12 @@ namespace tessel::compose {
 namespace {
 
 using model::GridRow;
+
+// Only the exact word hides a column: "no" keeps it (StatementTexts.OnlyTheExactWordNoHidesAColumn).
+constexpr std::wstring_view kHidden = L"No";
+
+// Most statements fit.
+constexpr std::size_t kUsualLength = 1024;
 
 std::int16_t OrderCode(const std::wstring& cell) {
     if (SameIgnoringCase(cell, L"ascendente")) return 1;
@@ -20,8 +27,7 @@ model::ColInfo ReadColumn(const model::DesignGrid& grid, int index) {
     column.Alias = grid.Cell(GridRow::Titulo, index);
     column.Table = grid.Cell(GridRow::Tabla, index);
     column.GroupBy = grid.Cell(GridRow::Agrupacion, index);
-    // Only the exact word hides a column: "no" keeps it (StatementTexts.OnlyTheExactWordNoHidesAColumn).
-    column.Visible = grid.Cell(GridRow::Visible, index) != L"No";
+    column.Visible = grid.Cell(GridRow::Visible, index) != kHidden;
     column.OrderBy = OrderCode(grid.Cell(GridRow::Orden, index));
     for (const GridRow row : {GridRow::Condicion, GridRow::Or}) {
         const std::wstring& criterion = grid.Cell(row, index);
@@ -30,56 +36,139 @@ model::ColInfo ReadColumn(const model::DesignGrid& grid, int index) {
     return column;
 }
 
-std::wstring SelectList(const Columns& columns) {
-    std::wstring list;
-    bool first = true;
-    for (const model::ColInfo& column : columns) {
-        if (!column.Visible) continue;
-        if (!first) list += L", ";
-        list += SelectItem(column);
-        first = false;
-    }
-    return list;
+/// The criteria cells that are not blank: they stand side by side.
+std::span<const std::wstring> Conditions(const model::DesignGrid::Column& column) {
+    std::span<const std::wstring> cells(column.cells);
+    cells = cells.subspan(static_cast<std::size_t>(GridRow::Condicion) - 1);
+    if (TrimView(cells.back()).empty()) cells = cells.first(cells.size() - 1);
+    if (!cells.empty() && TrimView(cells.front()).empty()) cells = cells.subspan(1);
+    return cells;
 }
 
-void AppendClause(std::wstring& statement, std::wstring_view keyword, const std::wstring& text) {
-    if (TrimView(text).empty()) return;
+ColumnView ViewOf(const model::DesignGrid::Column& column) {
+    const auto cell = [&](GridRow row) -> const std::wstring& {
+        return column.cells[static_cast<std::size_t>(row) - 1];
+    };
+    ColumnView view;
+    view.Expresion = cell(GridRow::Campo);
+    view.Alias = cell(GridRow::Titulo);
+    view.GroupBy = cell(GridRow::Agrupacion);
+    view.Visible = cell(GridRow::Visible) != kHidden;
+    view.OrderBy = OrderCode(cell(GridRow::Orden));
+    view.Conditions = Conditions(column);
+    return view;
+}
+
+/// Appends a clause with what `append` adds to it, or nothing when that is blank.
+template <class Append>
+void AppendClause(std::wstring& statement, std::wstring_view keyword, Append append) {
+    const std::size_t before = statement.size();
     statement += L" \r\n";
     statement += keyword;
-    statement += text;
+    const std::size_t begin = statement.size();
+    append(statement);
+    if (TrimView(std::wstring_view(statement).substr(begin)).empty()) statement.resize(before);
 }
 
 }  // namespace
 
+ColumnView ViewOf(const model::ColInfo& column) {
+    return {column.Expresion, column.Alias,   column.GroupBy,
+            column.Visible,   column.OrderBy, column.Conditions};
+}
+
+ColumnViews ViewsOf(const Columns& columns) {
+    ColumnViews views;
+    for (const model::ColInfo& column : columns) views.push_back(ViewOf(column));
+    return views;
+}
+
+ColumnViews ViewsOf(const model::DesignGrid& grid) {
+    ColumnViews views;
+    views.reserve(static_cast<std::size_t>(grid.UsedEnd()));
+    for (int index = 0; index < grid.UsedEnd(); ++index) {
+        if (grid.IsColumnUsed(index))
+            views.push_back(ViewOf(grid.Columns()[static_cast<std::size_t>(index)]));
+    }
+    return views;
+}
+
 Columns ReadDesignColumns(const model::DesignGrid& grid) {
     Columns columns;
-    for (int index = 0; index < grid.ColumnCount(); ++index) {
-        if (TrimView(grid.Cell(GridRow::Campo, index)).empty()) continue;
-        columns.push_back(ReadColumn(grid, index));
+    for (int index = 0; index < grid.UsedEnd(); ++index) {
+        if (grid.IsColumnUsed(index)) columns.push_back(ReadColumn(grid, index));
     }
     return columns;
 }
 
 std::wstring BuildSQL(const model::Design& design) {
-    const Columns columns = ReadDesignColumns(design.grid);
-    const std::wstring list = SelectList(columns);
-    if (TrimView(list).empty()) return {};
+    const ColumnViews columns = ViewsOf(design.grid);
+    std::wstring statement;
+    statement.reserve(kUsualLength);
+    statement = L"SELECT ";
+    // The check box says DISTINCT, the keyword is the engine's row-wise one
+    // (StatementTexts.DistinctIsWrittenAsDistinctRow).
+    if (design.distinct) statement += L"DISTINCTROW ";
+    const std::size_t list = statement.size();
+    AppendSelectList(columns, statement);
+    if (TrimView(std::wstring_view(statement).substr(list)).empty()) return {};
     const model::Diagram& diagram = design.diagram;
     const std::wstring from = diagram.Relations().empty() ? TableList(diagram) : JoinClause(diagram);
     if (TrimView(from).empty()) return {};
 
-    std::wstring statement = L"SELECT ";
-    // The check box says DISTINCT, the keyword is the engine's row-wise one
-    // (StatementTexts.DistinctIsWrittenAsDistinctRow).
-    if (design.distinct) statement += L"DISTINCTROW ";
-    statement += list;
-    AppendClause(statement, L"FROM ", from);
-    AppendClause(statement, L"WHERE ", WhereClause(columns));
-    AppendClause(statement, L"GROUP BY ", GroupByClause(columns));
-    AppendClause(statement, L"HAVING ", HavingClause(columns));
-    AppendClause(statement, L"ORDER BY ", OrderByClause(columns));
+    const auto append = [&](auto builder) {
+        return [&columns, builder](std::wstring& text) { builder(columns, text); };
+    };
+    AppendClause(statement, L"FROM ", [&](std::wstring& text) { text += from; });
+    AppendClause(statement, L"WHERE ", append(AppendWhere));
+    AppendClause(statement, L"GROUP BY ", append(AppendGroupBy));
+    AppendClause(statement, L"HAVING ", append(AppendHaving));
+    AppendClause(statement, L"ORDER BY ", append(AppendOrderBy));
     statement += L';';
     return statement;
+}
+
+// The same for records
+// ------------------------------------------------------------------------------------------------------------
+
+std::wstring ColumnExpression(const model::ColInfo& column) {
+    std::wstring text;
+    AppendExpression(ViewOf(column), text);
+    return text;
+}
+
+std::wstring SelectItem(const model::ColInfo& column) {
+    std::wstring text;
+    AppendSelectItem(ViewOf(column), text);
+    return text;
+}
+
+bool IsTotalsQuery(const Columns& columns) {
+    return IsTotalsQuery(ViewsOf(columns));
+}
+
+std::wstring GroupByClause(const Columns& columns) {
+    std::wstring text;
+    AppendGroupBy(ViewsOf(columns), text);
+    return text;
+}
+
+std::wstring OrderByClause(const Columns& columns) {
+    std::wstring text;
+    AppendOrderBy(ViewsOf(columns), text);
+    return text;
+}
+
+std::wstring WhereClause(const Columns& columns) {
+    std::wstring text;
+    AppendWhere(ViewsOf(columns), text);
+    return text;
+}
+
+std::wstring HavingClause(const Columns& columns) {
+    std::wstring text;
+    AppendHaving(ViewsOf(columns), text);
+    return text;
 }
 
 }  // namespace tessel::compose

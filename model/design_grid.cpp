@@ -46,10 +46,10 @@ DesignGrid::DesignGrid() {
 }
 
 void DesignGrid::AppendColumns(int count) {
+    columns_.reserve(static_cast<std::size_t>(count));
     while (ColumnCount() < count) {
-        Column column;
-        column.key = ColumnCount();
-        columns_.push_back(std::move(column));
+        const int key = ColumnCount();
+        columns_.emplace_back().key = key;
     }
 }
 
@@ -73,6 +73,7 @@ bool DesignGrid::SetCell(GridRow row, int column, std::wstring_view text) {
     std::wstring& cell = columns_[static_cast<std::size_t>(column)].cells[Index(row)];
     if (cell == text) return true;
     cell = text;
+    used_end_ = std::max(used_end_, column + 1);
     NotifyChanged();
     return true;
 }
@@ -88,6 +89,7 @@ const std::wstring& DesignGrid::Caption(int column) const {
 void DesignGrid::SetCaption(int column, std::wstring_view caption) {
     if (!Exists(column) || Caption(column) == caption) return;
     columns_[static_cast<std::size_t>(column)].caption = caption;
+    used_end_ = std::max(used_end_, column + 1);
     NotifyChanged();
 }
 
@@ -128,7 +130,10 @@ void DesignGrid::SetPickLists(const std::vector<std::wstring>& items) {
 }
 
 void DesignGrid::ClearCells() {
-    for (Column& column : columns_) column.cells = {};
+    for (Column& column : columns_) {
+        for (std::wstring& cell : column.cells) cell.clear();
+    }
+    FindUsedEnd();
     NotifyChanged();
 }
 
@@ -139,6 +144,7 @@ void DesignGrid::Reset() {
         column.caption.clear();
         column.shown = true;
     }
+    FindUsedEnd();
     NotifyChanged();
 }
 
@@ -159,13 +165,31 @@ bool DesignGrid::MoveColumn(int from, int to) {
     } else {
         std::rotate(first + to, first + from, first + from + 1);
     }
+    FindUsedEnd();
     NotifyChanged();
     return true;
 }
 
 void DesignGrid::SetColumns(std::vector<Column> columns) {
     columns_ = std::move(columns);
+    FindUsedEnd();
     NotifyChanged();
+}
+
+void DesignGrid::TakeContents(DesignGrid& other) {
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        other.columns_[i].key = columns_[i].key;
+        other.columns_[i].width = columns_[i].width;
+        other.columns_[i].pick_list.swap(columns_[i].pick_list);
+    }
+    columns_.swap(other.columns_);
+    used_end_ = other.used_end_;
+    NotifyChanged();
+}
+
+void DesignGrid::FindUsedEnd() {
+    used_end_ = ColumnCount();
+    while (used_end_ > 0 && Caption(used_end_ - 1).empty() && IsColumnEmpty(used_end_ - 1)) --used_end_;
 }
 
 }  // namespace tessel::model

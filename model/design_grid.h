@@ -44,6 +44,8 @@ public:
 
     /// The columns that exist: 10 after construction, 60 after LoadColumns.
     int ColumnCount() const { return static_cast<int>(columns_.size()); }
+    /// Columns from this one on have neither text nor caption; those before may have.
+    int UsedEnd() const { return used_end_; }
     /// Appends C11 to C60, each 80 wide with an empty caption, as the window's load does. Idempotent.
     void LoadColumns();
 
@@ -100,12 +102,17 @@ public:
     };
     const std::vector<Column>& Columns() const { return columns_; }
     void SetColumns(std::vector<Column> columns);
+    /// Takes cells, captions, shown state and the number of columns of a grid that has at least as many, and
+    /// keeps its own columns' keys, widths and pick lists. The other grid is left without meaning.
+    void TakeContents(DesignGrid& other);
 
 private:
     bool Exists(int column) const;
     void AppendColumns(int count);
+    void FindUsedEnd();
 
     std::vector<Column> columns_;
+    int used_end_ = 0;
     GridRow focused_row_ = GridRow::Campo;
     int focused_column_ = 0;
 };

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "common/change_source.h"
@@ -116,8 +117,8 @@ public:
     bool SetChecked(std::wstring_view table, std::wstring_view field, bool checked);
     /// Marks exactly these fields; the others lose their mark. One change notice for all.
     struct CheckedField {
-        std::wstring table;
-        std::wstring field;
+        std::wstring_view table;
+        std::wstring_view field;
     };
     void SetChecks(const std::vector<CheckedField>& checked);
     void ClearChecks();
@@ -138,6 +139,8 @@ public:
         friend bool operator==(const Contents&, const Contents&) = default;
     };
     Contents Save() const { return {tables_, relations_}; }
+    /// The same of a diagram that is left empty and tells nobody: one on the way to be another's contents.
+    Contents Take() { return {std::move(tables_), std::move(relations_)}; }
     /// Takes the contents as they are: no name is looked up, no relation dropped.
     void Restore(Contents contents);
 

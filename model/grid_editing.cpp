@@ -22,17 +22,21 @@ constexpr std::wstring_view kExpression = L"Expresión";
 /// none.
 struct QualifiedField {
     std::wstring table;  ///< everything before the last point
-    std::wstring field;
+    std::wstring_view field;
 };
 
 std::optional<QualifiedField> SplitField(std::wstring_view text) {
-    if (!IsQualifiedName(text)) return std::nullopt;
-    std::vector<std::wstring> pieces = SplitQualified(text);
-    if (pieces.size() < 2) return std::nullopt;
+    const std::size_t point = LastPoint(text);
+    if (point == std::wstring_view::npos || !IsQualifiedName(text)) return std::nullopt;
     QualifiedField parts;
-    parts.field = std::move(pieces.back());
-    pieces.pop_back();
-    for (const std::wstring& piece : pieces) parts.table += (parts.table.empty() ? L"" : L".") + piece;
+    parts.field = TrimView(text.substr(point + 1));
+    const std::wstring_view table = text.substr(0, point);
+    if (LastPoint(table) == std::wstring_view::npos) {
+        parts.table = TrimView(table);
+        return parts;
+    }
+    for (const std::wstring& piece : SplitQualified(table))
+        parts.table += (parts.table.empty() ? L"" : L".") + piece;
     return parts;
 }
 
@@ -48,12 +52,21 @@ void Write(DesignGrid& grid, GridRow row, int column, std::wstring_view text) {
     assert(written);
 }
 
+/// Writes as much of the text as fits.
+void WriteCut(DesignGrid& grid, GridRow row, int column, std::wstring_view text) {
+    if (Utf16Length(text) <= kMaxCellLength) {
+        Write(grid, row, column, text);
+    } else {
+        Write(grid, row, column, CutToUtf16(text, kMaxCellLength));
+    }
+}
+
 bool IsBlank(const std::wstring& text) {
     return TrimView(text).empty();
 }
 
 bool CaptionTaken(const DesignGrid& grid, int column, std::wstring_view caption) {
-    for (int other = 0; other < grid.ColumnCount(); ++other) {
+    for (int other = 0; other < grid.UsedEnd(); ++other) {
         if (other != column && SameIgnoringCase(grid.Caption(other), caption)) return true;
     }
     return false;
@@ -96,12 +109,12 @@ void CompleteColumn(Design& design, int column, std::wstring_view sAlias, int nV
     // expression belong to none.
     const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->table) : nullptr;
     if (owner) {
-        Write(grid, GridRow::Tabla, column, CutToUtf16(owner->name, kMaxCellLength));
+        WriteCut(grid, GridRow::Tabla, column, owner->name);
     } else if (parts || !IsQualifiedName(text)) {
         Write(grid, GridRow::Tabla, column, L"");
     }
 
-    if (!sAlias.empty()) Write(grid, GridRow::Titulo, column, CutToUtf16(sAlias, kMaxCellLength));
+    if (!sAlias.empty()) WriteCut(grid, GridRow::Titulo, column, sAlias);
     // Only table.field is given a title. "Nombre AS Nombre" would be a circular reference to the Jet engine,
     // and an expression has no name of its own.
     if (parts && IsBlank(grid.Cell(GridRow::Titulo, column))) {
@@ -119,11 +132,11 @@ void CompleteColumn(Design& design, int column, std::wstring_view sAlias, int nV
 }  // namespace
 
 int FieldCol(const DesignGrid& grid, std::wstring_view sField) {
-    for (int column = 0; column < grid.ColumnCount(); ++column) {
+    for (int column = 0; column < grid.UsedEnd(); ++column) {
         const std::wstring& cell = grid.Cell(GridRow::Campo, column);
         if (cell.size() >= sField.size() && SameIgnoringCase(TrimView(cell), sField)) return column;
     }
-    return -1;
+    return sField.empty() && grid.UsedEnd() < grid.ColumnCount() ? grid.UsedEnd() : -1;
 }
 
 int AddFieldUnmarked(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible) {
@@ -173,17 +186,18 @@ void SetColumnTable(Design& design, int column) {
     SyncDiagramChecks(design);
 }
 
-std::wstring TitleOfField(const std::wstring& field) {
-    return IsReservedWord(field) ? BracketIfNeeded(field) : field;
+std::wstring TitleOfField(std::wstring_view field) {
+    return IsReservedWord(field) ? BracketIfNeeded(field) : std::wstring(field);
 }
 
 std::wstring UniqueCaption(const DesignGrid& grid, int column, std::wstring_view sName) {
     if (TrimView(sName) == L"*") return {};
+    if (sName.empty()) return {};
     int count = 0;
-    for (int other = 0; other < grid.ColumnCount(); ++other) {
+    for (int other = 0; other < grid.UsedEnd(); ++other) {
         if (other != column && SameIgnoringCase(grid.Caption(other), sName)) ++count;
     }
-    if (count == 0 || sName.empty()) return std::wstring(sName);
+    if (count == 0) return std::wstring(sName);
     // The number counts the columns of that caption. A third one would find one such column and take the
     // second one's number, hence the search.
     while (CaptionTaken(grid, column, Numbered(sName, count))) ++count;
@@ -192,7 +206,7 @@ std::wstring UniqueCaption(const DesignGrid& grid, int column, std::wstring_view
 
 void SyncDiagramChecks(Design& design) {
     std::vector<Diagram::CheckedField> used;
-    for (int column = 0; column < design.grid.ColumnCount(); ++column) {
+    for (int column = 0; column < design.grid.UsedEnd(); ++column) {
         const auto parts = SplitField(design.grid.Cell(GridRow::Campo, column));
         const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->table) : nullptr;
         if (owner) used.push_back({owner->name, parts->field});

@@ -34,7 +34,7 @@ void SetColumnField(Design& design, int column, std::wstring_view sAlias, int nV
 void SetColumnTable(Design& design, int column);
 
 /// A field's name as a title: a reserved word may stand bare after a point, but not after AS.
-[[nodiscard]] std::wstring TitleOfField(const std::wstring& field);
+[[nodiscard]] std::wstring TitleOfField(std::wstring_view field);
 
 /// A header caption that no other column shows: the name, or the name and a number. "*" gives none.
 [[nodiscard]] std::wstring UniqueCaption(const DesignGrid& grid, int column, std::wstring_view sName);

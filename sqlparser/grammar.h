@@ -29,8 +29,8 @@ class Grammar {
 public:
     Grammar(std::shared_ptr<const std::wstring> text, std::vector<Diagnostic>& errors);
 
-    /// The statement of the whole text; null when there is none.
-    std::unique_ptr<Statement> Run();
+    /// The statement of the whole text; null when there is none. `memory` is for its nodes.
+    std::unique_ptr<Statement> Run(std::vector<Node> memory);
 
 private:
     /// Binding of the operators, loosest first.

@@ -1,5 +1,6 @@
 // Whole statements: PARAMETERS, WITH, set operators, groups in parentheses, and the end of the text.
 #include <algorithm>
+#include <utility>
 
 #include "sqlparser/grammar.h"
 #include "sqlparser/messages.h"
@@ -14,7 +15,7 @@ constexpr std::size_t kMostReservedNodes = 1u << 21;
 
 }  // namespace
 
-std::unique_ptr<Statement> Grammar::Run() {
+std::unique_ptr<Statement> Grammar::Run(std::vector<Node> memory) {
     if (blocked_) return nullptr;
     if (At(TokenKind::End)) {
         FailAt({0, 0}, std::wstring(messages::kEmpty));
@@ -22,6 +23,7 @@ std::unique_ptr<Statement> Grammar::Run() {
     }
     auto statement = NewStatement();
     statement_ = statement.get();
+    statement->nodes = std::move(memory);
     statement->nodes.reserve(std::min(text_.size() / kCharactersPerNode + 16, kMostReservedNodes));
     if (At(Keyword::Parameters)) ParametersClause();
     if (!blocked_ && At(Keyword::Procedure) && IsNameToken(Peek())) ProcedureClause();

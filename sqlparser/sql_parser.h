@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,14 +15,24 @@ class SqlParser {
 public:
     /// Analyses the text. True when it could not be analysed: `Errors()` then holds at least one diagnostic
     /// and Statement() is what could be recovered, or nothing. An empty text fails.
+    ///
+    /// The statement before it gives its memory to the new one: a large text that is analysed again and
+    /// again, as an editor does, costs the system's pages only once.
     [[nodiscard]] bool Parse(std::wstring_view text);
+    /// The same of a text that the statement may keep.
+    [[nodiscard]] bool Parse(std::wstring&& text);
+    [[nodiscard]] bool Parse(const wchar_t* text) { return Parse(std::wstring_view(text)); }
 
     /// The analysed statement of the last Parse, or nullptr.
     const Statement* GetStatement() const { return statement_.get(); }
     const std::vector<Diagnostic>& Errors() const { return errors_; }
 
 private:
+    std::vector<Node> TakeMemory();
+    bool Analyse(std::vector<Node> memory);
+
     std::unique_ptr<Statement> statement_;
+    std::shared_ptr<std::wstring> text_;  ///< the statement's
     std::vector<Diagnostic> errors_;
 };
 

@@ -32,8 +32,9 @@ std::optional<Clause> Difference(const wchar_t* original, const wchar_t* compose
     sql::SqlParser second;
     EXPECT_FALSE(first.Parse(original)) << ToUtf8(original);
     EXPECT_FALSE(second.Parse(composed)) << ToUtf8(composed);
-    const StatementScope first_scope(*first.GetStatement(), nullptr);
-    const StatementScope second_scope(*second.GetStatement(), nullptr);
+    Forms forms;
+    const StatementScope first_scope(*first.GetStatement(), nullptr, forms);
+    const StatementScope second_scope(*second.GetStatement(), nullptr, forms);
     const Canonical first_canonical(first_scope);
     const Canonical second_canonical(second_scope);
     return FirstDifference(Normalise(first_scope, first_canonical), Normalise(second_scope, second_canonical),
