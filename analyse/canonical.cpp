@@ -46,8 +46,7 @@ public:
     void MakeSet() {
         const std::span<Form> all = All();
         std::ranges::sort(all);
-        const auto rest = std::ranges::unique(all);
-        const auto count = static_cast<std::size_t>(rest.begin() - all.begin());
+        const auto count = static_cast<std::size_t>(std::unique(all.begin(), all.end()) - all.begin());
         if (many_.empty()) {
             count_ = count;
         } else {

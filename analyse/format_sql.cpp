@@ -33,8 +33,9 @@ bool HaveSameTokens(std::wstring_view before, std::wstring_view after) {
 
 bool HaveSameMeaning(const sql::Statement& before, const sql::Statement& after) {
     if (sql::Dump(before) != sql::Dump(after)) return false;
-    const StatementScope before_scope(before, nullptr);
-    const StatementScope after_scope(after, nullptr);
+    Forms forms;
+    const StatementScope before_scope(before, nullptr, forms);
+    const StatementScope after_scope(after, nullptr, forms);
     const NormalForm left = Normalise(before_scope, Canonical(before_scope));
     const NormalForm right = Normalise(after_scope, Canonical(after_scope));
     // What no design has a place for is compared as text, which the layout may change.

@@ -62,8 +62,8 @@ void StatementScope::MarkRepeatedTables() {
     for (const Table& table : tables_) keys.push_back(table.key);
     std::ranges::sort(keys);
     for (Table& table : tables_) {
-        const auto same = std::ranges::equal_range(keys, table.key);
-        table.repeated = same.size() > 1;
+        const auto [first, last] = std::equal_range(keys.begin(), keys.end(), table.key);
+        table.repeated = last - first > 1;
     }
 }
 
