@@ -253,8 +253,7 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
 }
 
 Outcome ColumnBuilder::KeepGroupBy() {
-    if (!HasGroupBy() || compose::IsTotalsQuery(compose::ViewsOf(design_.grid)))
-        return std::nullopt;
+    if (!HasGroupBy() || compose::IsTotalsQuery(compose::ViewsOf(design_.grid))) return std::nullopt;
     model::ColInfo record;
     record.Expresion = L"Count(*)";
     int column = kNoColumn;
