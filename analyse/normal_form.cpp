@@ -178,7 +178,7 @@ NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
             form.select.push_back({canonical.AllFields(table), no_alias, kNoForm, false});
     }
     FromForm from = NormaliseFrom(scope, canonical);
-    form.from = std::move(from.groups);
+    form.from = from.groups;
     form.join_conditions = std::move(from.conditions);
     form.where = canonical.Conjuncts(statement.where);
     if (statement.having != sql::kNoNode) {

@@ -5,7 +5,7 @@ cmake_minimum_required(VERSION 3.25)
 execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} OUTPUT_VARIABLE headers COMMAND_ERROR_IS_FATAL ANY)
 
 string(REGEX MATCHALL "DLL Name: [^\n]+" imports "${headers}")
-set(allowed advapi32 comctl32 comdlg32 gdi32 imm32 kernel32 msimg32 msvcrt ole32 oleaut32 shell32 user32 uxtheme)
+set(allowed advapi32 comctl32 comdlg32 gdi32 imm32 kernel32 msimg32 msvcrt ole32 oleacc oleaut32 shell32 user32 uxtheme)
 foreach(import IN LISTS imports)
   string(REGEX REPLACE "DLL Name: ([^.]+)\\..*" "\\1" name "${import}")
   string(TOLOWER "${name}" name)
