@@ -122,7 +122,8 @@ SIZE FindReplaceBar::SizeOf(HWND control) const {
 
 // The second row has the options and the note, the third one replaces.
 void FindReplaceBar::Layout() {
-    if (!Handle()) return;
+    // The first WM_SIZE comes while the bar is created, before there are controls and captions.
+    if (!Handle() || !Item(FindBar::kIdPrevious)) return;
     RECT client{};
     GetClientRect(Handle(), &client);
     const int height = RowHeight();
