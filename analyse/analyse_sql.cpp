@@ -86,10 +86,10 @@ private:
         const bool where_fits = WhereFits();
         left_out_.where = has_where && !where_fits;
         if (has_where && where_fits) {
-            // No engine takes it, and composition would make a total of the filter.
-            const sql::NodeId total = FirstAggregate(statement_, statement_.where);
-            if (total != sql::kNoNode)
-                return Refusal{statement_.At(total).Range(), std::wstring(messages::kAggregateInWhere)};
+            if (Outcome refusal = RefuseTotal(statement_.where)) return refusal;
+        }
+        for (const sql::NodeId condition : plan_.criteria) {
+            if (Outcome refusal = RefuseTotal(condition)) return refusal;
         }
         if (FiltersRows() && columns_->IsTotals() && !columns_->HasGroupBy()) {
             const TextRange place = where_fits ? statement_.where_range : statement_.from_range;
@@ -116,6 +116,13 @@ private:
             shown_messages.emplace_back(kWhereTooComplex);
         }
         return std::nullopt;
+    }
+
+    // No engine takes a total that filters rows, and composition would make a total of the filter.
+    Outcome RefuseTotal(sql::NodeId condition) const {
+        const sql::NodeId total = FirstAggregate(statement_, condition);
+        if (total == sql::kNoNode) return std::nullopt;
+        return Refusal{statement_.At(total).Range(), std::wstring(messages::kAggregateInWhere)};
     }
 
     bool HasConditionsOnKeys() {

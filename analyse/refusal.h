@@ -53,7 +53,7 @@ inline constexpr std::wstring_view kTotalsFilter =
     L"El diseño no puede filtrar filas en una consulta de totales sin GROUP BY, porque agruparía por el "
     L"filtro.";
 inline constexpr std::wstring_view kAggregateInWhere =
-    L"Una función de totales no puede estar en WHERE; su condición pertenece a HAVING.";
+    L"Una función de totales no puede estar en WHERE ni en ON; su condición pertenece a HAVING.";
 inline constexpr std::wstring_view kHavingWithoutAggregate =
     L"El diseño solo puede mostrar en HAVING condiciones sobre Sum, Count, Avg, Min o Max.";
 inline constexpr std::wstring_view kNotReadBack =

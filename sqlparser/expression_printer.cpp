@@ -117,12 +117,25 @@ void ExpressionPrinter::Expression(NodeId id) {
 }
 
 void ExpressionPrinter::Name(const Node& node) {
+    if (HasNumber(node)) {
+        out_ += CanonicalTokens(s_.source, node.Range());
+        return;
+    }
     for (NodeId part = Child(node); part != kNoNode; part = Next(part)) {
         if (s_.At(part).op == static_cast<std::uint8_t>(NameJoin::Point)) out_ += L'.';
         if (s_.At(part).op == static_cast<std::uint8_t>(NameJoin::Bang)) out_ += L'!';
         out_ += s_.Slice(s_.At(part).Range());
     }
     if (node.kind == NodeKind::Star) out_ += Child(node) == kNoNode ? L"*" : L".*";
+}
+
+/// Whether a part of the name may be a number: the points beside it need the blanks that they have.
+bool ExpressionPrinter::HasNumber(const Node& node) const {
+    for (NodeId part = Child(node); part != kNoNode; part = Next(part)) {
+        const wchar_t first = s_.source[s_.At(part).begin];
+        if (first == L'.' || (first >= L'0' && first <= L'9')) return true;
+    }
+    return false;
 }
 
 void ExpressionPrinter::Joined(const Node& node, std::wstring_view separator) {

@@ -3,10 +3,13 @@
 namespace tessel::sql {
 namespace {
 
-bool NeedsBlank(TokenKind before, TokenKind after) {
-    // A point beside a digit would become part of the number.
-    if (before == TokenKind::Point && after == TokenKind::Number) return true;
-    if (before == TokenKind::Number && after == TokenKind::Point) return true;
+bool NeedsBlank(const Token& left, const Token& right) {
+    const TokenKind before = left.kind;
+    const TokenKind after = right.kind;
+    // Whether a point beside a digit is part of the number depends on what stands between them.
+    const bool beside_number = before == TokenKind::Point && after == TokenKind::Number;
+    if (beside_number || (before == TokenKind::Number && after == TokenKind::Point))
+        return left.End() != right.begin;
     switch (after) {
         case TokenKind::RightParen:
         case TokenKind::Comma:
@@ -25,12 +28,12 @@ bool NeedsBlank(TokenKind before, TokenKind after) {
 std::wstring CanonicalTokens(std::wstring_view source, TextRange range) {
     std::wstring text;
     Lexer lexer(source.substr(0, range.End()), range.offset);
-    TokenKind before = TokenKind::LeftParen;
+    Token before;
     for (Token token = lexer.NextSignificant(); token.kind != TokenKind::End;
          token = lexer.NextSignificant()) {
-        if (!text.empty() && NeedsBlank(before, token.kind)) text += L' ';
+        if (!text.empty() && NeedsBlank(before, token)) text += L' ';
         text += source.substr(token.begin, token.length);
-        before = token.kind;
+        before = token;
     }
     return text;
 }

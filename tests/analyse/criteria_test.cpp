@@ -122,11 +122,12 @@ TEST(Criteria, AlternativesLongerThanTheCellsOfAColumnAreRefused) {
     EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kCellTooLong));
 }
 
-TEST(Criteria, ATotalInWhereIsRefusedAtItsPlace) {
+TEST(Criteria, ATotalInWhereOrInAJoinIsRefusedAtItsPlace) {
     const wchar_t* const statements[] = {
         L"SELECT a, Sum(b) AS s FROM t WHERE Count(*) > 1 GROUP BY a",
         L"SELECT a, Sum(b)/Count(*) AS m FROM t WHERE (((t.c/Count(*))>10))",
         L"SELECT a FROM t WHERE a = 1 AND Count(*) Between 1 And 2",
+        L"SELECT A.x FROM A INNER JOIN B ON A.k2 = Count(*) AND A.k0 = B.k1 WHERE B.y > 5",
     };
     for (const std::wstring text : statements) {
         model::Design design;

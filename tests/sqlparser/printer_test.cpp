@@ -31,6 +31,21 @@ TEST(Printer, NestedSelectsStayOnTheirLine) {
               "SELECT a\r\nFROM t\r\nWHERE b IN (SELECT c FROM u WHERE d)");
 }
 
+// "1 .b" is a number and a name, "1.b" a name; ".5" is a number, ". 5" a point before one.
+TEST(Printer, APointBesideANumberKeepsItsBlanks) {
+    const std::pair<std::wstring_view, const char*> statements[] = {
+        {L"SELECT a-1 .@b FROM t", "SELECT a - 1 .@b\r\nFROM t"},
+        {L"SELECT t . 1  . b, t.1.b FROM t", "SELECT t. 1 .b, t.1.b\r\nFROM t"},
+        {L"SELECT a FROM f1.5e350.3h", "SELECT a\r\nFROM f1.5e350.3h"},
+        {L"SELECT a FROM @t .b.1.", "SELECT a\r\nFROM @t.b.1."},
+        {L"SELECT a FROM t . 1 . b", "SELECT a\r\nFROM t. 1 .b"},
+    };
+    for (const auto& [text, printed] : statements) {
+        EXPECT_EQ(Printed(text), printed);
+        EXPECT_EQ(Printed(FromUtf8(printed)), printed);
+    }
+}
+
 TEST(Printer, ParsingWhatWasPrintedGivesTheSameTree) {
     for (const std::wstring& text : test::Corpus()) {
         SqlParser first;
