@@ -1,5 +1,6 @@
 #include "component/invoke_arguments.h"
 
+#include "common/win32/dispatch.h"
 #include "component/function_description.h"
 
 namespace tessel::component {
@@ -59,7 +60,7 @@ void Store(const VARIANTARG& reference, UniqueVariant& value) {
     }
     const VARTYPE type = reference.vt & ~VT_BYREF;
     UniqueVariant converted;
-    if (FAILED(value.ChangedTo(type, &converted))) return;
+    if (FAILED(win32::ChangePlain(value, type, &converted))) return;
     switch (type) {
         case VT_I1:
         case VT_UI1:
@@ -157,7 +158,7 @@ HRESULT InvokeArguments::Fill(const Parameter& parameter, const VARIANTARG* from
         value.vt = parameter.type;
         value.llVal = 0;
     } else {
-        const HRESULT changed = source.ChangedTo(parameter.type, &slot.value);
+        const HRESULT changed = win32::ChangePlain(source, parameter.type, &slot.value);
         if (FAILED(changed) && !(is_object && parameter.by_reference)) return changed;
         if (FAILED(changed)) {
             value.vt = parameter.type;

@@ -8,12 +8,10 @@
 
 namespace tessel::component {
 
+using win32::PlainValue;
 using win32::UniqueVariant;
 
 namespace {
-
-/// How often a default property may lead to another object before we call it no value.
-constexpr int kDefaultPropertyLimit = 8;
 
 enum class DateFormat { Date, Time, DateAndTime };
 
@@ -25,32 +23,17 @@ DateFormat DateFormatOf(std::wstring_view type_name) {
     return name == L"addbtime" ? DateFormat::Time : DateFormat::Date;
 }
 
-/// The value without references, and instead of an object the value of its default property.
-HRESULT PlainValue(const VARIANT& value, UniqueVariant* plain) {
-    *plain = UniqueVariant::CopyOf(value);
-    for (int depth = 0; plain->Type() == VT_DISPATCH || plain->Type() == VT_UNKNOWN; ++depth) {
-        const win32::Dispatch object(plain->Object());
-        if (!object || depth == kDefaultPropertyLimit) return DISP_E_TYPEMISMATCH;
-        const win32::CallResult read = object.DefaultValue();
-        if (!read) return read.Code();
-        *plain = UniqueVariant::CopyOf(read.Value().Get());
-    }
-    return S_OK;
-}
-
 /// The ordinary text of a value. Truth values read as the user's language writes them.
 HRESULT TextOfValue(const UniqueVariant& value, std::wstring* text) {
     UniqueVariant converted;
-    const HRESULT changed = VariantChangeTypeEx(converted.Put(), const_cast<VARIANT*>(&value.Get()),
-                                                LOCALE_USER_DEFAULT, VARIANT_LOCALBOOL, VT_BSTR);
+    const HRESULT changed = value.ChangedTo(VT_BSTR, &converted, VARIANT_LOCALBOOL);
     if (SUCCEEDED(changed)) *text = win32::TextOf(converted.Get().bstrVal);
     return changed;
 }
 
 HRESULT TruthOfValue(const UniqueVariant& value, bool* truth) {
     UniqueVariant converted;
-    const HRESULT changed = VariantChangeTypeEx(converted.Put(), const_cast<VARIANT*>(&value.Get()),
-                                                LOCALE_USER_DEFAULT, VARIANT_LOCALBOOL, VT_BOOL);
+    const HRESULT changed = value.ChangedTo(VT_BOOL, &converted, VARIANT_LOCALBOOL);
     if (SUCCEEDED(changed)) *truth = converted.Get().boolVal != VARIANT_FALSE;
     return changed;
 }

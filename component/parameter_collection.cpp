@@ -1,5 +1,8 @@
 #include "component/parameter_collection.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "component/errors.h"
 
 namespace tessel::component {
@@ -29,7 +32,9 @@ CallResult WalkArray(const UniqueVariant& value, const ElementVisitor& visitor) 
         FAILED(SafeArrayGetUBound(array, 1, &last)) || FAILED(SafeArrayGetVartype(array, &type)))
         return Mismatch();
     if (type != VT_VARIANT && type != VT_DISPATCH) return first > last ? Done() : Mismatch();
-    for (LONG i = first; i <= last; ++i) {
+    const std::int64_t end = std::min<std::int64_t>(last, std::int64_t{first} + win32::kMostElements - 1);
+    for (std::int64_t place = first; place <= end; ++place) {
+        LONG i = static_cast<LONG>(place);
         UniqueVariant element;
         void* target = element.Address();
         if (type == VT_DISPATCH) {
@@ -57,7 +62,7 @@ CallResult WalkDictionary(CallResult items, const ElementVisitor& visitor) {
 }
 
 CallResult WalkScriptArray(const Dispatch& array, LONG length, const ElementVisitor& visitor) {
-    for (LONG i = 0; i < length; ++i) {
+    for (LONG i = 0; i < std::min(length, win32::kMostElements); ++i) {
         CallResult element = array.Property(std::to_wstring(i).c_str());
         if (!element) return element;
         if (!visitor(element.Value())) break;

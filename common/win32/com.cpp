@@ -1,5 +1,6 @@
 #include "common/win32/com.h"
 
+#include <cmath>
 #include <cwchar>
 
 namespace tessel::win32 {
@@ -17,6 +18,63 @@ HRESULT ReplaceText(std::wstring_view text, BSTR* target) {
     SysFreeString(std::exchange(*target, fresh));
     return S_OK;
 }
+
+namespace {
+
+/// The system follows a reference without a look at it.
+bool RefersToNowhere(const VARIANT& value) {
+    if (!(value.vt & VT_BYREF)) return false;
+    if (!value.byref) return true;
+    return value.vt == (VT_BYREF | VT_VARIANT) && (value.pvarVal->vt & VT_BYREF) && !value.pvarVal->byref;
+}
+
+/// Whether a number that is none, or that is infinite, can be said in a type.
+bool SaysAnyNumber(VARTYPE type) {
+    return type == VT_R4 || type == VT_R8 || type == VT_BSTR;
+}
+
+/// Whether the system may be asked to convert the value. It does not come back from some values that are
+/// none.
+HRESULT CheckConvertible(const VARIANT& value, VARTYPE type) {
+    constexpr DATE kFirstDate = -657434;  // 1 January 100
+    constexpr DATE kAfterLastDate = 2958466;
+    constexpr BYTE kMostDecimals = 28;
+    switch (value.vt) {
+        case VT_DATE:
+            return value.date > kFirstDate - 1 && value.date < kAfterLastDate ? S_OK : DISP_E_OVERFLOW;
+        case VT_R4:
+            return std::isfinite(value.fltVal) || SaysAnyNumber(type) ? S_OK : DISP_E_OVERFLOW;
+        case VT_R8:
+            return std::isfinite(value.dblVal) || SaysAnyNumber(type) ? S_OK : DISP_E_OVERFLOW;
+        case VT_DECIMAL:
+            return value.decVal.scale <= kMostDecimals && (value.decVal.sign & ~DECIMAL_NEG) == 0
+                       ? S_OK
+                       : DISP_E_OVERFLOW;
+        case VT_EMPTY:
+        case VT_NULL:
+        case VT_I1:
+        case VT_I2:
+        case VT_I4:
+        case VT_I8:
+        case VT_UI1:
+        case VT_UI2:
+        case VT_UI4:
+        case VT_UI8:
+        case VT_INT:
+        case VT_UINT:
+        case VT_CY:
+        case VT_BSTR:
+        case VT_BOOL:
+            return S_OK;
+        case VT_DISPATCH:
+        case VT_UNKNOWN:
+            return type == VT_DISPATCH || type == VT_UNKNOWN ? S_OK : DISP_E_TYPEMISMATCH;
+        default:
+            return value.vt == type ? S_OK : DISP_E_TYPEMISMATCH;
+    }
+}
+
+}  // namespace
 
 UniqueVariant UniqueVariant::Missing() {
     UniqueVariant variant;
@@ -40,7 +98,7 @@ UniqueVariant UniqueVariant::Date(DATE date) {
 
 UniqueVariant UniqueVariant::CopyOf(const VARIANT& value) {
     UniqueVariant copy;
-    VariantCopyInd(&copy.value_, const_cast<VARIANT*>(&value));
+    if (!RefersToNowhere(value)) VariantCopyInd(&copy.value_, const_cast<VARIANT*>(&value));
     return copy;
 }
 
@@ -65,8 +123,11 @@ UniqueVariant UniqueVariant::ReferenceTo(IDispatch** object) {
     return argument;
 }
 
-HRESULT UniqueVariant::ChangedTo(VARTYPE type, UniqueVariant* target) const {
-    return VariantChangeTypeEx(target->Put(), const_cast<VARIANT*>(&value_), LOCALE_USER_DEFAULT, 0, type);
+HRESULT UniqueVariant::ChangedTo(VARTYPE type, UniqueVariant* target, USHORT flags) const {
+    if (value_.vt & VT_BYREF) return CopyOf(value_).ChangedTo(type, target, flags);
+    if (const HRESULT checked = CheckConvertible(value_, type); FAILED(checked)) return checked;
+    return VariantChangeTypeEx(target->Put(), const_cast<VARIANT*>(&value_), LOCALE_USER_DEFAULT, flags,
+                               type);
 }
 
 ComPtr<IDispatch> UniqueVariant::Object() const {

@@ -168,7 +168,7 @@ public:
     static UniqueVariant Missing();
     static UniqueVariant Null();
     static UniqueVariant Date(DATE date);
-    /// A deep copy with references followed; Empty when it cannot be made.
+    /// A deep copy with references followed; Empty when it cannot be made, as of a reference to nowhere.
     static UniqueVariant CopyOf(const VARIANT& value);
     /// An argument that refers to the caller's variable, as host languages pass their own.
     static UniqueVariant ReferenceTo(VARIANT* variable);
@@ -190,8 +190,10 @@ public:
         return value;
     }
 
-    /// The value converted with the user's locale, or the HRESULT of the conversion.
-    HRESULT ChangedTo(VARTYPE type, UniqueVariant* target) const;
+    /// The value converted with the user's locale, or the HRESULT of the conversion. Values out of their
+    /// type's range are refused, as the system's own conversion may not come back from them; so are objects,
+    /// see ChangePlain in dispatch.h.
+    HRESULT ChangedTo(VARTYPE type, UniqueVariant* target, USHORT flags = 0) const;
 
     /// The object inside, or an empty pointer when the value is none.
     ComPtr<IDispatch> Object() const;

@@ -2,11 +2,22 @@
 
 #include <dispex.h>
 
+#include <algorithm>
+
+#include "common/win32/foreign_call.h"
+
 namespace tessel::win32 {
 
 namespace {
 
 const IID kNullIid{};
+
+/// How often a default property may lead to another object before we call it no value.
+constexpr int kDefaultPropertyLimit = 8;
+
+bool IsObject(const UniqueVariant& value) {
+    return value.Type() == VT_DISPATCH || value.Type() == VT_UNKNOWN;
+}
 
 /// Frees the texts of an EXCEPINFO.
 struct ExceptionInfo : EXCEPINFO {
@@ -47,6 +58,15 @@ CallResult FailureOf(HRESULT code, ExceptionInfo& info) {
     return Failure(code, source.View(), description.View());
 }
 
+/// S_FALSE at the end.
+HRESULT NextElement(IEnumVARIANT* enumerator, UniqueVariant* element) {
+    ULONG fetched = 0;
+    SetErrorInfo(0, nullptr);
+    const ForeignCall running;
+    const HRESULT result = enumerator->Next(1, element->Put(), &fetched);
+    return SUCCEEDED(result) && fetched == 0 ? S_FALSE : result;
+}
+
 /// Elements through IEnumVARIANT. False in `walked` when the collection has no enumerator.
 CallResult WalkEnumerator(const Dispatch& collection, const ElementVisitor& visitor, bool* walked) {
     *walked = false;
@@ -58,18 +78,17 @@ CallResult WalkEnumerator(const Dispatch& collection, const ElementVisitor& visi
     const ComPtr<IEnumVARIANT> enumerator = unknown.As<IEnumVARIANT>();
     if (!enumerator) return Failure(E_NOINTERFACE, {}, {});
     *walked = true;
-    for (;;) {
+    for (LONG walked_elements = 0; walked_elements < kMostElements; ++walked_elements) {
         UniqueVariant element;
-        ULONG fetched = 0;
-        SetErrorInfo(0, nullptr);
-        const HRESULT result = enumerator->Next(1, element.Put(), &fetched);
+        const HRESULT result = NextElement(enumerator.Get(), &element);
         if (FAILED(result)) {
             ExceptionInfo none;
             return FailureOf(result, none);
         }
-        if (result != S_OK || fetched == 0) return CallResult(UniqueVariant());
+        if (result != S_OK) return CallResult(UniqueVariant());
         if (!visitor(element)) return CallResult(UniqueVariant());
     }
+    return CallResult(UniqueVariant());
 }
 
 /// One element by its number.
@@ -97,7 +116,7 @@ bool IsElement(const CallResult& item) {
 CallResult WalkItems(const Dispatch& collection, const ElementVisitor& visitor) {
     CallResult counted = collection.Get(L"Count");
     if (!counted) return counted;
-    const LONG count = counted.Number().value_or(0);
+    const LONG count = std::min(counted.Number().value_or(0), kMostElements);
     if (count <= 0) return CallResult(UniqueVariant());
     LONG first = 1;
     if (!IsElement(ItemOf(collection, count)) && IsElement(ItemOf(collection, 0))) first = 0;
@@ -112,6 +131,7 @@ CallResult WalkItems(const Dispatch& collection, const ElementVisitor& visitor) 
 /// The number of a member. Objects of script engines may answer by name only through IDispatchEx (Wine's do).
 HRESULT FindMember(IDispatch* object, const wchar_t* name, DISPID* id) {
     LPOLESTR names = const_cast<LPOLESTR>(name);
+    const ForeignCall running;
     const HRESULT found = object->GetIDsOfNames(kNullIid, &names, 1, LOCALE_USER_DEFAULT, id);
     if (found != E_NOTIMPL) return found;
     const ComPtr<IDispatchEx> extended = ComPtr<IDispatch>(object).As<IDispatchEx>();
@@ -120,12 +140,32 @@ HRESULT FindMember(IDispatch* object, const wchar_t* name, DISPID* id) {
 
 }  // namespace
 
+HRESULT PlainValue(const VARIANT& value, UniqueVariant* plain) noexcept {
+    *plain = UniqueVariant::CopyOf(value);
+    for (int depth = 0; IsObject(*plain); ++depth) {
+        const Dispatch object(plain->Object());
+        if (!object || depth == kDefaultPropertyLimit) return DISP_E_TYPEMISMATCH;
+        const CallResult read = object.DefaultValue();
+        if (!read) return read.Code();
+        *plain = UniqueVariant::CopyOf(read.Value().Get());
+    }
+    return S_OK;
+}
+
+HRESULT ChangePlain(const UniqueVariant& value, VARTYPE type, UniqueVariant* target) noexcept {
+    const bool wants_object = type == VT_DISPATCH || type == VT_UNKNOWN;
+    if (wants_object || !IsObject(value)) return value.ChangedTo(type, target);
+    UniqueVariant plain;
+    const HRESULT read = PlainValue(value.Get(), &plain);
+    return FAILED(read) ? read : plain.ChangedTo(type, target);
+}
+
 std::optional<std::wstring> CallResult::Text() const noexcept {
     UniqueVariant text;
     if (FAILED(code_)) return std::nullopt;
     try {
         if (value_.Type() == VT_BSTR) return std::wstring(TextOf(value_.Get().bstrVal));
-        if (FAILED(value_.ChangedTo(VT_BSTR, &text))) return std::nullopt;
+        if (FAILED(ChangePlain(value_, VT_BSTR, &text))) return std::nullopt;
         return std::wstring(TextOf(text.Get().bstrVal));
     } catch (...) {
         return std::nullopt;
@@ -134,13 +174,15 @@ std::optional<std::wstring> CallResult::Text() const noexcept {
 
 std::optional<LONG> CallResult::Number() const noexcept {
     UniqueVariant number;
-    if (FAILED(code_) || value_.IsNothing() || FAILED(value_.ChangedTo(VT_I4, &number))) return std::nullopt;
+    if (FAILED(code_) || value_.IsNothing() || FAILED(ChangePlain(value_, VT_I4, &number)))
+        return std::nullopt;
     return number.Get().lVal;
 }
 
 std::optional<bool> CallResult::Boolean() const noexcept {
     UniqueVariant truth;
-    if (FAILED(code_) || value_.IsNothing() || FAILED(value_.ChangedTo(VT_BOOL, &truth))) return std::nullopt;
+    if (FAILED(code_) || value_.IsNothing() || FAILED(ChangePlain(value_, VT_BOOL, &truth)))
+        return std::nullopt;
     return truth.Get().boolVal != VARIANT_FALSE;
 }
 
@@ -191,9 +233,12 @@ CallResult Dispatch::InvokeId(DISPID id, WORD flags, std::vector<VARIANTARG> rev
         ExceptionInfo info;
         UINT bad_argument = 0;
         SetErrorInfo(0, nullptr);
+        const ForeignCall running;
         const HRESULT result = alive->Invoke(id, kNullIid, LOCALE_USER_DEFAULT, flags, &parameters,
                                              sets ? nullptr : value.Put(), &info, &bad_argument);
         if (FAILED(result)) return FailureOf(result, info);
+        // What a reference refers to may be gone after the next call.
+        if (value.Type() & VT_BYREF) value = UniqueVariant::CopyOf(value.Get());
         return CallResult(std::move(value));
     } catch (...) {
         return CallResult(E_OUTOFMEMORY, {}, {});

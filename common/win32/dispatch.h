@@ -114,6 +114,15 @@ private:
     ComPtr<IDispatch> object_;
 };
 
+/// The value without references, and instead of an object the value of its default property.
+HRESULT PlainValue(const VARIANT& value, UniqueVariant* plain) noexcept;
+/// The value converted, after the default properties of objects unless an object is wanted. The system would
+/// follow those as well, but without end where an object is its own default.
+HRESULT ChangePlain(const UniqueVariant& value, VARTYPE type, UniqueVariant* target) noexcept;
+
+/// More elements than any collection of a host or a provider has; one that never ends is left here.
+inline constexpr LONG kMostElements = 100'000;
+
 /// Visits one element of a collection; false stops the walk.
 using ElementVisitor = std::function<bool(const UniqueVariant& element)>;
 

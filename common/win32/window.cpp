@@ -1,8 +1,12 @@
 #include "common/win32/window.h"
 
+#include <commctrl.h>
+
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "common/win32/foreign_call.h"
 #include "common/win32/module.h"
 
 namespace tessel::win32 {
@@ -29,6 +33,47 @@ bool EnsureRegistered(const WindowClass& window_class, WNDPROC procedure) {
     if (!RegisterClassExW(&wc)) return false;
     RegisteredClasses().push_back(window_class.name);
     return true;
+}
+
+/// What a control asks or tells its window because of a gesture; nothing for what it needs in order to paint.
+std::optional<LRESULT> AnswerToGesture(const NMHDR& header) {
+    switch (header.code) {
+        case TCN_SELCHANGING:
+        case TVN_SELCHANGINGW:
+        case TVN_ITEMEXPANDINGW:
+            return TRUE;  // it stays as it is
+        case NM_CLICK:
+        case NM_DBLCLK:
+        case NM_RCLICK:
+        case NM_RETURN:
+        case LVN_ITEMACTIVATE:
+        case TVN_BEGINDRAGW:
+        case TVN_KEYDOWN:
+            return 0;
+        default:
+            return std::nullopt;
+    }
+}
+
+/// The answer to a message of the user's that comes while a call into a foreign object runs, see ForeignCall;
+/// nothing for every other message.
+std::optional<LRESULT> AnswerToInput(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (!ForeignCall::IsRunning()) return std::nullopt;
+    const bool is_key = message >= WM_KEYFIRST && message <= WM_KEYLAST;
+    const bool is_mouse = message >= WM_MOUSEFIRST && message <= WM_MOUSELAST;
+    if (is_key || is_mouse) return 0;
+    switch (message) {
+        case WM_COMMAND:
+        case WM_CONTEXTMENU:
+        case WM_CLOSE:
+            return 0;
+        case WM_SYSCOMMAND:
+            return (wparam & 0xFFF0) == SC_CLOSE ? std::optional<LRESULT>(0) : std::nullopt;
+        case WM_NOTIFY:
+            return AnswerToGesture(*reinterpret_cast<const NMHDR*>(lparam));
+        default:
+            return std::nullopt;
+    }
 }
 
 }  // namespace
@@ -63,6 +108,7 @@ LRESULT CALLBACK Window::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARA
     }
     auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
     if (!self) return DefWindowProcW(hwnd, message, wparam, lparam);
+    if (const auto answer = AnswerToInput(message, wparam, lparam)) return *answer;
     LRESULT result = 0;
     try {
         result = self->OnMessage(message, wparam, lparam);
