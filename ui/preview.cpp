@@ -1,5 +1,8 @@
 #include "ui/preview.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "common/text.h"
 #include "ui/preview_texts.h"
 
@@ -19,6 +22,20 @@ private:
     PreviewView& view_;
     Pointer before_;
 };
+
+/// A NUL would end the text for the system, and too much of it would push the message box's button off the
+/// screen.
+std::wstring AsMuchAsFits(std::wstring text) {
+    std::size_t length = std::min(text.size(), kLongestReport);
+    std::size_t lines = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        if (text[i] == L'\0') text[i] = L' ';
+        if (text[i] == L'\n' && ++lines == kMostReportLines) length = i + 1;
+    }
+    if (length == text.size()) return text;
+    text.resize(length);
+    return text + L'…';
+}
 
 void Report(const Error& error, PreviewDatabase& database, PreviewView& view) {
     view.ShowMessage(ErrorReport(error.message, database.ProviderErrors()));
@@ -65,12 +82,14 @@ void ShowTable(std::wstring_view table, PreviewDatabase& database, PreviewView& 
 }
 
 std::wstring ErrorReport(std::wstring_view error_text, const std::vector<ProviderError>& errors) {
-    std::wstring report(error_text);
+    std::wstring report(error_text.substr(0, kLongestReport + 1));
     report += L"\r\n\r\n";
-    for (const ProviderError& error : errors)
+    for (const ProviderError& error : errors) {
+        if (report.size() > kLongestReport) break;
         report += error.source + L" -> " + error.description + L" (" + error.number + L") (" +
                   error.native_error + L")\r\n";
-    return report;
+    }
+    return AsMuchAsFits(std::move(report));
 }
 
 }  // namespace tessel::ui

@@ -68,7 +68,12 @@ void RunStatement(std::wstring_view text, macros::MacroSource& macro_source, Pre
 /// "Ver los datos de la tabla": every row of the table, its name as it stands, without macros.
 void ShowTable(std::wstring_view table, PreviewDatabase& database, PreviewView& view);
 
-/// The text of an error followed by an empty line and one line for each of the provider's errors.
+/// What a message box can show with its button still on the screen.
+inline constexpr std::size_t kLongestReport = 4096;
+inline constexpr std::size_t kMostReportLines = 40;
+
+/// The text of an error followed by an empty line and one line for each of the provider's errors. What a
+/// message box cannot show is cut off, with "…" in its place.
 [[nodiscard]] std::wstring ErrorReport(std::wstring_view error_text,
                                        const std::vector<ProviderError>& errors);
 

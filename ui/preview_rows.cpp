@@ -76,7 +76,8 @@ std::wstring OneLine(std::wstring_view text, std::size_t limit) {
             line.back() = L'…';
             break;
         }
-        line += text[i] == L'\r' || text[i] == L'\n' || text[i] == L'\t' ? L' ' : text[i];
+        // Control characters show nothing useful, and a NUL would hide what stands behind it.
+        line += static_cast<std::uint32_t>(text[i]) < L' ' ? L' ' : text[i];
     }
     return line;
 }

@@ -38,8 +38,13 @@ public:
     virtual ~PreviewRows() = default;
     virtual const std::vector<PreviewColumn>& Columns() const = 0;
     virtual std::int64_t RowCount() const = 0;
-    /// The cell; an empty one for a place outside, or when its row could not be read.
+    /// The cell; an empty one for a place outside, or when its row could not be read. Also while another one
+    /// is being read: reading may let a window paint, and a source that is asked inside its own reading would
+    /// lose its place.
     virtual PreviewCell Cell(std::int64_t row, int column) = 0;
+    /// Whether a cell was asked for since the last call of this while another one was being read, so that
+    /// what was painted then is to be painted again.
+    virtual bool TakeUnread() { return false; }
     /// Why rows could not be read; empty as long as all could.
     virtual std::wstring Trouble() const = 0;
 };
@@ -74,8 +79,8 @@ private:
 /// The column names in the same form.
 [[nodiscard]] std::wstring HeadersAsText(const PreviewRows& source);
 
-/// One line of a text for a cell of a table: line breaks and tabs become blanks, and what is longer than
-/// `limit` units ends in "…".
+/// One line of a text for a cell of a table: line breaks, tabs and other control characters become blanks,
+/// and what is longer than `limit` units ends in "…".
 [[nodiscard]] std::wstring OneLine(std::wstring_view text, std::size_t limit);
 
 /// "1.234.567" with the given separator between groups of three digits.

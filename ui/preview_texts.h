@@ -9,6 +9,7 @@ inline constexpr wchar_t kNoConnection[] = L"No hay una conexión válida u ocur
 inline constexpr wchar_t kNoRecordset[] = L"No se pudo crear el objeto ADODB.Recordset: ";
 inline constexpr wchar_t kNoRows[] = L"La instrucción se ejecutó, pero no devuelve filas que mostrar.";
 inline constexpr wchar_t kNoRowCount[] = L"El proveedor no informa del número de filas.";
+inline constexpr wchar_t kTooManyColumns[] = L"El proveedor informa de demasiadas columnas.";
 inline constexpr wchar_t kNoWindow[] = L"No se pudo abrir la ventana de vista previa.";
 inline constexpr wchar_t kBadPage[] = L"El proveedor devolvió las filas en una forma desconocida.";
 

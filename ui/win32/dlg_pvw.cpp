@@ -194,6 +194,7 @@ void dlgPVW::FillCell(NMLVDISPINFOW& info) {
     const std::size_t limit = std::min(kCellLimit, static_cast<std::size_t>(info.item.cchTextMax) - 1);
     const std::wstring text = cell.is_null ? preview_texts::kNull : OneLine(cell.text, limit);
     lstrcpynW(info.item.pszText, text.c_str(), info.item.cchTextMax);
+    RepaintUnread();
 }
 
 // Null is grey. Two kinds of cells are drawn here: the current one, which has a frame, and numbers and dates

@@ -80,6 +80,7 @@ private:
     void HideFindBar();
     void FindAgain(bool backwards);
     void SearchSlice();
+    void RepaintUnread();
     void StopSearch();
 
     PreviewRows& rows_;
@@ -94,6 +95,9 @@ private:
     std::optional<CellPlace> tip_cell_;
     std::wstring tip_text_;
     std::optional<RowSearch> search_;
+    // Counts the beginnings and ends of searches: one may end while its slice is reading.
+    int searches_ = 0;
+    bool in_slice_ = false;
     std::wstring group_separator_;
 };
 

@@ -228,17 +228,27 @@ void dlgPVW::Find(std::wstring_view text, bool backwards) {
     CellPlace from = CurrentCell();
     from.row = std::max<std::int64_t>(from.row, 0);
     search_.emplace(text, from, backwards);
+    ++searches_;
     SearchSlice();
     if (search_) SetTimer(Handle(), kSearchTimer, USER_TIMER_MINIMUM, nullptr);
 }
 
 void dlgPVW::SearchSlice() {
     if (!search_) return StopSearch();
+    // Reading rows may let messages through, the timer's too.
+    if (in_slice_) return;
+    in_slice_ = true;
+    const int searching = searches_;
+    RowSearch search = *search_;
     const ULONGLONG started = GetTickCount64();
     RowSearch::State state = RowSearch::State::Searching;
     while (state == RowSearch::State::Searching && GetTickCount64() - started < kSliceMilliseconds)
-        state = search_->Advance(rows_, kSliceRows);
-    const CellPlace place = search_->Place();
+        state = search.Advance(rows_, kSliceRows);
+    in_slice_ = false;
+    RepaintUnread();
+    if (searching != searches_) return;
+    search_ = search;
+    const CellPlace place = search.Place();
     if (state == RowSearch::State::Searching)
         return ShowStatus(preview_texts::kSearching + Grouped(place.row + 1, group_separator_) + L"…");
     StopSearch();
@@ -248,9 +258,14 @@ void dlgPVW::SearchSlice() {
         ShowStatus(preview_texts::kNotFound);
 }
 
+void dlgPVW::RepaintUnread() {
+    if (rows_.TakeUnread()) InvalidateRect(list_, nullptr, FALSE);
+}
+
 void dlgPVW::StopSearch() {
     KillTimer(Handle(), kSearchTimer);
     search_.reset();
+    ++searches_;
     UpdateStatus();
 }
 

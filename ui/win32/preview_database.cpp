@@ -23,7 +23,7 @@ std::vector<ProviderError> ConnectionDatabase::ProviderErrors() {
         if (error)
             errors.push_back({text_of(error, L"Source"), text_of(error, L"Description"),
                               text_of(error, L"Number"), text_of(error, L"nativeerror")});
-        return true;
+        return errors.size() < kMostReportLines;
     });
     // A collection that fails half way reports what it gave.
     static_cast<void>(walked);

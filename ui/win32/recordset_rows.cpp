@@ -21,6 +21,8 @@ constexpr int kGuidType = 72;      // adGUID
 constexpr std::int64_t kPageRows = 256;
 constexpr std::size_t kPagesKept = 16;
 constexpr std::size_t kBytesShown = 64;
+/// More than any engine answers with.
+constexpr LONG kMostColumns = 8192;
 
 Error ErrorOf(const CallResult& failure) {
     return Error{failure.Message()};
@@ -71,18 +73,34 @@ std::wstring BytesAsText(const VARIANT& value) {
     return text;
 }
 
+/// Says that rows are being read, as long as it lives.
+class Reading {
+public:
+    explicit Reading(bool* flag) : flag_(flag) { *flag_ = true; }
+    ~Reading() { *flag_ = false; }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+private:
+    bool* const flag_;
+};
+
 /// The value at a place of an array of fields by rows, or nullptr.
 const VARIANT* ValueIn(const std::optional<CallResult>& values, int field, std::int64_t row) {
     if (!values || values->Value().Type() != (VT_ARRAY | VT_VARIANT)) return nullptr;
     SAFEARRAY* array = values->Value().Get().parray;
     LONG first[2] = {}, last[2] = {};
-    if (!array || SafeArrayGetDim(array) != 2) return nullptr;
+    VARTYPE type = VT_EMPTY;
+    if (!array || SafeArrayGetDim(array) != 2 || FAILED(SafeArrayGetVartype(array, &type)) ||
+        type != VT_VARIANT)
+        return nullptr;
     for (UINT dimension = 0; dimension < 2; ++dimension)
         if (FAILED(SafeArrayGetLBound(array, dimension + 1, &first[dimension])) ||
             FAILED(SafeArrayGetUBound(array, dimension + 1, &last[dimension])))
             return nullptr;
-    LONG place[2] = {first[0] + field, first[1] + static_cast<LONG>(row)};
-    if (place[0] > last[0] || place[1] > last[1]) return nullptr;
+    const std::int64_t wanted[2] = {std::int64_t{first[0]} + field, std::int64_t{first[1]} + row};
+    if (wanted[0] > last[0] || wanted[1] > last[1]) return nullptr;
+    LONG place[2] = {static_cast<LONG>(wanted[0]), static_cast<LONG>(wanted[1])};
     void* value = nullptr;
     return SUCCEEDED(SafeArrayPtrOfIndex(array, place, &value)) ? static_cast<const VARIANT*>(value)
                                                                 : nullptr;
@@ -95,6 +113,8 @@ PreviewCell CellOfValue(const VARIANT& value) {
     if (value.vt == VT_BSTR) return {std::wstring(win32::TextOf(value.bstrVal)), false};
     if (value.vt == VT_BOOL) return {value.boolVal ? preview_texts::kYes : preview_texts::kNo, false};
     if (value.vt == (VT_ARRAY | VT_UI1)) return {BytesAsText(value), false};
+    if (value.vt & VT_BYREF) return CellOfValue(UniqueVariant::CopyOf(value).Get());
+    // An object has no text: it would be whatever its default property does, which is no business of a cell.
     UniqueVariant text;
     if (FAILED(UniqueVariant::CopyOf(value).ChangedTo(VT_BSTR, &text))) return {};
     return {std::wstring(win32::TextOf(text.Get().bstrVal)), false};
@@ -125,6 +145,7 @@ std::optional<Error> RecordsetRows::ReadShape() {
     if (!counted) return ErrorOf(counted);
     const LONG count = counted.Number().value_or(0);
     if (count <= 0) return Error{preview_texts::kNoRows};
+    if (count > kMostColumns) return Error{preview_texts::kTooManyColumns};
     for (LONG i = 0; i < count; ++i) {
         const CallResult item = fields.Get(L"Item", i);
         if (!item) return ErrorOf(item);
@@ -141,6 +162,10 @@ std::optional<Error> RecordsetRows::ReadShape() {
 
 PreviewCell RecordsetRows::Cell(std::int64_t row, int column) {
     if (row < 0 || row >= row_count_ || column < 0 || column >= static_cast<int>(columns_.size())) return {};
+    if (reading_) {
+        unread_ = true;
+        return {};
+    }
     const Page& page = PageAt(row / kPageRows);
     const VARIANT* value = ValueIn(page.values, column, row % kPageRows);
     return value ? CellOfValue(*value) : PreviewCell{};
@@ -161,19 +186,24 @@ const RecordsetRows::Page& RecordsetRows::PageAt(std::int64_t number) {
 
 // A page that cannot be read stays empty until it falls out, so that painting does not try again without end.
 const RecordsetRows::Page& RecordsetRows::ReadPage(Page& page, std::int64_t number) {
+    const Reading reading(&reading_);
     page = {number, ++uses_, std::nullopt};
-    const std::int64_t first = number * kPageRows;
+    ReadRows(page);
+    return page;
+}
+
+void RecordsetRows::ReadRows(Page& page) {
+    const std::int64_t first = page.number * kPageRows;
     const CallResult moved = recordset_.Put(L"AbsolutePosition", static_cast<LONG>(first + 1));
     if (!moved) {
         trouble_ = moved.Message();
-        return page;
+        return;
     }
     page.values = recordset_.Call(L"GetRows", static_cast<LONG>(std::min(kPageRows, row_count_ - first)));
     if (!*page.values)
         trouble_ = page.values->Message();
     else if (!ValueIn(page.values, 0, 0))
         trouble_ = preview_texts::kBadPage;
-    return page;
 }
 
 }  // namespace tessel::ui

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "common/result.h"
@@ -30,6 +31,7 @@ public:
     const std::vector<PreviewColumn>& Columns() const override { return columns_; }
     std::int64_t RowCount() const override { return row_count_; }
     PreviewCell Cell(std::int64_t row, int column) override;
+    bool TakeUnread() override { return !reading_ && std::exchange(unread_, false); }
     std::wstring Trouble() const override { return trouble_; }
 
 private:
@@ -44,12 +46,15 @@ private:
     std::optional<Error> ReadShape();
     const Page& PageAt(std::int64_t number);
     const Page& ReadPage(Page& page, std::int64_t number);
+    void ReadRows(Page& page);
 
     win32::Dispatch recordset_;
     std::vector<PreviewColumn> columns_;
     std::int64_t row_count_ = 0;
     std::vector<Page> pages_;
     std::uint64_t uses_ = 0;
+    bool reading_ = false;
+    bool unread_ = false;
     std::wstring trouble_;
 };
 
