@@ -119,7 +119,11 @@ bool NeedsBrackets(std::wstring_view name) {
 }
 
 std::wstring BracketIfNeeded(std::wstring_view name) {
-    if (IsQuotedName(name) || !NeedsBrackets(name)) return std::wstring(name);
+    return IsQuotedName(name) ? std::wstring(name) : WrittenName(name);
+}
+
+std::wstring WrittenName(std::wstring_view name) {
+    if (!NeedsBrackets(name)) return std::wstring(name);
     std::wstring bracketed = L"[";
     for (const wchar_t ch : name) {
         bracketed += ch;

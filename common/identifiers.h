@@ -38,6 +38,10 @@ namespace tessel {
 /// inside doubled).
 [[nodiscard]] std::wstring BracketIfNeeded(std::wstring_view name);
 
+/// A name as the database reports it, written as statements write it. Brackets and quotes in it are letters
+/// like others, so that a table really called "[a]" is not taken for one called "a".
+[[nodiscard]] std::wstring WrittenName(std::wstring_view raw_name);
+
 /// The name without enclosing brackets, double quotes or back quotes, trimmed.
 [[nodiscard]] std::wstring Unbracketed(std::wstring_view name);
 

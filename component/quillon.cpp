@@ -33,7 +33,8 @@ void Step(Body&& body) noexcept {
     }
 }
 
-/// The claim on the only designer window of the component.
+/// The claim on the only designer window of the component. It is made before the schema is read: reading
+/// calls into the host, which may call DesingQry in turn.
 class WindowClaim {
 public:
     WindowClaim() : held_(!taken_.exchange(true)) {}
@@ -118,6 +119,7 @@ std::optional<std::wstring> Quillon::Design(IDispatch* connection, const std::ws
     if (!loaded) return std::nullopt;
     std::wstring name;
     Step([&] { name = FillCaption(connection, caption); });
+    const SchemaReader::InUse in_use(*reader.Get());
     return ShowDesigner(connection, sql, reader->Schema(), name, pointer);
 }
 

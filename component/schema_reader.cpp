@@ -1,6 +1,7 @@
 #include "component/schema_reader.h"
 
 #include "common/text.h"
+#include "common/win32/dispatch.h"
 #include "schema/win32/ado_schema_source.h"
 
 namespace tessel::component {
@@ -29,6 +30,7 @@ constexpr MemberRow kMembers[] = {
 }  // namespace
 
 bool SchemaReader::LoadSchema(IDispatch* connection) {
+    if (users_ > 0) return false;
     schema_ = schema::Schema();
     if (!connection) return false;
     schema::Schema loaded(std::make_unique<schema::AdoSchemaSource>(connection));
@@ -83,7 +85,7 @@ HRESULT SchemaReader::InvokeMember(DISPID member, DISPPARAMS& call, VARIANT* res
         answer = UniqueVariant(static_cast<LONG>(schema_.Objects().size()));
     } else {
         UniqueVariant index;
-        const HRESULT changed = UniqueVariant::CopyOf(call.rgvarg[0]).ChangedTo(VT_I4, &index);
+        const HRESULT changed = win32::ChangePlain(UniqueVariant::CopyOf(call.rgvarg[0]), VT_I4, &index);
         if (FAILED(changed)) {
             if (bad_argument) *bad_argument = 0;
             return changed;

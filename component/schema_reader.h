@@ -20,7 +20,19 @@ namespace tessel::component {
 
 class SchemaReader final : public win32::ComObject<IDispatch> {
 public:
-    /// Replaces the contents. False leaves an empty schema.
+    /// While one lives, the contents stay: a window shows them, and the host holds the object too.
+    class InUse {
+    public:
+        explicit InUse(SchemaReader& reader) : reader_(&reader) { ++reader_->users_; }
+        ~InUse() { --reader_->users_; }
+        InUse(const InUse&) = delete;
+        InUse& operator=(const InUse&) = delete;
+
+    private:
+        const win32::ComPtr<SchemaReader> reader_;
+    };
+
+    /// Replaces the contents. False leaves an empty schema, or the one that is in use.
     bool LoadSchema(IDispatch* connection);
     const schema::Schema& Schema() const { return schema_; }
 
@@ -34,6 +46,7 @@ private:
     HRESULT InvokeMember(DISPID member, DISPPARAMS& call, VARIANT* result, UINT* bad_argument);
 
     schema::Schema schema_;
+    int users_ = 0;
 };
 
 }  // namespace tessel::component

@@ -11,7 +11,7 @@ namespace {
 /// Sources may give either of the two forms of a name; the other follows from it.
 void CompleteNames(std::wstring& name, std::wstring& raw_name) {
     if (raw_name.empty()) raw_name = Unbracketed(name);
-    if (name.empty() && !raw_name.empty()) name = BracketIfNeeded(raw_name);
+    if (name.empty() && !raw_name.empty()) name = WrittenName(raw_name);
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ std::optional<schema::Field> ReadField(const Json& json) {
     }
     if (field.raw_name.empty()) return std::nullopt;
     field.raw_name = Unbracketed(field.raw_name);
-    field.name = BracketIfNeeded(field.raw_name);
+    field.name = WrittenName(field.raw_name);
     return field;
 }
 
@@ -77,7 +77,7 @@ std::optional<Error> AddTable(JsonSource& source, const std::wstring& name, int 
     if (!fields.is_array()) return Error{L"los campos de " + name + L" no son una lista"};
     schema::Object object;
     object.raw_name = Unbracketed(name);
-    object.name = BracketIfNeeded(object.raw_name);
+    object.name = WrittenName(object.raw_name);
     object.kind = kind == static_cast<int>(schema::ObjectKind::View) ? schema::ObjectKind::View
                                                                      : schema::ObjectKind::Table;
     std::vector<schema::Field>& list = source.fields[IdentifierKey(object.raw_name)];

@@ -53,8 +53,15 @@ std::vector<std::wstring> LinesHolding(const std::vector<std::wstring>& lines, s
     return found;
 }
 
+// A name may hold a tab of its own, between its brackets.
 std::wstring TableOfLine(std::wstring_view line) {
-    return std::wstring(line.substr(0, line.find(L'\t')));
+    bool in_brackets = false;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        // A bracket that is doubled closes and opens again.
+        if (line[i] == (in_brackets ? L']' : L'[')) in_brackets = !in_brackets;
+        if (line[i] == L'\t' && !in_brackets) return std::wstring(line.substr(0, i));
+    }
+    return std::wstring(line);
 }
 
 }  // namespace tessel::ui

@@ -26,7 +26,7 @@ inline constexpr std::wstring_view kAllTablesEntry = L"< Mostrar todas las tabla
 [[nodiscard]] std::vector<std::wstring> LinesHolding(const std::vector<std::wstring>& lines,
                                                      std::wstring_view text);
 
-/// The table named by a line.
+/// The table named by a line: what stands before its first tab outside brackets.
 [[nodiscard]] std::wstring TableOfLine(std::wstring_view line);
 
 }  // namespace tessel::ui

@@ -22,6 +22,7 @@ struct AdoSchemaSource::KeyRow {
         return name == other.name && schema == other.schema && table == other.table &&
                referenced_schema == other.referenced_schema && referenced_table == other.referenced_table;
     }
+    bool operator==(const KeyRow& other) const = default;
 };
 
 namespace {
@@ -45,7 +46,9 @@ std::vector<AdoSchemaSource::KeyRow> AdoSchemaSource::ReadForeignKeyRows() {
         key.referenced_table = row.Text(L"PK_TABLE_NAME").value_or(L"");
         key.referenced_column = row.Text(L"PK_COLUMN_NAME").value_or(L"");
         key.ordinal = row.Number(L"ORDINAL").value_or(1);
-        if (!key.table.empty() && !key.column.empty() && !key.referenced_table.empty())
+        // A cursor that does not move gives the same row again.
+        const bool is_new = rows.empty() || !(rows.back() == key);
+        if (is_new && !key.table.empty() && !key.column.empty() && !key.referenced_table.empty())
             rows.push_back(std::move(key));
     };
     const bool is_large = order_.size() > kMostTablesAskedSingly;
@@ -90,9 +93,9 @@ std::vector<AdoSchemaSource::KeyRow> AdoSchemaSource::ReadForeignKeyRows() {
 }
 
 std::wstring AdoSchemaSource::NameOf(const std::wstring& schema, const std::wstring& name) const {
-    const std::wstring qualified = BracketIfNeeded(schema) + L'.' + BracketIfNeeded(name);
+    const std::wstring qualified = WrittenName(schema) + L'.' + WrittenName(name);
     if (!schema.empty() && entries_.contains(IdentifierKey(qualified))) return qualified;
-    return BracketIfNeeded(name);
+    return WrittenName(name);
 }
 
 void AdoSchemaSource::CompleteReferences(std::vector<ForeignKey>& keys) {
@@ -104,8 +107,7 @@ void AdoSchemaSource::CompleteReferences(std::vector<ForeignKey>& keys) {
         if (entry == entries_.end()) continue;
         const std::vector<std::wstring> primary = ReadPrimaryKey(entry->second);
         if (primary.size() != key.fields.size()) continue;
-        for (std::size_t i = 0; i < primary.size(); ++i)
-            key.referenced_fields[i] = BracketIfNeeded(primary[i]);
+        for (std::size_t i = 0; i < primary.size(); ++i) key.referenced_fields[i] = WrittenName(primary[i]);
     }
     std::erase_if(keys, [](const ForeignKey& key) {
         return std::any_of(key.referenced_fields.begin(), key.referenced_fields.end(),
@@ -125,9 +127,9 @@ Result<std::vector<ForeignKey>> AdoSchemaSource::LoadForeignKeys() {
             key.table = NameOf(row.schema, row.table);
             key.referenced_table = NameOf(row.referenced_schema, row.referenced_table);
         }
-        keys.back().fields.push_back(BracketIfNeeded(row.column));
+        keys.back().fields.push_back(WrittenName(row.column));
         keys.back().referenced_fields.push_back(
-            row.referenced_column.empty() ? std::wstring() : BracketIfNeeded(row.referenced_column));
+            row.referenced_column.empty() ? std::wstring() : WrittenName(row.referenced_column));
         last = &row;
     }
     CompleteReferences(keys);

@@ -142,9 +142,9 @@ std::optional<std::vector<NamedEntry>> ReadObjects(AdoCatalogue& catalogue) {
     seen.reserve(entries.size());
     named.reserve(entries.size());
     for (CatalogueEntry& entry : entries) {
-        std::wstring name = BracketIfNeeded(entry.name);
+        std::wstring name = WrittenName(entry.name);
         if (schemas.size() > 1 && !IsDefaultSchema(entry.schema))
-            name = BracketIfNeeded(entry.schema) + L'.' + name;
+            name = WrittenName(entry.schema) + L'.' + name;
         if (seen.insert(Folded(name)).second) named.push_back({std::move(entry), std::move(name)});
     }
     SortForReading(named);

@@ -1,6 +1,7 @@
 #include "schema/win32/ado_schema_source.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "common/identifiers.h"
 #include "common/text.h"
@@ -31,7 +32,7 @@ std::wstring TableKey(const std::wstring& schema, const std::wstring& name) {
 Field FieldOfRow(const AdoRows& row) {
     Field field;
     field.raw_name = row.Text(L"COLUMN_NAME").value_or(L"");
-    field.name = BracketIfNeeded(field.raw_name);
+    field.name = WrittenName(field.raw_name);
     const auto type_name = row.Text(L"TYPE_NAME");
     if (const auto type = row.Number(L"DATA_TYPE"))
         field.ado_type = AdoTypeOfColumn(*type, row.Number(L"COLUMN_FLAGS"));
@@ -127,7 +128,7 @@ std::vector<AdoSchemaSource::Column> AdoSchemaSource::ReadColumnsOfSelect(const 
             const Dispatch item(element.Object());
             Column column;
             column.field.raw_name = item.Get(L"Name").Text().value_or(L"");
-            column.field.name = BracketIfNeeded(column.field.raw_name);
+            column.field.name = WrittenName(column.field.raw_name);
             column.field.ado_type = item.Get(L"Type").Number().value_or(0);
             column.field.size = item.Get(L"DefinedSize").Number().value_or(0);
             column.field.precision = item.Get(L"Precision").Number().value_or(0);
@@ -197,7 +198,10 @@ Result<std::vector<Field>> AdoSchemaSource::LoadFields(const Object& object) {
     const std::vector<std::wstring> key =
         object.kind == ObjectKind::Table ? ReadPrimaryKey(entry) : std::vector<std::wstring>();
     std::vector<Field> fields;
+    std::unordered_set<std::wstring> seen;
     for (Column& column : columns) {
+        // A cursor that did not move gave the same column many times.
+        if (!seen.insert(column.field.raw_name).second) continue;
         column.field.primary_key = std::any_of(key.begin(), key.end(), [&](const std::wstring& name) {
             return SameName(name, column.field.raw_name);
         });
