@@ -180,8 +180,14 @@ HTREEITEM SchemaBrowser::ItemOf(std::size_t object) {
 void SchemaBrowser::FillFields(HTREEITEM object_item) {
     const LPARAM data = DataOf(object_item);
     if (!IsObject(KindOf(data)) || TreeView_GetChild(tree_, object_item)) return;
-    opened_.push_back(IndexOf(data));
-    const std::vector<BrowserField> fields = model_.FieldsOf(IndexOf(data));
+    const std::size_t object = IndexOf(data);
+    const std::vector<BrowserField> fields = model_.FieldsOf(object);
+    static_cast<void>(model_.RelationsOf(object));
+    // Reading may let messages through, after which the tree may be another, or filled.
+    if (object >= object_items_.size() || object_items_[object] != object_item ||
+        TreeView_GetChild(tree_, object_item))
+        return;
+    opened_.push_back(object);
     HTREEITEM last = nullptr;
     for (std::size_t i = 0; i < fields.size(); ++i)
         last = AddItem(object_item, last, FieldText(fields[i]), FieldIcon(fields[i]),

@@ -18,7 +18,8 @@ using Cell = std::optional<std::wstring>;
 struct FakeTable {
     std::vector<std::wstring> columns;
     std::vector<std::vector<Cell>> rows;
-    bool never_ends = false;  ///< EOF is never true, and the first row repeats
+    bool never_ends = false;   ///< EOF is never true, and the first row repeats
+    bool fields_stay = false;  ///< a field object keeps saying what its own row holds
 };
 
 /// Calls that are still allowed before everything fails; shared by all objects of one connection.
@@ -79,9 +80,10 @@ inline FakePtr MakeRecordset(FakeTable table, std::shared_ptr<FakeLine> line) {
             field->Set(L"Name", columns[index].c_str());
             field->Set(L"Type", 202);
             field->Set(L"DefinedSize", 30);
-            field->On(L"Value", [=](const FakeCall&) {
-                if (!line->Take() || state->row >= state->table.rows.size()) return DeadLine();
-                return Value(CellValue(state->table.rows[state->row][index]));
+            field->On(L"Value", [=, own_row = state->row](const FakeCall&) {
+                const std::size_t row = state->table.fields_stay ? own_row : state->row;
+                if (!line->Take() || row >= state->table.rows.size()) return DeadLine();
+                return Value(CellValue(state->table.rows[row][index]));
             });
             return Value(ObjectValue(field));
         });
