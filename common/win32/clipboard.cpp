@@ -1,6 +1,6 @@
 #include "common/win32/clipboard.h"
 
-#include <cstring>
+#include <algorithm>
 
 namespace tessel::win32 {
 
@@ -29,7 +29,8 @@ HGLOBAL MemoryOf(std::wstring_view text) {
         GlobalFree(memory);
         return nullptr;
     }
-    if (!text.empty()) std::memcpy(target, text.data(), text.size() * sizeof(wchar_t));
+    // A zero inside would end the text for whoever pastes it.
+    std::replace_copy(text.begin(), text.end(), static_cast<wchar_t*>(target), L'\0', L' ');
     GlobalUnlock(memory);
     return memory;
 }

@@ -131,6 +131,25 @@ TEST_F(SyntaxTreeWindow, EverythingIsExpandedInTheOrderOfTheTree) {
     Run();
 }
 
+TEST_F(SyntaxTreeWindow, ATreeOfVeryManyNodesIsCutWhereItWouldKeepTheUserWaiting) {
+    analyse::TreeNode node;
+    node.text = std::wstring(100'000, L'x');
+    roots_.assign(1, node);
+    node.text = L"a = 1";
+    roots_.resize(50'000, node);
+    script_.Do([this] {
+        EXPECT_EQ(SendMessageW(Tree(), TVM_GETCOUNT, 0, 0), 20'001);
+        HTREEITEM last = NextOf(Tree(), nullptr, TVGN_ROOT);
+        EXPECT_EQ(NodeText(Tree(), last), std::wstring(299, L'x'));
+        while (const HTREEITEM next = NextOf(Tree(), last, TVGN_NEXT)) last = next;
+        EXPECT_EQ(NodeText(Tree(), last), L"…");
+        TreeView_SelectItem(Tree(), last);
+        EXPECT_TRUE(told_.empty());
+    });
+    Run();
+    EXPECT_GT(ui::dlgArbol::AsText(roots_).size(), 400'000u) << "copying copies everything";
+}
+
 TEST_F(SyntaxTreeWindow, CtrlCCopiesTheWholeTreeAndCtrlShiftCTheSelectedLine) {
     Select(L"b Alias: x");
     script_.Do([] { PressKey('C', false, true); });

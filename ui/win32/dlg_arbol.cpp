@@ -19,6 +19,12 @@ constexpr wchar_t kMenuCopyNode[] = L"Copiar la &línea\tCtrl+Mayús+C";
 constexpr int kIdTree = 201;
 constexpr int kMargin = 10;  // dips
 
+// What a tree control takes at once without keeping the user waiting. What goes beyond is told by a last
+// node; copying copies everything all the same.
+constexpr int kMostNodes = 20'000;
+constexpr std::size_t kLongestNode = 2048;
+constexpr wchar_t kMore[] = L"…";
+
 enum MenuCommand : int { kCopyTree = 401, kCopyNode };
 
 void AppendText(const std::vector<analyse::TreeNode>& nodes, int level, std::wstring& text) {
@@ -69,12 +75,16 @@ bool dlgArbol::OnCreateControls() {
 
 void dlgArbol::AddNodes(const std::vector<analyse::TreeNode>& nodes, void* parent) {
     for (const analyse::TreeNode& node : nodes) {
+        if (nodes_added_ > kMostNodes) return;
+        const bool is_last = nodes_added_++ == kMostNodes;
+        const std::wstring cut =
+            node.text.size() > kLongestNode ? node.text.substr(0, kLongestNode) + kMore : std::wstring();
         TVINSERTSTRUCTW insert{};
         insert.hParent = static_cast<HTREEITEM>(parent);
         insert.hInsertAfter = TVI_LAST;
         insert.item.mask = TVIF_TEXT | TVIF_PARAM | TVIF_STATE;
-        insert.item.pszText = const_cast<wchar_t*>(node.text.c_str());
-        insert.item.lParam = reinterpret_cast<LPARAM>(&node);
+        insert.item.pszText = const_cast<wchar_t*>(is_last ? kMore : (cut.empty() ? node.text : cut).c_str());
+        insert.item.lParam = is_last ? 0 : reinterpret_cast<LPARAM>(&node);
         insert.item.state = node.children.empty() ? 0 : TVIS_EXPANDED;
         insert.item.stateMask = TVIS_EXPANDED;
         const auto item = reinterpret_cast<HTREEITEM>(

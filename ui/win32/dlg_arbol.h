@@ -47,6 +47,7 @@ private:
     HWND tree_ = nullptr;   // TVW
     HWND close_ = nullptr;  // "&Cerrar"
     bool filling_ = false;
+    int nodes_added_ = 0;
 };
 
 }  // namespace tessel::ui
