@@ -3,6 +3,7 @@
 #include <oleacc.h>
 
 #include "common/win32/accessible_object.h"
+#include "common/win32/foreign_call.h"
 
 namespace tessel::win32 {
 
@@ -21,6 +22,8 @@ bool AccessibleWindow::OnMessage(HWND hwnd, UINT message, WPARAM wparam, LPARAM 
                    OnGetObject(wparam, result);
         case kActMessage:
             result = 0;
+            // As every gesture, see ForeignCall.
+            if (ForeignCall::IsRunning()) return true;
             if (const auto id = static_cast<AccessibleId>(wparam); tree_.Has(id)) tree_.Act(id);
             return true;
         case WM_KILLFOCUS:

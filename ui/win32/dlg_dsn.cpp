@@ -1,6 +1,7 @@
 #include "ui/win32/dlg_dsn.h"
 
 #include "common/win32/activation_context.h"
+#include "common/win32/input_gate.h"
 #include "common/win32/screen.h"
 #include "common/win32/window.h"
 #include "macros/macros.h"
@@ -8,14 +9,15 @@
 
 namespace tessel::ui {
 
-// Both scopes span the window's whole life: every control of it is a themed one, and every window of it
-// follows the scale of its monitor.
+// These scopes span the window's whole life: every control of it is a themed one, every window of it follows
+// the scale of its monitor, and none takes input while a call of ours is with the host.
 class dlgDsn::Impl {
 public:
     explicit Impl(DesignerOwner* owner) : window(owner) { window.Create(); }
 
     win32::PerMonitorScope scale;
     win32::ActivationContext context;
+    win32::InputGate gate;
     DesignerWindow window;
 };
 
