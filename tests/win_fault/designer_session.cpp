@@ -13,7 +13,9 @@ namespace {
 constexpr wchar_t kDesigner[] = L"Diseñador de consultas SQL";
 constexpr wchar_t kPreview[] = L"Vista previa de datos";
 constexpr wchar_t kTree[] = L"Árbol de sintaxis";
+constexpr wchar_t kAddTable[] = L"Agregar tabla al diagrama";
 constexpr UINT kTickMilliseconds = 10;
+constexpr int kPatience = 20;  // ticks
 constexpr ULONGLONG kLongestSession = 60'000;
 
 struct WindowSearch {
@@ -92,16 +94,22 @@ private:
         const HWND designer = OwnWindow(kDesigner);
         if (GetTickCount64() - started_ > kLongestSession) {
             log_.stuck = true;
-            for (HWND window : {testing::OpenMessageBox(), OwnWindow(kPreview), OwnWindow(kTree), designer})
+            for (HWND window : {testing::OpenMessageBox(), OwnWindow(kPreview), OwnWindow(kTree),
+                                OwnWindow(kAddTable), designer})
                 if (window) PostMessageW(window, WM_CLOSE, 0, 0);
             return;
         }
         if (const HWND box = testing::OpenMessageBox()) return CloseBox(box);
         if (const HWND preview = OwnWindow(kPreview)) return LookAtPreview(preview);
-        if (const HWND tree = OwnWindow(kTree)) return CloseTree(tree);
-        box_ = preview_ = tree_ = nullptr;
-        if (!designer || in_step_ || next_ == steps_.size()) return;
+        if (const HWND tree = OwnWindow(kTree)) return CloseCounted(tree, tree_, log_.trees);
+        if (const HWND dialog = OwnWindow(kAddTable)) return CloseCounted(dialog, dialog_, log_.dialogs);
+        box_ = preview_ = tree_ = dialog_ = nullptr;
+        if (!designer || in_step_ || !IsWindowEnabled(designer)) return;
         log_.designer_shown = true;
+        // A gesture that came at a bad moment is lost, and the user makes it again.
+        if (next_ == steps_.size() && ++idle_ticks_ < kPatience) return;
+        if (next_ == steps_.size()) --next_;
+        idle_ticks_ = 0;
         in_step_ = true;
         steps_[next_++](designer);
         in_step_ = false;
@@ -113,10 +121,10 @@ private:
         PostMessageW(box, WM_CLOSE, 0, 0);
     }
 
-    void CloseTree(HWND tree) {
-        if (tree != tree_) ++log_.trees;
-        tree_ = tree;
-        PostMessageW(tree, WM_CLOSE, 0, 0);
+    static void CloseCounted(HWND window, HWND& last, int& count) {
+        if (window != last) ++count;
+        last = window;
+        PostMessageW(window, WM_CLOSE, 0, 0);
     }
 
     /// Goes to its end, so that every page is read, and closes it.
@@ -136,10 +144,12 @@ private:
     ULONGLONG started_;
     UINT_PTR timer_ = 0;
     std::size_t next_ = 0;
+    int idle_ticks_ = 0;
     bool in_step_ = false;
     HWND box_ = nullptr;
     HWND preview_ = nullptr;
     HWND tree_ = nullptr;
+    HWND dialog_ = nullptr;
     SessionLog log_;
 };
 
@@ -188,6 +198,35 @@ SessionStep PressButton(int id) {
     return [id](HWND designer) {
         const HWND button = testing::Descendant(designer, id);
         if (button && IsWindowEnabled(button)) SendMessageW(button, BM_CLICK, 0, 0);
+    };
+}
+
+SessionStep OpenWholeBrowser(int* items) {
+    return [items](HWND designer) {
+        const HWND tree =
+            FindWindowExW(testing::Descendant(designer, ui::kIdBrowser), nullptr, WC_TREEVIEWW, nullptr);
+        constexpr int kItemsSelected = 100;
+        int seen = 0;
+        for (HTREEITEM item = TreeView_GetRoot(tree); item; item = TreeView_GetNextVisible(tree, item)) {
+            if (seen < kItemsSelected) TreeView_SelectItem(tree, item);
+            TreeView_Expand(tree, item, TVE_EXPAND);
+            ++seen;
+        }
+        if (items) *items = seen;
+    };
+}
+
+SessionStep ChooseTab(int tab) {
+    return [tab](HWND designer) { TabCtrl_SetCurFocus(testing::Descendant(designer, ui::kIdTabs), tab); };
+}
+
+SessionStep WalkGridRows() {
+    return [](HWND designer) {
+        constexpr int kRows = 8;
+        const HWND grid = testing::Descendant(designer, ui::kIdGrid);
+        if (!IsWindowVisible(grid)) return;
+        SetFocus(grid);
+        for (int row = 0; row < kRows; ++row) SendMessageW(grid, WM_KEYDOWN, VK_DOWN, 0);
     };
 }
 

@@ -36,6 +36,7 @@ public:
     HostWindow(const HostWindow&) = delete;
     HostWindow& operator=(const HostWindow&) = delete;
 
+    HWND Handle() const { return window_; }
     /// Puts the focus into the edit control and gives the pointer a shape of the host's.
     void Focus() const;
     /// What is not as the host left it, in words; empty when everything is.
@@ -51,6 +52,7 @@ struct SessionLog {
     bool designer_shown = false;
     int previews = 0;
     int trees = 0;
+    int dialogs = 0;  ///< to add tables
     std::vector<std::wstring> messages;
     bool stuck = false;  ///< it did not come to its end, and was closed by force
 };
@@ -59,6 +61,11 @@ struct SessionLog {
 using SessionStep = std::function<void(HWND designer)>;
 
 SessionStep PressButton(int id);
+/// Opens every item of the schema browser, selects the first ones, and counts them.
+SessionStep OpenWholeBrowser(int* items = nullptr);
+SessionStep ChooseTab(int tab);
+/// Puts the focus into the grid and goes through its rows, which refills their lists.
+SessionStep WalkGridRows();
 
 /// What DesingQry answered, and what happened meanwhile.
 struct SessionAnswer {
