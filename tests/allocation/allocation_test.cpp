@@ -7,8 +7,11 @@
 
 #include "analyse/analyse_sql.h"
 #include "analyse/syntax_tree.h"
+#include "common/mdl_global.h"
 #include "common/text.h"
 #include "compose/compose.h"
+#include "controls/editor/completion.h"
+#include "controls/editor/sql_colouring.h"
 #include "macros/macros.h"
 #include "model/design.h"
 #include "sqlparser/sql_parser.h"
@@ -105,6 +108,41 @@ TEST(Allocations, CompositionMayFailAnywhere) {
     ForEveryAllocation([&](const auto& run) {
         run([&] { static_cast<void>(compose::BuildSQL(design)); });
         EXPECT_EQ(compose::BuildSQL(design), composed);
+    });
+}
+
+TEST(Allocations, CompletionMayFailAnywhere) {
+    const std::wstring text =
+        L"SELECT Clientes.Nombre AS Un título largo FROM Clientes INNER JOIN Pedidos ON Clie";
+    const controls::CompletionNames names{
+        nullptr, {L"una macro de nombre largo"}, {L"un parámetro de nombre largo"}, nullptr};
+    const std::size_t candidates = controls::Complete(text, text.size(), names).candidates.size();
+    EXPECT_GT(candidates, 0u);
+    const long count = ForEveryAllocation([&](const auto& run) {
+        run([&] { static_cast<void>(controls::Complete(text, text.size(), names)); });
+        EXPECT_EQ(controls::Complete(text, text.size(), names).candidates.size(), candidates);
+    });
+    EXPECT_GT(count, 20);
+}
+
+TEST(Allocations, ColouringMayFailAnywhere) {
+    const std::wstring text(kStatement);
+    const std::vector<controls::SqlStyle> styles = controls::ColourText(text, {});
+    ForEveryAllocation([&](const auto& run) {
+        run([&] { static_cast<void>(controls::ColourText(text, {})); });
+        EXPECT_EQ(controls::ColourText(text, {}), styles);
+    });
+}
+
+TEST(Allocations, ListingAndStrippingMayFailAnywhere) {
+    const std::wstring text = L"((@{una macro de nombre largo} + @otra_macro_de_nombre_largo))";
+    ForEveryAllocation([&](const auto& run) {
+        run([&] {
+            std::wstring stripped = text;
+            static_cast<void>(macros::GetMacros(text));
+            static_cast<void>(StripOuterParens(stripped));
+        });
+        EXPECT_EQ(macros::GetMacros(text).size(), 2u);
     });
 }
 

@@ -8,6 +8,8 @@
 #include "analyse/syntax_tree.h"
 #include "common/text.h"
 #include "compose/compose.h"
+#include "controls/editor/completion.h"
+#include "controls/editor/sql_colouring.h"
 #include "macros/macros.h"
 #include "sqlparser/printer.h"
 #include "sqlparser/sql_parser.h"
@@ -26,6 +28,7 @@ constexpr int kMany = 200'000;
 #else
 constexpr int kMany = 200'000;
 #endif
+constexpr int kMillion = 5 * kMany;
 
 std::wstring Times(std::wstring_view piece, int count) {
     std::wstring text;
@@ -83,6 +86,19 @@ TEST_P(LongTexts, ListsItsMacrosInOnePass) {
     EXPECT_LE(macros::GetMacros(GetParam().text).size(), GetParam().text.size());
 }
 
+TEST_P(LongTexts, IsColouredInAsManyStylesAsItHasCharacters) {
+    const std::wstring& text = GetParam().text;
+    EXPECT_EQ(controls::ColourText(text, {}).size(), text.size());
+}
+
+TEST_P(LongTexts, IsCompletedAtItsEndAndInItsMiddle) {
+    const std::wstring& text = GetParam().text;
+    for (const std::size_t caret : {text.size(), text.size() / 2}) {
+        const controls::Completion completion = controls::Complete(text, caret, {});
+        EXPECT_LE(completion.replaced.End(), text.size());
+    }
+}
+
 const std::wstring kWhere = L"SELECT t.a FROM t WHERE ";
 
 INSTANTIATE_TEST_SUITE_P(
@@ -91,6 +107,11 @@ INSTANTIATE_TEST_SUITE_P(
         LongText{"OpenParentheses", L"SELECT " + Times(L"(", kMany), kTooDeep},
         LongText{"ClosedParentheses", kWhere + Times(L"(", kMany) + L"1" + Times(L")", kMany), kTooDeep},
         LongText{"ParenthesesAtEachComparison", kWhere + Times(L"((t.a)=1) AND ", kMany) + L"t.a=1", kOpens},
+        LongText{"HundredThousandParentheses", kWhere + Times(L"(", 100'000) + L"1" + Times(L")", 100'000),
+                 kTooDeep},
+        LongText{"AMillionAlternatives", kWhere + Times(L"t.a=1 OR ", kMillion) + L"t.a=1", kNoCell},
+        LongText{"AMillionConditions", kWhere + Times(L"t.a=1 AND ", kMillion) + L"t.a=1", kOpens},
+        LongText{"AMillionWords", Times(L"palabra ", kMillion), L"Se esperaba una instrucción SELECT."},
         LongText{"Alternatives", kWhere + Times(L"t.a=1 OR ", kMany) + L"t.a=1", kNoCell},
         LongText{"Nots", kWhere + Times(L"NOT ", kMany) + L"t.a=1", kTooDeep},
         LongText{"NotsOverGroups", kWhere + Times(L"NOT (", kMany) + L"t.a=1" + Times(L")", kMany), kTooDeep},
@@ -116,6 +137,27 @@ INSTANTIATE_TEST_SUITE_P(
         LongText{"OpenBracket", L"SELECT [" + Times(L"a", kMany), L"Falta el corchete de cierre."},
         LongText{"OpenComment", L"SELECT /*" + Times(L"*", kMany), L"El comentario no está cerrado."},
         LongText{"OpenMacro", L"SELECT " + Times(L"@{", kMany), L"Falta la llave de cierre de la macro."},
+        LongText{"OpenQuotedName", L"SELECT \"" + Times(L"a\"\"", kMany),
+                 L"El texto entre comillas no está cerrado."},
+        LongText{"OpenBackQuote", L"SELECT `" + Times(L"a``", kMany),
+                 L"Falta la comilla invertida de cierre."},
+        LongText{"OpenDate", L"SELECT #" + Times(L"1/", kMany),
+                 L"La fecha no es válida o le falta el signo # de cierre."},
+        LongText{"OpenEscapes", L"SELECT " + Times(L"{fn ", kMany), kTooDeep},
+        LongText{"OpenOuterJoins", L"SELECT a FROM " + Times(L"{oj ", kMany), kTooDeep},
+        LongText{"OpenBrackets", L"SELECT " + Times(L"[", kMany), L"Falta el corchete de cierre."},
+        LongText{"AllQuotesOpen", Times(L"'\"`[#{/*", kMany), L"Se esperaba una instrucción SELECT."},
+        LongText{"ClosingParentheses", L"SELECT t.a FROM t" + Times(L")", kMany),
+                 L"Sobra un paréntesis de cierre."},
+        LongText{"Commas", L"SELECT " + Times(L",", kMany), L"Se esperaba una expresión después de SELECT."},
+        LongText{"Operators", kWhere + Times(L"+-", kMany) + L"t.a=1", kTooDeep},
+        LongText{"LongWord", L"SELECT t." + Times(L"a", kMany) + L" FROM t", kNoCell},
+        LongText{"LongNumber", kWhere + L"t.a=" + Times(L"9", kMany), kNoCell},
+        LongText{"ManyLoneSurrogates", L"SELECT t." + std::wstring(kMany, wchar_t(0xD800)) + L" FROM t",
+                 kNoCell},
+        LongText{"ControlCharacters", L"SELECT " + Times(L"\x01\x02\x1f\x7f", kMany),
+                 L"El carácter no es válido en este lugar."},
+        LongText{"ManyMixedLineEnds", L"SELECT t.a" + Times(L"\r\n\r\n\n\r", kMany) + L"FROM t", kOpens},
         LongText{"AtSigns", L"SELECT " + Times(L"@", kMany),
                  L"El diseño necesita al menos una tabla en FROM."},
         LongText{"Blanks", Times(L" ", kMany), L"No hay ninguna instrucción SQL."},
