@@ -20,6 +20,7 @@ target_compile_definitions(scintilla PRIVATE UNICODE _UNICODE NOMINMAX _WIN32_WI
 # Somebody else's code: its warnings are not ours to mend.
 target_compile_options(scintilla PRIVATE -Os -w -ffunction-sections -fdata-sections
   -include ${PROJECT_SOURCE_DIR}/controls/editor/win32/scintilla_prefix.h)
+tessel_harden(scintilla)
 target_link_libraries(scintilla PUBLIC gdi32 imm32 ole32 oleaut32 uuid user32 advapi32 msimg32)
 
 # The product carries the component's licence; packaging takes it from here.

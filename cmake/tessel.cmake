@@ -5,6 +5,7 @@ function(tessel_library name)
   cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
   add_library(${name} STATIC ${ARG_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PUBLIC tessel_options ${ARG_LINK})
+  tessel_harden(${name})
 endfunction()
 
 # tessel_test(NAME sources... [LINK libs...] [ENV VAR=value...]): one GoogleTest program and one CTest entry.

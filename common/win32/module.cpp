@@ -26,11 +26,15 @@ std::wstring ModuleFolder() {
     return slash == std::wstring::npos ? std::wstring() : path.substr(0, slash + 1);
 }
 
+// Windows 7 without its updates does not know the flag, and takes the library's whole path.
 HMODULE LoadSystemLibrary(const wchar_t* file_name) {
+    const HMODULE library = LoadLibraryExW(file_name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (library || GetLastError() != ERROR_INVALID_PARAMETER) return library;
     wchar_t folder[MAX_PATH];
     const UINT length = GetSystemDirectoryW(folder, MAX_PATH);
     if (length == 0 || length >= MAX_PATH) return nullptr;
-    return LoadLibraryW((std::wstring(folder, length) + L'\\' + file_name).c_str());
+    return LoadLibraryExW((std::wstring(folder, length) + L'\\' + file_name).c_str(), nullptr,
+                          LOAD_WITH_ALTERED_SEARCH_PATH);
 }
 
 }  // namespace tessel::win32

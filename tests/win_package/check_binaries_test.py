@@ -66,6 +66,31 @@ class CheckBinaries(unittest.TestCase):
         struct.pack_into("<I", self.library, flags_of_first, flags | 0xA0000000)
         self.assert_found("can be written and executed")
 
+    def test_executable_data_sections_are_found(self):
+        (optional,) = struct.unpack_from("<H", self.library, self.start + 20)
+        flags_of_second = self.start + 24 + optional + 40 + 36
+        (flags,) = struct.unpack_from("<I", self.library, flags_of_second)
+        struct.pack_into("<I", self.library, flags_of_second, (flags & ~0x80000000) | 0x20000000)
+        self.assert_found("section .data can be executed")
+
+    def test_a_stack_without_guard_is_found(self):
+        self.assertIn(bytes.fromhex("B902000000CD29"), self.library)
+        self.library = self.library.replace(bytes.fromhex("B902000000CD29"), bytes.fromhex("B903000000CD29"))
+        self.assert_found("does not guard its stack")
+
+    def test_handlers_of_exceptions_are_looked_at(self):
+        if BIN.parent.name == "x86":
+            self.clear_flag(0x400)
+            self.assert_found("lets handlers of exceptions be invented")
+        else:
+            table = self.start + 24 + 112 + 8 * 3
+            struct.pack_into("<II", self.library, table, 0, 0)
+            self.assert_found("has no table of its handlers of exceptions")
+
+    def test_loading_by_a_bare_name_is_found(self):
+        self.library = self.library.replace(b"\0LoadLibraryExW\0", b"\0LoadLibraryW\0\0")
+        self.assert_found("can load a library by LoadLibraryW")
+
     def test_a_time_stamp_is_found(self):
         struct.pack_into("<I", self.library, self.start + 8, 1700000000)
         self.assert_found("carries the time of its build")
