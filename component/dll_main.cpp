@@ -6,6 +6,7 @@
 #include "component/c_parameter.h"
 #include "component/quillon.h"
 #include "component/registration.h"
+#include "component/runtime_threads.h"
 
 using namespace tessel;
 using component::RegistrationScope;
@@ -40,7 +41,9 @@ STDAPI DllInstall(BOOL install, LPCWSTR command_line) {
     return install ? component::Register(scope) : component::Unregister(scope);
 }
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(module);
+/// `at_process_end` is set when the whole process ends, which needs no tidying: other threads are gone,
+/// whatever they held.
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID at_process_end) {
+    if (reason == DLL_PROCESS_DETACH && !at_process_end) component::ReleaseThreadData();
     return TRUE;
 }

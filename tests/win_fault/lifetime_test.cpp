@@ -154,11 +154,6 @@ TEST_F(LoadedAgainAndAgain, AHundredLoadsHoldNothing) {
     EXPECT_LT(after.memory_kb - before.memory_kb, 1024);
 }
 
-// What the compiler's threads library, linked statically, opens for a thread and for its own lock when the
-// editor first uses it, and does not close at the end of a DLL. A host that keeps the library loaded has them
-// once.
-constexpr int kHandlesOfTheThreadsLibrary = 4;
-
 TEST_F(LoadedAgainAndAgain, ALibraryThatOpenedTheDesignerUnloadsToo) {
     for (int i = 0; i < 5; ++i) Cycle(true);
     const ProcessUse before;
@@ -167,8 +162,75 @@ TEST_F(LoadedAgainAndAgain, ALibraryThatOpenedTheDesignerUnloadsToo) {
     const ProcessUse after;
     EXPECT_LE(after.gdi, before.gdi + 1);
     EXPECT_LE(after.user, before.user);
-    EXPECT_LE(after.handles, before.handles + kHandlesOfTheThreadsLibrary * kCycles);
+    EXPECT_LE(after.handles, before.handles);
     EXPECT_EQ(host_.Disturbance(), "");
+}
+
+class NoDropTarget final : public win32::ComObject<IDropTarget> {
+public:
+    STDMETHODIMP DragEnter(IDataObject*, DWORD, POINTL, DWORD*) override { return E_NOTIMPL; }
+    STDMETHODIMP DragOver(DWORD, POINTL, DWORD*) override { return E_NOTIMPL; }
+    STDMETHODIMP DragLeave() override { return E_NOTIMPL; }
+    STDMETHODIMP Drop(IDataObject*, DWORD, POINTL, DWORD*) override { return E_NOTIMPL; }
+};
+
+/// A thread's body, in an apartment of its own.
+void TakeDrops() {
+    const HostWindow host;
+    const HWND window = GetActiveWindow();
+    RegisterDragDrop(window, win32::MakeObject<NoDropTarget>().Get());
+    RevokeDragDrop(window);
+}
+
+void OpenDesigner() {
+    const HostWindow host;
+    host.Focus();
+    const FakeConnection connection = SessionConnection();
+    const win32::ComPtr<_Quillon> quillon = ComponentLibrary::Instance().CreateQuillon();
+    const SessionAnswer answer =
+        RunSession(quillon.Get(), connection.object.Get(), kStatement, {PressButton(ui::kIdAccept)});
+    EXPECT_TRUE(answer.log.designer_shown);
+    EXPECT_NE(answer.sql, kStatement) << "the accepted text has line ends";
+}
+
+DWORD WINAPI RunInApartment(void* body) {
+    if (FAILED(OleInitialize(nullptr))) return 1;
+    reinterpret_cast<void (*)()>(body)();
+    OleUninitialize();
+    return 0;
+}
+
+/// Runs the body in threads, one after the other, while this thread's windows stay alive. Answers what the
+/// process holds more at the end, without the first threads.
+ProcessUse GrowthOver(int threads, void (*body)()) {
+    constexpr int kWarm = 3;
+    ProcessUse before;
+    for (int i = -kWarm; i < threads; ++i) {
+        if (i == 0) before = ProcessUse();
+        const HANDLE thread =
+            CreateThread(nullptr, 0, RunInApartment, reinterpret_cast<void*>(body), 0, nullptr);
+        while (MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) {
+            MSG message{};
+            while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        }
+        CloseHandle(thread);
+    }
+    ProcessUse growth;
+    growth.gdi -= before.gdi;
+    growth.user -= before.user;
+    growth.handles -= before.handles;
+    return growth;
+}
+
+// Wine keeps an event and a pipe of every apartment that took drops, also of one that never saw the designer.
+TEST(LifetimeOfThreads, AThreadThatOpenedTheDesignerTakesEverythingWithIt) {
+    constexpr int kThreads = 8;
+    const ProcessUse of_the_system = GrowthOver(kThreads, TakeDrops);
+    const ProcessUse growth = GrowthOver(kThreads, OpenDesigner);
+    EXPECT_LE(growth.gdi, 0);
+    EXPECT_LE(growth.user, 0);
+    EXPECT_LE(growth.handles, of_the_system.handles);
+    EXPECT_EQ(ComponentLibrary::Instance().CanUnloadNow(), S_OK);
 }
 
 }  // namespace
