@@ -88,7 +88,7 @@ class CheckBinaries(unittest.TestCase):
             self.assert_found("has no table of its handlers of exceptions")
 
     def test_loading_by_a_bare_name_is_found(self):
-        self.library = self.library.replace(b"\0LoadLibraryExW\0", b"\0LoadLibraryW\0\0")
+        self.library = self.library.replace(b"LoadLibraryExW\0", b"LoadLibraryW\0\0\0")
         self.assert_found("can load a library by LoadLibraryW")
 
     def test_a_time_stamp_is_found(self):
