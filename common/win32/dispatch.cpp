@@ -44,6 +44,22 @@ CallResult Failure(HRESULT code, std::wstring_view source, std::wstring_view mes
     return CallResult(code, std::wstring(source), std::move(text));
 }
 
+/// What was thrown, by us for want of memory, or by an object that should not throw at all.
+CallResult Failure() noexcept {
+    HRESULT code = E_OUTOFMEMORY;
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+    } catch (...) {
+        code = E_UNEXPECTED;
+    }
+    try {
+        return Failure(code, {}, {});
+    } catch (...) {
+        return CallResult(code, {}, {});
+    }
+}
+
 CallResult FailureOf(HRESULT code, ExceptionInfo& info) {
     if (code == DISP_E_EXCEPTION) {
         // An object may postpone the texts until somebody asks for them.
@@ -217,7 +233,7 @@ CallResult Dispatch::InvokeName(const wchar_t* name, WORD flags, const UniqueVar
         if (either && count == 0 && result.Code() == E_FAIL) return InvokeId(id, DISPATCH_PROPERTYGET, {});
         return result;
     } catch (...) {
-        return CallResult(E_OUTOFMEMORY, {}, {});
+        return Failure();
     }
 }
 
@@ -241,7 +257,7 @@ CallResult Dispatch::InvokeId(DISPID id, WORD flags, std::vector<VARIANTARG> rev
         if (value.Type() & VT_BYREF) value = UniqueVariant::CopyOf(value.Get());
         return CallResult(std::move(value));
     } catch (...) {
-        return CallResult(E_OUTOFMEMORY, {}, {});
+        return Failure();
     }
 }
 
@@ -256,7 +272,7 @@ CallResult WalkCollection(const Dispatch& collection, const ElementVisitor& visi
         if (!by_number && by_number.Code() == DISP_E_UNKNOWNNAME) return by_enumerator;
         return by_number;
     } catch (...) {
-        return CallResult(E_OUTOFMEMORY, {}, {});
+        return Failure();
     }
 }
 

@@ -7,7 +7,8 @@ namespace tessel::win32 {
 
 namespace {
 
-/// What begins something. A button that is let go ends what it began, or a control would wait for it for ever.
+/// What begins something. A button that is let go ends what it began, or a control would wait for it for
+/// ever.
 bool IsInput(UINT message) {
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) ||
            (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST && message != WM_LBUTTONUP);

@@ -1,7 +1,7 @@
 // The window on schemas and values that nobody would make on purpose: everything is opened, selected, run and
 // copied, and the session ends like any other.
-#include <gtest/gtest.h>
 #include <windows.h>
+#include <gtest/gtest.h>
 
 #include <commctrl.h>
 
@@ -91,7 +91,7 @@ TEST_F(HostileSession, NamesOfEveryKindAreShownAndComeBackAsTheyWere) {
     for (std::size_t i = 0; i < 20; ++i) sql += (i ? L", " : L"") + WrittenName(names[i]);
     int items = 0;
     const auto look = [&](HWND designer) {
-        OpenWholeBrowser(&items)(designer);
+        OpenWholeBrowser (&items)(designer);
         if (const std::wstring file = PictureFile(L"hostile_names.bmp"); !file.empty())
             testing::SavePicture(designer, file);
     };
@@ -116,8 +116,7 @@ TEST_F(HostileSession, ATableOfTwoThousandFieldsIsShown) {
     connection_ = MakeConnection(DatabaseOf({L"ancha"}, 2000));
     int items = 0;
     const SessionAnswer answer =
-        Run(L"SELECT ancha.id1999 FROM ancha",
-            {OpenWholeBrowser(&items), PressButton(ui::kIdAccept)});
+        Run(L"SELECT ancha.id1999 FROM ancha", {OpenWholeBrowser(&items), PressButton(ui::kIdAccept)});
     EXPECT_GE(items, 2000);
     EXPECT_NE(answer.sql.find(L"ancha.id1999"), std::wstring::npos);
 }

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <limits>
+#include <stdexcept>
 
 namespace tessel::tests {
 
@@ -105,6 +106,9 @@ std::vector<Trick> AnswerTricks() {
              answer = UniqueVariant(L"y sin embargo");
              return E_FAIL;
          }},
+#ifdef _WIN64  // The unwinder for x86 does not find its way from one module into another.
+        {"an exception of the language", [] { throw std::runtime_error("excepción del programa"); }, {}},
+#endif
         {"an exception that is none",
          {},
          [](UniqueVariant&, EXCEPINFO* exception) {
