@@ -42,9 +42,17 @@ NodeId WithoutNot(const sql::Statement& statement, NodeId id, bool& negated) {
     return inner;
 }
 
-/// True when the text of the expression can stand before a comparison sign without parentheses.
-bool BindsTighterThanComparison(const Node& node) {
-    return !IsPredicate(node) || node.kind == NodeKind::True || node.kind == NodeKind::False;
+/// True when the text of the expression can stand before a comparison sign without parentheses. The negation at
+/// the end of "a * NOT b" would take the sign for its own.
+bool BindsTighterThanComparison(const sql::Statement& statement, NodeId id) {
+    const Node* node = &statement.At(id);
+    if (IsPredicate(*node)) return node->kind == NodeKind::True || node->kind == NodeKind::False;
+    while (node->kind == NodeKind::Binary || node->kind == NodeKind::Unary) {
+        NodeId last = node->first_child;
+        while (statement.At(last).next != sql::kNoNode) last = statement.At(last).next;
+        node = &statement.At(last);
+    }
+    return node->kind != NodeKind::Not;
 }
 
 }  // namespace
@@ -235,8 +243,7 @@ std::wstring CriteriaBuilder::WholeText(NodeId id) const {
     const NodeId inner = WithoutParens(statement_, id);
     std::wstring text = ExpressionText(inner, L"(");
     if (!canonical_.IsTruthValue(inner)) {
-        const bool is_predicate = IsPredicate(statement_.At(inner));
-        text = is_predicate ? L"(" + text + L") " : text + L" ";
+        text = BindsTighterThanComparison(statement_, inner) ? text + L" " : L"(" + text + L") ";
         text += kIsNotFalse;
     }
     return ColumnBuilder::FittedText(L"(" + text + L")");
@@ -246,7 +253,7 @@ Outcome CriteriaBuilder::AddCells(NodeId expression, Form form, const std::vecto
                                   TextRange place) {
     int column = UsableColumn(form);
     if (column == kNoColumn) {
-        const bool bare = BindsTighterThanComparison(statement_.At(expression));
+        const bool bare = BindsTighterThanComparison(statement_, expression);
         std::wstring text = ExpressionText(expression, bare ? L"" : L"(");
         if (!bare) text = L"(" + text + L")";
         if (Outcome refusal = AddColumn(std::move(text), form, place, column)) return refusal;

@@ -25,6 +25,8 @@ using Outcome = std::optional<Refusal>;
 namespace messages {
 
 inline constexpr std::wstring_view kTop = L"El diseño no puede mostrar la cláusula TOP.";
+inline constexpr std::wstring_view kDoubtfulComment =
+    L"No todos los motores entienden igual este comentario; el diseño no puede mostrar la instrucción.";
 inline constexpr std::wstring_view kNoTables = L"El diseño necesita al menos una tabla en FROM.";
 inline constexpr std::wstring_view kTooManyTables = L"El diseño no puede mostrar más de 256 tablas.";
 inline constexpr std::wstring_view kQualifiedTable =

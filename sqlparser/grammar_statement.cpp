@@ -36,6 +36,7 @@ std::unique_ptr<Statement> Grammar::Run(std::vector<Node> memory) {
         Fail(messages::kExpectedPivot);
     }
     if (!blocked_) EndOfText();
+    statement->has_comments = lexer_.HasSkippedComment();
     return statement;
 }
 

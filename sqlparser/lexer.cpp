@@ -130,7 +130,10 @@ const Token& Lexer::NextSignificant() {
         while (at_ < end_ && state_.inside == LexerState::Inside::Nothing && Is(text_[at_], kBlank)) ++at_;
         const Token& token = Read();
         if (token.kind == TokenKind::Space) continue;
-        if (token.kind == TokenKind::Comment && !(token.flags & kUnterminated)) continue;
+        if (token.kind == TokenKind::Comment && !(token.flags & kUnterminated)) {
+            has_skipped_comment_ = true;
+            continue;
+        }
         return token;
     }
 }

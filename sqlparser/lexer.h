@@ -109,6 +109,9 @@ public:
     /// The token that was read last.
     const Token& Current() const { return token_; }
 
+    /// Whether NextSignificant() has left out a comment.
+    bool HasSkippedComment() const { return has_skipped_comment_; }
+
     /// The state after the last token, to be given to a lexer of the following line.
     LexerState State() const { return state_; }
 
@@ -137,6 +140,7 @@ private:
     std::uint32_t at_;
     std::uint32_t end_;
     LexerState state_;
+    bool has_skipped_comment_ = false;
     Token token_;
 };
 

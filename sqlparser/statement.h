@@ -167,6 +167,7 @@ public:
     bool WithTies = false;
     double Top = 0;
     bool Percent = false;
+    bool has_comments = false;  ///< of the whole text; only the outermost statement tells
     bool Distinct = false;
     TextRange distinct_range;
     TextRange top_range;

@@ -15,6 +15,8 @@ struct StatementCase {
 inline const StatementCase kStatementCases[] = {
     {L"SELECT Clientes.Nombre, Sum(Pedidos.Importe) AS Total FROM (Clientes INNER JOIN Pedidos ON Clientes.IdCliente = Pedidos.IdCliente) GROUP BY Clientes.Nombre ORDER BY Sum(Pedidos.Importe) DESC",
      L"SELECT Clientes.Nombre AS Nombre, Sum(Pedidos.Importe) AS Total\nFROM (Clientes INNER JOIN Pedidos ON Clientes.IdCliente = Pedidos.IdCliente) \nGROUP BY Clientes.Nombre\nORDER BY Sum(Pedidos.Importe) DESC;"},
+    {L"SELECT a FROM t WHERE (b * NOT c = e)",
+     L"SELECT a\nFROM t\nWHERE ((b * NOT c = e) <> False);"},
     {L"SELECT * FROM Clientes",
      L"SELECT *\nFROM Clientes;"},
     {L"select nombre from clientes",

@@ -1,0 +1,51 @@
+#include <gtest/gtest.h>
+
+#include "analyse/analyse_sql.h"
+#include "analyse/refusal.h"
+#include "common/text.h"
+
+namespace tessel::analyse {
+namespace {
+
+TEST(Comments, WhatEnginesDelimitInDifferentWaysIsRefusedAtItsPlace) {
+    const std::pair<std::wstring_view, std::wstring_view> statements[] = {
+        {L"SELECT a -- b\r, c FROM t\n", L"-- b"},
+        {L"SELECT a FROM t -- b\rWHERE c = 1", L"-- b"},
+        {L"SELECT a FROM t WHERE a > 5--1", L"--1"},
+        {L"SELECT a FROM t WHERE a > (5)--(1)\r\n", L"--(1)"},
+        {L"SELECT a FROM t WHERE [a]--b\r\n", L"--b"},
+        {L"SELECT a /*! , b */ FROM t", L"/*! , b */"},
+        {L"SELECT a /*M!50000 , b */ FROM t", L"/*M!50000 , b */"},
+        {L"SELECT a /* b /* c */ FROM t", L"/* b /* c */"},
+    };
+    for (const auto& [text, comment] : statements) {
+        model::Design design;
+        const Analysis analysis = AnalyseSQL(text, design);
+        EXPECT_TRUE(analysis.parsed) << ToUtf8(text);
+        EXPECT_FALSE(analysis.accepted) << ToUtf8(text);
+        ASSERT_TRUE(analysis.error) << ToUtf8(text);
+        EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kDoubtfulComment));
+        EXPECT_EQ(ToUtf8(text.substr(analysis.error->range.offset, analysis.error->range.length)),
+                  ToUtf8(comment));
+    }
+}
+
+TEST(Comments, WhatEveryEngineLeavesOutIsNoReasonToRefuse) {
+    const std::wstring_view statements[] = {
+        L"SELECT a -- b\r\n, c FROM t",
+        L"SELECT a -- b\n, c FROM t -- d",
+        L"SELECT a, --b\r\nc FROM t --d\r\nWHERE a = 1",
+        L"SELECT a-- b\r\nFROM t",
+        L"SELECT a----\r\nFROM t--",
+        L"SELECT a FROM t -- b\r",
+        L"SELECT a /* b */, /*+ c */ d FROM t /**/",
+        L"SELECT a FROM t WHERE b = '--c' AND d = '/*! e'",
+    };
+    for (const std::wstring_view text : statements) {
+        model::Design design;
+        EXPECT_TRUE(AnalyseSQL(text, design).accepted) << ToUtf8(text);
+    }
+}
+
+}  // namespace
+}  // namespace tessel::analyse
