@@ -6,6 +6,7 @@
 // TESSEL_FAULTS=all runs each trick at every call, and TESSEL_SESSIONS sets the number of random sessions.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <random>
 
@@ -94,7 +95,10 @@ protected:
     }
     long Calls(Length length = Length::Short) { return Undisturbed(length).calls; }
 
-    void TearDown() override { std::printf("%d sessions\n", sessions_); }
+    void TearDown() override {
+        std::printf("%d sessions\n", sessions_);
+        std::fflush(stdout);
+    }
 
     HostWindow host_;
     win32::ComPtr<_Quillon> quillon_;
@@ -106,15 +110,19 @@ TEST_F(Schedules, AnyTypeMayComeInsteadOfTheAnswer) {
     const std::vector<Trick> tricks = AnswerTricks();
     const Length length = RunsAll() ? Length::Long : Length::Short;
     const long calls = Calls(length);
-    // Of a short run every fifth call, each with another trick.
-    for (long at = 0; at < calls; at += RunsAll() ? 1 : 5)
-        for (std::size_t i = 0; i < (RunsAll() ? tricks.size() : 1); ++i) {
-            const Trick& trick = tricks[(static_cast<std::size_t>(at) + i) % tricks.size()];
+    // In every round each call, of a short run every fifth one, plays another trick.
+    const std::size_t rounds = RunsAll() ? tricks.size() : 1;
+    for (std::size_t round = 0; round < rounds; ++round) {
+        for (long at = 0; at < calls; at += RunsAll() ? 1 : 5) {
+            const Trick& trick = tricks[(static_cast<std::size_t>(at) + round) % tricks.size()];
             SCOPED_TRACE("call " + std::to_string(at) + ": " + trick.name);
             const auto plan = std::make_shared<FaultPlan>();
             plan->tricks[at] = trick;
             Expect(plan, at % 2 == 0, length);
         }
+        std::printf("round %zu of %zu, %ld calls\n", round + 1, rounds, calls);
+        std::fflush(stdout);
+    }
 }
 
 TEST_F(Schedules, AnyTypeMayComeAgainAndAgain) {
