@@ -42,8 +42,8 @@ NodeId WithoutNot(const sql::Statement& statement, NodeId id, bool& negated) {
     return inner;
 }
 
-/// True when the text of the expression can stand before a comparison sign without parentheses. The negation at
-/// the end of "a * NOT b" would take the sign for its own.
+/// True when the text of the expression can stand before a comparison sign without parentheses. The negation
+/// at the end of "a * NOT b" would take the sign for its own.
 bool BindsTighterThanComparison(const sql::Statement& statement, NodeId id) {
     const Node* node = &statement.At(id);
     if (IsPredicate(*node)) return node->kind == NodeKind::True || node->kind == NodeKind::False;

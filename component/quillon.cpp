@@ -6,6 +6,7 @@
 
 #include "common/text.h"
 #include "common/win32/dispatch.h"
+#include "common/win32/foreign_call.h"
 #include "component/errors.h"
 #include "component/foreign_parameter.h"
 #include "component/literal.h"
@@ -110,6 +111,7 @@ std::optional<std::wstring> Quillon::Design(IDispatch* connection, const std::ws
     // first.
     const WindowClaim claim;
     if (!claim.IsHeld()) return std::nullopt;
+    const win32::FreshCalls fresh;
     HourglassPointer pointer;
     Step([] { ProcessPendingMessages(); });
     const ComPtr<SchemaReader> reader = win32::MakeObject<SchemaReader>();

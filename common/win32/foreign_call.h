@@ -17,7 +17,21 @@ public:
     static bool IsRunning() { return running_ > 0; }
 
 private:
+    friend class FreshCalls;
     static thread_local int running_;
+};
+
+/// Forgets the calls that run, as long as it lives: a window that a host opens from inside one of our calls,
+/// say out of a parameter that we just ask for its value, is there for its user.
+class FreshCalls {
+public:
+    FreshCalls() : before_(ForeignCall::running_) { ForeignCall::running_ = 0; }
+    ~FreshCalls() { ForeignCall::running_ = before_; }
+    FreshCalls(const FreshCalls&) = delete;
+    FreshCalls& operator=(const FreshCalls&) = delete;
+
+private:
+    const int before_;
 };
 
 }  // namespace tessel::win32

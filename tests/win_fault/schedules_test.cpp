@@ -269,6 +269,28 @@ TEST_F(Meanwhile, TheUserMayPressEverythingWhileACallRuns) {
     });
 }
 
+TEST_F(Meanwhile, ADesignerThatIsOpenedOutOfAnotherCallOfOursTakesGestures) {
+    host_.Focus();
+    const win32::ComPtr<_Quillon> outer = ComponentLibrary::Instance().CreateQuillon();
+    const FakePtr parameters = MakeFake();
+    int opened = 0;
+    parameters->On(L"Count", [&](const FakeCall&) {
+        ++opened;
+        const SessionAnswer answer = RunUnder(std::make_shared<FaultPlan>(), true, Length::Short);
+        EXPECT_TRUE(answer.log.designer_shown);
+        EXPECT_FALSE(answer.log.stuck);
+        EXPECT_EQ(answer.log.previews, 1);
+        return Value(0);
+    });
+    outer->putref_ParamCol(MakeFaulty(parameters.Get(), std::make_shared<FaultPlan>()).Get());
+    BSTR name = win32::Bstr(L"cliente").Detach();
+    win32::ComPtr<_cParameter> parameter;
+    EXPECT_EQ(outer->GetParameter(&name, parameter.Put()), S_OK);
+    SysFreeString(name);
+    EXPECT_EQ(opened, 1);
+    EXPECT_EQ(host_.Disturbance(), "");
+}
+
 TEST_F(Meanwhile, TheHostMayShowAMessageOfItsOwn) {
     ExpectAt("a message box", [] {
         // The driver closes it like every other. What had the focus before is the host's business.
