@@ -5,7 +5,7 @@
 #include "analyse/canonical.h"
 #include "analyse/columns.h"
 #include "analyse/criteria.h"
-#include "analyse/doubtful_comments.h"
+#include "analyse/doubtful_text.h"
 #include "analyse/faithfulness.h"
 #include "analyse/group_conditions.h"
 #include "analyse/nodes.h"
@@ -189,10 +189,7 @@ Analysis AnalyseSQL(std::wstring_view text, model::Design& design) {
         analysis.error = MakeDiagnostic(text, refusal.range, refusal.message);
         return analysis;
     };
-    if (statement->has_comments) {
-        if (const std::optional<TextRange> comment = DoubtfulComment(text))
-            return refuse({*comment, std::wstring(messages::kDoubtfulComment)});
-    }
+    if (const Outcome refusal = CheckText(text, statement->has_comments)) return refuse(*refusal);
     if (const Outcome refusal = rebuild.BuildOutput()) return refuse(*refusal);
     if (statement->top_range.length > 0) {
         // The design keeps what was read so far, except of a count that means nothing to it.

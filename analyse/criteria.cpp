@@ -162,13 +162,21 @@ Outcome CriteriaBuilder::FillCriteria(NodeId root, bool alone) {
 Outcome CriteriaBuilder::FillAlternatives(NodeId id) {
     const std::vector<NodeId> alternatives = OperandsOf(statement_, id, LogicalOp::Or);
     if (!AreCellsOfOneColumn(alternatives)) {
-        const bool fits = Utf16Length(WholeText(id)) <= model::kMaxCellLength;
-        return fits ? FillWhole(id) : FillInParts(alternatives, PlaceOf(id));
+        if (FitsWhole(id, alternatives.front())) return FillWhole(id);
+        return FillInParts(alternatives, PlaceOf(id));
     }
     const auto first = ReadComparison(alternatives[0]);
     const auto second = ReadComparison(alternatives[1]);
     if (!first || !second || !MayFilter(first->form)) return FillWhole(id);
     return AddCells(first->expression, first->form, {CellTextOf(*first), CellTextOf(*second)}, PlaceOf(id));
+}
+
+// What was composed from parts stays in parts, although it may be shorter than the text they came from.
+bool CriteriaBuilder::FitsWhole(NodeId id, NodeId first) const {
+    const bool takes_parts = clause_ == Clause::Where && !columns_.IsTotals();
+    const bool is_part = TestedPredicate(first) != sql::kNoNode;
+    if (takes_parts && is_part && columns_.FindColumn(canonical_.Condition(first)) == kNoColumn) return false;
+    return Utf16Length(WholeText(id)) <= model::kMaxCellLength;
 }
 
 // Alternatives that are too long for one cell: the first is a column, and the others follow its criteria. In

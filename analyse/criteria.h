@@ -57,6 +57,7 @@ private:
     sql::NodeId TestedPredicate(sql::NodeId id) const;
 
     Outcome FillAlternatives(sql::NodeId id);
+    [[nodiscard]] bool FitsWhole(sql::NodeId id, sql::NodeId first) const;
     Outcome FillInParts(const std::vector<sql::NodeId>& alternatives, TextRange place);
     Outcome FillPredicate(sql::NodeId id);
     Outcome FillBareCondition(sql::NodeId id);

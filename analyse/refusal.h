@@ -27,6 +27,11 @@ namespace messages {
 inline constexpr std::wstring_view kTop = L"El diseño no puede mostrar la cláusula TOP.";
 inline constexpr std::wstring_view kDoubtfulComment =
     L"No todos los motores entienden igual este comentario; el diseño no puede mostrar la instrucción.";
+inline constexpr std::wstring_view kDoubtfulBlank =
+    L"No todos los motores entienden este carácter como un espacio; el diseño no puede mostrar la "
+    L"instrucción.";
+inline constexpr std::wstring_view kTableAliasDigit =
+    L"El diseño no puede mostrar una tabla cuyo alias empieza por una cifra.";
 inline constexpr std::wstring_view kNoTables = L"El diseño necesita al menos una tabla en FROM.";
 inline constexpr std::wstring_view kTooManyTables = L"El diseño no puede mostrar más de 256 tablas.";
 inline constexpr std::wstring_view kQualifiedTable =

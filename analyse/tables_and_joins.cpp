@@ -15,6 +15,10 @@ using sql::TableRef;
 
 constexpr std::size_t kMostTables = 256;
 
+bool StartsWithDigit(std::wstring_view text) {
+    return text.front() >= L'0' && text.front() <= L'9';
+}
+
 }  // namespace
 
 Outcome CheckTables(const StatementScope& scope) {
@@ -31,6 +35,9 @@ Outcome CheckTables(const StatementScope& scope) {
         if (table.database.length > 0 || table.owner.length > 0) {
             return Refusal{table.range, std::wstring(messages::kQualifiedTable)};
         }
+        // The design names the table itself, which would make the statement valid where such an alias is not.
+        if (table.alias.length > 0 && StartsWithDigit(statement.Slice(table.alias)))
+            return Refusal{table.alias, std::wstring(messages::kTableAliasDigit)};
         if (!keys.insert(IdentifierKey(statement.Slice(table.name))).second) {
             return Refusal{table.range, std::wstring(messages::kTableTwice)};
         }

@@ -1,4 +1,6 @@
-#include "analyse/doubtful_comments.h"
+#include "analyse/doubtful_text.h"
+
+#include <algorithm>
 
 #include "sqlparser/lexer.h"
 
@@ -45,13 +47,28 @@ bool IsDoubtful(std::wstring_view text, const Token& comment, const Token& befor
     return between && slice.size() > 2 && !IsBlank(slice[2]) && slice[2] != L'-';
 }
 
+bool IsDoubtfulBlank(wchar_t ch) {
+    return ch == L'\v' || static_cast<std::uint32_t>(ch) >= 0x80;
+}
+
 }  // namespace
 
-std::optional<TextRange> DoubtfulComment(std::wstring_view text) {
+Outcome CheckText(std::wstring_view text, bool has_comments) {
+    // Whatever is not ASCII may be a blank; what is, and has no comments, needs no second look.
+    if (!has_comments && std::ranges::none_of(text, IsDoubtfulBlank)) return std::nullopt;
     sql::Lexer lexer(text);
     Token before;
     for (Token token = lexer.Next(); token.kind != TokenKind::End; token = lexer.Next()) {
-        if (token.kind == TokenKind::Comment && IsDoubtful(text, token, before)) return token.Range();
+        if (token.kind == TokenKind::Comment && IsDoubtful(text, token, before))
+            return Refusal{token.Range(), std::wstring(messages::kDoubtfulComment)};
+        if (token.kind == TokenKind::Space) {
+            const std::wstring_view blanks = text.substr(token.begin, token.length);
+            const auto blank = std::ranges::find_if(blanks, IsDoubtfulBlank);
+            if (blank != blanks.end()) {
+                const auto offset = token.begin + static_cast<std::size_t>(blank - blanks.begin());
+                return Refusal{{offset, 1}, std::wstring(messages::kDoubtfulBlank)};
+            }
+        }
         before = token;
     }
     return std::nullopt;

@@ -7,7 +7,7 @@
 namespace tessel::analyse {
 namespace {
 
-TEST(Comments, WhatEnginesDelimitInDifferentWaysIsRefusedAtItsPlace) {
+TEST(DoubtfulText, CommentsThatEnginesDelimitInDifferentWaysAreRefusedAtTheirPlace) {
     const std::pair<std::wstring_view, std::wstring_view> statements[] = {
         {L"SELECT a -- b\r, c FROM t\n", L"-- b"},
         {L"SELECT a FROM t -- b\rWHERE c = 1", L"-- b"},
@@ -30,7 +30,7 @@ TEST(Comments, WhatEnginesDelimitInDifferentWaysIsRefusedAtItsPlace) {
     }
 }
 
-TEST(Comments, WhatEveryEngineLeavesOutIsNoReasonToRefuse) {
+TEST(DoubtfulText, CommentsThatEveryEngineLeavesOutAreNoReasonToRefuse) {
     const std::wstring_view statements[] = {
         L"SELECT a -- b\r\n, c FROM t",
         L"SELECT a -- b\n, c FROM t -- d",
@@ -45,6 +45,35 @@ TEST(Comments, WhatEveryEngineLeavesOutIsNoReasonToRefuse) {
         model::Design design;
         EXPECT_TRUE(AnalyseSQL(text, design).accepted) << ToUtf8(text);
     }
+}
+
+TEST(DoubtfulText, BlanksThatAreLettersForSomeEnginesAreRefusedAtTheirPlace) {
+    for (const wchar_t blank : {L'\v', L'\u00A0', L'\u2003', L'\u200B', L'\u3000', L'\uFEFF'}) {
+        const std::wstring text = std::wstring(L"SELECT a FROM t WHERE b = 1 ") + blank + L" AND c = 2";
+        model::Design design;
+        const Analysis analysis = AnalyseSQL(text, design);
+        EXPECT_TRUE(analysis.parsed) << ToUtf8(text);
+        EXPECT_FALSE(analysis.accepted) << ToUtf8(text);
+        ASSERT_TRUE(analysis.error) << ToUtf8(text);
+        EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kDoubtfulBlank));
+        EXPECT_EQ(analysis.error->range, (TextRange{28, 1})) << ToUtf8(text);
+    }
+}
+
+TEST(DoubtfulText, BlanksInsideTextsAndNamesAreNoneOfTheStatement) {
+    model::Design design;
+    EXPECT_TRUE(
+        AnalyseSQL(L"SELECT [a\u00A0b] AS ñ FROM t\f WHERE b = 'c\u00A0\v' -- \u3000", design).accepted);
+}
+
+TEST(DoubtfulText, ATablesAliasThatBeginsWithADigitIsRefused) {
+    model::Design design;
+    const Analysis analysis = AnalyseSQL(L"SELECT a FROM t 8x", design);
+    EXPECT_FALSE(analysis.accepted);
+    ASSERT_TRUE(analysis.error);
+    EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kTableAliasDigit));
+    EXPECT_EQ(analysis.error->range, (TextRange{16, 2}));
+    EXPECT_TRUE(AnalyseSQL(L"SELECT a AS 8x FROM t", design).accepted);
 }
 
 }  // namespace

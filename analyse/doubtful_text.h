@@ -1,0 +1,21 @@
+// Comments and blanks that engines delimit in different ways. The design drops them, which changes the
+// statement for an engine that takes part of a comment for code, code for a comment, or a blank for a letter.
+#pragma once
+
+#include <string_view>
+
+#include "analyse/refusal.h"
+
+namespace tessel::analyse {
+
+/// Refuses the first place of a parsed text of which it depends on the engine what it means:
+/// - a line comment that a carriage return alone ends: some engines only know the line feed;
+/// - "--" between two operands without a blank (5--1), which are two signs where comments need a blank or do
+/// not
+///   exist;
+/// - a block comment with the mark of code for one engine, or one that opens another, which nests in some;
+/// - a blank that is none of ASCII's, or a vertical tab: part of a name for some, invalid for others.
+/// `has_comments` is the statement's.
+[[nodiscard]] Outcome CheckText(std::wstring_view text, bool has_comments);
+
+}  // namespace tessel::analyse
