@@ -54,6 +54,8 @@ bool IsDoubtfulBlank(wchar_t ch) {
 }  // namespace
 
 Outcome CheckText(std::wstring_view text, bool has_comments) {
+    if (const std::size_t null = text.find(L'\0'); null < text.size())
+        return Refusal{{null, 1}, std::wstring(messages::kNullCharacter)};
     // Whatever is not ASCII may be a blank; what is, and has no comments, needs no second look.
     if (!has_comments && std::ranges::none_of(text, IsDoubtfulBlank)) return std::nullopt;
     sql::Lexer lexer(text);

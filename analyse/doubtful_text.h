@@ -14,6 +14,7 @@ namespace tessel::analyse {
 /// not
 ///   exist;
 /// - a block comment with the mark of code for one engine, or one that opens another, which nests in some;
+/// - a null character, where many stop reading;
 /// - a blank that is none of ASCII's, or a vertical tab: part of a name for some, invalid for others.
 /// `has_comments` is the statement's.
 [[nodiscard]] Outcome CheckText(std::wstring_view text, bool has_comments);

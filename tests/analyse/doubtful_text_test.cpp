@@ -66,6 +66,19 @@ TEST(DoubtfulText, BlanksInsideTextsAndNamesAreNoneOfTheStatement) {
         AnalyseSQL(L"SELECT [a\u00A0b] AS ñ FROM t\f WHERE b = 'c\u00A0\v' -- \u3000", design).accepted);
 }
 
+TEST(DoubtfulText, ANullCharacterIsRefusedWhereverItStands) {
+    using namespace std::string_view_literals;
+    for (const std::wstring_view text :
+         {L"SELECT a FROM t WHERE b = 'c\0d'"sv, L"SELECT @a\0b FROM t"sv, L"SELECT [a\0b] FROM t"sv}) {
+        model::Design design;
+        const Analysis analysis = AnalyseSQL(text, design);
+        EXPECT_FALSE(analysis.accepted);
+        ASSERT_TRUE(analysis.error);
+        EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kNullCharacter));
+        EXPECT_EQ(analysis.error->range, (TextRange{text.find(L'\0'), 1}));
+    }
+}
+
 TEST(DoubtfulText, ATablesAliasThatBeginsWithADigitIsRefused) {
     model::Design design;
     const Analysis analysis = AnalyseSQL(L"SELECT a FROM t 8x", design);
