@@ -52,6 +52,18 @@ private:
     const bool held_;
 };
 
+/// Takes the windows' classes back at its end: hosts may unload the library as soon as no object is left,
+/// without asking first.
+class WindowClasses {
+public:
+    WindowClasses() = default;
+    ~WindowClasses() {
+        Step([] { ui::UnregisterWindowClasses(); });
+    }
+    WindowClasses(const WindowClasses&) = delete;
+    WindowClasses& operator=(const WindowClasses&) = delete;
+};
+
 /// The schema's caption: what the caller gave, else the connection's default database, else a fixed text. A
 /// caption that was filled in is stored into the caller's variable.
 std::wstring FillCaption(IDispatch* connection, BSTR* caption) {
@@ -128,25 +140,26 @@ std::optional<std::wstring> Quillon::Design(IDispatch* connection, const std::ws
 std::optional<std::wstring> Quillon::ShowDesigner(IDispatch* connection, const std::wstring& sql,
                                                   const schema::Schema& schema, const std::wstring& caption,
                                                   HourglassPointer& pointer) {
+    const WindowClasses classes;
+    std::unique_ptr<ui::dlgDsn> window;
+    Step([&] { window = std::make_unique<ui::dlgDsn>(static_cast<ui::DesignerOwner*>(this)); });
+    if (!window || !window->IsCreated()) return std::nullopt;
+    Step([&] { window->LoadSchema(&schema, caption); });
+    Step([&] { window->SetConnection(connection); });
+    // A window that does not hold the statement would give another one back.
+    bool holds_statement = false;
+    Step([&] {
+        window->SetResultSQL(sql);
+        if (!TrimView(sql).empty()) window->SetDsn(sql);
+        holds_statement = true;
+    });
+    if (!holds_statement) return std::nullopt;
+    pointer.Restore();
+    Step([&] { window->ShowModal(); });
     std::optional<std::wstring> accepted;
-    {
-        std::unique_ptr<ui::dlgDsn> window;
-        Step([&] { window = std::make_unique<ui::dlgDsn>(static_cast<ui::DesignerOwner*>(this)); });
-        if (!window || !window->IsCreated()) return std::nullopt;
-        Step([&] { window->LoadSchema(&schema, caption); });
-        Step([&] { window->SetConnection(connection); });
-        Step([&] { window->SetResultSQL(sql); });
-        Step([&] {
-            if (!TrimView(sql).empty()) window->SetDsn(sql);
-        });
-        pointer.Restore();
-        Step([&] { window->ShowModal(); });
-        Step([&] {
-            if (window->Accepted()) accepted = window->ResultSQL();
-        });
-    }
-    // Hosts may unload the library as soon as no object is left, without asking first.
-    Step([] { ui::UnregisterWindowClasses(); });
+    Step([&] {
+        if (window->Accepted()) accepted = window->ResultSQL();
+    });
     return accepted;
 }
 

@@ -115,11 +115,20 @@ void DesignerPresenter::TabClicked(Tab tab) {
         view_.ShowTab(tab_);
         return;
     }
-    {
+    const bool grid_shown = grid_shown_;
+    try {
         const Working working(*this);
         const Hourglass hourglass(view_, Pointer::Default);
         tab_ = tab;
         tab == Tab::Sql ? SwitchToSql() : SwitchToDesign();
+    } catch (...) {
+        // What is on the tab before is whole; what would be on the other one may not be.
+        tab_ = tab == Tab::Sql ? Tab::Design : Tab::Sql;
+        grid_shown_ = grid_shown;
+        view_.ShowTab(tab_);
+        view_.ShowGrid(grid_shown_);
+        view_.ShowReason(true);
+        throw;
     }
     if (!accept_waits_) return;
     accept_waits_ = false;
@@ -136,16 +145,20 @@ void DesignerPresenter::SwitchToSql() {
     if (grid_shown_) {
         history_.Record(design_);
         std::wstring sql = BuildSQL();
-        const Replacement replacement(editor_);
-        editor_.SetText(L"");
-        view_.ProcessEvents();
-        try {
-            sql = BuildSQL();
-        } catch (const std::bad_alloc&) {
-            // What was composed before the events stands: an empty text would mean an empty design.
+        {
+            const Replacement replacement(editor_);
+            editor_.SetText(L"");
+            view_.ProcessEvents();
+            try {
+                sql = BuildSQL();
+            } catch (const std::bad_alloc&) {
+                // What was composed before the events stands: an empty text would mean an empty design.
+            }
+            editor_.SetText(sql);
+            composed_ = editor_.Text();
         }
-        editor_.SetText(sql);
-        composed_ = editor_.Text();
+        // Its text is the statement from here on. An editor without memory for the step has lost it.
+        if (editor_.Text() != composed_) throw std::bad_alloc();
     }
     SetGridShown(true);
 }
@@ -255,8 +268,13 @@ void DesignerPresenter::DiagramFieldChecked(std::wstring_view table, std::wstrin
 }
 
 void DesignerPresenter::DistinctClicked(bool checked) {
-    const Gesture gesture(*this);
-    design_.distinct = checked;
+    try {
+        const Gesture gesture(*this);
+        design_.distinct = checked;
+    } catch (...) {
+        view_.ShowDistinct(design_.distinct);
+        throw;
+    }
 }
 
 // The column is told by its place, not by its field: a field typed twice must lose the column that has the

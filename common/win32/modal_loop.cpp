@@ -1,5 +1,7 @@
 #include "common/win32/modal_loop.h"
 
+#include <new>
+
 namespace tessel::win32 {
 
 namespace {
@@ -7,14 +9,28 @@ namespace {
 struct PeerSearch {
     HWND except;
     std::vector<HWND>* found;
+    bool failed = false;
 };
 
 // A plain function, because a lambda has no stdcall form for 32-bit Windows in every compiler.
 BOOL CALLBACK AddPeer(HWND hwnd, LPARAM lparam) {
     auto* search = reinterpret_cast<PeerSearch*>(lparam);
-    if (hwnd != search->except && IsWindowVisible(hwnd) && IsWindowEnabled(hwnd))
+    if (hwnd == search->except || !IsWindowVisible(hwnd) || !IsWindowEnabled(hwnd)) return TRUE;
+    try {
         search->found->push_back(hwnd);
-    return TRUE;
+    } catch (...) {
+        search->failed = true;  // no exception may pass through the system that calls us
+    }
+    return !search->failed;
+}
+
+/// Whether the key or click was the window's business. For want of memory it is lost, and the window stays.
+bool IsTranslated(const std::function<bool(const MSG&)>& pre_translate, const MSG& message) {
+    try {
+        return pre_translate && pre_translate(message);
+    } catch (...) {
+        return true;
+    }
 }
 
 }  // namespace
@@ -22,6 +38,7 @@ BOOL CALLBACK AddPeer(HWND hwnd, LPARAM lparam) {
 DisabledPeers::DisabledPeers(HWND except) : active_(GetActiveWindow()), focus_(GetFocus()) {
     PeerSearch search{except, &windows_};
     EnumThreadWindows(GetCurrentThreadId(), AddPeer, reinterpret_cast<LPARAM>(&search));
+    if (search.failed) throw std::bad_alloc();
     for (HWND hwnd : windows_) EnableWindow(hwnd, FALSE);
 }
 
@@ -47,7 +64,7 @@ void RunModalLoop(HWND hwnd, const std::function<bool()>& is_done,
             return;
         }
         if (got < 0) return;
-        if (pre_translate && pre_translate(message)) continue;
+        if (IsTranslated(pre_translate, message)) continue;
         if (IsDialogMessageW(hwnd, &message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);

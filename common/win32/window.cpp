@@ -20,7 +20,8 @@ std::vector<std::wstring>& RegisteredClasses() {
 }
 
 bool EnsureRegistered(const WindowClass& window_class, WNDPROC procedure) {
-    for (const std::wstring& name : RegisteredClasses())
+    std::vector<std::wstring>& names = RegisteredClasses();
+    for (const std::wstring& name : names)
         if (name == window_class.name) return true;
     WNDCLASSEXW wc{};
     wc.cbSize = sizeof wc;
@@ -30,9 +31,11 @@ bool EnsureRegistered(const WindowClass& window_class, WNDPROC procedure) {
     wc.hCursor = LoadCursorW(nullptr, window_class.cursor);
     wc.hbrBackground = window_class.background;
     wc.lpszClassName = window_class.name;
-    if (!RegisterClassExW(&wc)) return false;
-    RegisteredClasses().push_back(window_class.name);
-    return true;
+    // Noted first: a class that there is no memory to note would outlive the library.
+    names.emplace_back(window_class.name);
+    if (RegisterClassExW(&wc)) return true;
+    names.pop_back();
+    return false;
 }
 
 /// What a control asks or tells its window because of a gesture; nothing for what it needs in order to paint.

@@ -6,6 +6,7 @@
 
 #include <Scintilla.h>
 
+#include <new>
 #include <string_view>
 
 namespace tessel::controls {
@@ -27,11 +28,14 @@ public:
         return Send(message, wparam, reinterpret_cast<sptr_t>(text));
     }
 
-    /// The whole text as the component keeps it; good until the next change.
+    /// The whole text as the component keeps it; good until the next change. Throws where the component has
+    /// no memory to lay its text out in one piece: an empty one would be another statement.
     std::string_view Bytes() const {
         const auto length = static_cast<std::size_t>(Send(SCI_GETLENGTH));
+        if (length == 0) return {};
         const auto* bytes = reinterpret_cast<const char*>(Send(SCI_GETCHARACTERPOINTER));
-        return bytes ? std::string_view(bytes, length) : std::string_view();
+        if (!bytes) throw std::bad_alloc();
+        return std::string_view(bytes, length);
     }
     /// A stretch of it, without moving anything.
     std::string_view Bytes(sptr_t begin, sptr_t end) const {

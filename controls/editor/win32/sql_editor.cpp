@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <new>
 #include <optional>
 
 #include "common/win32/dpi.h"
@@ -54,7 +55,8 @@ public:
     void LoadText(std::wstring_view text);
     void BeginReplacement();
     void EndReplacement();
-    void ReplaceBytes(std::string_view bytes);
+    bool ReplaceBytes(std::string_view bytes);
+    bool Holds(std::string_view bytes) const;
     bool HandleNotify(const SCNotification& notification);
     static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
                                       DWORD_PTR data);
@@ -144,8 +146,12 @@ void SqlEditor::Impl::ApplyDpi(int dpi) {
 
 void SqlEditor::Impl::SetText(std::wstring_view text) {
     const std::string bytes = ToEditorBytes(text);
-    if (editor_.Bytes() == bytes) return;
-    ReplaceBytes(bytes);
+    const std::string before(editor_.Bytes());
+    if (before == bytes) return;
+    if (!ReplaceBytes(bytes)) {
+        ReplaceBytes(before);
+        throw std::bad_alloc();
+    }
     editor_.Send(SCI_SETSCROLLWIDTH, 1);
     editor_.Send(SCI_SETEMPTYSELECTION, 0);
     editor_.Send(SCI_SETXOFFSET, 0);
@@ -153,7 +159,8 @@ void SqlEditor::Impl::SetText(std::wstring_view text) {
     editor_.Send(SCI_CHOOSECARETX);
 }
 
-void SqlEditor::Impl::ReplaceBytes(std::string_view bytes) {
+// The component keeps to itself that there was no memory, and may have emptied itself by then.
+bool SqlEditor::Impl::ReplaceBytes(std::string_view bytes) {
     const bool read_only = editor_.Send(SCI_GETREADONLY) != 0;
     setting_text_ = true;
     editor_.Send(SCI_SETREADONLY, FALSE);
@@ -163,6 +170,15 @@ void SqlEditor::Impl::ReplaceBytes(std::string_view bytes) {
     editor_.Send(SCI_ENDUNDOACTION);
     editor_.Send(SCI_SETREADONLY, read_only);
     setting_text_ = false;
+    return Holds(bytes);
+}
+
+bool SqlEditor::Impl::Holds(std::string_view bytes) const {
+    try {
+        return editor_.Bytes() == bytes;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 void SqlEditor::Impl::LoadText(std::wstring_view text) {
@@ -186,18 +202,22 @@ void SqlEditor::Impl::EndReplacement() {
     if (!replaced_) return;
     const Before before = std::move(*replaced_);
     replaced_.reset();
-    if (editor_.Bytes() == before.bytes) {
+    if (Holds(before.bytes)) {
         editor_.Send(SCI_SETUNDOCOLLECTION, TRUE);
         editor_.Send(SCI_SETFIRSTVISIBLELINE, static_cast<uptr_t>(before.first_line));
         editor_.Send(SCI_SETANCHOR, static_cast<uptr_t>(before.anchor));
         editor_.Send(SCI_SETCURRENTPOS, static_cast<uptr_t>(before.caret));
     } else {
-        const std::string after(editor_.Bytes());
-        ReplaceBytes(before.bytes);
-        const bool is_back = editor_.Bytes() == before.bytes;
+        std::optional<std::string> after;
+        try {
+            after = std::string(editor_.Bytes());
+        } catch (const std::bad_alloc&) {
+            // The text stays as it is, without a step to take back.
+        }
+        const bool is_back = after && ReplaceBytes(before.bytes);
         editor_.Send(SCI_SETUNDOCOLLECTION, TRUE);
         if (!is_back) editor_.Send(SCI_EMPTYUNDOBUFFER);
-        ReplaceBytes(after);
+        if (after && !ReplaceBytes(*after)) ReplaceBytes(*after);
         editor_.Send(SCI_SETEMPTYSELECTION, 0);
     }
     editor_.Send(SCI_SETREADONLY, before.read_only);
@@ -307,7 +327,7 @@ void SqlEditor::Impl::Run(EditorCommand command) {
 }
 
 void SqlEditor::Impl::ReplaceLayout(std::wstring_view text) {
-    const std::string_view before = editor_.Bytes();
+    const std::string before(editor_.Bytes());
     const std::string after = ToEditorBytes(text);
     if (before == after) return;
     const auto caret = static_cast<std::size_t>(editor_.Send(SCI_GETCURRENTPOS));
@@ -317,6 +337,10 @@ void SqlEditor::Impl::ReplaceLayout(std::wstring_view text) {
     editor_.Send(SCI_REPLACETARGET, after.size(), after.data());
     editor_.Send(SCI_SETEMPTYSELECTION, place);
     editor_.Send(SCI_ENDUNDOACTION);
+    if (!Holds(after)) {
+        ReplaceBytes(before);
+        throw std::bad_alloc();
+    }
     editor_.Send(SCI_SETSCROLLWIDTH, 1);
     editor_.Send(SCI_SCROLLCARET);
     editor_.Send(SCI_CHOOSECARETX);
