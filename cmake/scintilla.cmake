@@ -8,18 +8,29 @@ if(NOT EXISTS ${TESSEL_SCINTILLA_DIR}/License.txt)
     COMMAND_ERROR_IS_FATAL ANY)
 endif()
 
-# The component's buffers count the room for new text before they have got it, and write beyond their end after memory
-# ran out once. This copy of their header asks for the room first; scintilla_prefix.h reads it before the original.
-set(uncertain "gapLength += newSize - body.size();")
-file(READ ${TESSEL_SCINTILLA_DIR}/src/SplitVector.h split_vector)
-string(FIND "${split_vector}" "${uncertain}" place)
-if(place EQUAL -1)
-  message(FATAL_ERROR "SplitVector.h is not the file that is known")
-endif()
-string(REPLACE "${uncertain}" "body.reserve(newSize);\n\t\t\t${uncertain}" split_vector "${split_vector}")
-file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/generated/scintilla/SplitVector.h CONTENT "${split_vector}" @ONLY)
+# mend_scintilla(FILE BEFORE AFTER): a copy of a file of src under generated/scintilla with one place put right.
+function(mend_scintilla file before after)
+  file(READ ${TESSEL_SCINTILLA_DIR}/src/${file} text)
+  string(FIND "${text}" "${before}" place)
+  if(place EQUAL -1)
+    message(FATAL_ERROR "${file} is not the file that is known")
+  endif()
+  string(REPLACE "${before}" "${after}" text "${text}")
+  file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/generated/scintilla/${file} CONTENT "${text}" @ONLY)
+endfunction()
+
+# After memory ran out once, the component writes beyond the end of a buffer, whose room it counted before it had it,
+# and reads widths that it could not keep; while it runs out, the end of an undo action, which stands in a destructor,
+# throws. scintilla_prefix.h reads the mended header before the original.
+set(counting "gapLength += newSize - body.size();")
+mend_scintilla(SplitVector.h "${counting}" "body.reserve(newSize);\n\t\t\t${counting}")
+mend_scintilla(PositionCache.cxx "if ((styleNumber == styleNumber_)" "if (positions && (styleNumber == styleNumber_)")
+mend_scintilla(CellBuffer.cxx "EnsureUndoRoom();\n\tundoSequenceDepth--;"
+  "undoSequenceDepth--;\n\ttry { EnsureUndoRoom(); } catch (const std::bad_alloc &) { return; }")
 
 file(GLOB scintilla_sources ${TESSEL_SCINTILLA_DIR}/src/*.cxx)
+list(TRANSFORM scintilla_sources REPLACE "^.*/(CellBuffer|PositionCache).cxx$"
+  "${PROJECT_BINARY_DIR}/generated/scintilla/\\1.cxx")
 add_library(scintilla STATIC ${scintilla_sources} ${TESSEL_SCINTILLA_DIR}/win32/PlatWin.cxx
   ${TESSEL_SCINTILLA_DIR}/win32/ScintillaWin.cxx ${TESSEL_SCINTILLA_DIR}/win32/HanjaDic.cxx)
 target_include_directories(scintilla SYSTEM PUBLIC ${TESSEL_SCINTILLA_DIR}/include)

@@ -44,6 +44,6 @@ STDAPI DllInstall(BOOL install, LPCWSTR command_line) {
 /// `at_process_end` is set when the whole process ends, which needs no tidying: other threads are gone,
 /// whatever they held.
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID at_process_end) {
-    if (reason == DLL_PROCESS_DETACH && !at_process_end) component::ReleaseThreadData();
+    if (reason == DLL_PROCESS_DETACH && !at_process_end) component::ReleaseRuntimeData();
     return TRUE;
 }

@@ -98,10 +98,14 @@ CallResult WalkParameters(const Dispatch& collection, const ElementVisitor& visi
 }
 
 CallResult ParameterName(const UniqueVariant& element) noexcept {
-    const Dispatch parameter(element.Object());
-    if (!parameter) return Mismatch();
-    CallResult name = parameter.Get(L"Name");
-    return name && !name.Text() ? Mismatch() : std::move(name);
+    try {
+        const Dispatch parameter(element.Object());
+        if (!parameter) return Mismatch();
+        CallResult name = parameter.Get(L"Name");
+        return name && !name.Text() ? Mismatch() : std::move(name);
+    } catch (...) {
+        return CallResult(E_OUTOFMEMORY, {}, {});
+    }
 }
 
 }  // namespace tessel::component

@@ -7,6 +7,11 @@
 #include <cstddef>
 #include <utility>
 
+namespace __gnu_cxx {
+/// Frees the memory that the runtime keeps aside for exceptions which are thrown when there is none.
+void __freeres();
+}  // namespace __gnu_cxx
+
 namespace {
 
 /// A destructor of a thread's value. It has C's calling convention, and Windows calls with its own.
@@ -116,11 +121,12 @@ int __wrap_pthread_setspecific(unsigned number, const void* value) {
 
 namespace tessel::component {
 
-void ReleaseThreadData() noexcept {
+void ReleaseRuntimeData() noexcept {
     for (Key& key : keys) {
         if (key.is_taken) FlsFree(key.slot);
         key = {};
     }
+    __gnu_cxx::__freeres();
 }
 
 }  // namespace tessel::component

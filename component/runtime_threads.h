@@ -9,8 +9,8 @@
 
 namespace tessel::component {
 
-/// Gives back what was kept for all threads. Only for the moment when the library goes while its process goes
-/// on.
-void ReleaseThreadData() noexcept;
+/// Gives back what was kept for all threads, and the memory for exceptions that the runtime keeps. Only for
+/// the moment when the library goes while its process goes on.
+void ReleaseRuntimeData() noexcept;
 
 }  // namespace tessel::component
