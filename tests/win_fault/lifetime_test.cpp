@@ -151,7 +151,8 @@ TEST_F(LoadedAgainAndAgain, AHundredLoadsHoldNothing) {
     EXPECT_LE(after.gdi, before.gdi);
     EXPECT_LE(after.user, before.user);
     EXPECT_LE(after.handles, before.handles);
-    EXPECT_LT(after.memory_kb - before.memory_kb, 1024);
+    // Four kilobytes a load would be the first page of what the runtime sets aside for exceptions.
+    EXPECT_LT(after.memory_kb - before.memory_kb, 384);
 }
 
 TEST_F(LoadedAgainAndAgain, ALibraryThatOpenedTheDesignerUnloadsToo) {
