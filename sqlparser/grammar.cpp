@@ -10,6 +10,17 @@ namespace {
 // A statement in which everything is wrong needs no endless list.
 constexpr std::size_t kMostErrors = 100;
 
+// Operands and operators that wait at once; both stacks grow.
+constexpr std::size_t kUsualDepth = 32;
+
+constexpr std::uint64_t Bit(TokenKind kind) {
+    return std::uint64_t{1} << static_cast<unsigned>(kind);
+}
+
+/// The kinds of token of which Advance takes notice.
+constexpr std::uint64_t kWatched =
+    Bit(TokenKind::LeftParen) | Bit(TokenKind::RightParen) | Bit(TokenKind::Unknown) | Bit(TokenKind::Macro);
+
 std::wstring_view UnterminatedMessage(TokenKind kind) {
     switch (kind) {
         case TokenKind::BracketName:
@@ -31,6 +42,8 @@ std::wstring_view UnterminatedMessage(TokenKind kind) {
 
 Grammar::Grammar(std::shared_ptr<const std::wstring> text, std::vector<Diagnostic>& errors)
     : source_(std::move(text)), text_(*source_), errors_(errors), lexer_(text_) {
+    operands_.reserve(kUsualDepth);
+    operators_.reserve(kUsualDepth);
     Advance();
 }
 
@@ -48,10 +61,12 @@ void Grammar::Advance() {
     if (!has_peeked_) lexer_.NextSignificant();
     has_peeked_ = false;
     token_ = lexer_.Current();
-    if (token_.kind == TokenKind::LeftParen) ++parens_;
-    if (token_.kind == TokenKind::RightParen) --parens_;
-    if ((token_.flags & kUnterminated) != 0 || token_.kind == TokenKind::Unknown ||
-        token_.kind == TokenKind::Macro) {
+    if ((kWatched >> static_cast<unsigned>(token_.kind) & 1) == 0 && token_.flags == 0) return;
+    if (token_.kind == TokenKind::LeftParen) {
+        ++parens_;
+    } else if (token_.kind == TokenKind::RightParen) {
+        --parens_;
+    } else {
         CheckToken();
     }
 }

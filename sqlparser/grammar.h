@@ -29,8 +29,8 @@ class Grammar {
 public:
     Grammar(std::shared_ptr<const std::wstring> text, std::vector<Diagnostic>& errors);
 
-    /// The statement of the whole text; null when there is none. `memory` is for its nodes.
-    std::unique_ptr<Statement> Run(std::vector<Node> memory);
+    /// The statement of the whole text, put into an empty one; null when there is none.
+    std::unique_ptr<Statement> Run(std::unique_ptr<Statement> statement);
 
 private:
     /// Binding of the operators, loosest first.
@@ -120,10 +120,7 @@ private:
 
     // grammar.cpp: nodes
     NodeId Make(NodeKind kind, std::uint32_t begin, std::uint8_t op = 0) {
-        Node& node = statement_->nodes.emplace_back();
-        node.kind = kind;
-        node.op = op;
-        node.begin = begin;
+        statement_->nodes.push_back({kind, op, 0, begin, 0, kNoNode, kNoNode, 0});
         return static_cast<NodeId>(statement_->nodes.size() - 1);
     }
     NodeId Finish(NodeId id, const Children& children) {

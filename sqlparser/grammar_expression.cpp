@@ -16,6 +16,9 @@ NodeId Grammar::Expression(Level lowest) {
         if (AtPrefix()) PushPrefixes();
         const NodeId operand = Primary();
         if (blocked_) break;
+        // An operand alone, as most arguments and items of lists are.
+        const bool alone = operands_.size() == operand_base && operators_.size() == operator_base;
+        if (alone && (At(TokenKind::Comma) || At(TokenKind::RightParen))) return operand;
         operands_.push_back({operand, kNoNode, height_});
         if (lowest <= Level::Compare) {
             while (AtPredicateTail() && PredicateTail(operator_base)) {

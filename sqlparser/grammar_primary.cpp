@@ -53,8 +53,10 @@ NodeId Grammar::Primary() {
 
 NodeId Grammar::Literal(NodeKind kind) {
     const NodeId node = Make(kind, token_.begin);
+    At(node).length = token_.length;
+    height_ = 1;
     Advance();
-    return Finish(node, {});
+    return node;
 }
 
 NodeId Grammar::WordPrimary() {

@@ -15,15 +15,15 @@ constexpr std::size_t kMostReservedNodes = 1u << 21;
 
 }  // namespace
 
-std::unique_ptr<Statement> Grammar::Run(std::vector<Node> memory) {
+std::unique_ptr<Statement> Grammar::Run(std::unique_ptr<Statement> statement) {
     if (blocked_) return nullptr;
     if (At(TokenKind::End)) {
         FailAt({0, 0}, std::wstring(messages::kEmpty));
         return nullptr;
     }
-    auto statement = NewStatement();
+    statement->text = source_;
+    statement->source = text_;
     statement_ = statement.get();
-    statement->nodes = std::move(memory);
     statement->nodes.reserve(std::min(text_.size() / kCharactersPerNode + 16, kMostReservedNodes));
     if (At(Keyword::Parameters)) ParametersClause();
     if (!blocked_ && At(Keyword::Procedure) && IsNameToken(Peek())) ProcedureClause();

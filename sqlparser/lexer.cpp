@@ -76,11 +76,9 @@ inline const Token& Lexer::Word(std::uint32_t from) {
     return Make(TokenKind::Word, i, 0, keyword);
 }
 
-inline const Token& Lexer::Read() {
-    if (at_ >= end_) return Make(TokenKind::End, end_);
-    if (state_.inside != LexerState::Inside::Nothing) return Continue();
+// The token that begins with a character of that class, at `at_`.
+inline const Token& Lexer::Begin(std::uint8_t bits) {
     const wchar_t ch = text_[at_];
-    const std::uint8_t bits = ClassOf(ch);
     if (bits & kWordStart) return Word(at_ + 1);
     if (bits & kMark) {
         const TokenKind kind = kMarks[static_cast<std::size_t>(ch)];
@@ -122,19 +120,25 @@ inline const Token& Lexer::Read() {
 }
 
 const Token& Lexer::Next() {
-    return Read();
+    if (at_ >= end_) return Make(TokenKind::End, end_);
+    if (state_.inside != LexerState::Inside::Nothing) return Continue();
+    return Begin(ClassOf(text_[at_]));
 }
 
 const Token& Lexer::NextSignificant() {
     for (;;) {
-        while (at_ < end_ && state_.inside == LexerState::Inside::Nothing && Is(text_[at_], kBlank)) ++at_;
-        const Token& token = Read();
-        if (token.kind == TokenKind::Space) continue;
-        if (token.kind == TokenKind::Comment && !(token.flags & kUnterminated)) {
-            has_skipped_comment_ = true;
-            continue;
+        if (state_.inside != LexerState::Inside::Nothing && at_ < end_) {
+            Continue();
+        } else {
+            std::uint8_t bits = kBlank;
+            std::uint32_t at = at_;
+            while (at < end_ && ((bits = ClassOf(text_[at])) & kBlank) != 0) ++at;
+            at_ = at;
+            if (at >= end_) return Make(TokenKind::End, end_);
+            Begin(bits);
         }
-        return token;
+        if (token_.kind != TokenKind::Comment || (token_.flags & kUnterminated) != 0) return token_;
+        has_skipped_comment_ = true;
     }
 }
 

@@ -123,7 +123,7 @@ private:
     const Token& BlockComment(std::uint32_t content);
     const Token& LineComment();
     const Token& BraceMacro(std::uint32_t content);
-    const Token& Read();
+    const Token& Begin(std::uint8_t bits);
     const Token& Continue();
     const Token& Space();
     const Token& Word(std::uint32_t from);

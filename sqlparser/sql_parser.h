@@ -28,8 +28,8 @@ public:
     const std::vector<Diagnostic>& Errors() const { return errors_; }
 
 private:
-    std::vector<Node> TakeMemory();
-    bool Analyse(std::vector<Node> memory);
+    std::unique_ptr<Statement> EndLast();
+    bool Analyse(std::unique_ptr<Statement> empty);
 
     std::unique_ptr<Statement> statement_;
     std::shared_ptr<std::wstring> text_;  ///< the statement's

@@ -150,6 +150,9 @@ public:
     Statement(Statement&&) noexcept = default;
     Statement& operator=(Statement&&) noexcept = default;
 
+    /// Takes over the room of the lists of a statement that is not needed any more, and leaves them empty.
+    void TakeRoomOf(Statement& old);
+
     /// The whole text that was parsed; kept alive by `text`, which nested statements share.
     std::wstring_view source;
     std::shared_ptr<const std::wstring> text;
