@@ -5,6 +5,7 @@
 #include "analyse/canonical.h"
 #include "analyse/columns.h"
 #include "analyse/criteria.h"
+#include "analyse/desk.h"
 #include "analyse/doubtful_text.h"
 #include "analyse/faithfulness.h"
 #include "analyse/group_conditions.h"
@@ -13,7 +14,6 @@
 #include "analyse/statement_scope.h"
 #include "analyse/tables_and_joins.h"
 #include "model/grid_editing.h"
-#include "sqlparser/sql_parser.h"
 
 namespace tessel::analyse {
 
@@ -21,35 +21,29 @@ namespace {
 
 using sql::Statement;
 
-/// An empty grid and the diagram's contents, without the views that listen to the original.
-model::Design CopyOf(const model::Design& design) {
-    model::Design copy;
-    copy.diagram.Bind(design.diagram.BoundSchema());
-    copy.diagram.Restore(design.diagram.Save());
-    copy.grid.LoadColumns();
-    copy.distinct = design.distinct;
-    return copy;
-}
-
-/// Builds the design of one statement, step by step.
+/// Builds the design of one statement, step by step, in the desk's draft.
 class Rebuild {
 public:
-    Rebuild(const Statement& statement, model::Design& design)
+    Rebuild(const Statement& statement, const model::Diagram& before, Desk& desk)
         : statement_(statement),
-          design_(design),
-          scope_(statement, design.diagram.BoundSchema(), forms_),
-          canonical_(scope_) {}
+          before_(before),
+          desk_(desk),
+          design_(desk.draft),
+          scope_(statement, before.BoundSchema(), desk.forms),
+          canonical_(scope_) {
+        design_.grid.StartAgain();
+        design_.diagram.StartAgain(before.BoundSchema());
+    }
 
     /// Tables, relations, select list and distinct option: all that a statement with TOP gets.
     Outcome BuildOutput() {
         for (const sql::BeyondItem& item : statement_.beyond)
             return Refusal{item.range, BeyondMessage(item.what)};
         if (Outcome refusal = CheckTables(scope_)) return refusal;
-        design_.diagram.Reset();
-        const std::vector<std::wstring> table_names = PlaceTables(scope_, design_.diagram);
-        if (Outcome refusal = PlanJoins(scope_, canonical_, table_names, plan_)) return refusal;
+        table_names_ = PlaceTables(scope_, before_, design_.diagram);
+        if (Outcome refusal = PlanJoins(scope_, canonical_, table_names_, plan_)) return refusal;
         for (const model::RelInfo& relation : plan_.relations) design_.diagram.AddRelation(relation);
-        columns_.emplace(scope_, canonical_, table_names, design_);
+        columns_.emplace(scope_, canonical_, table_names_, design_);
         if (FiltersRowsOfOneGroup()) columns_->HideAggregates();
         design_.distinct = statement_.Distinct;
         return columns_->AddSelectList();
@@ -60,7 +54,7 @@ public:
         if (Outcome refusal = columns_->AddOrdering()) return refusal;
         if (Outcome refusal = BuildCriteria(shown_messages)) return refusal;
         if (Outcome refusal = columns_->KeepGroupBy()) return refusal;
-        return CheckFaithful(scope_, canonical_, design_, left_out_);
+        return CheckFaithful(scope_, canonical_, design_, left_out_, desk_.composed);
     }
 
 private:
@@ -149,10 +143,12 @@ private:
     }
 
     const Statement& statement_;
+    const model::Diagram& before_;
+    Desk& desk_;
     model::Design& design_;
-    Forms forms_;
     StatementScope scope_;
     Canonical canonical_;
+    std::vector<std::wstring> table_names_;
     JoinPlan plan_;
     std::optional<ColumnBuilder> columns_;
     std::optional<bool> where_fits_;
@@ -161,29 +157,28 @@ private:
 
 // Everything that may run out of memory comes first: a design of which only half was replaced would be
 // another statement.
-void Commit(model::Design& copy, model::Design& design) {
-    model::SyncDiagramChecks(copy);
-    design.grid.TakeContents(copy.grid);
+void Commit(model::Design& draft, model::Design& design) {
+    model::SyncDiagramChecks(draft);
+    design.grid.TakeContents(draft.grid);
     design.grid.SetFocus(model::GridRow::Campo, 0);
-    design.diagram.Restore(copy.diagram.Take());
-    design.distinct = copy.distinct;
+    design.diagram.TakeContents(draft.diagram);
+    design.distinct = draft.distinct;
 }
 
 }  // namespace
 
 Analysis AnalyseSQL(std::wstring_view text, model::Design& design) {
     Analysis analysis;
-    sql::SqlParser parser;
-    const bool failed = parser.Parse(text);
-    const Statement* statement = parser.GetStatement();
+    BorrowedDesk desk;
+    const bool failed = desk->original.Parse(text);
+    const Statement* statement = desk->original.GetStatement();
     if (failed || !statement) {
-        if (!parser.Errors().empty()) analysis.error = parser.Errors().front();
+        if (!desk->original.Errors().empty()) analysis.error = desk->original.Errors().front();
         return analysis;
     }
     analysis.parsed = true;
 
-    model::Design copy = CopyOf(design);
-    Rebuild rebuild(*statement, copy);
+    Rebuild rebuild(*statement, design.diagram, *desk);
     const auto refuse = [&](const Refusal& refusal) {
         analysis.messages.clear();
         analysis.error = MakeDiagnostic(text, refusal.range, refusal.message);
@@ -193,11 +188,11 @@ Analysis AnalyseSQL(std::wstring_view text, model::Design& design) {
     if (const Outcome refusal = rebuild.BuildOutput()) return refuse(*refusal);
     if (statement->top_range.length > 0) {
         // The design keeps what was read so far, except of a count that means nothing to it.
-        if (statement->Top > 0) Commit(copy, design);
+        if (statement->Top > 0) Commit(desk->draft, design);
         return refuse({statement->top_range, std::wstring(messages::kTop)});
     }
     if (const Outcome refusal = rebuild.BuildRest(analysis.messages)) return refuse(*refusal);
-    Commit(copy, design);
+    Commit(desk->draft, design);
     analysis.accepted = true;
     return analysis;
 }

@@ -9,13 +9,13 @@
 #include "common/text.h"
 #include "compose/column_view.h"
 #include "compose/compose.h"
-#include "model/grid_editing.h"
 #include "sqlparser/token_text.h"
 
 namespace tessel::analyse {
 
 namespace {
 
+using model::FitsCell;
 using model::GridRow;
 using sql::Item;
 using sql::NodeId;
@@ -28,9 +28,11 @@ constexpr std::wstring_view kDescending = L"Descendente";
 constexpr std::int16_t kAscendingCode = 1;
 constexpr std::int16_t kDescendingCode = 2;
 
-bool FitsCell(const std::wstring& text) {
-    // A character has two units at most.
-    return text.size() <= model::kMaxCellLength / 2 || Utf16Length(text) <= model::kMaxCellLength;
+/// The same for texts that differ in letter case alone.
+std::uint32_t HashOf(std::wstring_view text) {
+    std::uint32_t hash = 0;
+    for (const wchar_t ch : text) hash = (hash ^ static_cast<std::uint32_t>(LowerChar(ch))) * 0x9E3779B1u;
+    return hash;
 }
 
 /// The place of a sort key or of a grouping without what follows the expression.
@@ -47,9 +49,11 @@ ColumnBuilder::ColumnBuilder(const StatementScope& scope, const Canonical& canon
       statement_(scope.Source()),
       design_(design),
       table_names_(table_names),
-      alias_replacements_(table_names) {
+      alias_replacements_(table_names.size()) {
     for (std::size_t table = 0; table < alias_replacements_.size(); ++table) {
-        if (statement_.Tables[table].alias.length == 0) alias_replacements_[table].clear();
+        if (statement_.Tables[table].alias.length == 0) continue;
+        alias_replacements_[table] = table_names[table];
+        has_aliases_ = true;
     }
     is_totals_ = ComputesTotals();
 }
@@ -65,7 +69,7 @@ bool ColumnBuilder::ComputesTotals() const {
 }
 
 std::wstring ColumnBuilder::CellText(TextRange range) const {
-    return scope_.TextWithTables(range, alias_replacements_);
+    return has_aliases_ ? scope_.TextWithTables(range, alias_replacements_) : statement_.Text(range);
 }
 
 // Without line breaks and comments a long text may fit after all.
@@ -87,7 +91,7 @@ void ColumnBuilder::HideAggregates() {
     is_totals_ = false;
 }
 
-Outcome ColumnBuilder::Write(GridRow row, int column, const std::wstring& text, TextRange place) {
+Outcome ColumnBuilder::Write(GridRow row, int column, std::wstring_view text, TextRange place) {
     if (design_.grid.SetCell(row, column, text)) return std::nullopt;
     return Refusal{place, std::wstring(messages::kCellTooLong)};
 }
@@ -98,7 +102,10 @@ int ColumnBuilder::FindColumn(Form form) const {
 }
 
 bool ColumnBuilder::HasText(std::wstring_view text) const {
-    return model::FieldCol(design_.grid, TrimView(text)) >= 0;
+    const std::wstring_view trimmed = TrimView(text);
+    const bool may_be =
+        trimmed.empty() || std::ranges::find(text_hashes_, HashOf(trimmed)) != text_hashes_.end();
+    return may_be && model::FieldCol(design_.grid, trimmed) >= 0;
 }
 
 std::wstring ColumnBuilder::WithFreeText(std::wstring text) const {
@@ -145,43 +152,52 @@ bool ColumnBuilder::StarKeepsItsOrder() const {
     return composed == table_names_;
 }
 
-Outcome ColumnBuilder::AddSelectColumn(const std::wstring& text, std::wstring_view alias, Form form,
+Outcome ColumnBuilder::AddSelectColumn(std::wstring text, std::wstring_view alias, Form form,
                                        TextRange place) {
     if (select_columns_.size() == static_cast<std::size_t>(model::kGridColumnCount)) {
         return Refusal{place, std::wstring(messages::kTooManyColumns)};
     }
-    std::wstring title(alias);
-    const bool taken = HasText(text);
-    if (taken) {
+    std::wstring_view title = alias;
+    std::wstring counted;
+    if (HasText(text)) {
         if (text.ends_with(L'*')) return Refusal{place, std::wstring(messages::kStarTwice)};
         // As where fields of two tables have the same name, the title tells them apart.
         const std::vector<std::wstring> parts =
             IsQualifiedName(text) ? SplitQualified(text) : std::vector<std::wstring>();
         if (title.empty() && parts.size() > 1) {
-            title = model::UniqueCaption(design_.grid, -1, model::TitleOfField(parts.back()));
+            counted = model::UniqueCaption(design_.grid, -1, model::TitleOfField(parts.back()));
+            title = counted;
         }
+        text = WithFreeText(std::move(text));
     }
-    const std::wstring shown = taken ? WithFreeText(text) : text;
-    if (!FitsCell(shown) || !FitsCell(title)) return Refusal{place, std::wstring(messages::kCellTooLong)};
-    const int column = model::AddFieldUnmarked(design_, shown, title, model::kShow);
+    if (!FitsCell(text) || !FitsCell(title)) return Refusal{place, std::wstring(messages::kCellTooLong)};
+    const int column = AddColumn(text, title, model::kShow, form);
     if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
     select_columns_.push_back(column);
-    columns_.emplace_back(form, column);
     return std::nullopt;
+}
+
+/// A column of a text that no other column has; -1 when there is none left.
+int ColumnBuilder::AddColumn(const std::wstring& text, std::wstring_view title,
+                             model::FieldVisibility visibility, Form form) {
+    const int column = model::AddNewField(design_, text, title, visibility);
+    if (column < 0) return column;
+    text_hashes_.push_back(HashOf(TrimView(text)));
+    columns_.emplace_back(form, column);
+    return column;
 }
 
 Outcome ColumnBuilder::SetColumn(const model::ColInfo& record, Form form, TextRange place, int& column) {
     const std::wstring text = WithFreeText(record.Expresion);
     if (!FitsCell(text)) return Refusal{place, std::wstring(messages::kCellTooLong)};
-    column = model::AddFieldUnmarked(design_, text, L"", model::kHide);
+    column = AddColumn(text, L"", model::kHide, form);
     if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
-    columns_.emplace_back(form, column);
     if (!record.GroupBy.empty()) {
         if (Outcome refusal = Write(GridRow::Agrupacion, column, record.GroupBy, place)) return refusal;
     }
     if (record.OrderBy == 0) return std::nullopt;
     const std::wstring_view direction = record.OrderBy == kDescendingCode ? kDescending : kAscending;
-    return Write(GridRow::Orden, column, std::wstring(direction), place);
+    return Write(GridRow::Orden, column, direction, place);
 }
 
 /// Whether an engine may take the grouping for the number of a column.
@@ -198,8 +214,7 @@ Outcome ColumnBuilder::AddGrouping() {
         const Form form = canonical_.Expression(item.node);
         int column = FindColumn(form);
         if (column != kNoColumn) {
-            if (Outcome refusal = Write(GridRow::Agrupacion, column, std::wstring(kGrouped), place))
-                return refusal;
+            if (Outcome refusal = Write(GridRow::Agrupacion, column, kGrouped, place)) return refusal;
             continue;
         }
         model::ColInfo record;
@@ -212,8 +227,7 @@ Outcome ColumnBuilder::AddGrouping() {
     if (!is_totals_) return std::nullopt;
     for (const int column : select_columns_) {
         if (IsGrouped(column)) continue;
-        if (Outcome refusal = Write(GridRow::Agrupacion, column, std::wstring(kExpression), {}))
-            return refusal;
+        if (Outcome refusal = Write(GridRow::Agrupacion, column, kExpression, {})) return refusal;
     }
     return std::nullopt;
 }
@@ -236,11 +250,12 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
     if (selected != kOwnExpression && IsSameForEveryRow(statement_, node)) return std::nullopt;
     const Form form = canonical_.Expression(node);
     int column = FindColumn(form);
-    if (!sorted_.insert(form).second) return std::nullopt;
+    if (std::ranges::find(sorted_, form) != sorted_.end()) return std::nullopt;
+    sorted_.push_back(form);
     if (column > last_column) {
         last_column = column;
         const std::wstring_view direction = item.descending ? kDescending : kAscending;
-        return Write(GridRow::Orden, column, std::wstring(direction), place);
+        return Write(GridRow::Orden, column, direction, place);
     }
     // A second column of the same expression has to be told from the first.
     model::ColInfo record;

@@ -5,7 +5,7 @@
 // sort key whose column stands before that of the key before it gets a hidden column of its own at the end.
 #pragma once
 
-#include <set>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,6 +13,7 @@
 #include "analyse/canonical.h"
 #include "analyse/refusal.h"
 #include "model/design.h"
+#include "model/grid_editing.h"
 #include "model/records.h"
 
 namespace tessel::analyse {
@@ -53,7 +54,7 @@ public:
     static std::wstring FittedText(std::wstring text);
     /// The text of a node for "Campo:", not recognised as an aggregate when it is none.
     std::wstring FieldText(sql::NodeId node) const;
-    [[nodiscard]] Outcome Write(model::GridRow row, int column, const std::wstring& text, TextRange place);
+    [[nodiscard]] Outcome Write(model::GridRow row, int column, std::wstring_view text, TextRange place);
     const std::wstring& Cell(model::GridRow row, int column) const { return design_.grid.Cell(row, column); }
 
 private:
@@ -65,7 +66,9 @@ private:
     bool MayBeOrdinal(sql::NodeId node) const;
     bool StarKeepsItsOrder() const;
     Outcome AddSelectItem(const sql::Item& item);
-    Outcome AddSelectColumn(const std::wstring& text, std::wstring_view alias, Form form, TextRange place);
+    Outcome AddSelectColumn(std::wstring text, std::wstring_view alias, Form form, TextRange place);
+    int AddColumn(const std::wstring& text, std::wstring_view title, model::FieldVisibility visibility,
+                  Form form);
     Outcome AddSortKey(const sql::Item& item, int& last_column);
 
     const StatementScope& scope_;
@@ -74,9 +77,11 @@ private:
     model::Design& design_;
     const std::vector<std::wstring>& table_names_;
     std::vector<std::wstring> alias_replacements_;  ///< table names for the tables that have an alias
-    std::vector<std::pair<Form, int>> columns_;     ///< what they show; the first of a form counts
-    std::set<Form> sorted_;                         ///< the sort keys so far
-    std::vector<int> select_columns_;               ///< of the select list
+    bool has_aliases_ = false;
+    std::vector<std::pair<Form, int>> columns_;  ///< what they show; the first of a form counts
+    std::vector<std::uint32_t> text_hashes_;     ///< of the texts in "Campo:" without regard to case
+    std::vector<Form> sorted_;                   ///< the sort keys so far
+    std::vector<int> select_columns_;            ///< of the select list
     bool is_totals_ = false;
     bool hides_aggregates_ = false;
 };

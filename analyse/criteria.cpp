@@ -62,34 +62,30 @@ bool CriteriaBuilder::CriteriaFit(NodeId root) const {
     const Node& node = statement_.At(inner);
     if (IsLogical(node, LogicalOp::Or)) return AlternativesFit(inner);
     if (node.kind == NodeKind::Logical && !IsLogical(node, LogicalOp::And)) return false;
-    std::set<Form> compared;
-    return GroupFits(inner, compared);
+    return GroupFits(inner);
 }
 
-// `compared` holds the expressions of the comparisons that must hold together so far.
-bool CriteriaBuilder::GroupFits(NodeId id, std::set<Form>& compared) const {
+// No expression may stand in two of the comparisons that must hold together.
+bool CriteriaBuilder::GroupFits(NodeId id) const {
     if (HasAlternatives(statement_, id)) return false;
+    std::vector<Form> compared;
     for (const NodeId operand : OperandsOf(statement_, id, LogicalOp::And)) {
         if (const auto comparison = ReadComparison(operand)) {
-            if (!compared.insert(comparison->form).second) return false;
+            compared.push_back(comparison->form);
             continue;
         }
         bool negated = false;
         const NodeId group = WithoutNot(statement_, operand, negated);
-        if (!IsLogical(statement_.At(group), LogicalOp::And)) continue;
-        std::set<Form> compared_inside;
-        if (!GroupFits(group, compared_inside)) return false;
+        if (IsLogical(statement_.At(group), LogicalOp::And) && !GroupFits(group)) return false;
     }
-    return true;
+    std::ranges::sort(compared);
+    return std::ranges::adjacent_find(compared) == compared.end();
 }
 
 // Alternatives that are not the two cells of one column are shown whole.
 bool CriteriaBuilder::AlternativesFit(NodeId id) const {
     const std::vector<NodeId> alternatives = OperandsOf(statement_, id, LogicalOp::Or);
-    return std::ranges::all_of(alternatives, [&](NodeId alternative) {
-        std::set<Form> compared;
-        return GroupFits(alternative, compared);
-    });
+    return std::ranges::all_of(alternatives, [&](NodeId alternative) { return GroupFits(alternative); });
 }
 
 bool CriteriaBuilder::AreCellsOfOneColumn(const std::vector<NodeId>& alternatives) const {
@@ -238,12 +234,13 @@ Outcome CriteriaBuilder::FillBareCondition(NodeId id) {
 Outcome CriteriaBuilder::FillWhole(NodeId id) {
     const Form form = canonical_.Condition(id);
     // The same condition again changes nothing.
-    if (!shown_whole_.insert(form).second) return std::nullopt;
+    if (std::ranges::find(shown_whole_, form) != shown_whole_.end()) return std::nullopt;
+    shown_whole_.push_back(form);
     int column = UsableColumn(form);
     if (column == kNoColumn) {
         if (Outcome refusal = AddColumn(WholeText(id), form, PlaceOf(id), column)) return refusal;
     }
-    return columns_.Write(GridRow::Condicion, column, std::wstring(kIsTrue), PlaceOf(id));
+    return columns_.Write(GridRow::Condicion, column, kIsTrue, PlaceOf(id));
 }
 
 /// The condition as an expression that equals True when it holds.

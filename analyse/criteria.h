@@ -10,7 +10,6 @@
 #pragma once
 
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -49,7 +48,7 @@ private:
         sql::NodeId value = sql::kNoNode;
     };
 
-    bool GroupFits(sql::NodeId id, std::set<Form>& compared) const;
+    bool GroupFits(sql::NodeId id) const;
     bool AlternativesFit(sql::NodeId id) const;
     bool AreCellsOfOneColumn(const std::vector<sql::NodeId>& alternatives) const;
     std::optional<Comparison> ReadComparison(sql::NodeId id) const;
@@ -76,7 +75,7 @@ private:
     const sql::Statement& statement_;
     ColumnBuilder& columns_;
     Clause clause_;
-    std::set<Form> shown_whole_;  ///< forms of the conditions that have a column of their own
+    std::vector<Form> shown_whole_;  ///< forms of the conditions that have a column of their own
 };
 
 }  // namespace tessel::analyse

@@ -2,7 +2,6 @@
 
 #include "analyse/statement_scope.h"
 #include "compose/compose.h"
-#include "sqlparser/sql_parser.h"
 
 namespace tessel::analyse {
 
@@ -39,15 +38,15 @@ TextRange RangeOf(const sql::Statement& statement, Clause clause) {
 }  // namespace
 
 Outcome CheckFaithful(const StatementScope& scope, const Canonical& canonical, const model::Design& design,
-                      LeftOut left_out) {
+                      LeftOut left_out, Composed& composed) {
     const sql::Statement& original = scope.Source();
-    sql::SqlParser parser;
-    const bool failed = parser.Parse(compose::BuildSQL(design));
-    const sql::Statement* composed = parser.GetStatement();
-    if (failed || !composed || !composed->beyond.empty() || composed->Top > 0) {
+    compose::BuildSQL(design, composed.text);
+    const bool failed = composed.parser.Parse(composed.text);
+    const sql::Statement* statement = composed.parser.GetStatement();
+    if (failed || !statement || !statement->beyond.empty() || statement->Top > 0) {
         return Refusal{{0, original.source.size()}, std::wstring(messages::kNotReadBack)};
     }
-    const StatementScope composed_scope(*composed, design.diagram.BoundSchema(), scope.Numbers());
+    const StatementScope composed_scope(*statement, design.diagram.BoundSchema(), scope.Numbers());
     const Canonical composed_canonical(composed_scope);
     const auto difference =
         FirstDifference(Normalise(scope, canonical), Normalise(composed_scope, composed_canonical), left_out);

@@ -5,11 +5,19 @@
 #include "analyse/normal_form.h"
 #include "analyse/refusal.h"
 #include "model/design.h"
+#include "sqlparser/sql_parser.h"
 
 namespace tessel::analyse {
 
+/// The statement of a design, composed and parsed.
+struct Composed {
+    std::wstring text;
+    sql::SqlParser parser;
+};
+
 /// Refuses a design whose statement differs, pointing at the clause of the original in which it does.
+/// `composed` holds the design's statement then.
 [[nodiscard]] Outcome CheckFaithful(const StatementScope& scope, const Canonical& canonical,
-                                    const model::Design& design, LeftOut left_out);
+                                    const model::Design& design, LeftOut left_out, Composed& composed);
 
 }  // namespace tessel::analyse

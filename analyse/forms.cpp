@@ -20,11 +20,21 @@ std::uint32_t Mixed(std::uint32_t hash, std::uint32_t value) {
     return hash ^ hash >> 15;
 }
 
-template <class Range>
-std::uint32_t HashOf(std::uint32_t seed, const Range& values) {
-    std::uint32_t hash = seed;
-    for (const auto value : values) hash = Mixed(hash, static_cast<std::uint32_t>(value));
+std::uint32_t HashOf(std::uint32_t head, std::span<const Form> parts) {
+    std::uint32_t hash = Mixed(kSeedOfNodes, head);
+    for (const Form part : parts) hash = Mixed(hash, part);
     return hash;
+}
+
+// Two characters a step: every step waits for the one before it.
+std::uint32_t HashOf(std::wstring_view text) {
+    std::uint32_t hash = kSeedOfTexts;
+    std::size_t i = 0;
+    for (; i + 1 < text.size(); i += 2) {
+        hash =
+            Mixed(hash, static_cast<std::uint32_t>(text[i]) ^ static_cast<std::uint32_t>(text[i + 1]) << 16);
+    }
+    return i < text.size() ? Mixed(hash, static_cast<std::uint32_t>(text[i])) : hash;
 }
 
 }  // namespace
@@ -34,6 +44,13 @@ Forms::Forms() : slots_(kFirstSlots, kNoForm) {
     entries_.emplace_back();
     texts_.reserve(kFirstTexts);
     parts_.reserve(kFirstTexts);
+}
+
+void Forms::StartAgain() {
+    entries_.resize(1);
+    texts_.clear();
+    parts_.clear();
+    slots_.assign(kFirstSlots, kNoForm);
 }
 
 Form Forms::Text(std::wstring_view text) {
@@ -51,7 +68,7 @@ Form Forms::Identifier(std::wstring_view name) {
 /// The form of what stands at the end of `texts_`, which goes again when the form is known.
 Form Forms::TakeText(std::size_t begin) {
     const std::wstring_view text = std::wstring_view(texts_).substr(begin);
-    const std::uint32_t hash = HashOf(kSeedOfTexts, text);
+    const std::uint32_t hash = HashOf(text);
     for (std::size_t slot = SlotOf(hash); slots_[slot] != kNoForm;
          slot = SlotOf(static_cast<std::uint32_t>(slot) + 1)) {
         const Entry& entry = entries_[slots_[slot]];
@@ -63,7 +80,7 @@ Form Forms::TakeText(std::size_t begin) {
 }
 
 Form Forms::Node(std::uint32_t head, std::span<const Form> parts) {
-    const std::uint32_t hash = HashOf(Mixed(kSeedOfNodes, head), parts);
+    const std::uint32_t hash = HashOf(head, parts);
     const auto length = static_cast<std::uint32_t>(parts.size() + 1);
     for (std::size_t slot = SlotOf(hash); slots_[slot] != kNoForm;
          slot = SlotOf(static_cast<std::uint32_t>(slot) + 1)) {

@@ -23,6 +23,8 @@ inline constexpr Form kNoForm = 0;
 class Forms {
 public:
     Forms();
+    /// Forgets every form; the memory stays for those to come.
+    void StartAgain();
 
     [[nodiscard]] Form Text(std::wstring_view text);
     /// The form of the name's IdentifierKey, which is the text that TextOf gives.

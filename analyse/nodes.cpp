@@ -41,8 +41,10 @@ void AppendOperands(const Statement& statement, NodeId id, sql::LogicalOp op, st
 bool IsAggregateCall(const Statement& statement, const Node& node) {
     if (node.kind != NodeKind::Call || node.first_child == sql::kNoNode) return false;
     const std::wstring_view name = statement.Slice(statement.At(node.first_child).Range());
-    return std::ranges::any_of(kAggregateNames,
-                               [&](std::wstring_view aggregate) { return SameIdentifier(name, aggregate); });
+    const bool bare = IsIdentifierStart(name.front());
+    return std::ranges::any_of(kAggregateNames, [&](std::wstring_view aggregate) {
+        return (!bare || name.size() == aggregate.size()) && SameIdentifier(name, aggregate);
+    });
 }
 
 }  // namespace

@@ -165,7 +165,6 @@ NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
         form.beyond = sql::CanonicalTokens(statement.source, {0, statement.source.size()});
     }
     form.distinct = statement.Distinct;
-    form.unqualified = scope.UnqualifiedNames();
     form.select.reserve(statement.Columns.size());
     for (std::size_t index = 0; index < statement.Columns.size(); ++index) {
         if (!IsBareStar(statement.At(statement.Columns[index].node))) {
@@ -176,6 +175,10 @@ NormalForm Normalise(const StatementScope& scope, const Canonical& canonical) {
         const Form no_alias = scope.Numbers().Text({});
         for (int table = 0; table < scope.TableCount(); ++table)
             form.select.push_back({canonical.AllFields(table), no_alias, kNoForm, false});
+    }
+    // They matter where an alias might be added.
+    if (!std::ranges::all_of(form.select, &NormalForm::SelectItem::has_alias)) {
+        form.unqualified = scope.UnqualifiedNames();
     }
     FromForm from = NormaliseFrom(scope, canonical);
     form.from = from.groups;

@@ -64,7 +64,7 @@ struct NormalForm {
     FormSet having;
     FormSet group_conditions;  ///< of HAVING, as far as they could stand in WHERE
     std::vector<SortKey> order;
-    FormSet unqualified;  ///< keys of the unqualified names that occur
+    FormSet unqualified;  ///< keys of the unqualified names that occur, where an item without alias is
 };
 
 /// The form of the statement.

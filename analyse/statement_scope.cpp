@@ -48,16 +48,31 @@ StatementScope::StatementScope(const Statement& statement, const schema::Schema*
     alias_keys_.reserve(statement.Columns.size());
     for (const sql::Item& item : statement.Columns)
         alias_keys_.push_back(forms.Identifier(statement.Slice(item.alias)));
-    // A name with its table is three nodes.
-    references_.reserve(statement.nodes.size() / 3);
+}
+
+std::vector<Form> StatementScope::UnqualifiedNames() const {
+    Keys keys;
+    for (const Node& node : statement_.nodes) {
+        const bool unqualified = node.kind == NodeKind::Name && node.first_child != sql::kNoNode &&
+                                 QualifierOf(statement_, node) == sql::kNoNode;
+        if (unqualified) keys.push_back(KeyOf(node.first_child));
+    }
+    std::ranges::sort(keys);
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+    return keys;
+}
+
+const std::vector<StatementScope::Reference>& StatementScope::References() const {
+    if (has_references_) return references_;
     std::vector<const Keys*> hidden;
-    CollectReferences(statement, hidden);
+    CollectReferences(statement_, hidden);
     std::ranges::sort(references_, {}, [](const Reference& reference) { return reference.range.offset; });
-    std::ranges::sort(unqualified_);
-    unqualified_.erase(std::unique(unqualified_.begin(), unqualified_.end()), unqualified_.end());
+    has_references_ = true;
+    return references_;
 }
 
 void StatementScope::MarkRepeatedTables() {
+    if (tables_.size() < 2) return;
     std::vector<Form> keys;
     for (const Table& table : tables_) keys.push_back(table.key);
     std::ranges::sort(keys);
@@ -71,18 +86,13 @@ Form StatementScope::CallingKey(const Statement& statement, const TableRef& tabl
     return forms_.Identifier(statement.Slice(table.alias.length > 0 ? table.alias : table.name));
 }
 
-void StatementScope::CollectReferences(const Statement& statement, std::vector<const Keys*>& hidden) {
+void StatementScope::CollectReferences(const Statement& statement, std::vector<const Keys*>& hidden) const {
     const bool outermost = &statement == &statement_;
     for (NodeId id = 0; id < statement.nodes.size(); ++id) {
         const Node& node = statement.At(id);
         if (node.kind != NodeKind::Name && node.kind != NodeKind::Star) continue;
         const NodeId qualifier = QualifierOf(statement, node);
-        if (qualifier == sql::kNoNode) {
-            if (node.kind == NodeKind::Name && outermost && node.first_child != sql::kNoNode) {
-                unqualified_.push_back(KeyOf(node.first_child));
-            }
-            continue;
-        }
+        if (qualifier == sql::kNoNode) continue;
         const TextRange range = statement.At(qualifier).Range();
         const Form key = outermost ? KeyOf(qualifier) : forms_.Identifier(statement.Slice(range));
         const bool inner = std::ranges::any_of(
@@ -90,12 +100,11 @@ void StatementScope::CollectReferences(const Statement& statement, std::vector<c
         if (inner) continue;
         const int table = TableCalled(key);
         if (table != kNoTable) references_.push_back({range, table});
-        if (outermost && node.kind == NodeKind::Name) tables_of_names_[id] = table;
     }
     CollectNested(statement, hidden);
 }
 
-void StatementScope::CollectNested(const Statement& statement, std::vector<const Keys*>& hidden) {
+void StatementScope::CollectNested(const Statement& statement, std::vector<const Keys*>& hidden) const {
     for (const auto& nested : statement.nested) {
         CollectOperand(*nested, hidden);
         for (const auto& operand : nested->union_operands) CollectOperand(*operand, hidden);
@@ -103,7 +112,7 @@ void StatementScope::CollectNested(const Statement& statement, std::vector<const
     }
 }
 
-void StatementScope::CollectOperand(const Statement& statement, std::vector<const Keys*>& hidden) {
+void StatementScope::CollectOperand(const Statement& statement, std::vector<const Keys*>& hidden) const {
     Keys own;
     for (const TableRef& table : statement.Tables) own.push_back(CallingKey(statement, table));
     hidden.push_back(&own);
@@ -185,9 +194,10 @@ std::wstring StatementScope::TextWithTables(TextRange range, const std::vector<s
     std::wstring text;
     text.reserve(range.length);
     std::size_t at = range.offset;
+    const std::vector<Reference>& references = References();
     const auto first = std::ranges::lower_bound(
-        references_, range.offset, {}, [](const Reference& reference) { return reference.range.offset; });
-    for (auto reference = first; reference != references_.end(); ++reference) {
+        references, range.offset, {}, [](const Reference& reference) { return reference.range.offset; });
+    for (auto reference = first; reference != references.end(); ++reference) {
         if (reference->range.End() > range.End()) break;
         const std::wstring& name = names[static_cast<std::size_t>(reference->table)];
         if (name.empty()) continue;

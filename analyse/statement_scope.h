@@ -66,8 +66,9 @@ public:
     /// reference as it was written.
     std::wstring TextWithTables(TextRange range, const std::vector<std::wstring>& names) const;
 
-    /// Keys of all unqualified names of the statement in their order, nested selects not included.
-    const std::vector<Form>& UnqualifiedNames() const { return unqualified_; }
+    /// Keys of all unqualified names of the statement, sorted and without repetitions, nested selects not
+    /// included.
+    std::vector<Form> UnqualifiedNames() const;
 
 private:
     using Keys = std::vector<Form>;
@@ -86,9 +87,10 @@ private:
     Form CallingKey(const sql::Statement& statement, const sql::TableRef& table) const;
     int FindTableOfName(sql::NodeId name) const;
     const schema::Field* FindField(int table, Form field_key) const;
-    void CollectReferences(const sql::Statement& statement, std::vector<const Keys*>& hidden);
-    void CollectNested(const sql::Statement& statement, std::vector<const Keys*>& hidden);
-    void CollectOperand(const sql::Statement& statement, std::vector<const Keys*>& hidden);
+    const std::vector<Reference>& References() const;
+    void CollectReferences(const sql::Statement& statement, std::vector<const Keys*>& hidden) const;
+    void CollectNested(const sql::Statement& statement, std::vector<const Keys*>& hidden) const;
+    void CollectOperand(const sql::Statement& statement, std::vector<const Keys*>& hidden) const;
 
     const sql::Statement& statement_;
     const schema::Schema* schema_;
@@ -99,8 +101,9 @@ private:
     mutable std::vector<int> tables_of_names_;
     mutable std::vector<Form> keys_;
     std::vector<Form> alias_keys_;
-    std::vector<Reference> references_;
-    Keys unqualified_;
+    /// Collected when they are first asked for; many statements name no alias whose name would matter.
+    mutable std::vector<Reference> references_;
+    mutable bool has_references_ = false;
     int settled_ = 0;
 };
 

@@ -1,10 +1,8 @@
 #include "analyse/tables_and_joins.h"
 
 #include <algorithm>
-#include <set>
 
 #include "analyse/join_planner.h"
-#include "common/identifiers.h"
 
 namespace tessel::analyse {
 
@@ -30,43 +28,36 @@ Outcome CheckTables(const StatementScope& scope) {
     if (statement.Tables.size() > kMostTables) {
         return Refusal{statement.Tables[kMostTables].range, std::wstring(messages::kTooManyTables)};
     }
-    std::set<std::wstring> keys;
-    for (const TableRef& table : statement.Tables) {
+    std::vector<Form> repeated;
+    for (std::size_t index = 0; index < statement.Tables.size(); ++index) {
+        const TableRef& table = statement.Tables[index];
         if (table.database.length > 0 || table.owner.length > 0) {
             return Refusal{table.range, std::wstring(messages::kQualifiedTable)};
         }
         // The design names the table itself, which would make the statement valid where such an alias is not.
         if (table.alias.length > 0 && StartsWithDigit(statement.Slice(table.alias)))
             return Refusal{table.alias, std::wstring(messages::kTableAliasDigit)};
-        if (!keys.insert(IdentifierKey(statement.Slice(table.name))).second) {
+        if (!scope.IsTableRepeated(static_cast<int>(index))) continue;
+        const Form key = scope.TableKey(static_cast<int>(index));
+        if (std::ranges::find(repeated, key) != repeated.end()) {
             return Refusal{table.range, std::wstring(messages::kTableTwice)};
         }
+        repeated.push_back(key);
     }
     return std::nullopt;
 }
 
-std::vector<std::wstring> PlaceTables(const StatementScope& scope, model::Diagram& diagram) {
+// The tables of FROM alone and in its order, whatever was on the diagram before: "*" takes its columns from
+// it.
+std::vector<std::wstring> PlaceTables(const StatementScope& scope, const model::Diagram& before,
+                                      model::Diagram& diagram) {
     const Statement& statement = scope.Source();
-    for (const TableRef& table : statement.Tables) diagram.AddTable(statement.Slice(table.name), true);
-
-    // The tables of FROM alone and in its order, whatever was on the diagram before: "*" takes its columns
-    // from it.
-    model::Diagram::Contents contents = diagram.Take();
-    std::vector<model::DiagramTable> ordered;
     std::vector<std::wstring> names;
-    ordered.reserve(statement.Tables.size());
     names.reserve(statement.Tables.size());
     for (const TableRef& table : statement.Tables) {
-        const std::wstring_view name = statement.Slice(table.name);
-        const auto shown = std::ranges::find_if(
-            contents.tables, [&](const model::DiagramTable& t) { return SameIdentifier(t.name, name); });
-        if (shown == contents.tables.end()) continue;
-        names.push_back(shown->name);
-        ordered.push_back(std::move(*shown));
-        contents.tables.erase(shown);
+        if (diagram.AddTableLike(before, statement.Slice(table.name)))
+            names.push_back(diagram.Tables().back().name);
     }
-    contents.tables = std::move(ordered);
-    diagram.Restore(std::move(contents));
     return names;
 }
 

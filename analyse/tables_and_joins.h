@@ -29,9 +29,10 @@ struct JoinPlan {
 /// Refuses tables that a design cannot hold.
 [[nodiscard]] Outcome CheckTables(const StatementScope& scope);
 
-/// Keeps the tables that the statement still names, adds the others, and puts them into the statement's
-/// order. The answer holds each table's name as the diagram shows it, by its index in Statement::Tables.
-std::vector<std::wstring> PlaceTables(const StatementScope& scope, model::Diagram& diagram);
+/// Fills an empty diagram with the statement's tables in their order, those that `before` shows as it shows
+/// them. The answer holds each table's name as the diagram shows it, by its index in Statement::Tables.
+std::vector<std::wstring> PlaceTables(const StatementScope& scope, const model::Diagram& before,
+                                      model::Diagram& diagram);
 
 /// Which relations show the joins. Settles in `scope` the tables of unqualified sides of ON conditions.
 [[nodiscard]] Outcome PlanJoins(StatementScope& scope, const Canonical& canonical,

@@ -65,6 +65,9 @@ bool IsQuotedName(std::wstring_view text) {
 /// The name without its brackets or quotes as a part of the text, or nothing when a closing character is
 /// doubled inside.
 std::optional<std::wstring_view> PlainName(std::wstring_view name) {
+    if (name.empty()) return name;
+    const bool bare = name.back() != L' ' && name.front() != L' ' && !ClosingOf(name.front());
+    if (bare) return name;
     const std::wstring_view trimmed = TrimView(name);
     if (!IsQuotedName(trimmed)) return trimmed;
     const std::wstring_view inner = trimmed.substr(1, trimmed.size() - 2);

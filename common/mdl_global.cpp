@@ -73,6 +73,12 @@ bool HasWordAt(std::wstring_view text, std::size_t at, std::wstring_view word) {
     return true;
 }
 
+/// True for a letter with which one of the aggregates begins.
+bool MayBeginWord(wchar_t ch) {
+    const wchar_t lower = LowerChar(ch);
+    return lower == L's' || lower == L'c' || lower == L'a' || lower == L'm';
+}
+
 /// At the start of the text a word needs more after it than one character.
 bool StartsWithWord(std::wstring_view text, std::wstring_view word) {
     return text.size() > word.size() + 1 && HasWordAt(text, 0, word);
@@ -129,10 +135,11 @@ std::wstring_view ADOTypeName(int code) {
 // One pass over the text and no allocation: composition asks this of every column, several times a statement.
 bool IsAggregate(std::wstring_view expression) {
     constexpr std::wstring_view kWords[] = {L"sum", L"count", L"compute", L"avg", L"min", L"max"};
+    if (expression.empty()) return false;
     const auto starts = [&](std::wstring_view word) { return StartsWithWord(expression, word); };
-    if (std::ranges::any_of(kWords, starts)) return true;
+    if (MayBeginWord(expression.front()) && std::ranges::any_of(kWords, starts)) return true;
     for (std::size_t at = 1; at < expression.size(); ++at) {
-        if (!MayStandBeforeWord(expression[at - 1])) continue;
+        if (!MayStandBeforeWord(expression[at - 1]) || !MayBeginWord(expression[at])) continue;
         const auto is_here = [&](std::wstring_view word) { return HasWordAt(expression, at, word); };
         if (std::ranges::any_of(kWords, is_here)) return true;
     }

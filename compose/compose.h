@@ -15,6 +15,8 @@ using Columns = std::vector<model::ColInfo>;
 
 /// The whole statement, or an empty text when there is no visible column or no table.
 [[nodiscard]] std::wstring BuildSQL(const model::Design& design);
+/// The same in place of what `statement` holds.
+void BuildSQL(const model::Design& design, std::wstring& statement);
 
 /// The grid as records: columns whose "Campo:" is blank are left out.
 [[nodiscard]] Columns ReadDesignColumns(const model::DesignGrid& grid);

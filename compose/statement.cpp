@@ -102,8 +102,14 @@ Columns ReadDesignColumns(const model::DesignGrid& grid) {
 }
 
 std::wstring BuildSQL(const model::Design& design) {
-    const ColumnViews columns = ViewsOf(design.grid);
     std::wstring statement;
+    BuildSQL(design, statement);
+    return statement;
+}
+
+void BuildSQL(const model::Design& design, std::wstring& statement) {
+    const ColumnViews columns = ViewsOf(design.grid);
+    statement.clear();
     statement.reserve(kUsualLength);
     statement = L"SELECT ";
     // The check box says DISTINCT, the keyword is the engine's row-wise one
@@ -111,10 +117,10 @@ std::wstring BuildSQL(const model::Design& design) {
     if (design.distinct) statement += L"DISTINCTROW ";
     const std::size_t list = statement.size();
     AppendSelectList(columns, statement);
-    if (TrimView(std::wstring_view(statement).substr(list)).empty()) return {};
+    if (TrimView(std::wstring_view(statement).substr(list)).empty()) return statement.clear();
     const model::Diagram& diagram = design.diagram;
     const std::wstring from = diagram.Relations().empty() ? TableList(diagram) : JoinClause(diagram);
-    if (TrimView(from).empty()) return {};
+    if (TrimView(from).empty()) return statement.clear();
 
     const auto append = [&](auto builder) {
         return [&columns, builder](std::wstring& text) { builder(columns, text); };
@@ -125,7 +131,6 @@ std::wstring BuildSQL(const model::Design& design) {
     AppendClause(statement, L"HAVING ", append(AppendHaving));
     AppendClause(statement, L"ORDER BY ", append(AppendOrderBy));
     statement += L';';
-    return statement;
 }
 
 // The same for records

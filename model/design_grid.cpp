@@ -18,6 +18,11 @@ std::size_t Index(GridRow row) {
 
 }  // namespace
 
+bool FitsCell(std::wstring_view text) {
+    // A character has two units at most.
+    return text.size() <= kMaxCellLength / 2 || Utf16Length(text) <= kMaxCellLength;
+}
+
 std::wstring_view RowCaption(GridRow row) {
     static constexpr std::array<std::wstring_view, kGridRowCount> kCaptions = {
         L"Campo:",   L"Título (Alias):", L"Tabla:",     L"Agrupación:",
@@ -69,7 +74,7 @@ const std::wstring& DesignGrid::Cell(GridRow row, int column) const {
 }
 
 bool DesignGrid::SetCell(GridRow row, int column, std::wstring_view text) {
-    if (!Exists(column) || Utf16Length(text) > kMaxCellLength) return false;
+    if (!Exists(column) || !FitsCell(text)) return false;
     std::wstring& cell = columns_[static_cast<std::size_t>(column)].cells[Index(row)];
     if (cell == text) return true;
     cell = text;
@@ -130,10 +135,10 @@ void DesignGrid::SetPickLists(const std::vector<std::wstring>& items) {
 }
 
 void DesignGrid::ClearCells() {
-    for (Column& column : columns_) {
-        for (std::wstring& cell : column.cells) cell.clear();
+    for (int column = 0; column < used_end_; ++column) {
+        for (std::wstring& cell : columns_[static_cast<std::size_t>(column)].cells) cell.clear();
     }
-    FindUsedEnd();
+    FindUsedEnd(used_end_);
     NotifyChanged();
 }
 
@@ -144,7 +149,7 @@ void DesignGrid::Reset() {
         column.caption.clear();
         column.shown = true;
     }
-    FindUsedEnd();
+    FindUsedEnd(used_end_);
     NotifyChanged();
 }
 
@@ -165,14 +170,14 @@ bool DesignGrid::MoveColumn(int from, int to) {
     } else {
         std::rotate(first + to, first + from, first + from + 1);
     }
-    FindUsedEnd();
+    FindUsedEnd(ColumnCount());
     NotifyChanged();
     return true;
 }
 
 void DesignGrid::SetColumns(std::vector<Column> columns) {
     columns_ = std::move(columns);
-    FindUsedEnd();
+    FindUsedEnd(ColumnCount());
     NotifyChanged();
 }
 
@@ -183,12 +188,30 @@ void DesignGrid::TakeContents(DesignGrid& other) {
         other.columns_[i].pick_list.swap(columns_[i].pick_list);
     }
     columns_.swap(other.columns_);
-    used_end_ = other.used_end_;
+    std::swap(used_end_, other.used_end_);
     NotifyChanged();
 }
 
-void DesignGrid::FindUsedEnd() {
-    used_end_ = ColumnCount();
+void DesignGrid::StartAgain() {
+    focused_row_ = GridRow::Campo;
+    focused_column_ = 0;
+    for (int index = 0; index < ColumnCount(); ++index) {
+        Column& column = columns_[static_cast<std::size_t>(index)];
+        column.key = index;
+        column.width = kColumnWidth;
+        column.shown = true;
+        column.pick_list.clear();
+        if (index >= used_end_) continue;
+        column.caption.clear();
+        for (std::wstring& cell : column.cells) cell.clear();
+    }
+    used_end_ = 0;
+    AppendColumns(kGridColumnCount);
+}
+
+/// `limit` is a column from which on there is neither text nor caption.
+void DesignGrid::FindUsedEnd(int limit) {
+    used_end_ = limit;
     while (used_end_ > 0 && Caption(used_end_ - 1).empty() && IsColumnEmpty(used_end_ - 1)) --used_end_;
 }
 

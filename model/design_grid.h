@@ -38,6 +38,9 @@ inline constexpr std::array<GridRow, kGridRowCount> kGridRows = {
 [[nodiscard]] const std::vector<std::wstring>& VisibleWords();
 [[nodiscard]] const std::vector<std::wstring>& OrderWords();
 
+/// True when the text is no longer than kMaxCellLength.
+[[nodiscard]] bool FitsCell(std::wstring_view text);
+
 class DesignGrid : public ChangeSource {
 public:
     DesignGrid();
@@ -103,13 +106,16 @@ public:
     const std::vector<Column>& Columns() const { return columns_; }
     void SetColumns(std::vector<Column> columns);
     /// Takes cells, captions, shown state and the number of columns of a grid that has at least as many, and
-    /// keeps its own columns' keys, widths and pick lists. The other grid is left without meaning.
+    /// keeps its own columns' keys, widths and pick lists. What this grid held goes to the other one.
     void TakeContents(DesignGrid& other);
+    /// Makes a new grid of it, with all the columns that LoadColumns gives, in the memory that it has. Tells
+    /// nobody: for a grid at which nobody looks.
+    void StartAgain();
 
 private:
     bool Exists(int column) const;
     void AppendColumns(int count);
-    void FindUsedEnd();
+    void FindUsedEnd(int limit);
 
     std::vector<Column> columns_;
     int used_end_ = 0;

@@ -94,6 +94,17 @@ bool Diagram::AddTable(std::wstring_view name, bool from_analysis) {
     return true;
 }
 
+bool Diagram::AddTableLike(const Diagram& other, std::wstring_view name) {
+    const DiagramTable* shown = other.FindTable(name);
+    if (!shown) return AddTable(name, true);
+    if (FindTable(name)) return false;
+    DiagramTable& table = tables_.emplace_back(*shown);
+    table.all_checked = false;
+    for (DiagramField& field : table.fields) field.checked = false;
+    NotifyChanged();
+    return true;
+}
+
 bool Diagram::RemoveTable(std::wstring_view name) {
     if (!FindTable(name)) return false;
     std::erase_if(relations_, [&](const DiagramRelation& r) { return Touches(r.info, name); });
@@ -210,9 +221,30 @@ void Diagram::DropLostSelection() {
 void Diagram::Restore(Contents contents) {
     tables_ = std::move(contents.tables);
     relations_ = std::move(contents.relations);
+    WelcomeContents();
+}
+
+void Diagram::TakeContents(Diagram& other) {
+    tables_.swap(other.tables_);
+    relations_.swap(other.relations_);
+    WelcomeContents();
+}
+
+/// After the contents were replaced as a whole.
+void Diagram::WelcomeContents() {
     for (const DiagramRelation& relation : relations_) next_key_ = std::max(next_key_, relation.key + 1);
     DropLostSelection();
     NotifyChanged();
+}
+
+void Diagram::StartAgain(const schema::Schema* schema) {
+    schema_ = schema;
+    tables_.clear();
+    relations_.clear();
+    next_key_ = 1;
+    selected_ = DiagramElement::None;
+    selected_table_.clear();
+    selected_relation_ = 0;
 }
 
 }  // namespace tessel::model

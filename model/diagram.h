@@ -97,6 +97,9 @@ public:
     /// stay. A key that would close a ring of relations is left out: a composed chain has no place for it.
     /// True when the table is new; false for a blank name.
     bool AddTable(std::wstring_view name, bool from_analysis);
+    /// As AddTable with `from_analysis`, but a table that another diagram shows is taken as it is there,
+    /// without its marks.
+    bool AddTableLike(const Diagram& other, std::wstring_view name);
     /// Removes a table with its relations. False when there is none of that name.
     bool RemoveTable(std::wstring_view name);
     const DiagramTable* FindTable(std::wstring_view name) const;
@@ -139,8 +142,11 @@ public:
         friend bool operator==(const Contents&, const Contents&) = default;
     };
     Contents Save() const { return {tables_, relations_}; }
-    /// The same of a diagram that is left empty and tells nobody: one on the way to be another's contents.
-    Contents Take() { return {std::move(tables_), std::move(relations_)}; }
+    /// Takes the contents of another diagram; what this one held goes to that one, which tells nobody.
+    void TakeContents(Diagram& other);
+    /// Makes a new diagram of it, bound to that schema, in the memory that it has. Tells nobody: for a
+    /// diagram at which nobody looks.
+    void StartAgain(const schema::Schema* schema);
     /// Takes the contents as they are: no name is looked up, no relation dropped.
     void Restore(Contents contents);
 
@@ -151,6 +157,7 @@ private:
     std::optional<RelInfo> AsShown(const RelInfo& relation) const;
     int KeyOfSameFields(const RelInfo& relation) const;
     void DropLostSelection();
+    void WelcomeContents();
 
     const schema::Schema* schema_ = nullptr;
     std::vector<DiagramTable> tables_;

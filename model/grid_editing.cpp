@@ -21,27 +21,32 @@ constexpr std::wstring_view kExpression = L"Expresión";
 /// A "Campo:" text of the plain form table.field, in its two parts. Expressions and unqualified names are
 /// none.
 struct QualifiedField {
-    std::wstring table;  ///< everything before the last point
     std::wstring_view field;
+    std::wstring_view piece;  ///< what stands before the point, when that is one name
+    std::wstring pieces;      ///< the names before the last point, when they are several
+
+    /// Everything before the last point.
+    std::wstring_view Table() const { return pieces.empty() ? piece : std::wstring_view(pieces); }
 };
 
 std::optional<QualifiedField> SplitField(std::wstring_view text) {
+    if (!IsQualifiedName(text)) return std::nullopt;
     const std::size_t point = LastPoint(text);
-    if (point == std::wstring_view::npos || !IsQualifiedName(text)) return std::nullopt;
+    if (point == std::wstring_view::npos) return std::nullopt;
     QualifiedField parts;
     parts.field = TrimView(text.substr(point + 1));
     const std::wstring_view table = text.substr(0, point);
     if (LastPoint(table) == std::wstring_view::npos) {
-        parts.table = TrimView(table);
+        parts.piece = TrimView(table);
         return parts;
     }
     for (const std::wstring& piece : SplitQualified(table))
-        parts.table += (parts.table.empty() ? L"" : L".") + piece;
+        parts.pieces += (parts.pieces.empty() ? L"" : L".") + piece;
     return parts;
 }
 
 /// The diagram's table that a qualifier names: the whole of it (owner.table), or its last piece.
-const DiagramTable* FindQualifier(const Diagram& diagram, const std::wstring& qualifier) {
+const DiagramTable* FindQualifier(const Diagram& diagram, std::wstring_view qualifier) {
     if (const DiagramTable* table = diagram.FindTable(qualifier)) return table;
     return diagram.FindTable(SplitQualified(qualifier).back());
 }
@@ -54,7 +59,7 @@ void Write(DesignGrid& grid, GridRow row, int column, std::wstring_view text) {
 
 /// Writes as much of the text as fits.
 void WriteCut(DesignGrid& grid, GridRow row, int column, std::wstring_view text) {
-    if (Utf16Length(text) <= kMaxCellLength) {
+    if (FitsCell(text)) {
         Write(grid, row, column, text);
     } else {
         Write(grid, row, column, CutToUtf16(text, kMaxCellLength));
@@ -86,7 +91,7 @@ int ColumnOfField(const Design& design, std::wstring_view table, std::wstring_vi
     for (int column = 0; column < design.grid.ColumnCount(); ++column) {
         const auto parts = SplitField(design.grid.Cell(GridRow::Campo, column));
         if (!parts || !SameIdentifier(parts->field, field)) continue;
-        const DiagramTable* owner = FindQualifier(design.diagram, parts->table);
+        const DiagramTable* owner = FindQualifier(design.diagram, parts->Table());
         if (owner && SameIdentifier(owner->name, table)) return column;
     }
     return -1;
@@ -99,15 +104,15 @@ void EmptyColumn(Design& design, int column) {
     SyncDiagramChecks(design);
 }
 
-/// SetColumnField without the diagram's marks.
-void CompleteColumn(Design& design, int column, std::wstring_view sAlias, int nVisible) {
+/// SetColumnField without the diagram's marks, for a column whose "Campo:" holds that text.
+void CompleteColumn(Design& design, int column, std::wstring_view text, std::wstring_view sAlias,
+                    int nVisible) {
     DesignGrid& grid = design.grid;
-    const std::wstring text = grid.Cell(GridRow::Campo, column);
     const std::optional<QualifiedField> parts = SplitField(text);
 
     // An unqualified name keeps the table that the user chose; a field of a table that is not drawn and an
     // expression belong to none.
-    const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->table) : nullptr;
+    const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->Table()) : nullptr;
     if (owner) {
         WriteCut(grid, GridRow::Tabla, column, owner->name);
     } else if (parts || !IsQualifiedName(text)) {
@@ -142,14 +147,18 @@ int FieldCol(const DesignGrid& grid, std::wstring_view sField) {
 int AddFieldUnmarked(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible) {
     // Cells are compared trimmed, so a field with blanks around it is the same field.
     const std::wstring_view field = TrimView(sField);
-    if (field.empty() || Utf16Length(sField) > kMaxCellLength || Utf16Length(sAlias) > kMaxCellLength)
-        return -1;
+    if (field.empty() || !FitsCell(sField) || !FitsCell(sAlias)) return -1;
     if (const int there = FieldCol(design.grid, field); there >= 0) return there;
+    return AddNewField(design, sField, sAlias, nVisible);
+}
+
+int AddNewField(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible) {
+    if (TrimView(sField).empty() || !FitsCell(sField) || !FitsCell(sAlias)) return -1;
     const int column = FieldCol(design.grid, L"");
     if (column < 0) return -1;
     design.grid.ShowColumn(column, true);
     Write(design.grid, GridRow::Campo, column, sField);
-    CompleteColumn(design, column, sAlias, nVisible);
+    CompleteColumn(design, column, sField, sAlias, nVisible);
     return column;
 }
 
@@ -167,7 +176,8 @@ void DelField(Design& design, std::wstring_view sField) {
 
 void SetColumnField(Design& design, int column, std::wstring_view sAlias, int nVisible) {
     if (column < 0 || column >= design.grid.ColumnCount()) return;
-    CompleteColumn(design, column, sAlias, nVisible);
+    const std::wstring text = design.grid.Cell(GridRow::Campo, column);
+    CompleteColumn(design, column, text, sAlias, nVisible);
     SyncDiagramChecks(design);
 }
 
@@ -178,7 +188,7 @@ void SetColumnTable(Design& design, int column) {
     const std::wstring field = grid.Cell(GridRow::Campo, column);
     const std::optional<QualifiedField> parts = SplitField(field);
     const bool belongs = Lower(field).find(Folded(table) + L'.') != std::wstring::npos ||
-                         (parts && SameIdentifier(parts->table, table));
+                         (parts && SameIdentifier(parts->Table(), table));
     if (belongs) return;
     Write(grid, GridRow::Campo, column, L"");
     Write(grid, GridRow::Titulo, column, L"");
@@ -208,7 +218,7 @@ void SyncDiagramChecks(Design& design) {
     std::vector<Diagram::CheckedField> used;
     for (int column = 0; column < design.grid.UsedEnd(); ++column) {
         const auto parts = SplitField(design.grid.Cell(GridRow::Campo, column));
-        const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->table) : nullptr;
+        const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->Table()) : nullptr;
         if (owner) used.push_back({owner->name, parts->field});
     }
     design.diagram.SetChecks(used);
@@ -224,7 +234,7 @@ void CellCommitted(Design& design, GridRow row, int column) {
 void DropFieldsOf(Design& design, std::wstring_view table) {
     for (int column = 0; column < design.grid.ColumnCount(); ++column) {
         const auto parts = SplitField(design.grid.Cell(GridRow::Campo, column));
-        const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->table) : nullptr;
+        const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->Table()) : nullptr;
         if (owner && SameIdentifier(owner->name, table)) EmptyColumn(design, column);
     }
 }

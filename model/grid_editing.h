@@ -23,6 +23,8 @@ int AddField(Design& design, std::wstring_view sField, std::wstring_view sAlias,
 /// As AddField, for many fields one after the other: the diagram's marks stay until SyncDiagramChecks is
 /// called.
 int AddFieldUnmarked(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible);
+/// As AddFieldUnmarked, for a field of which the caller knows that no column holds it.
+int AddNewField(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible);
 
 /// Clears the column that holds a field, hides it and refreshes the diagram's marks.
 void DelField(Design& design, std::wstring_view sField);
