@@ -1,8 +1,8 @@
 // What an analysis works with: the parsers of both statements, the table of forms, the design on the way.
 //
-// Making all that takes longer than analysing a short statement, so a desk is kept and used again. There is one
-// spare desk; an analysis that finds it taken, on another thread or inside this one, makes a desk of its own,
-// and whichever comes back last is kept. Nothing on it outlasts an analysis but memory.
+// Making all that takes longer than analysing a short statement, so a desk is kept and used again. There is
+// one spare desk; an analysis that finds it taken, on another thread or inside this one, makes a desk of its
+// own, and whichever comes back last is kept. Nothing on it outlasts an analysis but memory.
 #pragma once
 
 #include <memory>

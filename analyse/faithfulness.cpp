@@ -41,6 +41,10 @@ Outcome CheckFaithful(const StatementScope& scope, const Canonical& canonical, c
                       LeftOut left_out, Composed& composed) {
     const sql::Statement& original = scope.Source();
     compose::BuildSQL(design, composed.text);
+    // Word for word what composition wrote, as most texts are that go to and fro between the tabs: the same
+    // statement, whatever it says.
+    const bool is_whole = !left_out.where && !left_out.having;
+    if (is_whole && composed.text == original.source) return std::nullopt;
     const bool failed = composed.parser.Parse(composed.text);
     const sql::Statement* statement = composed.parser.GetStatement();
     if (failed || !statement || !statement->beyond.empty() || statement->Top > 0) {

@@ -1,5 +1,6 @@
 // The last step of every analysis: does the design that was built say what the statement says? It is
-// composed, the text is parsed, and both statements are compared in their normal form (normal_form.h).
+// composed, the text is parsed, and both statements are compared in their normal form (normal_form.h). Only a
+// text that is the very same is not parsed again.
 #pragma once
 
 #include "analyse/normal_form.h"
@@ -16,7 +17,7 @@ struct Composed {
 };
 
 /// Refuses a design whose statement differs, pointing at the clause of the original in which it does.
-/// `composed` holds the design's statement then.
+/// `composed` is where that is found out.
 [[nodiscard]] Outcome CheckFaithful(const StatementScope& scope, const Canonical& canonical,
                                     const model::Design& design, LeftOut left_out, Composed& composed);
 

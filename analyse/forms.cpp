@@ -1,8 +1,10 @@
 #include "analyse/forms.h"
 
 #include <algorithm>
+#include <array>
 
 #include "common/identifiers.h"
+#include "common/text.h"
 
 namespace tessel::analyse {
 
@@ -11,6 +13,8 @@ namespace {
 // Enough for most statements; both grow.
 constexpr std::size_t kFirstSlots = 512;
 constexpr std::size_t kFirstTexts = 2048;
+
+constexpr std::size_t kShortName = 64;
 
 constexpr std::uint32_t kSeedOfTexts = 0x811C9DC5u;
 constexpr std::uint32_t kSeedOfNodes = 0x5BD1E995u;
@@ -53,29 +57,28 @@ void Forms::StartAgain() {
     slots_.assign(kFirstSlots, kNoForm);
 }
 
-Form Forms::Text(std::wstring_view text) {
-    const std::size_t begin = texts_.size();
-    texts_ += text;
-    return TakeText(begin);
-}
-
+// A bare name, as most are, is its letters in lower case.
 Form Forms::Identifier(std::wstring_view name) {
-    const std::size_t begin = texts_.size();
-    AppendIdentifierKey(name, texts_);
-    return TakeText(begin);
+    std::array<wchar_t, kShortName> lower;
+    if (name.size() <= lower.size() && !name.empty() && IsIdentifierStart(name.front()) &&
+        name.back() != L' ') {
+        std::ranges::transform(name, lower.begin(), LowerChar);
+        return Text({lower.data(), name.size()});
+    }
+    std::wstring key;
+    AppendIdentifierKey(name, key);
+    return Text(key);
 }
 
-/// The form of what stands at the end of `texts_`, which goes again when the form is known.
-Form Forms::TakeText(std::size_t begin) {
-    const std::wstring_view text = std::wstring_view(texts_).substr(begin);
+Form Forms::Text(std::wstring_view text) {
     const std::uint32_t hash = HashOf(text);
     for (std::size_t slot = SlotOf(hash); slots_[slot] != kNoForm;
          slot = SlotOf(static_cast<std::uint32_t>(slot) + 1)) {
         const Entry& entry = entries_[slots_[slot]];
-        if (entry.hash != hash || !entry.is_text || TextOf(slots_[slot]) != text) continue;
-        texts_.resize(begin);
-        return slots_[slot];
+        if (entry.hash == hash && entry.is_text && TextOf(slots_[slot]) == text) return slots_[slot];
     }
+    const std::size_t begin = texts_.size();
+    texts_ += text;
     return Add({hash, static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(text.size()), true});
 }
 

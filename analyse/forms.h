@@ -43,7 +43,6 @@ private:
         bool is_text = false;
     };
 
-    Form TakeText(std::size_t begin);
     Form Add(const Entry& entry);
     std::size_t SlotOf(std::uint32_t hash) const { return hash & (slots_.size() - 1); }
     void Grow();

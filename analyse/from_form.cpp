@@ -46,10 +46,10 @@ private:
         const Form form = canonical_.Condition(condition.node);
         if (!condition.has_bare_name) return form;
         const sql::FromNode& join = scope_.Source().From[static_cast<std::size_t>(condition.join)];
-        const std::set<int> visible = TablesBelow(join);
-        if (static_cast<int>(visible.size()) == scope_.TableCount()) return form;
+        if (join.stop_table - join.first_table == scope_.TableCount()) return form;
         FormSet tables;
-        for (const int table : visible) tables.push_back(canonical_.Table(table));
+        for (int table = join.first_table; table < join.stop_table; ++table)
+            tables.push_back(canonical_.Table(table));
         MakeSet(tables);
         std::vector<Form> parts = {form};
         parts.insert(parts.end(), tables.begin(), tables.end());

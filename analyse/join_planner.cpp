@@ -14,8 +14,8 @@ using sql::FromNode;
 using sql::NodeId;
 using sql::NodeKind;
 
-bool Includes(const std::set<int>& all, const std::set<int>& some) {
-    return std::ranges::includes(all, some);
+bool IsBelow(const FromNode& node, int table) {
+    return table >= node.first_table && table < node.stop_table;
 }
 
 }  // namespace
@@ -59,13 +59,13 @@ void JoinPlanner::SettleFields(int index) {
 
 void JoinPlanner::SettleSide(int join, Field& side, NodeId name, const Field& other) {
     if (side.table != kNoTable || other.table == kNoTable) return;
-    const Tables left = TablesBelow(Join(Join(join).left));
-    const Tables operand = left.contains(other.table) ? TablesBelow(Join(Join(join).right)) : left;
-    if (operand.size() != 1) return;
+    const FromNode& left = Join(Join(join).left);
+    const FromNode& operand = IsBelow(left, other.table) ? Join(Join(join).right) : left;
+    if (operand.stop_table - operand.first_table != 1) return;
     const Form key = scope_.Numbers().Identifier(statement_.Slice(side.text));
-    if (scope_.IsTableKnown(*operand.begin()) && !scope_.HasField(*operand.begin(), key)) return;
+    if (scope_.IsTableKnown(operand.first_table) && !scope_.HasField(operand.first_table, key)) return;
     if (scope_.IsAmbiguousField(key)) return;
-    side.table = *operand.begin();
+    side.table = operand.first_table;
     scope_.Settle(name, side.table);
 }
 
@@ -74,17 +74,17 @@ Outcome JoinPlanner::AddChains(Work& work) {
     if (!work.is_outermost && work.first.size() > 1) {
         return Refuse(work.first.back()->join, messages::kJoinNesting);
     }
-    const auto is_placed = [&](int table) { return work.placed.contains(table); };
+    const auto is_placed = [&](int table) { return work.placed.Has(table); };
     while (!std::ranges::all_of(work.group.tables, is_placed)) {
-        if (!work.is_outermost && !work.placed.empty()) {
+        if (!work.is_outermost && !work.placed.IsEmpty()) {
             const int join = work.inner.empty() ? work.stop : work.inner.front().condition->join;
             return Refuse(join, messages::kJoinCondition);
         }
-        Tables chain;
+        TableSet chain;
         if (Outcome refusal = Begin(work, chain)) return refusal;
         while (TakeStep(work, chain)) {
         }
-        work.placed.merge(chain);
+        work.placed.Insert(chain);
     }
     return Finish(work);
 }
@@ -109,7 +109,7 @@ bool JoinPlanner::MayFollow(const AddedRows& rows) const {
     const TableGroup& group = rows.group;
     if (group.tables.size() != 1 || !group.conditions.empty()) return false;
     const std::optional<Link> link = LinkOf(rows);
-    if (!link || link->added.size() != 1 || !link->added.contains(group.tables.front())) return false;
+    if (!link || link->added.Size() != 1 || !link->added.Has(group.tables.front())) return false;
     return std::ranges::all_of(group.added, [&](const AddedRows& next) { return MayFollow(next); });
 }
 
@@ -132,8 +132,8 @@ std::size_t JoinPlanner::FirstAdded(const Work& work) const {
     std::size_t first = work.added.size();
     for (std::size_t index = 0; index < work.added.size(); ++index) {
         const AddedStep& step = work.added[index];
-        if (step.rows->join >= work.stop || step.link.kept.size() != 1) continue;
-        if (!CanBeAdded(work, *step.link.kept.begin())) continue;
+        if (step.rows->join >= work.stop || step.link.kept.Size() != 1) continue;
+        if (!CanBeAdded(work, step.link.kept.First())) continue;
         if (first == work.added.size() || step.rows->join < work.added[first].rows->join) first = index;
     }
     return first;
@@ -141,14 +141,14 @@ std::size_t JoinPlanner::FirstAdded(const Work& work) const {
 
 /// Whether the table is one of the group's that stands in no chain so far and with which none has to begin.
 bool JoinPlanner::CanBeAdded(const Work& work, int table) const {
-    if (!work.group.Has(table) || work.placed.contains(table)) return false;
+    if (!work.group.Has(table) || work.placed.Has(table)) return false;
     return std::ranges::none_of(work.first, [&](const AddedRows* rows) {
         const std::optional<Link> link = LinkOf(*rows);
-        return link && link->kept.contains(table);
+        return link && link->kept.Has(table);
     });
 }
 
-Outcome JoinPlanner::Begin(Work& work, Tables& chain) {
+Outcome JoinPlanner::Begin(Work& work, TableSet& chain) {
     if (!work.first.empty()) {
         const AddedRows& rows = *work.first.front();
         work.first.erase(work.first.begin());
@@ -164,26 +164,26 @@ Outcome JoinPlanner::Begin(Work& work, Tables& chain) {
                 work.added.erase(work.added.begin() + static_cast<std::ptrdiff_t>(added));
                 return BeginWithAdded(work, rows, chain);
             }
-            chain.insert(*work.added[added].link.kept.begin());
+            chain.Insert(work.added[added].link.kept.First());
             return std::nullopt;
         }
     }
     if (has_inner) {
-        chain.insert(work.inner[inner].comparison->left.table);
+        chain.Insert(work.inner[inner].comparison->left.table);
         return std::nullopt;
     }
     const auto lone =
-        std::ranges::find_if(work.group.tables, [&](int table) { return !work.placed.contains(table); });
-    chain.insert(*lone);
+        std::ranges::find_if(work.group.tables, [&](int table) { return !work.placed.Has(table); });
+    chain.Insert(*lone);
     return std::nullopt;
 }
 
 // The rows to add are no chain of their own that could follow: it comes first, and the join to it is
 // mirrored.
-Outcome JoinPlanner::BeginWithAdded(Work& work, const AddedRows& rows, Tables& chain) {
+Outcome JoinPlanner::BeginWithAdded(Work& work, const AddedRows& rows, TableSet& chain) {
     const std::optional<Link> link = LinkOf(rows);
     if (!link) return Refuse(rows.join, messages::kJoinCondition);
-    if (link->kept.size() != 1 || !CanBeAdded(work, *link->kept.begin())) {
+    if (link->kept.Size() != 1 || !CanBeAdded(work, link->kept.First())) {
         return Refuse(rows.join, messages::kJoinNesting);
     }
     Work inside = WorkOf(rows.group);
@@ -194,24 +194,24 @@ Outcome JoinPlanner::BeginWithAdded(Work& work, const AddedRows& rows, Tables& c
     std::vector<Comparison> comparisons;
     for (const Comparison& comparison : link->comparisons) comparisons.push_back(Exchanged(comparison));
     AddRelation(comparisons, model::kRightJoin);
-    chain.insert(*link->kept.begin());
+    chain.Insert(link->kept.First());
     return std::nullopt;
 }
 
-bool JoinPlanner::TakeStep(Work& work, Tables& chain) {
+bool JoinPlanner::TakeStep(Work& work, TableSet& chain) {
     std::size_t inner = 0;
     for (; inner < work.inner.size(); ++inner) {
         const InnerStep& step = work.inner[inner];
         if (step.taken || !step.comparison || step.comparison->op != sql::CompareOp::Equal) continue;
         const int left = step.comparison->left.table;
         const int right = step.comparison->right.table;
-        if (chain.contains(left) == chain.contains(right)) continue;
-        if (CanBeAdded(work, chain.contains(left) ? right : left)) break;
+        if (chain.Has(left) == chain.Has(right)) continue;
+        if (CanBeAdded(work, chain.Has(left) ? right : left)) break;
     }
     std::size_t added = work.added.size();
     for (std::size_t index = 0; index < work.added.size(); ++index) {
         const AddedStep& step = work.added[index];
-        if (step.rows->join >= work.stop || !Includes(chain, step.link.kept)) continue;
+        if (step.rows->join >= work.stop || !chain.HasAll(step.link.kept)) continue;
         if (added == work.added.size() || step.rows->join < work.added[added].rows->join) added = index;
     }
     const bool has_inner = inner < work.inner.size();
@@ -225,34 +225,34 @@ bool JoinPlanner::TakeStep(Work& work, Tables& chain) {
     return true;
 }
 
-void JoinPlanner::TakeInner(Work& work, std::size_t index, Tables& chain) {
+void JoinPlanner::TakeInner(Work& work, std::size_t index, TableSet& chain) {
     work.inner[index].taken = true;
     const Comparison equality = *work.inner[index].comparison;
-    const int table = chain.contains(equality.left.table) ? equality.right.table : equality.left.table;
+    const int table = chain.Has(equality.left.table) ? equality.right.table : equality.left.table;
     std::vector<Comparison> comparisons = {equality};
     for (const Comparison& further : FurtherComparisons(work, table, chain)) comparisons.push_back(further);
     AddRelation(comparisons, model::kInnerJoin);
-    chain.insert(table);
+    chain.Insert(table);
 }
 
-void JoinPlanner::TakeAdded(Work& work, std::size_t index, Tables& chain) {
+void JoinPlanner::TakeAdded(Work& work, std::size_t index, TableSet& chain) {
     const AddedStep step = work.added[index];
     work.added.erase(work.added.begin() + static_cast<std::ptrdiff_t>(index));
     AddRelation(step.link.comparisons, model::kLeftJoin);
-    chain.insert(*step.link.added.begin());
+    chain.Insert(step.link.added.First());
     for (const AddedRows& next : step.rows->group.added) work.added.push_back({&next, *LinkOf(next)});
 }
 
 /// The other conditions between a table and those of a chain, where they cannot stand in WHERE.
 std::vector<JoinPlanner::Comparison> JoinPlanner::FurtherComparisons(Work& work, int table,
-                                                                     const Tables& chain) const {
+                                                                     const TableSet& chain) const {
     std::vector<Comparison> further;
     if (work.is_outermost) return further;
     for (InnerStep& step : work.inner) {
         if (step.taken || !step.comparison) continue;
         Comparison comparison = *step.comparison;
         if (comparison.left.table == table) comparison = Exchanged(comparison);
-        if (comparison.right.table != table || !chain.contains(comparison.left.table)) continue;
+        if (comparison.right.table != table || !chain.Has(comparison.left.table)) continue;
         step.taken = true;
         further.push_back(comparison);
     }
@@ -271,8 +271,8 @@ Outcome JoinPlanner::Finish(const Work& work) {
         const JoinCondition& condition = *step.condition;
         const TextRange place = statement_.At(condition.node).Range();
         if (!work.is_outermost) return Refusal{place, std::wstring(messages::kJoinCriteria)};
-        const bool narrower =
-            static_cast<int>(TablesBelow(Join(condition.join)).size()) < scope_.TableCount();
+        const FromNode& join = Join(condition.join);
+        const bool narrower = join.stop_table - join.first_table < scope_.TableCount();
         if (condition.has_bare_name && narrower) return Refusal{place, std::wstring(messages::kJoinBareName)};
         plan_->criteria.push_back(condition.node);
     }
@@ -286,11 +286,11 @@ std::optional<JoinPlanner::Link> JoinPlanner::LinkOf(const AddedRows& rows) cons
     for (const JoinCondition& condition : rows.on) {
         std::optional<Comparison> comparison = Compare(condition);
         if (!comparison) return std::nullopt;
-        if (rows.tables.contains(comparison->left.table)) comparison = Exchanged(*comparison);
-        if (!rows.tables.contains(comparison->right.table)) return std::nullopt;
-        if (rows.tables.contains(comparison->left.table)) return std::nullopt;
-        link.kept.insert(comparison->left.table);
-        link.added.insert(comparison->right.table);
+        if (rows.tables.Has(comparison->left.table)) comparison = Exchanged(*comparison);
+        if (!rows.tables.Has(comparison->right.table)) return std::nullopt;
+        if (rows.tables.Has(comparison->left.table)) return std::nullopt;
+        link.kept.Insert(comparison->left.table);
+        link.added.Insert(comparison->right.table);
         link.comparisons.push_back(*comparison);
     }
     const auto equality = std::ranges::find(link.comparisons, sql::CompareOp::Equal, &Comparison::op);
@@ -308,7 +308,7 @@ std::optional<JoinPlanner::Comparison> JoinPlanner::Compare(const JoinCondition&
     comparison.right = ReadSide(WithoutParens(statement_, statement_.At(node.first_child).next));
     if (comparison.left.table == kNoTable || comparison.right.table == kNoTable) return std::nullopt;
     if (comparison.left.table == comparison.right.table) return std::nullopt;
-    if (TablesBelow(Join(Join(condition.join).left)).contains(comparison.left.table)) return comparison;
+    if (IsBelow(Join(Join(condition.join).left), comparison.left.table)) return comparison;
     return Exchanged(comparison);
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -24,8 +23,6 @@ public:
     [[nodiscard]] Outcome Plan(int root, JoinPlan& plan);
 
 private:
-    using Tables = std::set<int>;
-
     struct Field {
         int table = kNoTable;
         TextRange text;
@@ -41,8 +38,8 @@ private:
     /// What joins rows to add to those that are kept.
     struct Link {
         std::vector<Comparison> comparisons;  ///< an equality first; the kept rows' fields on the left
-        Tables kept;                          ///< the tables of the kept rows that are named
-        Tables added;                         ///< those of the rows to add
+        TableSet kept;                        ///< the tables of the kept rows that are named
+        TableSet added;                       ///< those of the rows to add
     };
 
     struct AddedStep {
@@ -65,7 +62,7 @@ private:
         std::vector<InnerStep> inner;
         std::vector<AddedStep> added;         ///< that can follow by a LEFT JOIN
         std::vector<const AddedRows*> first;  ///< with which a chain has to begin
-        Tables placed;                        ///< in one of the chains
+        TableSet placed;                      ///< in one of the chains
     };
 
     void SettleFields(int index);
@@ -73,11 +70,11 @@ private:
 
     /// Appends the chains of the work's group to the plan. Only the outermost group may have more than one.
     Outcome AddChains(Work& work);
-    Outcome Begin(Work& work, Tables& chain);
-    Outcome BeginWithAdded(Work& work, const AddedRows& rows, Tables& chain);
-    bool TakeStep(Work& work, Tables& chain);
-    void TakeInner(Work& work, std::size_t index, Tables& chain);
-    void TakeAdded(Work& work, std::size_t index, Tables& chain);
+    Outcome Begin(Work& work, TableSet& chain);
+    Outcome BeginWithAdded(Work& work, const AddedRows& rows, TableSet& chain);
+    bool TakeStep(Work& work, TableSet& chain);
+    void TakeInner(Work& work, std::size_t index, TableSet& chain);
+    void TakeAdded(Work& work, std::size_t index, TableSet& chain);
     Outcome Finish(const Work& work);
 
     Work WorkOf(const TableGroup& group) const;
@@ -89,7 +86,7 @@ private:
     bool CanBeAdded(const Work& work, int table) const;
     bool MayFollow(const AddedRows& rows) const;
     std::optional<Link> LinkOf(const AddedRows& rows) const;
-    std::vector<Comparison> FurtherComparisons(Work& work, int table, const Tables& chain) const;
+    std::vector<Comparison> FurtherComparisons(Work& work, int table, const TableSet& chain) const;
 
     std::optional<Comparison> Compare(const JoinCondition& condition) const;
     Field ReadSide(sql::NodeId node) const;

@@ -12,7 +12,6 @@ namespace {
 using sql::FromNode;
 using sql::NodeId;
 using sql::NodeKind;
-using Tables = std::set<int>;
 
 template <typename T>
 void Append(std::vector<T>& to, std::vector<T>&& from) {
@@ -75,7 +74,7 @@ private:
             condition.has_bare_name = true;
         } else if (kind == NodeKind::Name) {
             const int table = scope_.TableOfName(id);
-            if (table != kNoTable) condition.tables.insert(table);
+            if (table != kNoTable) condition.tables.Insert(table);
             if (table == kNoTable && scope_.PartsOf(id).count == 1) condition.has_bare_name = true;
         } else {
             NodeId child = statement_.At(id).first_child;
@@ -87,47 +86,44 @@ private:
 
     void CollectCompared(NodeId id, JoinCondition& condition) const {
         if (statement_.At(id).kind != NodeKind::Compare) return;
-        const std::vector<NodeId> sides = ChildrenOf(statement_, id);
-        const bool quantified = std::ranges::any_of(sides, [&](NodeId side) {
-            return statement_.At(WithoutParens(statement_, side)).kind == NodeKind::Quantified;
-        });
-        if (quantified) return;
-        for (const NodeId side : sides) {
+        TableSet compared;
+        for (NodeId side = statement_.At(id).first_child; side != sql::kNoNode;
+             side = statement_.At(side).next) {
             const NodeId name = WithoutParens(statement_, side);
-            if (statement_.At(name).kind != NodeKind::Name) continue;
-            if (const int table = scope_.TableOfName(name); table != kNoTable)
-                condition.fails_for.insert(table);
+            const NodeKind kind = statement_.At(name).kind;
+            if (kind == NodeKind::Quantified) return;
+            if (kind != NodeKind::Name) continue;
+            if (const int table = scope_.TableOfName(name); table != kNoTable) compared.Insert(table);
         }
+        condition.fails_for = std::move(compared);
     }
 
     static void Add(TableGroup& group, AddedRows rows) {
-        Tables named;
+        TableSet named;
         bool has_bare_name = false;
         for (const JoinCondition& condition : rows.on) {
-            named.insert(condition.tables.begin(), condition.tables.end());
+            named.Insert(condition.tables);
             has_bare_name = has_bare_name || condition.has_bare_name;
         }
-        for (const int table : rows.tables) named.erase(table);
+        named.Erase(rows.tables);
         TableGroup* target = &group;
         while (!has_bare_name) {
             AddedRows* next = AddedHolding(*target, named, rows.on);
             if (!next) break;
-            next->tables.insert(rows.tables.begin(), rows.tables.end());
+            next->tables.Insert(rows.tables);
             target = &next->group;
         }
         target->added.push_back(std::move(rows));
     }
 
     /// The added rows which hold all the tables named and without which the conditions fail.
-    static AddedRows* AddedHolding(TableGroup& group, const Tables& named,
+    static AddedRows* AddedHolding(TableGroup& group, const TableSet& named,
                                    const std::vector<JoinCondition>& on) {
-        if (named.empty()) return nullptr;
+        if (named.IsEmpty()) return nullptr;
         for (AddedRows& added : group.added) {
-            if (!std::ranges::includes(added.tables, named)) continue;
-            const bool fail = std::ranges::any_of(on, [&](const JoinCondition& condition) {
-                return std::ranges::any_of(condition.fails_for,
-                                           [&](int table) { return added.tables.contains(table); });
-            });
+            if (!added.tables.HasAll(named)) continue;
+            const bool fail = std::ranges::any_of(
+                on, [&](const JoinCondition& condition) { return added.tables.HasAny(condition.fails_for); });
             return fail ? &added : nullptr;
         }
         return nullptr;
@@ -148,10 +144,8 @@ TableGroup GroupOf(const StatementScope& scope, const Canonical& canonical, int 
     return GroupBuilder(scope, canonical).Build(root);
 }
 
-Tables TablesBelow(const FromNode& node) {
-    Tables tables;
-    for (int table = node.first_table; table < node.stop_table; ++table) tables.insert(table);
-    return tables;
+TableSet TablesBelow(const FromNode& node) {
+    return {node.first_table, node.stop_table};
 }
 
 }  // namespace tessel::analyse

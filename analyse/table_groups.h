@@ -16,10 +16,10 @@
 // names them.
 #pragma once
 
-#include <set>
 #include <vector>
 
 #include "analyse/canonical.h"
+#include "analyse/table_set.h"
 
 namespace tessel::analyse {
 
@@ -27,8 +27,8 @@ namespace tessel::analyse {
 struct JoinCondition {
     sql::NodeId node = sql::kNoNode;
     int join = -1;               ///< its join, an index in Statement::From
-    std::set<int> tables;        ///< the tables whose fields it names
-    std::set<int> fails_for;     ///< those without whose rows it cannot hold: their fields are compared
+    TableSet tables;             ///< the tables whose fields it names
+    TableSet fails_for;          ///< those without whose rows it cannot hold: their fields are compared
     bool has_bare_name = false;  ///< it holds a name or a select of which nothing tells the tables
 };
 
@@ -45,14 +45,14 @@ struct TableGroup {
 struct AddedRows {
     TableGroup group;
     std::vector<JoinCondition> on;
-    int join = -1;         ///< an index in Statement::From
-    std::set<int> tables;  ///< all that it adds
+    int join = -1;    ///< an index in Statement::From
+    TableSet tables;  ///< all that it adds
 };
 
 /// The group of the tree with that root, an index in Statement::From.
 [[nodiscard]] TableGroup GroupOf(const StatementScope& scope, const Canonical& canonical, int root);
 
 /// The tables below a node of FROM.
-[[nodiscard]] std::set<int> TablesBelow(const sql::FromNode& node);
+[[nodiscard]] TableSet TablesBelow(const sql::FromNode& node);
 
 }  // namespace tessel::analyse

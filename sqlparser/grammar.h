@@ -243,7 +243,7 @@ private:
     Join ResolveJoin(const FromNode& node) const;
     NodeId SingleEquality(NodeId on) const;
     FieldRef FieldOf(NodeId name) const;
-    Sides SidesOf(TextRange qualifier, TableSpan left, TableSpan right) const;
+    Sides SidesOf(NodeId name, TableSpan left, TableSpan right) const;
     int TableNamed(std::wstring_view wanted, TableSpan span, bool hidden) const;
     void FindTables(NodeId on, TableSpan left, TableSpan right, Join& join) const;
 

@@ -42,10 +42,11 @@ Join Grammar::ResolveJoin(const FromNode& node) const {
     join.on_node = node.on_node;
     if (const NodeId equality = SingleEquality(node.on_node); equality != kNoNode) {
         const NodeId first = statement_->nodes[equality].first_child;
+        const NodeId second = statement_->nodes[first].next;
         FieldRef a = FieldOf(first);
-        FieldRef b = FieldOf(statement_->nodes[first].next);
-        Sides a_sides = SidesOf(a.table, left_span, right_span);
-        Sides b_sides = SidesOf(b.table, left_span, right_span);
+        FieldRef b = FieldOf(second);
+        Sides a_sides = SidesOf(first, left_span, right_span);
+        Sides b_sides = SidesOf(second, left_span, right_span);
         const bool straight = a_sides.left >= 0 || b_sides.right >= 0;
         const bool mirrored = b_sides.left >= 0 || a_sides.right >= 0;
         if (mirrored && !straight) {
@@ -99,16 +100,15 @@ FieldRef Grammar::FieldOf(NodeId name) const {
 // The tables of either side that the qualifier names. Of a qualifier of several parts the last one counts.
 // The name of a table that has an alias counts only when nothing else is called so: in X INNER JOIN X AS X_1,
 // X is the first.
-Grammar::Sides Grammar::SidesOf(TextRange qualifier, TableSpan left, TableSpan right) const {
+Grammar::Sides Grammar::SidesOf(NodeId name, TableSpan left, TableSpan right) const {
+    const std::vector<Node>& nodes = statement_->nodes;
+    while (nodes[name].kind == NodeKind::Paren) name = nodes[name].first_child;
+    NodeId qualifier = kNoNode;
+    for (NodeId part = nodes[name].first_child; nodes[part].next != kNoNode; part = nodes[part].next)
+        qualifier = part;
     Sides sides;
-    if (qualifier.length == 0) return sides;
-    Lexer parts(text_.substr(0, qualifier.End()), qualifier.offset);
-    Token last;
-    for (Token token = parts.NextSignificant(); token.kind != TokenKind::End;
-         token = parts.NextSignificant()) {
-        if (token.kind != TokenKind::Point && token.kind != TokenKind::Bang) last = token;
-    }
-    const std::wstring_view wanted = TextOf(last.Range());
+    if (qualifier == kNoNode) return sides;
+    const std::wstring_view wanted = TextOf(nodes[qualifier].Range());
     for (const bool hidden : {false, true}) {
         sides = {TableNamed(wanted, left, hidden), TableNamed(wanted, right, hidden)};
         if (sides.left >= 0 || sides.right >= 0) break;
@@ -137,7 +137,7 @@ void Grammar::FindTables(NodeId on, TableSpan left, TableSpan right, Join& join)
         open.pop_back();
         if (nodes[id].kind == NodeKind::Name) {
             ++names;
-            const Sides sides = SidesOf(FieldOf(id).table, left, right);
+            const Sides sides = SidesOf(id, left, right);
             if (join.left_table < 0) join.left_table = sides.left;
             if (join.right_table < 0) join.right_table = sides.right;
             continue;
