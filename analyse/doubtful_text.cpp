@@ -48,7 +48,7 @@ bool IsDoubtful(std::wstring_view text, const Token& comment, const Token& befor
 }
 
 bool IsDoubtfulBlank(wchar_t ch) {
-    return ch == L'\v' || static_cast<std::uint32_t>(ch) >= 0x80;
+    return ch == L'\v' || (static_cast<std::uint32_t>(ch) >= 0x80 && sql::Is(ch, sql::kBlank));
 }
 
 }  // namespace
@@ -56,7 +56,7 @@ bool IsDoubtfulBlank(wchar_t ch) {
 Outcome CheckText(std::wstring_view text, bool has_comments) {
     if (const std::size_t null = text.find(L'\0'); null < text.size())
         return Refusal{{null, 1}, std::wstring(messages::kNullCharacter)};
-    // Whatever is not ASCII may be a blank; what is, and has no comments, needs no second look.
+    // Hardly a text has comments or such a blank; the others need no second look.
     if (!has_comments && std::ranges::none_of(text, IsDoubtfulBlank)) return std::nullopt;
     sql::Lexer lexer(text);
     Token before;
