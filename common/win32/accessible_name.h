@@ -10,4 +10,16 @@ namespace tessel::win32 {
 /// system has no such service.
 void SetAccessibleName(HWND hwnd, const wchar_t* name);
 
+/// While one lives, naming many windows does not look for the system's service each time.
+class AccessibleNaming {
+public:
+    AccessibleNaming();
+    ~AccessibleNaming();
+    AccessibleNaming(const AccessibleNaming&) = delete;
+    AccessibleNaming& operator=(const AccessibleNaming&) = delete;
+
+private:
+    bool holds_ = false;
+};
+
 }  // namespace tessel::win32

@@ -1,5 +1,7 @@
 #include "common/win32/gdi.h"
 
+#include "common/win32/memory_bitmap.h"
+
 namespace tessel::win32 {
 
 BufferedPaint::BufferedPaint(HWND hwnd) : hwnd_(hwnd) {
@@ -9,7 +11,7 @@ BufferedPaint::BufferedPaint(HWND hwnd) : hwnd_(hwnd) {
     const int height = client_.bottom > 0 ? client_.bottom : 1;
     memory_.reset(CreateCompatibleDC(paint_.hdc));
     if (!memory_) return;
-    bitmap_.reset(CreateCompatibleBitmap(paint_.hdc, width, height));
+    bitmap_ = MemoryBitmap(width, height);
     if (!bitmap_) {
         memory_.reset();
         return;

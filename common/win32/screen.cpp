@@ -60,9 +60,11 @@ int SystemDpiOf(HWND hwnd) {
 }
 
 int DpiOf(HWND hwnd) {
+    const int dpi = g_simulation ? g_simulation->dpi : SystemDpiOf(hwnd);
+    // Nothing is made smaller than that, so the work area, which is asked of another process, has no say.
+    if (dpi <= kUnscaledDpi) return dpi;
     const RECT work = WorkAreaOf(hwnd);
-    return FittingDpi(g_simulation ? g_simulation->dpi : SystemDpiOf(hwnd), work.right - work.left,
-                      work.bottom - work.top);
+    return FittingDpi(dpi, work.right - work.left, work.bottom - work.top);
 }
 
 RECT WorkAreaOf(HWND hwnd) {

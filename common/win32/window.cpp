@@ -8,6 +8,7 @@
 
 #include "common/win32/foreign_call.h"
 #include "common/win32/module.h"
+#include "common/win32/system_cursor.h"
 
 namespace tessel::win32 {
 
@@ -28,7 +29,7 @@ bool EnsureRegistered(const WindowClass& window_class, WNDPROC procedure) {
     wc.style = window_class.style;
     wc.lpfnWndProc = procedure;
     wc.hInstance = ThisModule();
-    wc.hCursor = LoadCursorW(nullptr, window_class.cursor);
+    wc.hCursor = SystemCursor(window_class.cursor);
     wc.hbrBackground = window_class.background;
     wc.lpszClassName = window_class.name;
     // Noted first: a class that there is no memory to note would outlive the library.

@@ -57,6 +57,14 @@ protected:
         return search.tip.empty();
     }
 
+    static BOOL CALLBACK LookForShownTip(HWND window, LPARAM data) {
+        wchar_t name[40] = L"";
+        GetClassNameW(window, name, 40);
+        if (lstrcmpiW(name, TOOLTIPS_CLASSW) != 0 || !IsWindowVisible(window)) return TRUE;
+        *reinterpret_cast<bool*>(data) = true;
+        return FALSE;
+    }
+
     bool Enabled(int id) { return IsWindowEnabled(Control(id)) != FALSE; }
     void Cancel() {
         script_.Do([this] { Press(ui::kIdCancel); });
@@ -71,6 +79,21 @@ TEST_F(Buttons, EachHasItsCaptionAndATip) {
             EXPECT_FALSE(std::wstring_view(button.tip).empty());
         }
     });
+    Cancel();
+    EXPECT_FALSE(Run(kTotalsByCustomer));
+}
+
+TEST_F(Buttons, TheTipShowsWhereThePointerRests) {
+    const auto tip_is_shown = [] {
+        bool shown = false;
+        EnumThreadWindows(GetCurrentThreadId(), &Buttons::LookForShownTip, reinterpret_cast<LPARAM>(&shown));
+        return shown;
+    };
+    script_.Do([this, tip_is_shown] {
+        EXPECT_FALSE(tip_is_shown());
+        MouseMove(MiddleOf(Control(ui::kIdAddTable)));
+    });
+    script_.Until(tip_is_shown, "the tip");
     Cancel();
     EXPECT_FALSE(Run(kTotalsByCustomer));
 }

@@ -85,7 +85,7 @@ bool DesignerForm::CreateButton(HWND& button, HWND parent, const wchar_t* captio
 void DesignerForm::AddTip(HWND control, const wchar_t* tip) {
     TTTOOLINFOW info{};
     info.cbSize = sizeof info;
-    info.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    info.uFlags = TTF_IDISHWND;
     info.hwnd = Handle();
     info.uId = reinterpret_cast<UINT_PTR>(control);
     info.lpszText = const_cast<wchar_t*>(tip);
@@ -93,6 +93,7 @@ void DesignerForm::AddTip(HWND control, const wchar_t* tip) {
 }
 
 bool DesignerForm::CreateControls(const Listeners& listeners) {
+    const win32::AccessibleNaming naming;
     const HINSTANCE module = win32::ThisModule();
     const HWND form = Handle();
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
@@ -177,11 +178,19 @@ bool DesignerForm::CreateControls(const Listeners& listeners) {
     strip_.OnSize([this] { LayoutStrip(); });
     design_pane_.OnSize([this] { LayoutDesignPane(); });
     sql_page_.OnSize([this] { LayoutSqlPage(); });
-    ApplyFonts();
+    // The other controls took theirs when they were created.
+    ApplyOwnFonts();
     return true;
 }
 
 void DesignerForm::ApplyFonts() {
+    ApplyOwnFonts();
+    editor_.OnDpiChanged(dpi_);
+    browser_.OnDpiChanged(dpi_);
+    props_.OnDpiChanged(dpi_);
+}
+
+void DesignerForm::ApplyOwnFonts() {
     win32::UniqueFont font = win32::MessageFont(dpi_);
     for (HWND control : {add_table_, run_query_, syntax_tree_, tabs_, remove_column_, clear_all_, distinct_,
                          accept_, cancel_, help_, focus_})
@@ -190,9 +199,6 @@ void DesignerForm::ApplyFonts() {
     error_line_.SetFont(font.get());
     find_bar_.SetFont(font.get());
     font_ = std::move(font);
-    editor_.OnDpiChanged(dpi_);
-    browser_.OnDpiChanged(dpi_);
-    props_.OnDpiChanged(dpi_);
 }
 
 void DesignerForm::ApplyScale() {

@@ -94,6 +94,7 @@ private:
     bool CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style,
                       const wchar_t* tip);
     void AddTip(HWND control, const wchar_t* tip);
+    void ApplyOwnFonts();
     /// The height that they need.
     int LayoutTopButtons(int inner_width);
     void LayoutBottomButtons();

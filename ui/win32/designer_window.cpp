@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "common/win32/activation_context.h"
+#include "common/win32/tips.h"
 #include "ui/dlg_dsn_texts.h"
 #include "ui/help_contexts.h"
 #include "ui/win32/show_help.h"
@@ -79,7 +80,11 @@ bool DesignerWindow::ShowModal() {
         win32::ShowKeyboardCues(Handle());
         FocusPage();
         win32::RunModalLoop(
-            Handle(), [this] { return done_; }, [this](const MSG& message) { return OnKey(message); });
+            Handle(), [this] { return done_; },
+            [this](const MSG& message) {
+                win32::RelayMouse(tips_, message);
+                return OnKey(message);
+            });
         peers.Enable();
         if (Handle()) ShowWindow(Handle(), SW_HIDE);
         peers_ = nullptr;

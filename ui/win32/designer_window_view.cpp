@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include "common/win32/modal_loop.h"
+#include "common/win32/system_cursor.h"
 #include "ui/dlg_dsn_texts.h"
 #include "ui/win32/designer_window.h"
 #include "ui/win32/dlg_arbol.h"
@@ -13,7 +14,7 @@ namespace tessel::ui {
 Pointer DesignerWindow::SetPointer(Pointer pointer) {
     const Pointer before = pointer_;
     pointer_ = pointer;
-    SetCursor(LoadCursorW(nullptr, pointer == Pointer::Hourglass ? IDC_WAIT : IDC_ARROW));
+    SetCursor(win32::SystemCursor(pointer == Pointer::Hourglass ? IDC_WAIT : IDC_ARROW));
     return before;
 }
 

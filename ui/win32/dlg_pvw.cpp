@@ -66,7 +66,7 @@ bool dlgPVW::OnCreateControls() {
     SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, Px(kTipWidth));
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof tool;
-    tool.uFlags = TTF_SUBCLASS | TTF_TRANSPARENT;
+    tool.uFlags = TTF_TRANSPARENT;
     tool.hwnd = list_;
     tool.lpszText = const_cast<wchar_t*>(L"");
     SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));

@@ -4,6 +4,7 @@
 
 #include "common/win32/clipboard.h"
 #include "common/win32/handles.h"
+#include "common/win32/tips.h"
 #include "ui/preview_texts.h"
 #include "ui/win32/dlg_pvw.h"
 
@@ -45,6 +46,8 @@ void dlgPVW::OnCommand(int id, int notification) {
 bool dlgPVW::OnPreTranslate(const MSG& message) {
     if (message.message == WM_MOUSEMOVE && message.hwnd == list_)
         OnMouseMove({static_cast<short>(LOWORD(message.lParam)), static_cast<short>(HIWORD(message.lParam))});
+    // After that, which says what the tip tells.
+    if (message.hwnd == list_) win32::RelayMouse(tips_, message);
     if (message.message != WM_KEYDOWN || (message.hwnd != Handle() && !IsChild(Handle(), message.hwnd)))
         return false;
     return OnKey(message.wParam);

@@ -70,21 +70,25 @@ bool FindReplaceBar::Create(HWND parent, int id, HFONT font, controls::SqlEditor
     on_shape_ = std::move(on_shape);
     font_ = font;
     static const win32::WindowClass kClass{L"TesselFind", 0, nullptr, IDC_ARROW};
-    if (!CreateWindowOf(kClass, L"", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT,
-                        parent, id) ||
-        !find_.Create(Handle(), font, {texts::kFindLabel, texts::kFindNext, texts::kFindPrevious}))
-        return false;
+    return CreateWindowOf(kClass, L"", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT,
+                          parent, id);
+}
+
+// Most windows are closed before anybody looks for anything. A control that Windows refuses is missing, and
+// what it would do with it.
+void FindReplaceBar::CreateControls() {
+    if (has_controls_ || !Handle()) return;
+    has_controls_ = true;
+    find_.Create(Handle(), font_, {texts::kFindLabel, texts::kFindNext, texts::kFindPrevious});
     for (const Control& control : kControls) {
         const bool is_edit = lstrcmpW(control.class_name, L"EDIT") == 0;
-        if (!CreateWindowExW(is_edit ? WS_EX_CLIENTEDGE : 0, control.class_name, control.caption,
-                             WS_CHILD | control.style, 0, 0, 0, 0, Handle(),
-                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(control.id)), win32::ThisModule(),
-                             nullptr))
-            return false;
+        CreateWindowExW(is_edit ? WS_EX_CLIENTEDGE : 0, control.class_name, control.caption,
+                        WS_CHILD | control.style, 0, 0, 0, 0, Handle(),
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(control.id)), win32::ThisModule(),
+                        nullptr);
     }
     find_.Show(true);
-    SetFont(font);
-    return true;
+    SetFont(font_);
 }
 
 void FindReplaceBar::SetFont(HFONT font) {
@@ -122,7 +126,7 @@ SIZE FindReplaceBar::SizeOf(HWND control) const {
 
 // The second row has the options and the note, the third one replaces.
 void FindReplaceBar::Layout() {
-    // The first WM_SIZE comes while the bar is created, before there are controls and captions.
+    // There are no controls and captions yet before it is first opened.
     if (!Handle() || !Item(FindBar::kIdPrevious)) return;
     RECT client{};
     GetClientRect(Handle(), &client);
@@ -245,6 +249,7 @@ bool FindReplaceBar::OnEnter(HWND focus, bool shift) {
 }
 
 void FindReplaceBar::Open(bool with_replace) {
+    CreateControls();
     TakeSelection();
     with_replace_ = with_replace || (shown_ && with_replace_);
     for (const int id : kReplaceRow) ShowWindow(Item(id), with_replace_ ? SW_SHOWNA : SW_HIDE);

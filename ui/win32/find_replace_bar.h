@@ -30,8 +30,8 @@ public:
         kIdReplaceAll = 321,
     };
 
-    /// Created hidden. `on_shape` runs when it is shown, hidden or of another height; the editor must outlive
-    /// the bar.
+    /// Created hidden and empty; its controls come when it is first opened. `on_shape` runs when it is shown,
+    /// hidden or of another height; the editor must outlive the bar.
     bool Create(HWND parent, int id, HFONT font, controls::SqlEditor& editor, std::function<void()> on_shape);
     /// The font is not owned.
     void SetFont(HFONT font);
@@ -54,6 +54,7 @@ private:
     void ReplaceAll();
     void Reveal();
     void Note(const std::wstring& note);
+    void CreateControls();
     void Layout();
     void TakeSelection();
     controls::SearchFor Sought() const;
@@ -66,6 +67,7 @@ private:
     std::function<void()> on_shape_;
     FindBar find_;
     HFONT font_ = nullptr;
+    bool has_controls_ = false;
     bool shown_ = false;
     bool with_replace_ = false;
 };

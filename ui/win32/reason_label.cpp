@@ -5,6 +5,7 @@
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
 #include "common/win32/screen.h"
+#include "common/win32/scroll_info.h"
 #include "ui/text_check_texts.h"
 #include "ui/win32/designer_ids.h"
 
@@ -34,14 +35,19 @@ std::wstring TextOf(HWND hwnd) {
 
 bool ReasonLabel::Create(HWND parent, int id, const wchar_t* text, std::function<void()> on_go) {
     static const win32::WindowClass kClass{L"TesselReason", CS_HREDRAW | CS_VREDRAW, nullptr, IDC_ARROW};
-    if (!CreateWindowOf(kClass, text, WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_VISIBLE,
-                        WS_EX_CONTROLPARENT, parent, id) ||
-        !reason_.Create(Handle(), kIdReasonText, LinkLabel::Look::Plain, COLOR_WINDOW, nullptr) ||
-        !link_.Create(Handle(), kIdReasonLink, LinkLabel::Look::Link, COLOR_WINDOW, std::move(on_go)))
-        return false;
+    on_go_ = std::move(on_go);
+    return CreateWindowOf(kClass, text, WS_CHILD | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_VISIBLE,
+                          WS_EX_CONTROLPARENT, parent, id);
+}
+
+// Most designs are shown, and never need them.
+void ReasonLabel::CreateLabels() {
+    if (!Handle() || link_.Handle()) return;
+    if (!reason_.Handle() &&
+        !reason_.Create(Handle(), kIdReasonText, LinkLabel::Look::Plain, COLOR_WINDOW, nullptr))
+        return;
+    if (!link_.Create(Handle(), kIdReasonLink, LinkLabel::Look::Link, COLOR_WINDOW, on_go_)) return;
     link_.SetContents(texts::kGoToPlace, LinkLabel::Sign::None, true);
-    SetReason({});
-    return true;
 }
 
 void ReasonLabel::SetFont(HFONT font) {
@@ -54,7 +60,8 @@ void ReasonLabel::SetFont(HFONT font) {
 }
 
 void ReasonLabel::SetReason(const std::wstring& reason) {
-    has_reason_ = !reason.empty();
+    if (!reason.empty()) CreateLabels();
+    has_reason_ = !reason.empty() && link_.Handle();
     reason_.SetContents(reason, LinkLabel::Sign::None, false);
     ShowWindow(reason_.Handle(), has_reason_ ? SW_SHOWNA : SW_HIDE);
     ShowWindow(link_.Handle(), has_reason_ ? SW_SHOWNA : SW_HIDE);
@@ -113,7 +120,7 @@ void ReasonLabel::Arrange() {
 
 // A scroll bar that comes or goes changes the width, and with it all of this once more.
 void ReasonLabel::Layout() {
-    if (!Handle() || !link_.Handle() || laying_out_) return;
+    if (!Handle() || laying_out_) return;
     laying_out_ = true;
     for (int round = 0; round < 2; ++round) {
         RECT client{};
@@ -131,7 +138,7 @@ void ReasonLabel::Layout() {
         info.nMax = height_ - 1;
         info.nPage = static_cast<UINT>(std::max<int>(client.bottom, 1));
         info.nPos = offset_;
-        SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
+        win32::UpdateScrollInfo(Handle(), SB_VERT, info);
     }
     laying_out_ = false;
 }

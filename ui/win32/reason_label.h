@@ -36,6 +36,7 @@ private:
     LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) override;
     void Paint();
     void PaintSign(HDC dc);
+    void CreateLabels();
     void Layout();
     /// Places everything and measures its height.
     void Arrange();
@@ -48,6 +49,7 @@ private:
 
     controls::diagram::MarkPainter marks_;
     HFONT font_ = nullptr;
+    std::function<void()> on_go_;
     LinkLabel reason_;
     LinkLabel link_;
     bool has_reason_ = false;

@@ -244,14 +244,12 @@ std::uint32_t Average(const std::uint32_t* pixels, int stride) {
     return (alpha << 24) | (red / painted << 16) | (green / painted << 8) | (blue / painted);
 }
 
-/// `gap` columns at the right stay free.
-win32::UniqueIcon MakeIcon(BrowserIcon icon, int size, int gap) {
+/// Draws an icon into a strip of them, from that column on.
+bool DrawInto(const PixelBitmap& strip, int strip_width, int left, BrowserIcon icon, int size) {
     const int edge = size * kOversampling;
-    const int width = size + gap;
     const PixelBitmap large(edge, edge);
-    const PixelBitmap small(width, size);
     const win32::UniqueMemoryDc dc(CreateCompatibleDC(nullptr));
-    if (!large.pixels || !small.pixels || !dc) return {};
+    if (!large.pixels || !dc) return false;
     {
         const win32::Selected selected(dc.get(), large.bitmap.get());
         win32::FillSolid(dc.get(), RECT{0, 0, edge, edge}, kUnpainted);
@@ -260,15 +258,9 @@ win32::UniqueIcon MakeIcon(BrowserIcon icon, int size, int gap) {
     }
     for (int y = 0; y < size; ++y)
         for (int x = 0; x < size; ++x)
-            small.pixels[y * width + x] = Average(large.pixels + (y * edge + x) * kOversampling, edge);
-    // With an alpha channel the mask is not looked at, but an icon must have one.
-    const std::vector<std::uint8_t> mask_bits(static_cast<std::size_t>((width + 15) / 16 * 2 * size), 0);
-    const win32::UniqueBitmap mask(CreateBitmap(width, size, 1, 1, mask_bits.data()));
-    ICONINFO info{};
-    info.fIcon = TRUE;
-    info.hbmColor = small.bitmap.get();
-    info.hbmMask = mask.get();
-    return win32::UniqueIcon(CreateIconIndirect(&info));
+            strip.pixels[y * strip_width + left + x] =
+                Average(large.pixels + (y * edge + x) * kOversampling, edge);
+    return true;
 }
 
 }  // namespace
@@ -283,10 +275,16 @@ HIMAGELIST MakeBrowserIcons(int dpi) {
     const int gap = win32::Scale(kTextGap, dpi) - kTextGap;
     const HIMAGELIST list = ImageList_Create(size + gap, size, ILC_COLOR32 | ILC_MASK, kBrowserIconCount, 0);
     if (!list) return nullptr;
-    for (int i = 0; i < kBrowserIconCount; ++i) {
-        const win32::UniqueIcon icon = MakeIcon(static_cast<BrowserIcon>(i), size, gap);
-        if (icon) ImageList_ReplaceIcon(list, -1, icon.get());
-    }
+    // All at once: adding them one by one as icons takes the system many times as long.
+    const int width = (size + gap) * kBrowserIconCount;
+    const PixelBitmap strip(width, size);
+    // With an alpha channel the mask is not looked at, but there must be one.
+    const std::vector<std::uint8_t> mask_bits(static_cast<std::size_t>((width + 15) / 16 * 2 * size), 0);
+    const win32::UniqueBitmap mask(CreateBitmap(width, size, 1, 1, mask_bits.data()));
+    bool drawn = strip.pixels && mask;
+    for (int i = 0; drawn && i < kBrowserIconCount; ++i)
+        drawn = DrawInto(strip, width, i * (size + gap), static_cast<BrowserIcon>(i), size);
+    if (drawn) ImageList_Add(list, strip.bitmap.get(), mask.get());
     return list;
 }
 

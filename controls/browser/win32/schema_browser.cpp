@@ -66,13 +66,13 @@ bool SchemaBrowser::OnCreate() {
     search_ =
         CreateWindowExW(WS_EX_CLIENTEDGE, WC_EDITW, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL,
                         0, 0, 0, 0, Handle(), reinterpret_cast<HMENU>(INT_PTR{kIdSearch}), module, nullptr);
-    constexpr DWORD kTreeStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | TVS_HASBUTTONS |
-                                 TVS_LINESATROOT | TVS_SHOWSELALWAYS;
+    constexpr DWORD kTreeStyle =
+        WS_CHILD | WS_VISIBLE | WS_TABSTOP | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS;
     tree_ = CreateWindowExW(0, WC_TREEVIEWW, L"", kTreeStyle, 0, 0, 0, 0, Handle(),
                             reinterpret_cast<HMENU>(INT_PTR{kIdTree}), module, nullptr);
     if (!search_ || !tree_) return false;
     for (HWND child : {search_, tree_})
-        if (!SetWindowSubclass(child, ChildProcedure, 1, reinterpret_cast<DWORD_PTR>(this))) return false;
+        if (!win32::Subclass(child, ChildProcedure, this)) return false;
     SendMessageW(search_, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(kSearchCue));
     win32::SetAccessibleName(search_, kSearchName);
     win32::SetAccessibleName(tree_, kTreeName);

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "common/win32/handles.h"
+#include "common/win32/subclass.h"
 #include "common/win32/window.h"
 #include "controls/browser/browser_model.h"
 #include "controls/browser/win32/browser_icons.h"
@@ -72,8 +73,8 @@ private:
     void OnContextMenu(POINT screen);
     void OnSearchChanged();
     bool OnSearchKey(WPARAM key);
-    LRESULT OnTreeMessage(UINT message, WPARAM wparam, LPARAM lparam);
-    LRESULT OnSearchMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT OnTreeMessage(UINT message, WPARAM wparam, LPARAM lparam, const win32::SubclassChain& next);
+    LRESULT OnSearchMessage(UINT message, WPARAM wparam, LPARAM lparam, const win32::SubclassChain& next);
 
     // schema_browser_fill.cpp
     struct Group {
@@ -100,8 +101,8 @@ private:
     HTREEITEM ItemUnderPointer() const;
     std::vector<std::size_t> ExpandedObjects() const;
 
-    static LRESULT CALLBACK ChildProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
-                                           DWORD_PTR data);
+    static LRESULT ChildProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, void* data,
+                                  const win32::SubclassChain& next);
 
     BrowserModel model_;
     BrowserEvents* events_ = nullptr;

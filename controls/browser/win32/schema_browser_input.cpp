@@ -167,28 +167,28 @@ bool SchemaBrowser::OnSearchKey(WPARAM key) {
     return true;
 }
 
-LRESULT CALLBACK SchemaBrowser::ChildProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam,
-                                               UINT_PTR id, DWORD_PTR data) {
-    auto* self = reinterpret_cast<SchemaBrowser*>(data);
+LRESULT SchemaBrowser::ChildProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, void* data,
+                                      const win32::SubclassChain& next) {
+    auto* self = static_cast<SchemaBrowser*>(data);
     if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(hwnd, ChildProcedure, id);
         (hwnd == self->tree_ ? self->tree_ : self->search_) = nullptr;
-        return DefSubclassProc(hwnd, message, wparam, lparam);
+        return next(hwnd, message, wparam, lparam);
     }
     try {
-        return hwnd == self->tree_ ? self->OnTreeMessage(message, wparam, lparam)
-                                   : self->OnSearchMessage(message, wparam, lparam);
+        return hwnd == self->tree_ ? self->OnTreeMessage(message, wparam, lparam, next)
+                                   : self->OnSearchMessage(message, wparam, lparam, next);
     } catch (...) {
         return 0;
     }
 }
 
-LRESULT SchemaBrowser::OnTreeMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+LRESULT SchemaBrowser::OnTreeMessage(UINT message, WPARAM wparam, LPARAM lparam,
+                                     const win32::SubclassChain& next) {
     switch (message) {
         case WM_GETDLGCODE:
             // Enter opens or adds what is selected; it is not the dialog's default button here.
             if (IsKey(reinterpret_cast<const MSG*>(lparam), VK_RETURN))
-                return DefSubclassProc(tree_, message, wparam, lparam) | DLGC_WANTMESSAGE;
+                return next(tree_, message, wparam, lparam) | DLGC_WANTMESSAGE;
             break;
         case WM_SYSKEYDOWN:
             // Not every tree control asks for a menu by itself.
@@ -210,13 +210,14 @@ LRESULT SchemaBrowser::OnTreeMessage(UINT message, WPARAM wparam, LPARAM lparam)
         default:
             break;
     }
-    return DefSubclassProc(tree_, message, wparam, lparam);
+    return next(tree_, message, wparam, lparam);
 }
 
-LRESULT SchemaBrowser::OnSearchMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+LRESULT SchemaBrowser::OnSearchMessage(UINT message, WPARAM wparam, LPARAM lparam,
+                                       const win32::SubclassChain& next) {
     switch (message) {
         case WM_GETDLGCODE: {
-            const LRESULT code = DefSubclassProc(search_, message, wparam, lparam);
+            const LRESULT code = next(search_, message, wparam, lparam);
             const auto* key = reinterpret_cast<const MSG*>(lparam);
             const bool clears = IsKey(key, VK_ESCAPE) && GetWindowTextLengthW(search_) > 0;
             return clears || IsKey(key, VK_RETURN) ? code | DLGC_WANTMESSAGE : code;
@@ -230,7 +231,7 @@ LRESULT SchemaBrowser::OnSearchMessage(UINT message, WPARAM wparam, LPARAM lpara
         default:
             break;
     }
-    return DefSubclassProc(search_, message, wparam, lparam);
+    return next(search_, message, wparam, lparam);
 }
 
 }  // namespace tessel::controls

@@ -95,6 +95,9 @@ void SchemaProps::FillList() {
 
 // The names are shown whole, the values get the rest; a long value has a tip.
 void SchemaProps::FitColumns() {
+    RECT shown{};
+    GetClientRect(list_, &shown);
+    if (shown.right <= 0) return;
     int names = 0;
     {
         const HDC dc = GetDC(list_);
@@ -107,13 +110,16 @@ void SchemaProps::FitColumns() {
         ReleaseDC(list_, dc);
     }
     names += win32::Scale(kCellPadding, dpi_);
-    ListView_SetColumnWidth(list_, 0, names);
+    const auto set_width = [this](int column, int width) {
+        if (ListView_GetColumnWidth(list_, column) != width) ListView_SetColumnWidth(list_, column, width);
+    };
+    set_width(0, names);
     // The first width may bring or take away a scroll bar, after which there is another width to fill.
     for (int round = 0; round < 2; ++round) {
         RECT client{};
         GetClientRect(list_, &client);
         const int rest = std::max(static_cast<int>(client.right) - names, win32::Scale(kNarrowValue, dpi_));
-        ListView_SetColumnWidth(list_, 1, rest);
+        set_width(1, rest);
     }
 }
 

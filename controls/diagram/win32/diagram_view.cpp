@@ -9,6 +9,7 @@
 #include "common/win32/gdi.h"
 #include "common/win32/module.h"
 #include "common/win32/screen.h"
+#include "common/win32/system_cursor.h"
 #include "controls/diagram/diagram_accessible_texts.h"
 #include "controls/diagram/diagram_texts.h"
 
@@ -20,6 +21,7 @@ constexpr UINT kRefresh =
     WM_USER + 1;  // scroll bars and places of new tables, once after any number of changes
 constexpr UINT_PTR kAutoScrollTimer = 1;
 constexpr UINT kAutoScrollPeriod_ms = 40;
+constexpr int kTipWidth = 480;  // at 96 dpi
 
 diagram::Point PointOf(LPARAM lparam) {
     return {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
@@ -68,21 +70,24 @@ DiagramView::~DiagramView() {
 }
 
 bool DiagramView::Create(HWND parent, int id) {
-    return CreateWindowOf(
-        {L"TesselDiagram", CS_DBLCLKS}, diagram::kDiagramName,
-        WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN | WS_HSCROLL | WS_VSCROLL, 0,
-        parent, id);
+    // Its scroll bars come when something is out of view: drawing them only to take them away is slow.
+    return CreateWindowOf({L"TesselDiagram", CS_DBLCLKS}, diagram::kDiagramName,
+                          WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, 0, parent,
+                          id);
 }
 
 void DiagramView::OnCreated() {
+    fit_button_ = CreateWindowExW(0, L"BUTTON", std::wstring(diagram::FitCaption()).c_str(), WS_CHILD, 0, 0,
+                                  0, 0, Handle(), nullptr, win32::ThisModule(), nullptr);
+    ReadSettings();
+}
+
+void DiagramView::CreateTip() {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_BAR_CLASSES};
     InitCommonControlsEx(&classes);
     tip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
                            CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, Handle(), nullptr,
                            win32::ThisModule(), nullptr);
-    fit_button_ = CreateWindowExW(0, L"BUTTON", std::wstring(diagram::FitCaption()).c_str(), WS_CHILD, 0, 0,
-                                  0, 0, Handle(), nullptr, win32::ThisModule(), nullptr);
-    ReadSettings();
     if (!tip_) return;
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
@@ -90,6 +95,7 @@ void DiagramView::OnCreated() {
     tool.rect = {0, 0, 32767, 32767};
     tool.lpszText = LPSTR_TEXTCALLBACKW;
     SendMessageW(tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, win32::Scale(kTipWidth, dpi_));
 }
 
 void DiagramView::ReadSettings() {
@@ -97,7 +103,7 @@ void DiagramView::ReadSettings() {
     painter_.SetDpi(dpi_);
     state_.SetDpi(dpi_);
     state_.SetMetrics(painter_.Metrics(), &painter_);
-    if (tip_) SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, win32::Scale(480, dpi_));
+    if (tip_) SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, win32::Scale(kTipWidth, dpi_));
     if (fit_button_) {
         button_font_ = win32::MessageFont(dpi_);
         SendMessageW(fit_button_, WM_SETFONT, reinterpret_cast<WPARAM>(button_font_.get()), TRUE);
@@ -154,7 +160,7 @@ bool DiagramView::OnSetCursor() {
     POINT point{};
     GetCursorPos(&point);
     ScreenToClient(Handle(), &point);
-    SetCursor(LoadCursorW(nullptr, CursorName(state_.PointerAt({point.x, point.y}))));
+    SetCursor(win32::SystemCursor(CursorName(state_.PointerAt({point.x, point.y}))));
     return true;
 }
 
@@ -261,6 +267,8 @@ void DiagramView::OnSpaceUp() {
 }
 
 void DiagramView::RelayToTip(UINT message, WPARAM wparam, LPARAM lparam) {
+    // Made when the mouse first comes.
+    if (!tip_) CreateTip();
     if (!tip_) return;
     if (tip_hit_ != state_.Hover() || state_.HoldsMouse()) {
         tip_hit_ = state_.Hover();

@@ -113,6 +113,7 @@ private:
     void OnSpaceUp();
     LRESULT DialogCode(LPARAM lparam) const;
     void OnCreated();
+    void CreateTip();
     void OnResized();
     void OnPaint();
     void OnWheel(WPARAM wparam, LPARAM lparam, bool sideways);

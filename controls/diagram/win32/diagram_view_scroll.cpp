@@ -2,6 +2,7 @@
 #include <windowsx.h>
 
 #include "common/win32/dpi.h"
+#include "common/win32/scroll_info.h"
 #include "controls/diagram/win32/diagram_view.h"
 
 namespace tessel::controls {
@@ -39,7 +40,7 @@ void DiagramView::ShowScrollBar(int bar, int low, int high, int page, int positi
     info.nMax = std::max(low, high - 1);
     info.nPage = static_cast<UINT>(std::max(0, page));
     info.nPos = position;
-    SetScrollInfo(Handle(), bar, &info, TRUE);
+    win32::UpdateScrollInfo(Handle(), bar, info);
 }
 
 void DiagramView::OnScrollBar(int bar, int code) {

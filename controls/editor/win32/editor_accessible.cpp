@@ -1,7 +1,5 @@
 #include "controls/editor/win32/editor_accessible.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 
 #include "controls/editor/editor_text.h"
@@ -11,7 +9,6 @@ namespace tessel::controls {
 
 namespace {
 
-constexpr UINT_PTR kSubclassId = 7;
 constexpr std::size_t kMostBytes = 64 * 1024;
 
 /// Where a character begins, at or before that byte.
@@ -23,11 +20,11 @@ std::size_t CharacterStart(std::string_view bytes, std::size_t at) {
 }  // namespace
 
 EditorAccessible::~EditorAccessible() {
-    if (editor_) RemoveWindowSubclass(editor_, Procedure, kSubclassId);
+    if (editor_) win32::Unsubclass(editor_, Procedure);
 }
 
 bool EditorAccessible::Attach(HWND editor, std::wstring name) {
-    if (!SetWindowSubclass(editor, Procedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this))) return false;
+    if (!win32::Subclass(editor, Procedure, this)) return false;
     editor_ = editor;
     name_ = std::move(name);
     return true;
@@ -51,10 +48,9 @@ std::wstring EditorAccessible::ValueOf(AccessibleId) const {
     return FromEditorBytes(bytes);
 }
 
-LRESULT CALLBACK EditorAccessible::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam,
-                                             UINT_PTR id, DWORD_PTR data) {
-    auto* self = reinterpret_cast<EditorAccessible*>(data);
-    if (message == WM_NCDESTROY) RemoveWindowSubclass(hwnd, Procedure, id);
+LRESULT EditorAccessible::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, void* data,
+                                    const win32::SubclassChain& next) {
+    auto* self = static_cast<EditorAccessible*>(data);
     try {
         if (LRESULT result = 0; self->accessible_.OnMessage(hwnd, message, wparam, lparam, result))
             return result;
@@ -62,7 +58,7 @@ LRESULT CALLBACK EditorAccessible::Procedure(HWND hwnd, UINT message, WPARAM wpa
         // Exhausted memory: the program that asks gets the system's own description.
     }
     if (message == WM_NCDESTROY) self->editor_ = nullptr;
-    const LRESULT result = DefSubclassProc(hwnd, message, wparam, lparam);
+    const LRESULT result = next(hwnd, message, wparam, lparam);
     if (message == WM_SETFOCUS) self->accessible_.ReportFocus();
     return result;
 }

@@ -10,6 +10,7 @@
 
 #include "common/accessible_tree.h"
 #include "common/win32/accessible_window.h"
+#include "common/win32/subclass.h"
 
 namespace tessel::controls {
 
@@ -28,8 +29,8 @@ public:
     std::wstring ValueOf(AccessibleId id) const override;
 
 private:
-    static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
-                                      DWORD_PTR self);
+    static LRESULT Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, void* data,
+                             const win32::SubclassChain& next);
 
     HWND editor_ = nullptr;
     std::wstring name_;

@@ -1,7 +1,5 @@
 #include "controls/editor/win32/sql_editor.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <new>
 #include <optional>
@@ -9,6 +7,7 @@
 #include "common/win32/dpi.h"
 #include "common/win32/module.h"
 #include "common/win32/screen.h"
+#include "common/win32/subclass.h"
 #include "controls/editor/editor_text.h"
 #include "controls/editor/text_layout.h"
 #include "controls/editor/win32/editor_accessible.h"
@@ -22,7 +21,6 @@ namespace tessel::controls {
 
 namespace {
 
-constexpr UINT_PTR kSubclassId = 1;
 constexpr int kTabWidth = 4;
 constexpr int kTextGap = 4;  // between margin and text, at 96 dpi
 constexpr const wchar_t* kAccessibleName = L"Consulta SQL";
@@ -58,9 +56,9 @@ public:
     bool ReplaceBytes(std::string_view bytes);
     bool Holds(std::string_view bytes) const;
     bool HandleNotify(const SCNotification& notification);
-    static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
-                                      DWORD_PTR data);
-    LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    static LRESULT Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, void* data,
+                             const win32::SubclassChain& next);
+    LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam, const win32::SubclassChain& next);
     bool OnKey(WPARAM key);
     void Run(EditorCommand command);
     void ReplaceLayout(std::wstring_view text);
@@ -97,7 +95,7 @@ bool SqlEditor::Impl::Create(HWND parent, int id, const std::wstring& ini_path, 
                             win32::ThisModule(), nullptr);
     if (!hwnd_) return false;
     editor_ = ScintillaCalls(hwnd_);
-    if (!editor_ || !SetWindowSubclass(hwnd_, Procedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this))) {
+    if (!editor_ || !win32::Subclass(hwnd_, Procedure, this)) {
         DestroyWindow(hwnd_);
         hwnd_ = nullptr;
         editor_ = {};
@@ -248,22 +246,23 @@ bool SqlEditor::Impl::HandleNotify(const SCNotification& notification) {
     return true;
 }
 
-LRESULT CALLBACK SqlEditor::Impl::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
-                                            DWORD_PTR data) {
-    auto* self = reinterpret_cast<Impl*>(data);
+LRESULT SqlEditor::Impl::Procedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, void* data,
+                                   const win32::SubclassChain& next) {
+    auto* self = static_cast<Impl*>(data);
     if (message == WM_NCDESTROY) {
         self->OnDestroyed();
-        return DefSubclassProc(hwnd, message, wparam, lparam);
+        return next(hwnd, message, wparam, lparam);
     }
     try {
-        return self->OnMessage(message, wparam, lparam);
+        return self->OnMessage(message, wparam, lparam, next);
     } catch (...) {
         // Exhausted memory: the gesture is lost, the host lives on.
         return 0;
     }
 }
 
-LRESULT SqlEditor::Impl::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+LRESULT SqlEditor::Impl::OnMessage(UINT message, WPARAM wparam, LPARAM lparam,
+                                   const win32::SubclassChain& next) {
     switch (message) {
         case WM_GETDLGCODE:
             return DialogCode(reinterpret_cast<const MSG*>(lparam));
@@ -287,19 +286,19 @@ LRESULT SqlEditor::Impl::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return 0;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE: {
-            const LRESULT result = DefSubclassProc(hwnd_, message, wparam, lparam);
+            const LRESULT result = next(hwnd_, message, wparam, lparam);
             ApplyDpi(dpi_);
             return result;
         }
         case win32::kDpiChangedAfterParent: {
-            const LRESULT result = DefSubclassProc(hwnd_, message, wparam, lparam);
+            const LRESULT result = next(hwnd_, message, wparam, lparam);
             ApplyDpi(win32::DpiOf(hwnd_));
             return result;
         }
         default:
             break;
     }
-    return DefSubclassProc(hwnd_, message, wparam, lparam);
+    return next(hwnd_, message, wparam, lparam);
 }
 
 bool SqlEditor::Impl::OnKey(WPARAM key) {
@@ -361,7 +360,6 @@ void SqlEditor::Impl::MoveFocus(bool back) const {
 }
 
 void SqlEditor::Impl::OnDestroyed() {
-    RemoveWindowSubclass(hwnd_, Procedure, kSubclassId);
     hwnd_ = nullptr;
     editor_ = {};
     completion_.Detach();

@@ -18,7 +18,6 @@ namespace {
 
 constexpr int kShownItems = 12;
 constexpr int kComboId = 21;  // apart from IDOK and IDCANCEL of a dialog around us
-constexpr UINT_PTR kSubclassId = 1;
 
 int TextWidth(HWND hwnd, HFONT font, std::wstring_view text) {
     const HDC dc = GetDC(hwnd);
@@ -44,7 +43,7 @@ bool CellEditor::Create(HWND parent) {
     COMBOBOXINFO info{};
     info.cbSize = sizeof info;
     if (!GetComboBoxInfo(combo_, &info) || !info.hwndItem ||
-        !SetWindowSubclass(info.hwndItem, EditProcedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this))) {
+        !win32::Subclass(info.hwndItem, EditProcedure, this)) {
         DestroyWindow(combo_);
         combo_ = nullptr;
         return false;
@@ -314,14 +313,13 @@ bool CellEditor::OnEditMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESU
     }
 }
 
-LRESULT CALLBACK CellEditor::EditProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
-                                           DWORD_PTR self) {
-    auto* editor = reinterpret_cast<CellEditor*>(self);
+LRESULT CellEditor::EditProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, void* self,
+                                  const win32::SubclassChain& next) {
+    auto* editor = static_cast<CellEditor*>(self);
     if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(hwnd, EditProcedure, id);
         editor->combo_ = editor->edit_ = editor->list_ = nullptr;
         editor->open_ = false;
-        return DefSubclassProc(hwnd, message, wparam, lparam);
+        return next(hwnd, message, wparam, lparam);
     }
     try {
         LRESULT result = 0;
@@ -330,7 +328,7 @@ LRESULT CALLBACK CellEditor::EditProcedure(HWND hwnd, UINT message, WPARAM wpara
         // Exhausted memory: the key is lost, the host lives on.
         return 0;
     }
-    return DefSubclassProc(hwnd, message, wparam, lparam);
+    return next(hwnd, message, wparam, lparam);
 }
 
 }  // namespace tessel::controls

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "common/win32/subclass.h"
+
 namespace tessel::controls {
 
 /// The keys by which the user leaves the editor.
@@ -70,8 +72,8 @@ public:
     static constexpr UINT kChoiceMessage = WM_APP + 1;
 
 private:
-    static LRESULT CALLBACK EditProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
-                                          DWORD_PTR self);
+    static LRESULT EditProcedure(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, void* self,
+                                 const win32::SubclassChain& next);
     bool Create(HWND parent);
     /// True when the message is dealt with.
     bool OnEditMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);

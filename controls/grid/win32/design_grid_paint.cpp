@@ -4,6 +4,7 @@
 
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
+#include "common/win32/memory_bitmap.h"
 #include "common/win32/screen.h"
 #include "controls/grid/win32/design_grid_view.h"
 
@@ -19,6 +20,7 @@ constexpr int kHeaderNormal = 1;
 constexpr int kHeaderPressed = 3;
 constexpr int kDropDownButtonRight = 6;
 constexpr int kDropDownNormal = 1;
+constexpr std::size_t kMostHeaderItems = 24;
 
 constexpr int kLinePart = 40;    ///< of 255: how far grid lines stand out from the background
 constexpr int kTintPart = 40;    ///< of 255: the focused cell, row caption and column header
@@ -119,8 +121,7 @@ void DesignGridView::PaintHeaderItem(HDC dc, const GridColours& colours, const G
                         (state_.HasBlock() && state_.IsSelected(state_.FocusedRow(), column)));
     COLORREF text = colours.text;
     if (header_theme_ && !colours.high_contrast) {
-        DrawThemeBackground(header_theme_.get(), dc, kHeaderItem, focused ? kHeaderPressed : kHeaderNormal,
-                            &rect, nullptr);
+        PaintHeaderBackground(dc, rect, focused);
     } else {
         text = colours.face_text;
         COLORREF back = colours.face;
@@ -147,6 +148,26 @@ void DesignGridView::PaintHeaderItem(HDC dc, const GridColours& colours, const G
     if (area.left >= area.right) return;
     const win32::Selected font(dc, focused ? bold_font_.get() : font_.get());
     win32::DrawTextLine(dc, area, grid_->Caption(column), text);
+}
+
+// The visual style draws an item in nine pieces, which takes a while; most items look the same.
+void DesignGridView::PaintHeaderBackground(HDC dc, const RECT& rect, bool focused) {
+    const int width = rect.right - rect.left;
+    const int height = rect.bottom - rect.top;
+    const int state = focused ? kHeaderPressed : kHeaderNormal;
+    if (header_items_.size() >= kMostHeaderItems) header_items_.clear();
+    win32::UniqueBitmap& item = header_items_[{width, height, state}];
+    const win32::UniqueMemoryDc memory(CreateCompatibleDC(dc));
+    const bool is_new = !item;
+    if (is_new && width > 0 && height > 0) item = win32::MemoryBitmap(width, height);
+    if (!memory || !item) return;
+    const win32::Selected selected(memory.get(), item.get());
+    if (is_new) {
+        const RECT whole{0, 0, width, height};
+        win32::FillSolid(memory.get(), whole, GetSysColor(COLOR_WINDOW));
+        DrawThemeBackground(header_theme_.get(), memory.get(), kHeaderItem, state, &whole, nullptr);
+    }
+    BitBlt(dc, rect.left, rect.top, width, height, memory.get(), 0, 0, SRCCOPY);
 }
 
 void DesignGridView::PaintCaptions(HDC dc, const GridColours& colours) {

@@ -6,6 +6,7 @@
 #include "common/text.h"
 #include "common/win32/dpi.h"
 #include "common/win32/gdi.h"
+#include "common/win32/scroll_info.h"
 #include "controls/grid/grid_accessible_texts.h"
 
 namespace tessel::controls {
@@ -56,6 +57,7 @@ void DesignGridView::RefreshMetrics() {
     font_ = win32::MessageFont(dpi_);
     bold_font_ = win32::MessageFont(dpi_, true);
     header_theme_.reset(OpenThemeData(Handle(), L"HEADER"));
+    header_items_.clear();
     combo_theme_.reset(OpenThemeData(Handle(), L"COMBOBOX"));
 
     GridMetrics metrics;
@@ -99,12 +101,12 @@ void DesignGridView::UpdateScrollBars() {
     info.nMax = std::max(0, layout.ContentWidth() - 1);
     info.nPage = static_cast<UINT>(std::max(0, layout.ViewWidth()));
     info.nPos = layout.ScrollX();
-    SetScrollInfo(Handle(), SB_HORZ, &info, TRUE);
+    win32::UpdateScrollInfo(Handle(), SB_HORZ, info);
     info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
     info.nMax = layout.ContentHeight() - 1;
     info.nPage = static_cast<UINT>(std::max(0, layout.ViewHeight()));
     info.nPos = layout.ScrollY();
-    SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
+    win32::UpdateScrollInfo(Handle(), SB_VERT, info);
 }
 
 void DesignGridView::ScrollTo(int x, int y) {

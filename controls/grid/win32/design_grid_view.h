@@ -22,8 +22,10 @@
 
 #include <uxtheme.h>
 
+#include <map>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "common/change_source.h"
@@ -182,6 +184,7 @@ private:
 
     void OnPaint();
     void PaintHeaderItem(HDC dc, const GridColours& colours, const GridRect& rect, int column);
+    void PaintHeaderBackground(HDC dc, const RECT& rect, bool focused);
     void PaintCaptions(HDC dc, const GridColours& colours);
     void PaintCell(HDC dc, const GridColours& colours, const GridRect& rect, model::GridRow row, int column);
     void PaintFocusedCell(HDC dc, const GridColours& colours);
@@ -217,6 +220,8 @@ private:
     win32::UniqueFont font_;
     win32::UniqueFont bold_font_;
     UniqueTheme header_theme_;
+    /// Header items without text, by width, height and state of the visual style.
+    std::map<std::tuple<int, int, int>, win32::UniqueBitmap> header_items_;
     UniqueTheme combo_theme_;
 };
 

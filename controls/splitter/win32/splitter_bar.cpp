@@ -11,6 +11,13 @@ namespace {
 
 constexpr int kBarThickness = 6;  ///< at 96 dpi
 
+bool IsAt(HWND child, const RECT& place) {
+    RECT now{};
+    if (!GetWindowRect(child, &now)) return false;
+    MapWindowPoints(nullptr, GetParent(child), reinterpret_cast<POINT*>(&now), 2);
+    return EqualRect(&now, &place) != FALSE;
+}
+
 }  // namespace
 
 // A pane belongs to whoever made it, but a window goes with its parent.
@@ -115,14 +122,19 @@ void SplitterBar::Layout() {
         {first_, 0, state_.Position()},
         {bar_.Handle(), state_.Position(), state_.Bar()},
         first_shown_ ? Piece{second_, state_.Position() + state_.Bar(), state_.SecondSize()} : second_only};
-    // All at once, so that nothing is drawn in between.
-    HDWP batch = BeginDeferWindowPos(3);
+    // All at once, so that nothing is drawn in between; what keeps its place is left alone.
+    HDWP batch = nullptr;
     for (const Piece& piece : pieces) {
-        if (!batch || !IsWindow(piece.window)) continue;
-        const UINT flags = SWP_NOZORDER | SWP_NOACTIVATE;
-        batch = orientation_ == Orientation::SideBySide
-                    ? DeferWindowPos(batch, piece.window, nullptr, piece.start, 0, piece.size, across, flags)
-                    : DeferWindowPos(batch, piece.window, nullptr, 0, piece.start, across, piece.size, flags);
+        if (!IsWindow(piece.window)) continue;
+        const RECT place = orientation_ == Orientation::SideBySide
+                               ? RECT{piece.start, 0, piece.start + piece.size, across}
+                               : RECT{0, piece.start, across, piece.start + piece.size};
+        if (IsAt(piece.window, place)) continue;
+        if (!batch) batch = BeginDeferWindowPos(3);
+        if (!batch) break;
+        batch = DeferWindowPos(batch, piece.window, nullptr, place.left, place.top, place.right - place.left,
+                               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        if (!batch) break;
     }
     if (batch) EndDeferWindowPos(batch);
     if (events_) events_->OnSplitterResized(id_);
