@@ -163,31 +163,6 @@ FormSet Canonical::Conjuncts(NodeId id) const {
     return conjuncts;
 }
 
-bool Canonical::IsTruthValue(NodeId id) const {
-    const NodeId inner = WithoutParens(statement_, id);
-    const Node& node = statement_.At(inner);
-    if (node.kind == NodeKind::Not || node.kind == NodeKind::Logical) {
-        return AllChildren(statement_, inner, [&](NodeId child) { return IsTruthValue(child); });
-    }
-    if (IsPredicate(node)) return true;
-    if (node.kind == NodeKind::Call) return IsTruthFunction(node);
-    if (node.kind != NodeKind::Name) return false;
-    const int table = scope_.TableOfName(inner);
-    if (table == kNoTable) return false;
-    const StatementScope::NameParts parts = scope_.PartsOf(inner);
-    return parts.count > 0 && scope_.IsBooleanField(table, parts.last);
-}
-
-/// The tests of one argument that answer True or False.
-bool Canonical::IsTruthFunction(const Node& call) const {
-    constexpr std::wstring_view kTests[] = {L"isnull", L"isnumeric", L"isdate", L"isempty", L"iserror"};
-    const Node& callee = statement_.At(call.first_child);
-    const bool one_argument = callee.next != sql::kNoNode && statement_.At(callee.next).next == sql::kNoNode;
-    if (!one_argument) return false;
-    const std::wstring name = IdentifierKey(statement_.Slice(callee.Range()));
-    return std::ranges::find(kTests, name) != std::end(kTests);
-}
-
 Form Canonical::Make(NodeId id) const {
     const Node& node = statement_.At(id);
     switch (node.kind) {
@@ -284,24 +259,6 @@ Form Canonical::MakeName(NodeId id) const {
     for (; part != sql::kNoNode; part = statement_.At(part).next) parts.Add(scope_.KeyOf(part));
     if (star) parts.Add(forms_.Text(L"*"));
     return forms_.Node(kNameHead, parts.All());
-}
-
-// A truth value equal to True, or not to False, is the value itself, and otherwise its negation. Of any other
-// value, only whether it differs from False is its truth.
-bool Canonical::IsTruthTest(NodeId id, NodeId& tested, bool& negated) const {
-    const Node& node = statement_.At(id);
-    const auto op = static_cast<CompareOp>(node.op);
-    if (op != CompareOp::Equal && op != CompareOp::NotEqual) return false;
-    const NodeId left = WithoutParens(statement_, node.first_child);
-    const NodeId right = WithoutParens(statement_, statement_.At(node.first_child).next);
-    const auto is_tested = [&](NodeId value, NodeId literal) {
-        const NodeKind kind = statement_.At(literal).kind;
-        if (kind != NodeKind::False && (kind != NodeKind::True || !IsTruthValue(value))) return false;
-        tested = value;
-        negated = (op == CompareOp::Equal) == (kind == NodeKind::False);
-        return true;
-    };
-    return is_tested(left, right) || is_tested(right, left);
 }
 
 Form Canonical::MakeCompare(NodeId id, bool negated) const {

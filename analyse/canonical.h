@@ -58,6 +58,8 @@ private:
     Form MakeTruth(sql::NodeId id, bool negated) const;
     bool IsTruthTest(sql::NodeId id, sql::NodeId& tested, bool& negated) const;
     bool IsTruthFunction(const sql::Node& call) const;
+    bool MayBeText(sql::NodeId id) const;
+    bool CallMayBeText(const sql::Node& call) const;
     const std::vector<std::wstring>& TableMarks() const;
 
     const StatementScope& scope_;

@@ -51,13 +51,22 @@ bool IsDoubtfulBlank(wchar_t ch) {
     return ch == L'\v' || (static_cast<std::uint32_t>(ch) >= 0x80 && sql::Is(ch, sql::kBlank));
 }
 
+bool IsDigitBeforeLetter(wchar_t first, wchar_t second) {
+    return first >= L'0' && first <= L'9' && sql::Is(second, sql::kWordStart);
+}
+
+/// Hardly a text has comments, such a blank or a digit before a letter; the others need no second look.
+bool MayBeDoubtful(std::wstring_view text, bool has_comments) {
+    return has_comments || std::ranges::any_of(text, IsDoubtfulBlank) ||
+           std::ranges::adjacent_find(text, IsDigitBeforeLetter) != text.end();
+}
+
 }  // namespace
 
 Outcome CheckText(std::wstring_view text, bool has_comments) {
     if (const std::size_t null = text.find(L'\0'); null < text.size())
         return Refusal{{null, 1}, std::wstring(messages::kNullCharacter)};
-    // Hardly a text has comments or such a blank; the others need no second look.
-    if (!has_comments && std::ranges::none_of(text, IsDoubtfulBlank)) return std::nullopt;
+    if (!MayBeDoubtful(text, has_comments)) return std::nullopt;
     sql::Lexer lexer(text);
     Token before;
     for (Token token = lexer.Next(); token.kind != TokenKind::End; token = lexer.Next()) {
@@ -71,6 +80,9 @@ Outcome CheckText(std::wstring_view text, bool has_comments) {
                 return Refusal{{offset, 1}, std::wstring(messages::kDoubtfulBlank)};
             }
         }
+        const bool follows_number = before.kind == TokenKind::Number && before.End() == token.begin;
+        if (follows_number && token.kind == TokenKind::Word)
+            return Refusal{token.Range(), std::wstring(messages::kNumberBeforeWord)};
         before = token;
     }
     return std::nullopt;

@@ -1,5 +1,6 @@
-// Comments and blanks that engines delimit in different ways. The design drops them, which changes the
-// statement for an engine that takes part of a comment for code, code for a comment, or a blank for a letter.
+// Comments, blanks and numbers that engines delimit in different ways. The design drops comments and writes
+// blanks anew, which changes the statement for an engine that takes part of a comment for code, code for a
+// comment, or a blank for a letter.
 #pragma once
 
 #include <string_view>
@@ -14,6 +15,7 @@ namespace tessel::analyse {
 /// not
 ///   exist;
 /// - a block comment with the mark of code for one engine, or one that opens another, which nests in some;
+/// - a word that follows a number without a blank (1AND b): one invalid token for some;
 /// - a null character, where many stop reading;
 /// - a blank that is none of ASCII's, or a vertical tab: part of a name for some, invalid for others.
 /// `has_comments` is the statement's.

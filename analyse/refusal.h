@@ -30,6 +30,8 @@ inline constexpr std::wstring_view kDoubtfulComment =
 inline constexpr std::wstring_view kDoubtfulBlank =
     L"No todos los motores entienden este carácter como un espacio; el diseño no puede mostrar la "
     L"instrucción.";
+inline constexpr std::wstring_view kNumberBeforeWord =
+    L"Falta un espacio entre un número y la palabra que lo sigue; el diseño no puede mostrar la instrucción.";
 inline constexpr std::wstring_view kNullCharacter =
     L"El diseño no puede mostrar una instrucción que contiene un carácter nulo.";
 inline constexpr std::wstring_view kTableAliasDigit =

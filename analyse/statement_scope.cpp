@@ -16,6 +16,8 @@ using sql::Statement;
 using sql::TableRef;
 
 constexpr int kAdoBoolean = 11;
+// Unknown, the integers, the floating and decimal numbers, Boolean, Variant.
+constexpr int kAdoNumbers[] = {0, 2, 3, 4, 5, 6, 11, 12, 14, 16, 17, 18, 19, 20, 21, 131, 139};
 constexpr int kUnasked = -2;
 
 /// The first identifier of a name that has more than one, or of the qualifier of a star; kNoNode otherwise.
@@ -137,6 +139,12 @@ const schema::Field* StatementScope::FindField(int table, Form field_key) const 
 bool StatementScope::IsBooleanField(int table, Form field_key) const {
     const schema::Field* field = FindField(table, field_key);
     return field && field->ado_type == kAdoBoolean;
+}
+
+bool StatementScope::MayBeNumberField(int table, Form field_key) const {
+    const schema::Field* field = FindField(table, field_key);
+    if (!field) return true;
+    return std::ranges::find(kAdoNumbers, field->ado_type) != std::end(kAdoNumbers);
 }
 
 int StatementScope::TableOfField(Form field_key) const {

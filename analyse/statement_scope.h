@@ -42,6 +42,8 @@ public:
     /// True when the schema gives the field to more than one table of FROM.
     bool IsAmbiguousField(Form field_key) const;
     bool IsBooleanField(int table, Form field_key) const;
+    /// False when the schema gives the field a type that is no number and no truth value.
+    bool MayBeNumberField(int table, Form field_key) const;
 
     /// Fixes the table of an unqualified Name for which TableOfField has no answer.
     void Settle(sql::NodeId name, int table);

@@ -53,7 +53,7 @@ TEST(Criteria, ComparisonOfASubselectStaysAComparison) {
 }
 
 TEST(Criteria, BooleanFieldEqualsTrueAndAnyOtherValueIsNotFalse) {
-    const schema::Schema schema = test::MakeSchema({{L"t", {L"Activo:bool", L"Nivel"}}});
+    const schema::Schema schema = test::MakeSchema({{L"t", {L"Activo:11", L"Nivel:3"}}});
     EXPECT_EQ(Columns(L"SELECT Nivel FROM t WHERE Activo", &schema),
               Texts({L"Nivel||||Si", L"Activo||||No||=True"}));
     EXPECT_EQ(Columns(L"SELECT Nivel FROM t WHERE Nivel", &schema), Texts({L"Nivel||||Si||<> False"}));
@@ -136,6 +136,33 @@ TEST(Criteria, ATotalInWhereOrInAJoinIsRefusedAtItsPlace) {
         ASSERT_TRUE(analysis.error) << ToUtf8(text);
         EXPECT_EQ(analysis.error->range, (TextRange{text.rfind(L"Count(*)"), 8})) << ToUtf8(text);
         EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kAggregateInWhere));
+    }
+}
+
+// For an engine that reads a number from a text, 'abc' is false and differs from False.
+TEST(Criteria, ATextIsNoBareCondition) {
+    const schema::Schema schema = test::MakeSchema({{L"t", {L"texto", L"numero:3", L"otro:0"}}});
+    const std::pair<std::wstring_view, bool> conditions[] = {
+        {L"'abc'", false},
+        {L"+'abc'", false},
+        {L"texto", false},
+        {L"texto & 'a'", false},
+        {L"Left(otro, 1)", false},
+        {L"(SELECT 1)", false},
+        {L"IIf(otro = 1, 'a', 2)", false},
+        {L"numero", true},
+        {L"otro", true},
+        {L"numero + 1", true},
+        {L"-texto", true},
+        {L"InStr(texto, 'a')", true},
+        {L"IIf(texto = 'a', 1, 2)", true},
+        {L"texto <> False", true},
+    };
+    for (const auto& [condition, accepted] : conditions) {
+        model::Design design;
+        design.diagram.Bind(&schema);
+        const std::wstring text = L"SELECT numero FROM t WHERE " + std::wstring(condition);
+        EXPECT_EQ(AnalyseSQL(text, design).accepted, accepted) << ToUtf8(text);
     }
 }
 

@@ -79,6 +79,25 @@ TEST(DoubtfulText, ANullCharacterIsRefusedWhereverItStands) {
     }
 }
 
+TEST(DoubtfulText, AWordThatFollowsANumberAtOnceIsRefusedAtItsPlace) {
+    const std::pair<std::wstring_view, std::wstring_view> statements[] = {
+        {L"SELECT a FROM t WHERE a = 1AND b = 2", L"AND"},
+        {L"SELECT .577AS b FROM t", L"AS"},
+        {L"SELECT 1.5b FROM t", L"b"},
+    };
+    for (const auto& [text, word] : statements) {
+        model::Design design;
+        const Analysis analysis = AnalyseSQL(text, design);
+        EXPECT_FALSE(analysis.accepted) << ToUtf8(text);
+        ASSERT_TRUE(analysis.error) << ToUtf8(text);
+        EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kNumberBeforeWord));
+        EXPECT_EQ(ToUtf8(text.substr(analysis.error->range.offset, analysis.error->range.length)),
+                  ToUtf8(word));
+    }
+    model::Design design;
+    EXPECT_TRUE(AnalyseSQL(L"SELECT a1b, 1e3 AS c FROM t2x WHERE d3 = 1.5e+3", design).accepted);
+}
+
 TEST(DoubtfulText, ATablesAliasThatBeginsWithADigitIsRefused) {
     model::Design design;
     const Analysis analysis = AnalyseSQL(L"SELECT a FROM t 8x", design);

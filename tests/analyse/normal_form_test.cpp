@@ -11,7 +11,7 @@ namespace tessel::analyse {
 namespace {
 
 const schema::Schema& Tables() {
-    static const schema::Schema schema = test::MakeSchema({{L"A", {L"x", L"y", L"solo", L"activo:bool"}},
+    static const schema::Schema schema = test::MakeSchema({{L"A", {L"x:3", L"y:3", L"solo", L"activo:11"}},
                                                            {L"B", {L"x", L"y", L"z"}},
                                                            {L"C", {L"x", L"y", L"w"}}});
     return schema;
@@ -101,6 +101,7 @@ TEST(NormalForms, PredicateEqualsTrueIsThePredicate) {
 
 TEST(NormalForms, NumberIsNotTheSameAsItsEqualityWithTrue) {
     ExpectSame(L"SELECT x FROM A WHERE x", L"SELECT x FROM A WHERE x <> False");
+    ExpectDifferent(L"SELECT x FROM A WHERE solo", L"SELECT x FROM A WHERE solo <> False", Clause::Where);
     ExpectDifferent(L"SELECT x FROM A WHERE x", L"SELECT x FROM A WHERE x = True", Clause::Where);
     ExpectDifferent(L"SELECT x FROM A WHERE Not x", L"SELECT x FROM A WHERE (Not x) = True", Clause::Where);
     ExpectDifferent(L"SELECT x FROM A WHERE x And y", L"SELECT x FROM A WHERE (x <> False) AND (y <> False)",

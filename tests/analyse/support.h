@@ -15,7 +15,7 @@
 
 namespace tessel::test {
 
-/// Tables of adVarWChar fields; a field given as "Activo:bool" is boolean.
+/// Tables of adVarWChar fields; "Activo:11" gives the number of another ADO type.
 class FixedSchema : public schema::SchemaSource {
 public:
     using Tables = std::vector<std::pair<std::wstring, std::vector<std::wstring>>>;
@@ -37,7 +37,7 @@ public:
                 schema::Field field;
                 field.raw_name = text.substr(0, colon);
                 field.name = BracketIfNeeded(field.raw_name);
-                field.ado_type = colon == std::wstring::npos ? 202 : 11;
+                field.ado_type = colon == std::wstring::npos ? 202 : std::stoi(text.substr(colon + 1));
                 result.push_back(std::move(field));
             }
         }
