@@ -7,9 +7,12 @@ bool NeedsBlank(const Token& left, const Token& right) {
     const TokenKind before = left.kind;
     const TokenKind after = right.kind;
     // Whether a point beside a digit is part of the number depends on what stands between them.
-    const bool beside_number = before == TokenKind::Point && after == TokenKind::Number;
-    if (beside_number || (before == TokenKind::Number && after == TokenKind::Point))
+    const bool before_digit = after == TokenKind::Number || (right.flags & kDigitFirst) != 0;
+    if ((before == TokenKind::Point && before_digit) ||
+        (before == TokenKind::Number && after == TokenKind::Point))
         return left.End() != right.begin;
+    // "! =" is no inequality.
+    if (before == TokenKind::Bang && after == TokenKind::Equal) return true;
     switch (after) {
         case TokenKind::RightParen:
         case TokenKind::Comma:

@@ -39,11 +39,17 @@ TEST(Printer, APointBesideANumberKeepsItsBlanks) {
         {L"SELECT a FROM f1.5e350.3h", "SELECT a\r\nFROM f1.5e350.3h"},
         {L"SELECT a FROM @t .b.1.", "SELECT a\r\nFROM @t.b.1."},
         {L"SELECT a FROM t . 1 . b", "SELECT a\r\nFROM t. 1 .b"},
+        {L"SELECT a FROM t.. 0x", "SELECT a\r\nFROM t.. 0x"},
+        {L"SELECT a FROM t.0x, t . 0x", "SELECT a\r\nFROM t.0x, t. 0x"},
     };
     for (const auto& [text, printed] : statements) {
         EXPECT_EQ(Printed(text), printed);
         EXPECT_EQ(Printed(FromUtf8(printed)), printed);
     }
+}
+
+TEST(Printer, AnExclamationMarkAndAnEqualSignStayApart) {
+    EXPECT_EQ(Printed(L"SELECT a FROM f(b! = c, d!=e)"), "SELECT a\r\nFROM f (b! = c, d != e)");
 }
 
 TEST(Printer, ParsingWhatWasPrintedGivesTheSameTree) {
