@@ -68,15 +68,20 @@ void Grammar::TableNameParts(TableRef& table) {
     };
     if (!is_part(true)) return Fail(messages::kExpectedTable);
     if (token_.length <= 2 && !At(TokenKind::Word) && IsNameToken(token_)) return Fail(messages::kEmptyName);
+    const std::uint32_t begin = token_.begin;
     table.name = token_.Range();
     Advance();
-    while (Accept(TokenKind::Point)) {
-        const std::size_t first = table.database.length != 0 ? table.database.offset : table.owner.offset;
-        if (table.owner.length != 0) table.database = {first, table.owner.End() - first};
+    // Whatever stands before the owner counts as the database.
+    std::uint32_t before_name = begin;
+    while (At(TokenKind::Point)) {
         table.owner = table.name;
+        table.database = {begin, before_name - begin};
+        before_name = token_.begin;
+        Advance();
         if (At(TokenKind::Point)) {
-            table.database = table.owner;
+            table.database = {begin, table.owner.End() - begin};
             table.owner = {};
+            before_name = token_.begin;
             Advance();
         }
         if (!is_part(false)) return Fail(messages::kExpectedTable);

@@ -32,13 +32,15 @@ TEST(Printer, NestedSelectsStayOnTheirLine) {
 }
 
 // "1 .b" is a number and a name, "1.b" a name; ".5" is a number, ". 5" a point before one.
-TEST(Printer, APointBesideANumberKeepsItsBlanks) {
+TEST(Printer, NamesKeepTheirPartsAndAPointBesideANumberItsBlanks) {
     const std::pair<std::wstring_view, const char*> statements[] = {
         {L"SELECT a-1 .@b FROM t", "SELECT a - 1 .@b\r\nFROM t"},
         {L"SELECT t . 1  . b, t.1.b FROM t", "SELECT t. 1 .b, t.1.b\r\nFROM t"},
         {L"SELECT a FROM f1.5e350.3h", "SELECT a\r\nFROM f1.5e350.3h"},
         {L"SELECT a FROM @t .b.1.", "SELECT a\r\nFROM @t.b.1."},
         {L"SELECT a FROM t . 1 . b", "SELECT a\r\nFROM t. 1 .b"},
+        {L"SELECT a FROM b..c.d, e..f..g, h.i.j.k, l . . m . n",
+         "SELECT a\r\nFROM b..c.d, e..f..g, h.i.j.k, l..m.n"},
         {L"SELECT a FROM t.. 0x", "SELECT a\r\nFROM t.. 0x"},
         {L"SELECT a FROM t.0x, t . 0x", "SELECT a\r\nFROM t.0x, t. 0x"},
     };
