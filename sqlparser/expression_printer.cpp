@@ -117,7 +117,7 @@ void ExpressionPrinter::Expression(NodeId id) {
 }
 
 void ExpressionPrinter::Name(const Node& node) {
-    if (HasNumber(node)) {
+    if (NeedsItsBlanks(node)) {
         out_ += CanonicalTokens(s_.source, node.Range());
         return;
     }
@@ -129,11 +129,13 @@ void ExpressionPrinter::Name(const Node& node) {
     if (node.kind == NodeKind::Star) out_ += Child(node) == kNoNode ? L"*" : L".*";
 }
 
-/// Whether a part of the name may be a number: the points beside it need the blanks that they have.
-bool ExpressionPrinter::HasNumber(const Node& node) const {
+/// Whether a part of the name may be a number or a macro: the points beside it need the blanks that they
+/// have.
+bool ExpressionPrinter::NeedsItsBlanks(const Node& node) const {
     for (NodeId part = Child(node); part != kNoNode; part = Next(part)) {
         const wchar_t first = s_.source[s_.At(part).begin];
-        if (first == L'.' || (first >= L'0' && first <= L'9')) return true;
+        const bool macro = first == L'@' && node.kind == NodeKind::Name;
+        if (macro || first == L'.' || (first >= L'0' && first <= L'9')) return true;
     }
     return false;
 }

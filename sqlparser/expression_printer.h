@@ -17,7 +17,7 @@ public:
 
 private:
     void Name(const Node& node);
-    [[nodiscard]] bool HasNumber(const Node& node) const;
+    [[nodiscard]] bool NeedsItsBlanks(const Node& node) const;
     void Joined(const Node& node, std::wstring_view separator);
     void Run(const Node& node);
     void Prefix(const Node& node);

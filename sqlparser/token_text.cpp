@@ -8,9 +8,10 @@ bool NeedsBlank(const Token& left, const Token& right) {
     const TokenKind after = right.kind;
     // Whether a point beside a digit is part of the number depends on what stands between them.
     const bool before_digit = after == TokenKind::Number || (right.flags & kDigitFirst) != 0;
-    if ((before == TokenKind::Point && before_digit) ||
-        (before == TokenKind::Number && after == TokenKind::Point))
-        return left.End() != right.begin;
+    if (before == TokenKind::Point && before_digit) return left.End() != right.begin;
+    // A number and a macro would take the point for their own.
+    const bool takes_point = before == TokenKind::Number || before == TokenKind::Macro;
+    if (takes_point && after == TokenKind::Point) return left.End() != right.begin;
     // "! =" is no inequality.
     if (before == TokenKind::Bang && after == TokenKind::Equal) return true;
     switch (after) {

@@ -37,10 +37,11 @@ TEST(Printer, NamesKeepTheirPartsAndAPointBesideANumberItsBlanks) {
         {L"SELECT a-1 .@b FROM t", "SELECT a - 1 .@b\r\nFROM t"},
         {L"SELECT t . 1  . b, t.1.b FROM t", "SELECT t. 1 .b, t.1.b\r\nFROM t"},
         {L"SELECT a FROM f1.5e350.3h", "SELECT a\r\nFROM f1.5e350.3h"},
-        {L"SELECT a FROM @t .b.1.", "SELECT a\r\nFROM @t.b.1."},
+        {L"SELECT a FROM @t .b.1.", "SELECT a\r\nFROM @t .b.1."},
         {L"SELECT a FROM t . 1 . b", "SELECT a\r\nFROM t. 1 .b"},
         {L"SELECT a FROM b..c.d, e..f..g, h.i.j.k, l . . m . n",
          "SELECT a\r\nFROM b..c.d, e..f..g, h.i.j.k, l..m.n"},
+        {L"SELECT a.@b .c, @d.* FROM d.@e .f", "SELECT a.@b .c, @d.*\r\nFROM d.@e .f"},
         {L"SELECT a FROM t.. 0x", "SELECT a\r\nFROM t.. 0x"},
         {L"SELECT a FROM t.0x, t . 0x", "SELECT a\r\nFROM t.0x, t. 0x"},
     };
