@@ -7,6 +7,17 @@
 namespace tessel::analyse {
 namespace {
 
+/// The text is right, but refused for that reason where `place` first occurs in it.
+void ExpectRefused(std::wstring_view text, std::wstring_view place, std::wstring_view message) {
+    model::Design design;
+    const Analysis analysis = AnalyseSQL(text, design);
+    EXPECT_TRUE(analysis.parsed) << ToUtf8(text);
+    EXPECT_FALSE(analysis.accepted) << ToUtf8(text);
+    ASSERT_TRUE(analysis.error) << ToUtf8(text);
+    EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(message));
+    EXPECT_EQ(analysis.error->range, (TextRange{text.find(place), place.size()})) << ToUtf8(text);
+}
+
 TEST(DoubtfulText, CommentsThatEnginesDelimitInDifferentWaysAreRefusedAtTheirPlace) {
     const std::pair<std::wstring_view, std::wstring_view> statements[] = {
         {L"SELECT a -- b\r, c FROM t\n", L"-- b"},
@@ -18,16 +29,7 @@ TEST(DoubtfulText, CommentsThatEnginesDelimitInDifferentWaysAreRefusedAtTheirPla
         {L"SELECT a /*M!50000 , b */ FROM t", L"/*M!50000 , b */"},
         {L"SELECT a /* b /* c */ FROM t", L"/* b /* c */"},
     };
-    for (const auto& [text, comment] : statements) {
-        model::Design design;
-        const Analysis analysis = AnalyseSQL(text, design);
-        EXPECT_TRUE(analysis.parsed) << ToUtf8(text);
-        EXPECT_FALSE(analysis.accepted) << ToUtf8(text);
-        ASSERT_TRUE(analysis.error) << ToUtf8(text);
-        EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kDoubtfulComment));
-        EXPECT_EQ(ToUtf8(text.substr(analysis.error->range.offset, analysis.error->range.length)),
-                  ToUtf8(comment));
-    }
+    for (const auto& [text, comment] : statements) ExpectRefused(text, comment, messages::kDoubtfulComment);
 }
 
 TEST(DoubtfulText, CommentsThatEveryEngineLeavesOutAreNoReasonToRefuse) {
@@ -50,13 +52,7 @@ TEST(DoubtfulText, CommentsThatEveryEngineLeavesOutAreNoReasonToRefuse) {
 TEST(DoubtfulText, BlanksThatAreLettersForSomeEnginesAreRefusedAtTheirPlace) {
     for (const wchar_t blank : {L'\v', L'\u00A0', L'\u2003', L'\u200B', L'\u3000', L'\uFEFF'}) {
         const std::wstring text = std::wstring(L"SELECT a FROM t WHERE b = 1 ") + blank + L" AND c = 2";
-        model::Design design;
-        const Analysis analysis = AnalyseSQL(text, design);
-        EXPECT_TRUE(analysis.parsed) << ToUtf8(text);
-        EXPECT_FALSE(analysis.accepted) << ToUtf8(text);
-        ASSERT_TRUE(analysis.error) << ToUtf8(text);
-        EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kDoubtfulBlank));
-        EXPECT_EQ(analysis.error->range, (TextRange{28, 1})) << ToUtf8(text);
+        ExpectRefused(text, std::wstring_view(&blank, 1), messages::kDoubtfulBlank);
     }
 }
 
@@ -69,14 +65,8 @@ TEST(DoubtfulText, BlanksInsideTextsAndNamesAreNoneOfTheStatement) {
 TEST(DoubtfulText, ANullCharacterIsRefusedWhereverItStands) {
     using namespace std::string_view_literals;
     for (const std::wstring_view text :
-         {L"SELECT a FROM t WHERE b = 'c\0d'"sv, L"SELECT @a\0b FROM t"sv, L"SELECT [a\0b] FROM t"sv}) {
-        model::Design design;
-        const Analysis analysis = AnalyseSQL(text, design);
-        EXPECT_FALSE(analysis.accepted);
-        ASSERT_TRUE(analysis.error);
-        EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kNullCharacter));
-        EXPECT_EQ(analysis.error->range, (TextRange{text.find(L'\0'), 1}));
-    }
+         {L"SELECT a FROM t WHERE b = 'c\0d'"sv, L"SELECT @a\0b FROM t"sv, L"SELECT [a\0b] FROM t"sv})
+        ExpectRefused(text, L"\0"sv, messages::kNullCharacter);
 }
 
 TEST(DoubtfulText, AWordThatFollowsANumberAtOnceIsRefusedAtItsPlace) {
@@ -85,26 +75,14 @@ TEST(DoubtfulText, AWordThatFollowsANumberAtOnceIsRefusedAtItsPlace) {
         {L"SELECT .577AS b FROM t", L"AS"},
         {L"SELECT 1.5b FROM t", L"b"},
     };
-    for (const auto& [text, word] : statements) {
-        model::Design design;
-        const Analysis analysis = AnalyseSQL(text, design);
-        EXPECT_FALSE(analysis.accepted) << ToUtf8(text);
-        ASSERT_TRUE(analysis.error) << ToUtf8(text);
-        EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kNumberBeforeWord));
-        EXPECT_EQ(ToUtf8(text.substr(analysis.error->range.offset, analysis.error->range.length)),
-                  ToUtf8(word));
-    }
+    for (const auto& [text, word] : statements) ExpectRefused(text, word, messages::kNumberBeforeWord);
     model::Design design;
     EXPECT_TRUE(AnalyseSQL(L"SELECT a1b, 1e3 AS c FROM t2x WHERE d3 = 1.5e+3", design).accepted);
 }
 
 TEST(DoubtfulText, ATablesAliasThatBeginsWithADigitIsRefused) {
+    ExpectRefused(L"SELECT a FROM t 8x", L"8x", messages::kTableAliasDigit);
     model::Design design;
-    const Analysis analysis = AnalyseSQL(L"SELECT a FROM t 8x", design);
-    EXPECT_FALSE(analysis.accepted);
-    ASSERT_TRUE(analysis.error);
-    EXPECT_EQ(ToUtf8(analysis.error->message), ToUtf8(messages::kTableAliasDigit));
-    EXPECT_EQ(analysis.error->range, (TextRange{16, 2}));
     EXPECT_TRUE(AnalyseSQL(L"SELECT a AS 8x FROM t", design).accepted);
 }
 
