@@ -150,7 +150,7 @@ TEST_F(DesignerCall, AConnectionThatDiesHalfWayStillOpensTheDesigner) {
 
 TEST_F(DesignerCall, AStepThatFailsIsSkippedAndTheNextOneRuns) {
     const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
-    for (const char* failing : {"LoadSchema", "SetConnection", "SetResultSQL", "SetDsn", "ShowModal"}) {
+    for (const char* failing : {"LoadSchema", "SetConnection", "ShowModal"}) {
         TheWindow() = tests::RecordedWindow();
         TheWindow().throws_in = failing;
         TheWindow().accepts = true;
@@ -164,11 +164,23 @@ TEST_F(DesignerCall, AStepThatFailsIsSkippedAndTheNextOneRuns) {
     EXPECT_EQ(Design(connection.object.Get(), L"SELECT 1").result, L"SELECT 1");
 }
 
+TEST_F(DesignerCall, AWindowThatDoesNotHoldTheStatementIsNotShown) {
+    const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
+    for (const char* failing : {"SetResultSQL", "SetDsn"}) {
+        TheWindow() = tests::RecordedWindow();
+        TheWindow().throws_in = failing;
+        TheWindow().accepts = true;
+        EXPECT_EQ(Design(connection.object.Get(), L"SELECT 1").result, L"SELECT 1") << failing;
+        EXPECT_EQ(Steps().find("ShowModal"), std::string::npos) << failing;
+        EXPECT_TRUE(Steps().ends_with("unload\nUnregisterWindowClasses\n")) << failing << '\n' << Steps();
+    }
+}
+
 TEST_F(DesignerCall, AWindowThatCannotBeMadeReturnsTheStatement) {
     const FakeConnection connection = tests::MakeConnection(Database(L"ventas"));
     TheWindow().refuses_creation = true;
     EXPECT_EQ(Design(connection.object.Get(), L"SELECT 1").result, L"SELECT 1");
-    EXPECT_EQ(Steps(), "create\nunload\n");
+    EXPECT_EQ(Steps(), "create\nunload\nUnregisterWindowClasses\n");
     TheWindow() = tests::RecordedWindow();
     TheWindow().throws_in = "create";
     EXPECT_EQ(Design(connection.object.Get(), L"SELECT 1").result, L"SELECT 1");
