@@ -1,5 +1,6 @@
 #include "analyse/faithfulness.h"
 
+#include "analyse/side_by_side.h"
 #include "analyse/statement_scope.h"
 #include "compose/compose.h"
 
@@ -45,6 +46,7 @@ Outcome CheckFaithful(const StatementScope& scope, const Canonical& canonical, c
     // statement, whatever it says.
     const bool is_whole = !left_out.where && !left_out.having;
     if (is_whole && composed.text == original.source) return std::nullopt;
+    if (is_whole && ReadsAlike(scope, canonical, composed.text)) return std::nullopt;
     const bool failed = composed.parser.Parse(composed.text);
     const sql::Statement* statement = composed.parser.GetStatement();
     if (failed || !statement || !statement->beyond.empty() || statement->Top > 0) {

@@ -1,6 +1,7 @@
 // The last step of every analysis: does the design that was built say what the statement says? It is
 // composed, the text is parsed, and both statements are compared in their normal form (normal_form.h). Only a
-// text that is the very same is not parsed again.
+// text that is the very same is not parsed, and one that is plainly the statement when it is read beside its
+// tree (side_by_side.h).
 #pragma once
 
 #include "analyse/normal_form.h"

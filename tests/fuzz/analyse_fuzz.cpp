@@ -8,6 +8,7 @@
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/fuzz/sample_database.h"
 #include "tests/laws/reading.h"
+#include "tests/laws/side_by_side.h"
 #include "tests/laws/sqlite_engine.h"
 
 using namespace tessel;
@@ -48,6 +49,17 @@ void BothGiveTheSameRows(const std::wstring& text, const std::wstring& composed)
     Check(original.rows == designed.rows, "both give the same rows", text, composed);
 }
 
+// Of the composed text, and of what a careless hand might have made of it.
+void NothingUnfoundedIsTaken(const std::wstring& text, const std::wstring& composed,
+                             const schema::Schema* schema) {
+    laws::Random random(text.size() * 1021 + composed.size());
+    std::wstring other = composed;
+    for (int spoilt = 0; spoilt < 4; ++spoilt, other = laws::Spoilt(composed, random)) {
+        const std::string wrong = laws::UnfoundedReading(text, other, schema);
+        Check(wrong.empty(), wrong.c_str());
+    }
+}
+
 void Look(const std::wstring& text, const schema::Schema* schema) {
     const laws::Reading reading = laws::Read(text, schema);
     const analyse::Analysis& analysis = reading.analysis;
@@ -58,6 +70,7 @@ void Look(const std::wstring& text, const schema::Schema* schema) {
     }
     Check(analysis.parsed, "what is accepted was parsed", text);
     if (!analysis.messages.empty()) return;
+    NothingUnfoundedIsTaken(text, reading.composed, schema);
     const std::string instability = laws::Instability(reading, schema);
     Check(instability.empty(), instability.c_str(), text, reading.composed);
     // Without the schema a bare name's table is a guess, which other fields of the table may prove wrong.
