@@ -40,6 +40,14 @@ public:
     /// taken apart only when all operands but one are truth values.
     [[nodiscard]] std::vector<sql::NodeId> ConjunctNodes(sql::NodeId id) const;
 
+    /// Whether Expression, or Condition, answers the same for both. Forms are made only where a look at the
+    /// nodes does not tell.
+    [[nodiscard]] bool HaveSameForm(sql::NodeId one, sql::NodeId other) const;
+    [[nodiscard]] bool HaveSameTruth(sql::NodeId one, sql::NodeId other) const;
+    /// True when a quick look tells that the expressions have different forms, and likewise their truths.
+    /// False says nothing.
+    [[nodiscard]] bool AreUnlike(sql::NodeId one, sql::NodeId other) const;
+
     /// True when the value can only be a truth value: a predicate, connectives of such values, or a field
     /// that the schema says is boolean.
     [[nodiscard]] bool IsTruthValue(sql::NodeId id) const;
@@ -56,6 +64,10 @@ private:
     Form MakeTested(sql::NodeId id, bool negated) const;
     Form MakeTokens(TextRange range) const;
     Form MakeTruth(sql::NodeId id, bool negated) const;
+    bool HaveSameText(sql::NodeId one, sql::NodeId other) const;
+    bool KeepsItsKind(const sql::Node& node) const;
+    bool HaveUnlikeLastParts(const sql::Node& one, const sql::Node& other) const;
+    bool HaveUnlikeParts(sql::NodeId one, sql::NodeId other) const;
     bool IsTruthTest(sql::NodeId id, sql::NodeId& tested, bool& negated) const;
     bool IsTruthFunction(const sql::Node& call) const;
     bool MayBeText(sql::NodeId id) const;

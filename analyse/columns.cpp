@@ -28,10 +28,16 @@ constexpr std::wstring_view kDescending = L"Descendente";
 constexpr std::int16_t kAscendingCode = 1;
 constexpr std::int16_t kDescendingCode = 2;
 
-/// The same for texts that differ in letter case alone.
+/// The same for texts that differ in letter case alone. A sum of products, none of which waits for another.
 std::uint32_t HashOf(std::wstring_view text) {
     std::uint32_t hash = 0;
-    for (const wchar_t ch : text) hash = (hash ^ static_cast<std::uint32_t>(LowerChar(ch))) * 0x9E3779B1u;
+    std::uint32_t weight = 0;
+    for (const wchar_t ch : TrimView(text)) {
+        weight += 0x9E3779B1u;
+        const auto code = static_cast<std::uint32_t>(ch);
+        const std::uint32_t letter = code < 0x80 ? code : static_cast<std::uint32_t>(LowerWideChar(ch));
+        hash += (letter | 0x20) * weight;
+    }
     return hash;
 }
 
@@ -41,6 +47,9 @@ TextRange PlaceOf(const sql::Statement& statement, const Item& item) {
 }
 
 }  // namespace
+
+ColumnBuilder::HashedText::HashedText(std::wstring contents)
+    : text(std::move(contents)), hash(HashOf(text)) {}
 
 ColumnBuilder::ColumnBuilder(const StatementScope& scope, const Canonical& canonical,
                              const std::vector<std::wstring>& table_names, model::Design& design)
@@ -96,21 +105,35 @@ Outcome ColumnBuilder::Write(GridRow row, int column, std::wstring_view text, Te
     return Refusal{place, std::wstring(messages::kCellTooLong)};
 }
 
-int ColumnBuilder::FindColumn(Form form) const {
-    const auto found = std::ranges::find(columns_, form, &std::pair<Form, int>::first);
-    return found == columns_.end() ? kNoColumn : found->second;
+int ColumnBuilder::FindColumn(Shown shown) const {
+    const auto is_same = [&](const Shown& other) { return AreSame(other, shown); };
+    const auto found = std::ranges::find_if(columns_, is_same, &Column::shown);
+    return found == columns_.end() ? kNoColumn : found->column;
 }
 
-bool ColumnBuilder::HasText(std::wstring_view text) const {
-    const std::wstring_view trimmed = TrimView(text);
-    const bool may_be =
-        trimmed.empty() || std::ranges::find(text_hashes_, HashOf(trimmed)) != text_hashes_.end();
-    return may_be && model::FieldCol(design_.grid, trimmed) >= 0;
+bool ColumnBuilder::AreSame(const Shown& one, const Shown& other) const {
+    if (one.node == sql::kNoNode || other.node == sql::kNoNode) return FormOf(one) == FormOf(other);
+    if (one.is_condition != other.is_condition)
+        return !canonical_.AreUnlike(one.node, other.node) && FormOf(one) == FormOf(other);
+    return one.is_condition ? canonical_.HaveSameTruth(one.node, other.node)
+                            : canonical_.HaveSameForm(one.node, other.node);
 }
 
-std::wstring ColumnBuilder::WithFreeText(std::wstring text) const {
-    while (HasText(text)) text = L"(" + text + L")";
-    return text;
+Form ColumnBuilder::FormOf(const Shown& shown) const {
+    if (shown.table != kNoTable) return canonical_.AllFields(shown.table);
+    if (shown.node == sql::kNoNode) return kNoForm;
+    return shown.is_condition ? canonical_.Condition(shown.node) : canonical_.Expression(shown.node);
+}
+
+bool ColumnBuilder::HasText(const HashedText& text) const {
+    const std::wstring_view trimmed = TrimView(text.text);
+    const auto may_be = [&](const Column& column) { return column.text_hash == text.hash; };
+    if (!trimmed.empty() && std::ranges::none_of(columns_, may_be)) return false;
+    return model::FieldCol(design_.grid, trimmed) >= 0;
+}
+
+void ColumnBuilder::MakeFree(HashedText& text) const {
+    while (HasText(text)) text = HashedText(L"(" + text.text + L")");
 }
 
 bool ColumnBuilder::IsGrouped(int column) const {
@@ -127,13 +150,12 @@ Outcome ColumnBuilder::AddSelectList() {
 Outcome ColumnBuilder::AddSelectItem(const Item& item) {
     const sql::Node& node = statement_.At(item.node);
     if (!IsBareStar(node) || StarKeepsItsOrder()) {
-        return AddSelectColumn(FieldText(item.node), statement_.Slice(item.alias),
-                               canonical_.Expression(item.node), item.range);
+        return AddSelectColumn(FieldText(item.node), statement_.Slice(item.alias), {item.node}, item.range);
     }
     for (int table = 0; table < scope_.TableCount(); ++table) {
         const std::wstring text = table_names_[static_cast<std::size_t>(table)] + L".*";
-        if (Outcome refusal = AddSelectColumn(text, L"", canonical_.AllFields(table), item.range))
-            return refusal;
+        const Shown shown{sql::kNoNode, false, table};
+        if (Outcome refusal = AddSelectColumn(text, L"", shown, item.range)) return refusal;
     }
     return std::nullopt;
 }
@@ -152,45 +174,46 @@ bool ColumnBuilder::StarKeepsItsOrder() const {
     return composed == table_names_;
 }
 
-Outcome ColumnBuilder::AddSelectColumn(std::wstring text, std::wstring_view alias, Form form,
+Outcome ColumnBuilder::AddSelectColumn(std::wstring field, std::wstring_view alias, Shown shown,
                                        TextRange place) {
     if (select_columns_.size() == static_cast<std::size_t>(model::kGridColumnCount)) {
         return Refusal{place, std::wstring(messages::kTooManyColumns)};
     }
     std::wstring_view title = alias;
     std::wstring counted;
+    HashedText text(std::move(field));
     if (HasText(text)) {
-        if (text.ends_with(L'*')) return Refusal{place, std::wstring(messages::kStarTwice)};
+        if (text.text.ends_with(L'*')) return Refusal{place, std::wstring(messages::kStarTwice)};
         // As where fields of two tables have the same name, the title tells them apart.
         const std::vector<std::wstring> parts =
-            IsQualifiedName(text) ? SplitQualified(text) : std::vector<std::wstring>();
+            IsQualifiedName(text.text) ? SplitQualified(text.text) : std::vector<std::wstring>();
         if (title.empty() && parts.size() > 1) {
             counted = model::UniqueCaption(design_.grid, -1, model::TitleOfField(parts.back()));
             title = counted;
         }
-        text = WithFreeText(std::move(text));
+        MakeFree(text);
     }
-    if (!FitsCell(text) || !FitsCell(title)) return Refusal{place, std::wstring(messages::kCellTooLong)};
-    const int column = AddColumn(text, title, model::kShow, form);
+    if (!FitsCell(text.text) || !FitsCell(title)) return Refusal{place, std::wstring(messages::kCellTooLong)};
+    const int column = AddColumn(text, title, model::kShow, shown);
     if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
     select_columns_.push_back(column);
     return std::nullopt;
 }
 
 /// A column of a text that no other column has; -1 when there is none left.
-int ColumnBuilder::AddColumn(const std::wstring& text, std::wstring_view title,
-                             model::FieldVisibility visibility, Form form) {
-    const int column = model::AddNewField(design_, text, title, visibility);
+int ColumnBuilder::AddColumn(const HashedText& text, std::wstring_view title,
+                             model::FieldVisibility visibility, Shown shown) {
+    const int column = model::AddNewField(design_, text.text, title, visibility);
     if (column < 0) return column;
-    text_hashes_.push_back(HashOf(TrimView(text)));
-    columns_.emplace_back(form, column);
+    columns_.push_back({shown, column, text.hash});
     return column;
 }
 
-Outcome ColumnBuilder::SetColumn(const model::ColInfo& record, Form form, TextRange place, int& column) {
-    const std::wstring text = WithFreeText(record.Expresion);
-    if (!FitsCell(text)) return Refusal{place, std::wstring(messages::kCellTooLong)};
-    column = AddColumn(text, L"", model::kHide, form);
+Outcome ColumnBuilder::SetColumn(model::ColInfo record, Shown shown, TextRange place, int& column) {
+    HashedText text(std::move(record.Expresion));
+    MakeFree(text);
+    if (!FitsCell(text.text)) return Refusal{place, std::wstring(messages::kCellTooLong)};
+    column = AddColumn(text, L"", model::kHide, shown);
     if (column < 0) return Refusal{place, std::wstring(messages::kTooManyColumns)};
     if (!record.GroupBy.empty()) {
         if (Outcome refusal = Write(GridRow::Agrupacion, column, record.GroupBy, place)) return refusal;
@@ -211,8 +234,8 @@ Outcome ColumnBuilder::AddGrouping() {
     for (const Item& item : statement_.GroupItems) {
         const TextRange place = PlaceOf(statement_, item);
         if (MayBeOrdinal(item.node)) return Refusal{place, std::wstring(messages::kGroupOrdinal)};
-        const Form form = canonical_.Expression(item.node);
-        int column = FindColumn(form);
+        const Shown shown{item.node};
+        int column = FindColumn(shown);
         if (column != kNoColumn) {
             if (Outcome refusal = Write(GridRow::Agrupacion, column, kGrouped, place)) return refusal;
             continue;
@@ -222,7 +245,7 @@ Outcome ColumnBuilder::AddGrouping() {
         const NodeId inner = WithoutParens(statement_, item.node);
         record.Expresion = FieldText(canonical_.IsTruthValue(inner) ? item.node : inner);
         record.GroupBy = kGrouped;
-        if (Outcome refusal = SetColumn(record, form, place, column)) return refusal;
+        if (Outcome refusal = SetColumn(std::move(record), shown, place, column)) return refusal;
     }
     if (!is_totals_) return std::nullopt;
     for (const int column : select_columns_) {
@@ -248,10 +271,10 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
         selected == kOwnExpression ? item.node : statement_.Columns[static_cast<std::size_t>(selected)].node;
     // Neither a constant of the select list nor sorting again by the same key changes anything.
     if (selected != kOwnExpression && IsSameForEveryRow(statement_, node)) return std::nullopt;
-    const Form form = canonical_.Expression(node);
-    int column = FindColumn(form);
-    if (std::ranges::find(sorted_, form) != sorted_.end()) return std::nullopt;
-    sorted_.push_back(form);
+    const auto is_same = [&](NodeId key) { return canonical_.HaveSameForm(key, node); };
+    if (std::ranges::any_of(sorted_, is_same)) return std::nullopt;
+    sorted_.push_back(node);
+    int column = FindColumn({node});
     if (column > last_column) {
         last_column = column;
         const std::wstring_view direction = item.descending ? kDescending : kAscending;
@@ -262,7 +285,7 @@ Outcome ColumnBuilder::AddSortKey(const Item& item, int& last_column) {
     record.Expresion = FieldText(WithoutParens(statement_, node));
     record.OrderBy = item.descending ? kDescendingCode : kAscendingCode;
     if (is_totals_) record.GroupBy = kExpression;
-    if (Outcome refusal = SetColumn(record, form, place, column)) return refusal;
+    if (Outcome refusal = SetColumn(std::move(record), {node}, place, column)) return refusal;
     last_column = column;
     return std::nullopt;
 }
@@ -272,7 +295,7 @@ Outcome ColumnBuilder::KeepGroupBy() {
     model::ColInfo record;
     record.Expresion = L"Count(*)";
     int column = kNoColumn;
-    return SetColumn(record, kNoForm, PlaceOf(statement_, statement_.GroupItems.front()), column);
+    return SetColumn(std::move(record), {}, PlaceOf(statement_, statement_.GroupItems.front()), column);
 }
 
 }  // namespace tessel::analyse

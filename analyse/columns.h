@@ -32,10 +32,17 @@ public:
     /// A query that groups without any aggregate: a hidden count makes composition write GROUP BY.
     [[nodiscard]] Outcome KeepGroupBy();
 
-    /// The column that shows the expression of that form, or kNoColumn.
-    int FindColumn(Form form) const;
+    /// What a column shows: an expression, its truth, or all fields of a table.
+    struct Shown {
+        sql::NodeId node = sql::kNoNode;
+        bool is_condition = false;
+        int table = kNoTable;
+    };
+
+    /// The first column that shows the same, or kNoColumn.
+    int FindColumn(Shown shown) const;
     /// Adds a hidden column from the record; the position is where to point when it cannot be done.
-    [[nodiscard]] Outcome SetColumn(const model::ColInfo& record, Form form, TextRange place, int& column);
+    [[nodiscard]] Outcome SetColumn(model::ColInfo record, Shown shown, TextRange place, int& column);
 
     /// Keeps composition from seeing the aggregates. A filter in a totals query without GROUP BY is composed
     /// into WHERE and GROUP BY, which would turn the one row of an empty result into none; without visible
@@ -58,17 +65,31 @@ public:
     const std::wstring& Cell(model::GridRow row, int column) const { return design_.grid.Cell(row, column); }
 
 private:
-    bool HasText(std::wstring_view text) const;
-    /// The text in as many parentheses as tell it from those of the other columns, for the grid holds no text
-    /// twice.
-    std::wstring WithFreeText(std::wstring text) const;
+    struct Column {
+        Shown shown;
+        int column = kNoColumn;
+        std::uint32_t text_hash = 0;
+    };
+    /// A text for "Campo:".
+    struct HashedText {
+        explicit HashedText(std::wstring contents);
+        std::wstring text;
+        std::uint32_t hash;  ///< the same for texts that differ in letter case or in blanks around
+    };
+
+    bool AreSame(const Shown& one, const Shown& other) const;
+    Form FormOf(const Shown& shown) const;
+    bool HasText(const HashedText& text) const;
+    /// Puts the text in as many parentheses as tell it from those of the other columns, for the grid holds no
+    /// text twice.
+    void MakeFree(HashedText& text) const;
     bool ComputesTotals() const;
     bool MayBeOrdinal(sql::NodeId node) const;
     bool StarKeepsItsOrder() const;
     Outcome AddSelectItem(const sql::Item& item);
-    Outcome AddSelectColumn(std::wstring text, std::wstring_view alias, Form form, TextRange place);
-    int AddColumn(const std::wstring& text, std::wstring_view title, model::FieldVisibility visibility,
-                  Form form);
+    Outcome AddSelectColumn(std::wstring field, std::wstring_view alias, Shown shown, TextRange place);
+    int AddColumn(const HashedText& text, std::wstring_view title, model::FieldVisibility visibility,
+                  Shown shown);
     Outcome AddSortKey(const sql::Item& item, int& last_column);
 
     const StatementScope& scope_;
@@ -78,10 +99,9 @@ private:
     const std::vector<std::wstring>& table_names_;
     std::vector<std::wstring> alias_replacements_;  ///< table names for the tables that have an alias
     bool has_aliases_ = false;
-    std::vector<std::pair<Form, int>> columns_;  ///< what they show; the first of a form counts
-    std::vector<std::uint32_t> text_hashes_;     ///< of the texts in "Campo:" without regard to case
-    std::vector<Form> sorted_;                   ///< the sort keys so far
-    std::vector<int> select_columns_;            ///< of the select list
+    std::vector<Column> columns_;
+    std::vector<sql::NodeId> sorted_;  ///< the sort keys so far
+    std::vector<int> select_columns_;  ///< of the select list
     bool is_totals_ = false;
     bool hides_aggregates_ = false;
 };

@@ -21,6 +21,8 @@ constexpr std::wstring_view kIsTrue = L"=True";
 constexpr std::wstring_view kIsNotFalse = L"<> False";
 /// Criteria of one column.
 constexpr std::size_t kMostCells = 2;
+/// That are compared each with each.
+constexpr std::size_t kFewExpressions = 12;
 
 /// True when an OR stands among the connectives of the condition, parentheses and NOT passed through.
 bool HasAlternatives(const sql::Statement& statement, NodeId id) {
@@ -68,18 +70,31 @@ bool CriteriaBuilder::CriteriaFit(NodeId root) const {
 // No expression may stand in two of the comparisons that must hold together.
 bool CriteriaBuilder::GroupFits(NodeId id) const {
     if (HasAlternatives(statement_, id)) return false;
-    std::vector<Form> compared;
+    std::vector<NodeId> compared;
     for (const NodeId operand : OperandsOf(statement_, id, LogicalOp::And)) {
         if (const auto comparison = ReadComparison(operand)) {
-            compared.push_back(comparison->form);
+            compared.push_back(comparison->expression.node);
             continue;
         }
         bool negated = false;
         const NodeId group = WithoutNot(statement_, operand, negated);
         if (IsLogical(statement_.At(group), LogicalOp::And) && !GroupFits(group)) return false;
     }
-    std::ranges::sort(compared);
-    return std::ranges::adjacent_find(compared) == compared.end();
+    return AllDiffer(compared);
+}
+
+bool CriteriaBuilder::AllDiffer(const std::vector<NodeId>& expressions) const {
+    if (expressions.size() > kFewExpressions) {
+        std::vector<Form> forms;
+        for (const NodeId id : expressions) forms.push_back(canonical_.Expression(id));
+        std::ranges::sort(forms);
+        return std::ranges::adjacent_find(forms) == forms.end();
+    }
+    for (auto one = expressions.begin(); one != expressions.end(); ++one) {
+        const auto is_same = [&](NodeId other) { return canonical_.HaveSameForm(*one, other); };
+        if (std::any_of(one + 1, expressions.end(), is_same)) return false;
+    }
+    return true;
 }
 
 // Alternatives that are not the two cells of one column are shown whole.
@@ -92,7 +107,7 @@ bool CriteriaBuilder::AreCellsOfOneColumn(const std::vector<NodeId>& alternative
     if (alternatives.size() != 2) return false;
     const auto first = ReadComparison(alternatives[0]);
     const auto second = ReadComparison(alternatives[1]);
-    return first && second && first->form == second->form;
+    return first && second && canonical_.HaveSameForm(first->expression.node, second->expression.node);
 }
 
 bool CriteriaBuilder::ColumnStandsRight(NodeId left, NodeId right) const {
@@ -121,8 +136,7 @@ std::optional<CriteriaBuilder::Comparison> CriteriaBuilder::ReadComparison(NodeI
     }
     if (negated) op = Opposite(op);
     Comparison comparison;
-    comparison.expression = WithoutParens(statement_, left);
-    comparison.form = canonical_.Expression(left);
+    comparison.expression = {WithoutParens(statement_, left)};
     comparison.sign = Sign(op);
     comparison.value = right;
     return comparison;
@@ -163,15 +177,15 @@ Outcome CriteriaBuilder::FillAlternatives(NodeId id) {
     }
     const auto first = ReadComparison(alternatives[0]);
     const auto second = ReadComparison(alternatives[1]);
-    if (!first || !second || !MayFilter(first->form)) return FillWhole(id);
-    return AddCells(first->expression, first->form, {CellTextOf(*first), CellTextOf(*second)}, PlaceOf(id));
+    if (!first || !second || !MayFilter(first->expression)) return FillWhole(id);
+    return AddCells(first->expression, {CellTextOf(*first), CellTextOf(*second)}, PlaceOf(id));
 }
 
 // What was composed from parts stays in parts, although it may be shorter than the text they came from.
 bool CriteriaBuilder::FitsWhole(NodeId id, NodeId first) const {
     const bool takes_parts = clause_ == Clause::Where && !columns_.IsTotals();
     const bool is_part = TestedPredicate(first) != sql::kNoNode;
-    if (takes_parts && is_part && columns_.FindColumn(canonical_.Condition(first)) == kNoColumn) return false;
+    if (takes_parts && is_part && columns_.FindColumn({first, true}) == kNoColumn) return false;
     return Utf16Length(WholeText(id)) <= model::kMaxCellLength;
 }
 
@@ -181,7 +195,7 @@ Outcome CriteriaBuilder::FillInParts(const std::vector<NodeId>& alternatives, Te
     const Refusal too_long{place, std::wstring(messages::kCellTooLong)};
     if (clause_ == Clause::Having || columns_.IsTotals()) return too_long;
     // Composed from two cells, the text repeats the first alternative.
-    const Form form = canonical_.Condition(alternatives.front());
+    const Shown first{alternatives.front(), true};
     std::wstring expression;
     std::vector<std::wstring> cells;
     for (const NodeId alternative : alternatives) {
@@ -191,7 +205,7 @@ Outcome CriteriaBuilder::FillInParts(const std::vector<NodeId>& alternatives, Te
             expression = WholeText(shown);
             continue;
         }
-        if (tested != sql::kNoNode && canonical_.Condition(tested) == form) continue;
+        if (tested != sql::kNoNode && canonical_.HaveSameTruth(tested, first.node)) continue;
         const std::wstring text = columns_.CellText(shown);
         const std::wstring longer =
             cells.empty() ? text : cells.back().substr(0, cells.back().size() - 1) + L" OR " + text + L")";
@@ -203,17 +217,17 @@ Outcome CriteriaBuilder::FillInParts(const std::vector<NodeId>& alternatives, Te
             return too_long;
         }
     }
-    if (cells.empty() || columns_.FindColumn(form) != kNoColumn) return too_long;
+    if (cells.empty() || columns_.FindColumn(first) != kNoColumn) return too_long;
     int column = kNoColumn;
-    if (Outcome refusal = AddColumn(std::move(expression), form, place, column)) return refusal;
+    if (Outcome refusal = AddColumn(std::move(expression), first, place, column)) return refusal;
     if (Outcome refusal = columns_.Write(GridRow::Condicion, column, cells[0], place)) return refusal;
     return cells.size() > 1 ? columns_.Write(GridRow::Or, column, cells[1], place) : std::nullopt;
 }
 
 Outcome CriteriaBuilder::FillPredicate(NodeId id) {
     if (const auto comparison = ReadComparison(id)) {
-        if (!MayFilter(comparison->form)) return FillWhole(id);
-        return AddCells(comparison->expression, comparison->form, {CellTextOf(*comparison)}, PlaceOf(id));
+        if (!MayFilter(comparison->expression)) return FillWhole(id);
+        return AddCells(comparison->expression, {CellTextOf(*comparison)}, PlaceOf(id));
     }
     bool negated = false;
     const NodeId compared = WithoutNot(statement_, id, negated);
@@ -225,20 +239,21 @@ Outcome CriteriaBuilder::FillPredicate(NodeId id) {
 
 // A condition that is only a value. A number that is not zero holds too, although it does not equal True.
 Outcome CriteriaBuilder::FillBareCondition(NodeId id) {
-    const Form form = canonical_.Expression(id);
-    if (!MayFilter(form)) return FillWhole(id);
+    const Shown value{id};
+    if (!MayFilter(value)) return FillWhole(id);
     const std::wstring_view cell = canonical_.IsTruthValue(id) ? kIsTrue : kIsNotFalse;
-    return AddCells(id, form, {std::wstring(cell)}, PlaceOf(id));
+    return AddCells(value, {std::wstring(cell)}, PlaceOf(id));
 }
 
 Outcome CriteriaBuilder::FillWhole(NodeId id) {
-    const Form form = canonical_.Condition(id);
+    const Shown condition{id, true};
     // The same condition again changes nothing.
-    if (std::ranges::find(shown_whole_, form) != shown_whole_.end()) return std::nullopt;
-    shown_whole_.push_back(form);
-    int column = UsableColumn(form);
+    const auto is_same = [&](NodeId other) { return canonical_.HaveSameTruth(other, id); };
+    if (std::ranges::any_of(shown_whole_, is_same)) return std::nullopt;
+    shown_whole_.push_back(id);
+    int column = UsableColumn(condition);
     if (column == kNoColumn) {
-        if (Outcome refusal = AddColumn(WholeText(id), form, PlaceOf(id), column)) return refusal;
+        if (Outcome refusal = AddColumn(WholeText(id), condition, PlaceOf(id), column)) return refusal;
     }
     return columns_.Write(GridRow::Condicion, column, kIsTrue, PlaceOf(id));
 }
@@ -254,14 +269,13 @@ std::wstring CriteriaBuilder::WholeText(NodeId id) const {
     return ColumnBuilder::FittedText(L"(" + text + L")");
 }
 
-Outcome CriteriaBuilder::AddCells(NodeId expression, Form form, const std::vector<std::wstring>& cells,
-                                  TextRange place) {
-    int column = UsableColumn(form);
+Outcome CriteriaBuilder::AddCells(Shown shown, const std::vector<std::wstring>& cells, TextRange place) {
+    int column = UsableColumn(shown);
     if (column == kNoColumn) {
-        const bool bare = BindsTighterThanComparison(statement_, expression);
-        std::wstring text = ExpressionText(expression, bare ? L"" : L"(");
+        const bool bare = BindsTighterThanComparison(statement_, shown.node);
+        std::wstring text = ExpressionText(shown.node, bare ? L"" : L"(");
         if (!bare) text = L"(" + text + L")";
-        if (Outcome refusal = AddColumn(std::move(text), form, place, column)) return refusal;
+        if (Outcome refusal = AddColumn(std::move(text), shown, place, column)) return refusal;
     }
     if (Outcome refusal = columns_.Write(GridRow::Condicion, column, cells[0], place)) return refusal;
     return cells.size() > 1 ? columns_.Write(GridRow::Or, column, cells[1], place) : std::nullopt;
@@ -270,8 +284,8 @@ Outcome CriteriaBuilder::AddCells(NodeId expression, Form form, const std::vecto
 // Whether criteria may stand in a column of that expression: composition groups by it in a totals query, so
 // it must be grouped anyway; and criteria of another condition, which are alternatives there, must not be in
 // it.
-bool CriteriaBuilder::MayFilter(Form form) const {
-    const int column = columns_.FindColumn(form);
+bool CriteriaBuilder::MayFilter(Shown shown) const {
+    const int column = columns_.FindColumn(shown);
     if (column != kNoColumn && !TrimView(columns_.Cell(GridRow::Condicion, column)).empty()) return false;
     if (clause_ == Clause::Having || !columns_.IsTotals()) return true;
     return column != kNoColumn && columns_.IsGrouped(column);
@@ -279,21 +293,21 @@ bool CriteriaBuilder::MayFilter(Form form) const {
 
 /// The column that shows the expression and from which composition writes criteria of this clause, or
 /// kNoColumn.
-int CriteriaBuilder::UsableColumn(Form form) const {
-    const int column = columns_.FindColumn(form);
+int CriteriaBuilder::UsableColumn(Shown shown) const {
+    const int column = columns_.FindColumn(shown);
     if (column == kNoColumn) return kNoColumn;
     if (clause_ == Clause::Having)
         return IsAggregate(columns_.Cell(GridRow::Campo, column)) ? column : kNoColumn;
     return !columns_.IsTotals() || columns_.IsGrouped(column) ? column : kNoColumn;
 }
 
-Outcome CriteriaBuilder::AddColumn(std::wstring text, Form form, TextRange place, int& column) {
+Outcome CriteriaBuilder::AddColumn(std::wstring text, Shown shown, TextRange place, int& column) {
     if (clause_ == Clause::Having && !IsAggregate(text)) {
         return Refusal{place, std::wstring(messages::kHavingWithoutAggregate)};
     }
     model::ColInfo record;
     record.Expresion = std::move(text);
-    return columns_.SetColumn(record, form, place, column);
+    return columns_.SetColumn(std::move(record), shown, place, column);
 }
 
 // The aggregate test of the composition knows an aggregate's name by the sign before it, which may be a blank

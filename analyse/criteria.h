@@ -40,16 +40,18 @@ public:
     [[nodiscard]] Outcome FillCriteria(sql::NodeId root, bool alone);
 
 private:
+    using Shown = ColumnBuilder::Shown;
+
     /// A comparison as a cell shows it.
     struct Comparison {
-        sql::NodeId expression = sql::kNoNode;
-        Form form = kNoForm;  ///< of the expression
+        Shown expression;
         std::wstring_view sign;
         sql::NodeId value = sql::kNoNode;
     };
 
     bool GroupFits(sql::NodeId id) const;
     bool AlternativesFit(sql::NodeId id) const;
+    bool AllDiffer(const std::vector<sql::NodeId>& expressions) const;
     bool AreCellsOfOneColumn(const std::vector<sql::NodeId>& alternatives) const;
     std::optional<Comparison> ReadComparison(sql::NodeId id) const;
     bool ColumnStandsRight(sql::NodeId left, sql::NodeId right) const;
@@ -62,11 +64,10 @@ private:
     Outcome FillBareCondition(sql::NodeId id);
     Outcome FillWhole(sql::NodeId id);
     std::wstring WholeText(sql::NodeId id) const;
-    Outcome AddCells(sql::NodeId expression, Form form, const std::vector<std::wstring>& cells,
-                     TextRange place);
-    bool MayFilter(Form form) const;
-    int UsableColumn(Form form) const;
-    Outcome AddColumn(std::wstring text, Form form, TextRange place, int& column);
+    Outcome AddCells(Shown shown, const std::vector<std::wstring>& cells, TextRange place);
+    bool MayFilter(Shown shown) const;
+    int UsableColumn(Shown shown) const;
+    Outcome AddColumn(std::wstring text, Shown shown, TextRange place, int& column);
     std::wstring ExpressionText(sql::NodeId id, std::wstring_view before) const;
     std::wstring CellTextOf(const Comparison& comparison) const;
     TextRange PlaceOf(sql::NodeId id) const { return statement_.At(id).Range(); }
@@ -75,7 +76,7 @@ private:
     const sql::Statement& statement_;
     ColumnBuilder& columns_;
     Clause clause_;
-    std::vector<Form> shown_whole_;  ///< forms of the conditions that have a column of their own
+    std::vector<sql::NodeId> shown_whole_;  ///< the conditions that have a column of their own
 };
 
 }  // namespace tessel::analyse

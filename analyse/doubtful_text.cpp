@@ -51,14 +51,20 @@ bool IsDoubtfulBlank(wchar_t ch) {
     return ch == L'\v' || (static_cast<std::uint32_t>(ch) >= 0x80 && sql::Is(ch, sql::kBlank));
 }
 
-bool IsDigitBeforeLetter(wchar_t first, wchar_t second) {
-    return first >= L'0' && first <= L'9' && sql::Is(second, sql::kWordStart);
-}
-
 /// Hardly a text has comments, such a blank or a digit before a letter; the others need no second look.
 bool MayBeDoubtful(std::wstring_view text, bool has_comments) {
-    return has_comments || std::ranges::any_of(text, IsDoubtfulBlank) ||
-           std::ranges::adjacent_find(text, IsDigitBeforeLetter) != text.end();
+    if (has_comments) return true;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto code = static_cast<std::uint32_t>(text[at]);
+        if (code < 0x80) {
+            const bool is_digit = code - L'0' < 10;
+            if (is_digit && at + 1 < text.size() && sql::Is(text[at + 1], sql::kWordStart)) return true;
+            if (code == L'\v') return true;
+        } else if (sql::Is(text[at], sql::kBlank)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace

@@ -24,6 +24,9 @@ constexpr std::wstring_view kPureFunctions[] = {
     L"str",         L"switch",     L"trim",      L"ucase",   L"upper",  L"val",       L"weekday",
     L"weekdayname", L"year"};
 
+/// That are compared each with each.
+constexpr std::size_t kFewKeys = 12;
+
 /// A control of an open form or report: one value for the whole statement.
 bool IsFormReference(const Forms& forms, const StatementScope::NameParts& name) {
     if (name.count <= 2) return false;
@@ -35,16 +38,23 @@ bool IsFormReference(const Forms& forms, const StatementScope::NameParts& name) 
 
 GroupConditions::GroupConditions(const StatementScope& scope, const Canonical& canonical)
     : scope_(scope), canonical_(canonical), statement_(scope.Source()) {
+    if (statement_.GroupItems.size() <= kFewKeys) return;
     for (const sql::Item& item : statement_.GroupItems) keys_.push_back(canonical.Expression(item.node));
     MakeSet(keys_);
 }
 
+bool GroupConditions::IsKey(NodeId id) const {
+    if (!keys_.empty()) return Holds(keys_, canonical_.Expression(id));
+    return std::ranges::any_of(statement_.GroupItems,
+                               [&](const sql::Item& item) { return canonical_.HaveSameForm(item.node, id); });
+}
+
 bool GroupConditions::MayStandInWhere(NodeId condition) const {
-    return !keys_.empty() && DependsOnKeys(condition) && !NamesAnAlias(condition);
+    return !statement_.GroupItems.empty() && DependsOnKeys(condition) && !NamesAnAlias(condition);
 }
 
 bool GroupConditions::DependsOnKeys(NodeId id) const {
-    if (Holds(keys_, canonical_.Expression(id))) return true;
+    if (IsKey(id)) return true;
     const sql::Node& node = statement_.At(id);
     switch (node.kind) {
         case NodeKind::Number:
@@ -80,12 +90,11 @@ bool GroupConditions::DependsOnKeys(NodeId id) const {
 }
 
 bool GroupConditions::IsCallOfKeys(NodeId id) const {
-    std::vector<NodeId> children = ChildrenOf(statement_, id);
-    std::wstring name = IdentifierKey(statement_.Slice(statement_.At(children.front()).Range()));
+    const NodeId callee = statement_.At(id).first_child;
+    std::wstring name = IdentifierKey(statement_.Slice(statement_.At(callee).Range()));
     if (name.ends_with(L'$')) name.pop_back();
     if (std::ranges::find(kPureFunctions, name) == std::end(kPureFunctions)) return false;
-    children.erase(children.begin());
-    return std::ranges::all_of(children, [&](NodeId child) { return DependsOnKeys(child); });
+    return AllChildren(statement_, id, [&](NodeId child) { return child == callee || DependsOnKeys(child); });
 }
 
 // Some engines let HAVING, but not WHERE, call a column by its alias.
@@ -98,9 +107,7 @@ bool GroupConditions::NamesAnAlias(NodeId id) const {
     if (name.count != 1) return false;
     for (std::size_t index = 0; index < statement_.Columns.size(); ++index) {
         const NodeId column = statement_.Columns[index].node;
-        if (scope_.AliasKey(index) == name.first &&
-            canonical_.Expression(column) != canonical_.Expression(id))
-            return true;
+        if (scope_.AliasKey(index) == name.first && !canonical_.HaveSameForm(column, id)) return true;
     }
     return false;
 }

@@ -22,6 +22,7 @@ public:
     [[nodiscard]] bool MayStandInWhere(sql::NodeId condition) const;
 
 private:
+    bool IsKey(sql::NodeId id) const;
     bool DependsOnKeys(sql::NodeId id) const;
     bool IsCallOfKeys(sql::NodeId id) const;
     bool NamesAnAlias(sql::NodeId id) const;
@@ -29,7 +30,7 @@ private:
     const StatementScope& scope_;
     const Canonical& canonical_;
     const sql::Statement& statement_;
-    FormSet keys_;  ///< canonical forms of GROUP BY
+    FormSet keys_;  ///< canonical forms of GROUP BY, when they are many
 };
 
 }  // namespace tessel::analyse

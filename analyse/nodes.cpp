@@ -49,15 +49,6 @@ bool IsAggregateCall(const Statement& statement, const Node& node) {
 
 }  // namespace
 
-std::vector<NodeId> ChildrenOf(const Statement& statement, NodeId id) {
-    std::vector<NodeId> children;
-    for (NodeId child = statement.At(id).first_child; child != sql::kNoNode;
-         child = statement.At(child).next) {
-        children.push_back(child);
-    }
-    return children;
-}
-
 NodeId WithoutParens(const Statement& statement, NodeId id) {
     while (statement.At(id).kind == NodeKind::Paren) {
         const NodeId inner = statement.At(id).first_child;

@@ -9,8 +9,6 @@
 
 namespace tessel::analyse {
 
-[[nodiscard]] std::vector<sql::NodeId> ChildrenOf(const sql::Statement& statement, sql::NodeId id);
-
 template <class Test>
 [[nodiscard]] bool AllChildren(const sql::Statement& statement, sql::NodeId id, Test test) {
     for (sql::NodeId child = statement.At(id).first_child; child != sql::kNoNode;

@@ -126,7 +126,6 @@ int SelectItemOfSortKey(const StatementScope& scope, const Canonical& canonical,
     const StatementScope::NameParts name = scope.PartsOf(inner);
     if (name.count != 1) return kOwnExpression;
 
-    const Form as_field = canonical.Expression(inner);
     bool is_field = AnyTableMayHave(scope, name.first);
     bool is_other_column = StarMayBring(scope, name.first);
     bool is_field_itself = false;
@@ -134,7 +133,7 @@ int SelectItemOfSortKey(const StatementScope& scope, const Canonical& canonical,
     int by_field = kOwnExpression;
     for (std::size_t index = 0; index < statement.Columns.size(); ++index) {
         const Item& item = statement.Columns[index];
-        const bool same_expression = canonical.Expression(item.node) == as_field;
+        const bool same_expression = canonical.HaveSameForm(item.node, inner);
         is_field = is_field || same_expression;
         const NodeId aliased = WithoutParens(statement, item.node);
         const bool is_name = statement.At(aliased).kind == NodeKind::Name;

@@ -36,7 +36,8 @@ StatementScope::StatementScope(const Statement& statement, const schema::Schema*
       schema_(schema),
       forms_(forms),
       tables_of_names_(statement.nodes.size(), kUnasked),
-      keys_(statement.nodes.size(), kNoForm) {
+      keys_(statement.nodes.size(), kNoForm),
+      alias_keys_(statement.Columns.size(), kNoForm) {
     tables_.reserve(statement.Tables.size());
     for (const TableRef& reference : statement.Tables) {
         const Form called = CallingKey(statement, reference);
@@ -47,9 +48,6 @@ StatementScope::StatementScope(const Statement& statement, const schema::Schema*
         tables_.push_back({key, false, nullptr});
     }
     MarkRepeatedTables();
-    alias_keys_.reserve(statement.Columns.size());
-    for (const sql::Item& item : statement.Columns)
-        alias_keys_.push_back(forms.Identifier(statement.Slice(item.alias)));
 }
 
 std::vector<Form> StatementScope::UnqualifiedNames() const {
@@ -195,6 +193,12 @@ StatementScope::NameParts StatementScope::PartsOf(NodeId name) const {
 Form StatementScope::KeyOf(NodeId part) const {
     Form& key = keys_[part];
     if (key == kNoForm) key = forms_.Identifier(statement_.Slice(statement_.At(part).Range()));
+    return key;
+}
+
+Form StatementScope::AliasKey(std::size_t item) const {
+    Form& key = alias_keys_[item];
+    if (key == kNoForm) key = forms_.Identifier(statement_.Slice(statement_.Columns[item].alias));
     return key;
 }
 

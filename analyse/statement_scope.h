@@ -62,7 +62,7 @@ public:
     /// The key of a NamePart of this statement.
     Form KeyOf(sql::NodeId part) const;
     /// The key of a select item's alias; that of an empty text when it has none.
-    Form AliasKey(std::size_t item) const { return alias_keys_[item]; }
+    Form AliasKey(std::size_t item) const;
 
     /// The text of the range with every reference to table i replaced by `names[i]`; an empty name leaves the
     /// reference as it was written.
@@ -99,10 +99,10 @@ private:
     Forms& forms_;
     std::vector<Table> tables_;
     std::vector<int> tables_called_;  ///< by calling key
-    /// What TableOfName and KeyOf answer for a node, kUnasked and kNoForm before they were asked.
+    /// What TableOfName, KeyOf and AliasKey answer, kUnasked and kNoForm before they were asked.
     mutable std::vector<int> tables_of_names_;
     mutable std::vector<Form> keys_;
-    std::vector<Form> alias_keys_;
+    mutable std::vector<Form> alias_keys_;
     /// Collected when they are first asked for; many statements name no alias whose name would matter.
     mutable std::vector<Reference> references_;
     mutable bool has_references_ = false;

@@ -150,6 +150,11 @@ std::wstring Unbracketed(std::wstring_view name) {
 }
 
 bool SameIdentifier(std::wstring_view a, std::wstring_view b) {
+    if (a == b) return true;
+    const auto is_bare = [](std::wstring_view name) {
+        return !name.empty() && IsIdentifierStart(name.front()) && name.back() != L' ';
+    };
+    if (is_bare(a) && is_bare(b)) return SameIgnoringCase(a, b);
     const std::optional<std::wstring_view> first = PlainName(a);
     const std::optional<std::wstring_view> second = PlainName(b);
     if (first && second) return SameIgnoringCase(*first, *second);

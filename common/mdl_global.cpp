@@ -56,6 +56,7 @@ constexpr std::array<ADOTypeInfo, 40> kADOTypes = {{
 constexpr std::wstring_view kInvalidArgument = L"Argumento o llamada a procedimiento no válidos.";
 
 // What may stand before a function word and after it: every pair of these is an accepted pattern.
+// None of them stands behind "/".
 constexpr bool MayStandBeforeWord(wchar_t ch) {
     return ch == L' ' || ch == L'+' || ch == L'-' || ch == L'/' || ch == L')' || ch == L'*';
 }
@@ -135,10 +136,12 @@ std::wstring_view ADOTypeName(int code) {
 // One pass over the text and no allocation: composition asks this of every column, several times a statement.
 bool IsAggregate(std::wstring_view expression) {
     constexpr std::wstring_view kWords[] = {L"sum", L"count", L"compute", L"avg", L"min", L"max"};
-    if (expression.empty()) return false;
+    // Behind the word stands one of these, which names of fields hardly ever hold.
+    if (expression.find(L'(') == expression.npos && expression.find(L' ') == expression.npos) return false;
     const auto starts = [&](std::wstring_view word) { return StartsWithWord(expression, word); };
     if (MayBeginWord(expression.front()) && std::ranges::any_of(kWords, starts)) return true;
     for (std::size_t at = 1; at < expression.size(); ++at) {
+        if (expression[at - 1] > L'/') continue;
         if (!MayStandBeforeWord(expression[at - 1]) || !MayBeginWord(expression[at])) continue;
         const auto is_here = [&](std::wstring_view word) { return HasWordAt(expression, at, word); };
         if (std::ranges::any_of(kWords, is_here)) return true;

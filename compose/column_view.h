@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "model/design_grid.h"
+#include "model/diagram.h"
 #include "model/records.h"
 
 namespace tessel::compose {
@@ -41,5 +42,8 @@ void AppendWhere(const ColumnViews& columns, std::wstring& text);
 void AppendGroupBy(const ColumnViews& columns, std::wstring& text);
 void AppendHaving(const ColumnViews& columns, std::wstring& text);
 void AppendOrderBy(const ColumnViews& columns, std::wstring& text);
+
+/// The tables and joins of FROM (joins.cpp).
+void AppendFrom(const model::Diagram& diagram, std::wstring& text);
 
 }  // namespace tessel::compose

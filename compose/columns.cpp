@@ -10,6 +10,8 @@ namespace tessel::compose {
 
 namespace {
 
+using namespace std::string_view_literals;
+
 constexpr std::wstring_view kGroupExpression = L"expresión";
 constexpr std::int16_t kAscending = 1;
 constexpr std::int16_t kDescending = 2;
@@ -44,7 +46,7 @@ bool IsExpressionGroup(const ColumnView& column) {
 
 /// Appends ", " unless nothing stands behind `begin`.
 void Separate(std::wstring& text, std::size_t begin) {
-    if (text.size() > begin) text += L", ";
+    if (text.size() > begin) text += L", "sv;
 }
 
 }  // namespace
@@ -71,7 +73,7 @@ void AppendExpression(const ColumnView& column, std::wstring& text) {
 void AppendSelectItem(const ColumnView& column, std::wstring& text) {
     AppendExpression(column, text);
     if (TrimView(column.Alias).empty()) return;
-    text += L" AS ";
+    text += L" AS "sv;
     text += column.Alias;
 }
 
@@ -79,7 +81,7 @@ void AppendSelectList(const ColumnViews& columns, std::wstring& text) {
     bool first = true;
     for (const ColumnView& column : columns) {
         if (!column.Visible) continue;
-        if (!first) text += L", ";
+        if (!first) text += L", "sv;
         AppendSelectItem(column, text);
         first = false;
     }

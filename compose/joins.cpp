@@ -6,30 +6,47 @@
 #include <vector>
 
 #include "common/text.h"
+#include "compose/column_view.h"
 #include "compose/compose.h"
 
 namespace tessel::compose {
 
 namespace {
 
-using NameNumbers = std::unordered_map<std::wstring, int>;
+using namespace std::string_view_literals;
 
-int NumberOf(std::wstring name, NameNumbers& numbers) {
-    return numbers.emplace(std::move(name), static_cast<int>(numbers.size())).first->second;
-}
+/// Numbers for names, the same for names that differ in letter case alone. The names stay where they are.
+class NameNumbers {
+public:
+    int NumberOf(std::wstring_view name) {
+        return numbers_.emplace(name, static_cast<int>(numbers_.size())).first->second;
+    }
 
-/// A name that decides about a relation's place in a chain: two tests compare it in lower case, one of them
-/// trimmed too. Equal texts have equal numbers.
+private:
+    struct Hash {
+        std::size_t operator()(std::wstring_view name) const {
+            std::size_t hash = name.size();
+            for (const wchar_t ch : name) hash = hash * 31 + static_cast<std::size_t>(LowerChar(ch));
+            return hash;
+        }
+    };
+    struct Same {
+        bool operator()(std::wstring_view a, std::wstring_view b) const { return SameIgnoringCase(a, b); }
+    };
+
+    std::unordered_map<std::wstring_view, int, Hash, Same> numbers_;
+};
+
+/// A name that decides about a relation's place in a chain: two tests compare it without regard to letter
+/// case, one of them trimmed too. Equal texts have equal numbers.
 struct ChainName {
-    int lowered = 0;
+    int whole = 0;
     int trimmed = 0;
 
     ChainName(std::wstring_view name, NameNumbers& numbers) {
-        std::wstring text = Lower(name);
-        const std::wstring_view bare = TrimView(text);
-        trimmed = bare.size() == text.size() ? -1 : NumberOf(std::wstring(bare), numbers);
-        lowered = NumberOf(std::move(text), numbers);
-        if (trimmed < 0) trimmed = lowered;
+        const std::wstring_view bare = TrimView(name);
+        trimmed = numbers.NumberOf(bare);
+        whole = bare.size() == name.size() ? trimmed : numbers.NumberOf(name);
     }
 };
 
@@ -43,30 +60,36 @@ struct PendingRelation {
     bool used = false;
 };
 
-std::wstring OnText(const model::RelInfo& relation) {
-    std::wstring text;
-    text.reserve(relation.LeftTable.size() + relation.LeftField.size() + relation.RightTable.size() +
-                 relation.RightField.size() + 5);
+void AppendOn(const model::RelInfo& relation, std::wstring& text) {
     text += relation.LeftTable;
     text += L'.';
     text += relation.LeftField;
-    text += L" = ";
+    text += L" = "sv;
     text += relation.RightTable;
     text += L'.';
     text += relation.RightField;
-    return text;
 }
+
+/// A chain whose texts stay in the diagram.
+struct Chain {
+    struct Step {
+        const model::RelInfo* relation = nullptr;
+        std::wstring_view table;
+    };
+    std::wstring_view start;
+    std::vector<Step> steps;
+};
 
 class ChainBuilder {
 public:
     explicit ChainBuilder(PendingRelation& first) {
-        path_.StartTable = first.info.LeftTable;
+        chain_.start = first.info.LeftTable;
         Include(first.left);
         Append(first, first.info.RightTable, first.right);
     }
 
     bool IsTouchedBy(const PendingRelation& relation) const {
-        return Holds(names_, relation.left.lowered) || Holds(names_, relation.right.lowered);
+        return Holds(names_, relation.left.whole) || Holds(names_, relation.right.whole);
     }
 
     // A relation reached from its right table adds its left one and keeps its stored kind: LEFT stays LEFT
@@ -79,7 +102,7 @@ public:
         }
     }
 
-    model::JPath Take() { return std::move(path_); }
+    Chain Take() { return std::move(chain_); }
 
 private:
     using Marks = std::vector<bool>;  ///< by a name's number
@@ -93,62 +116,30 @@ private:
         marks[index] = true;
     }
 
-    void Append(PendingRelation& relation, const std::wstring& table, const ChainName& name) {
-        path_.Joins.push_back({OnText(relation.info), table, relation.info.JType});
+    void Append(PendingRelation& relation, std::wstring_view table, const ChainName& name) {
+        chain_.steps.push_back({&relation.info, table});
         Include(name);
         relation.used = true;
     }
 
     void Include(const ChainName& name) {
-        Mark(names_, name.lowered);
+        Mark(names_, name.whole);
         Mark(trimmed_names_, name.trimmed);
     }
 
-    model::JPath path_;
+    Chain chain_;
     Marks names_;
     Marks trimmed_names_;
 };
 
-/// One chain as nested joins: every step wraps what stands so far in parentheses and leaves a blank behind.
-void AppendChain(std::wstring& text, const model::JPath& path) {
-    text.append(path.Joins.size(), L'(');
-    text += path.StartTable;
-    for (const model::JInfo& join : path.Joins) {
-        text += L' ';
-        text += JoinKeyword(join.JType + 1);
-        text += L" JOIN ";
-        text += join.Table;
-        text += L" ON ";
-        text += join.OnExp;
-        text += L") ";
-    }
-}
-
-}  // namespace
-
-std::wstring JoinKeyword(int code) {
-    if (code == 2) return L"LEFT";
-    if (code == 3) return L"RIGHT";
-    return L"INNER";
-}
-
-std::wstring TableList(const model::Diagram& diagram) {
-    std::wstring list;
-    for (const model::DiagramTable& table : diagram.Tables()) {
-        if (!list.empty()) list += L", ";
-        list += table.name;
-    }
-    return list;
-}
-
-std::vector<model::JPath> BuildJoinChains(const model::Diagram& diagram) {
+std::vector<Chain> ChainsOf(const model::Diagram& diagram) {
     NameNumbers numbers;
     std::vector<PendingRelation> relations;
     relations.reserve(diagram.Relations().size());
     for (const model::DiagramRelation& relation : diagram.Relations())
         relations.emplace_back(relation.info, numbers);
 
-    std::vector<model::JPath> chains;
+    std::vector<Chain> chains;
     for (PendingRelation& first : relations) {
         if (first.used) continue;
         ChainBuilder chain(first);
@@ -163,11 +154,40 @@ std::vector<model::JPath> BuildJoinChains(const model::Diagram& diagram) {
     return chains;
 }
 
-std::wstring JoinClause(const model::Diagram& diagram) {
-    std::wstring text;
-    for (const model::JPath& path : BuildJoinChains(diagram)) {
-        if (!text.empty()) text += L", ";
-        AppendChain(text, path);
+std::wstring_view JoinWord(int code) {
+    if (code == 2) return L"LEFT"sv;
+    if (code == 3) return L"RIGHT"sv;
+    return L"INNER"sv;
+}
+
+/// One chain as nested joins: every step wraps what stands so far in parentheses and leaves a blank behind.
+void AppendChain(const Chain& chain, std::wstring& text) {
+    text.append(chain.steps.size(), L'(');
+    text += chain.start;
+    for (const Chain::Step& step : chain.steps) {
+        text += L' ';
+        text += JoinWord(step.relation->JType + 1);
+        text += L" JOIN "sv;
+        text += step.table;
+        text += L" ON "sv;
+        AppendOn(*step.relation, text);
+        text += L") "sv;
+    }
+}
+
+void AppendTables(const model::Diagram& diagram, std::wstring& text) {
+    const std::size_t begin = text.size();
+    for (const model::DiagramTable& table : diagram.Tables()) {
+        if (text.size() > begin) text += L", "sv;
+        text += table.name;
+    }
+}
+
+void AppendJoins(const model::Diagram& diagram, std::wstring& text) {
+    const std::size_t begin = text.size();
+    for (const Chain& chain : ChainsOf(diagram)) {
+        if (text.size() > begin) text += L", "sv;
+        AppendChain(chain, text);
     }
 
     // Joined by a relation: the names match without regard to letter case, blanks counting.
@@ -179,10 +199,50 @@ std::wstring JoinClause(const model::Diagram& diagram) {
     };
     for (const model::DiagramTable& table : diagram.Tables()) {
         if (is_related(table)) continue;
-        text += L", ";
+        text += L", "sv;
         text += table.name;
     }
+}
+
+}  // namespace
+
+void AppendFrom(const model::Diagram& diagram, std::wstring& text) {
+    if (diagram.Relations().empty()) {
+        AppendTables(diagram, text);
+    } else {
+        AppendJoins(diagram, text);
+    }
+}
+
+std::wstring JoinKeyword(int code) {
+    return std::wstring(JoinWord(code));
+}
+
+std::wstring TableList(const model::Diagram& diagram) {
+    std::wstring text;
+    AppendTables(diagram, text);
     return text;
+}
+
+std::wstring JoinClause(const model::Diagram& diagram) {
+    std::wstring text;
+    AppendJoins(diagram, text);
+    return text;
+}
+
+std::vector<model::JPath> BuildJoinChains(const model::Diagram& diagram) {
+    std::vector<model::JPath> paths;
+    for (const Chain& chain : ChainsOf(diagram)) {
+        model::JPath& path = paths.emplace_back();
+        path.StartTable = chain.start;
+        for (const Chain::Step& step : chain.steps) {
+            model::JInfo& join = path.Joins.emplace_back();
+            AppendOn(*step.relation, join.OnExp);
+            join.Table = step.table;
+            join.JType = step.relation->JType;
+        }
+    }
+    return paths;
 }
 
 }  // namespace tessel::compose

@@ -8,6 +8,7 @@ namespace tessel::compose {
 namespace {
 
 using model::GridRow;
+using namespace std::string_view_literals;
 
 // Only the exact word hides a column: "no" keeps it (StatementTexts.OnlyTheExactWordNoHidesAColumn).
 constexpr std::wstring_view kHidden = L"No";
@@ -15,9 +16,10 @@ constexpr std::wstring_view kHidden = L"No";
 // Most statements fit.
 constexpr std::size_t kUsualLength = 1024;
 
-std::int16_t OrderCode(const std::wstring& cell) {
-    if (SameIgnoringCase(cell, L"ascendente")) return 1;
-    if (SameIgnoringCase(cell, L"descendente")) return 2;
+std::int16_t OrderCode(std::wstring_view cell) {
+    if (cell.empty()) return 0;
+    if (SameIgnoringCase(cell, L"ascendente"sv)) return 1;
+    if (SameIgnoringCase(cell, L"descendente"sv)) return 2;
     return 0;
 }
 
@@ -63,7 +65,7 @@ ColumnView ViewOf(const model::DesignGrid::Column& column) {
 template <class Append>
 void AppendClause(std::wstring& statement, std::wstring_view keyword, Append append) {
     const std::size_t before = statement.size();
-    statement += L" \r\n";
+    statement += L" \r\n"sv;
     statement += keyword;
     const std::size_t begin = statement.size();
     append(statement);
@@ -118,14 +120,14 @@ void BuildSQL(const model::Design& design, std::wstring& statement) {
     const std::size_t list = statement.size();
     AppendSelectList(columns, statement);
     if (TrimView(std::wstring_view(statement).substr(list)).empty()) return statement.clear();
-    const model::Diagram& diagram = design.diagram;
-    const std::wstring from = diagram.Relations().empty() ? TableList(diagram) : JoinClause(diagram);
-    if (TrimView(from).empty()) return statement.clear();
+    statement += L" \r\nFROM "sv;
+    const std::size_t from = statement.size();
+    AppendFrom(design.diagram, statement);
+    if (TrimView(std::wstring_view(statement).substr(from)).empty()) return statement.clear();
 
     const auto append = [&](auto builder) {
         return [&columns, builder](std::wstring& text) { builder(columns, text); };
     };
-    AppendClause(statement, L"FROM ", [&](std::wstring& text) { text += from; });
     AppendClause(statement, L"WHERE ", append(AppendWhere));
     AppendClause(statement, L"GROUP BY ", append(AppendGroupBy));
     AppendClause(statement, L"HAVING ", append(AppendHaving));

@@ -158,7 +158,7 @@ void Diagram::SetChecks(const std::vector<CheckedField>& checked) {
     bool changed = false;
     for (DiagramTable& table : tables_) {
         const bool all = std::ranges::any_of(checked, [&](const CheckedField& entry) {
-            return SameIdentifier(entry.table, table.name) && TrimView(entry.field) == kAllFields;
+            return TrimView(entry.field) == kAllFields && SameIdentifier(entry.table, table.name);
         });
         changed = changed || all != table.all_checked;
         table.all_checked = all;

@@ -42,13 +42,14 @@ std::optional<RelInfo> Diagram::AsShown(const RelInfo& relation) const {
     const DiagramTable* left = FindTable(relation.LeftTable);
     const DiagramTable* right = FindTable(relation.RightTable);
     if (!left || !right || left == right) return std::nullopt;
-    RelInfo shown = relation;
+    const std::wstring_view right_field = FieldOfRelation(relation.RightField);
+    RelInfo shown;
     shown.LeftTable = left->name;
     shown.LeftField = ShownFieldName(*left, relation.LeftField);
     shown.RightTable = right->name;
-    const std::wstring_view right_field = FieldOfRelation(relation.RightField);
-    shown.RightField = ShownFieldName(*right, right_field) + relation.RightField.substr(right_field.size());
-    shown.Used = false;
+    shown.RightField = ShownFieldName(*right, right_field);
+    shown.RightField.append(relation.RightField, right_field.size());
+    shown.JType = relation.JType;
     return shown;
 }
 
@@ -59,11 +60,11 @@ int Diagram::KeyOfSameFields(const RelInfo& relation) const {
 }
 
 int Diagram::AddRelation(const RelInfo& relation) {
-    const std::optional<RelInfo> shown = AsShown(relation);
+    std::optional<RelInfo> shown = AsShown(relation);
     if (!shown) return 0;
     if (const int key = KeyOfSameFields(*shown)) return key;
     const int key = next_key_++;
-    relations_.push_back({key, *shown});
+    relations_.push_back({key, std::move(*shown)});
     NotifyChanged();
     return key;
 }

@@ -67,7 +67,7 @@ void WriteCut(DesignGrid& grid, GridRow row, int column, std::wstring_view text)
 }
 
 bool IsBlank(const std::wstring& text) {
-    return TrimView(text).empty();
+    return text.find_first_not_of(L' ') == std::wstring::npos;
 }
 
 bool CaptionTaken(const DesignGrid& grid, int column, std::wstring_view caption) {
@@ -128,9 +128,10 @@ void CompleteColumn(Design& design, int column, std::wstring_view text, std::wst
     grid.SetCaption(column, grid.Cell(GridRow::Titulo, column));
 
     if (IsAggregate(text)) Write(grid, GridRow::Agrupacion, column, kExpression);
-    if (IsBlank(grid.Cell(GridRow::Visible, column))) Write(grid, GridRow::Visible, column, kShown);
     if (nVisible != kKeepVisibility) {
         Write(grid, GridRow::Visible, column, nVisible == kShow ? kShown : kHidden);
+    } else if (IsBlank(grid.Cell(GridRow::Visible, column))) {
+        Write(grid, GridRow::Visible, column, kShown);
     }
 }
 
@@ -139,7 +140,10 @@ void CompleteColumn(Design& design, int column, std::wstring_view text, std::wst
 int FieldCol(const DesignGrid& grid, std::wstring_view sField) {
     for (int column = 0; column < grid.UsedEnd(); ++column) {
         const std::wstring& cell = grid.Cell(GridRow::Campo, column);
-        if (cell.size() >= sField.size() && SameIgnoringCase(TrimView(cell), sField)) return column;
+        const bool is_found = sField.empty()
+                                  ? IsBlank(cell)
+                                  : cell.size() >= sField.size() && SameIgnoringCase(TrimView(cell), sField);
+        if (is_found) return column;
     }
     return sField.empty() && grid.UsedEnd() < grid.ColumnCount() ? grid.UsedEnd() : -1;
 }

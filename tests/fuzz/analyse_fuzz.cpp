@@ -7,6 +7,7 @@
 #include "sqlparser/sql_parser.h"
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/fuzz/sample_database.h"
+#include "tests/laws/expression_pairs.h"
 #include "tests/laws/reading.h"
 #include "tests/laws/side_by_side.h"
 #include "tests/laws/sqlite_engine.h"
@@ -61,6 +62,8 @@ void NothingUnfoundedIsTaken(const std::wstring& text, const std::wstring& compo
 }
 
 void Look(const std::wstring& text, const schema::Schema* schema) {
+    const std::string misjudged = laws::MisjudgedPair(text, schema);
+    Check(misjudged.empty(), misjudged.c_str());
     const laws::Reading reading = laws::Read(text, schema);
     const analyse::Analysis& analysis = reading.analysis;
     if (!analysis.accepted) {
