@@ -52,6 +52,11 @@ public:
     UniqueVariant Cell(std::size_t column) const override {
         return rows_->rows.Cell(static_cast<std::size_t>(at_), column);
     }
+    void AddRowText(std::wstring_view column_end, std::wstring_view null_text,
+                    std::wstring* target) const override {
+        rows_->rows.AddRowText(static_cast<std::size_t>(at_), columns_->size(), column_end, null_text,
+                               target);
+    }
 
 private:
     long Size() const { return static_cast<long>(rows_->rows.RowCount()); }
@@ -112,6 +117,14 @@ private:
 };
 
 }  // namespace
+
+void Cursor::AddRowText(std::wstring_view column_end, std::wstring_view null_text,
+                        std::wstring* target) const {
+    for (std::size_t i = 0; i < columns_->size(); ++i) {
+        if (i > 0) *target += column_end;
+        AddValueText(Cell(i), null_text, target);
+    }
+}
 
 std::unique_ptr<Cursor> MakeStaticCursor(std::shared_ptr<const RowSet> rows,
                                          std::shared_ptr<Session> session) {

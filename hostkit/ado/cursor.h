@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "hostkit/ado/row_storage.h"
@@ -37,6 +38,10 @@ public:
 
     /// A value of the current row; only when neither AtBegin() nor AtEnd().
     virtual win32::UniqueVariant Cell(std::size_t column) const = 0;
+    /// Adds the texts of the current row's values, as the system converts them, with `column_end` between
+    /// two.
+    virtual void AddRowText(std::wstring_view column_end, std::wstring_view null_text,
+                            std::wstring* target) const;
 
 protected:
     explicit Cursor(SharedColumns columns) : columns_(std::move(columns)) {}

@@ -27,6 +27,7 @@ enum : DISPID {
     kAbsolutePosition,
     kRecordCount,
     kGetRows,
+    kGetString,
 };
 
 constexpr Member kMembers[] = {
@@ -49,7 +50,11 @@ constexpr Member kMembers[] = {
     {L"AbsolutePosition", kAbsolutePosition},
     {L"RecordCount", kRecordCount},
     {L"GetRows", kGetRows},
+    {L"GetString", kGetString},
 };
+
+/// The only format of GetString.
+constexpr long kClipString = 2;
 
 constexpr long kFromFirst = 1;
 constexpr long kFromLast = 2;
@@ -152,6 +157,8 @@ Status Recordset::Navigate(DISPID id, const Invocation& call, UniqueVariant* res
             return {};
         case kGetRows:
             return GetRows(call, result);
+        case kGetString:
+            return GetString(call, result);
         default:
             return UnknownMember();
     }
@@ -283,6 +290,26 @@ Status Recordset::GetRows(const Invocation& call, UniqueVariant* result) {
     for (std::size_t i = 0; i < cells.size(); ++i) target[i] = cells[i].Detach();
     result->Address()->parray = array;
     result->Address()->vt = VT_ARRAY | VT_VARIANT;
+    return {};
+}
+
+Status Recordset::GetString(const Invocation& call, UniqueVariant* result) {
+    long format = kClipString, wanted = -1;
+    std::wstring column_end = L"\t", row_end = L"\r", null_text;
+    if (Status read = call.Number(0, &format); !read) return read;
+    if (Status read = call.Number(1, &wanted); !read) return read;
+    if (Status read = call.Text(2, &column_end); !read) return read;
+    if (Status read = call.Text(3, &row_end); !read) return read;
+    if (Status read = call.Text(4, &null_text); !read) return read;
+    if (format != kClipString) return AdoError::BadArgument;
+    if (cursor_->AtBegin() || cursor_->AtEnd()) return AdoError::NoCurrentRecord;
+    std::wstring text;
+    for (long rows = 0; (wanted < 0 || rows < wanted) && !cursor_->AtEnd(); ++rows) {
+        cursor_->AddRowText(column_end, null_text, &text);
+        text += row_end;
+        if (Status moved = cursor_->MoveBy(1); !moved) return moved;
+    }
+    *result = UniqueVariant(std::wstring_view(text));
     return {};
 }
 

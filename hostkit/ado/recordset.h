@@ -34,6 +34,7 @@ private:
     Status Navigate(DISPID id, const Invocation& call, UniqueVariant* result);
     Status AbsolutePosition(const Invocation& call, UniqueVariant* result);
     Status GetRows(const Invocation& call, UniqueVariant* result);
+    Status GetString(const Invocation& call, UniqueVariant* result);
     Status SelectColumns(const VARIANT& value, std::vector<std::size_t>* selected) const;
     Status Setting(const Invocation& call, long* value, UniqueVariant* result);
 

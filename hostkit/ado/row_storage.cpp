@@ -65,6 +65,15 @@ UniqueVariant TextOf(const unsigned char* bytes, std::uint32_t count) {
 
 }  // namespace
 
+void AddValueText(const UniqueVariant& value, std::wstring_view null_text, std::wstring* target) {
+    if (value.IsNothing()) {
+        *target += null_text;
+        return;
+    }
+    UniqueVariant text;
+    if (SUCCEEDED(value.ChangedTo(VT_BSTR, &text))) *target += win32::TextOf(text.Get().bstrVal);
+}
+
 void RowStorage::AppendBytes(const void* bytes, std::size_t count) {
     const auto* first = static_cast<const unsigned char*>(bytes);
     row_.insert(row_.end(), first, first + count);
@@ -72,9 +81,11 @@ void RowStorage::AppendBytes(const void* bytes, std::size_t count) {
 
 void RowStorage::AppendText(std::wstring_view text) {
     const auto bytes = static_cast<std::uint32_t>(text.size() * sizeof(wchar_t));
-    row_.push_back(static_cast<unsigned char>(VT_BSTR));
-    AppendBytes(&bytes, sizeof bytes);
-    AppendBytes(text.data(), bytes);
+    const std::size_t at = row_.size();
+    row_.resize(at + 1 + sizeof bytes + bytes);
+    row_[at] = static_cast<unsigned char>(VT_BSTR);
+    memcpy(&row_[at + 1], &bytes, sizeof bytes);
+    if (bytes > 0) memcpy(&row_[at + 1 + sizeof bytes], text.data(), bytes);
 }
 
 void RowStorage::Append(const VARIANT& value) {
@@ -112,6 +123,10 @@ void RowStorage::EndRow() {
 UniqueVariant RowStorage::Cell(std::size_t row, std::size_t column) const {
     const unsigned char* at = starts_[row];
     for (; column > 0; --column) at += 1 + BytesBehind(*at, at + 1);
+    return CellAt(at);
+}
+
+UniqueVariant RowStorage::CellAt(const unsigned char* at) {
     const unsigned char tag = *at++;
     if (tag == VT_NULL) return UniqueVariant::Null();
     if (tag == VT_BSTR || tag == kBytesTag) {
@@ -127,6 +142,24 @@ UniqueVariant RowStorage::Cell(std::size_t row, std::size_t column) const {
         memcpy(&value.Address()->llVal, at, FixedBytes(tag));
     value.Address()->vt = tag;
     return value;
+}
+
+void RowStorage::AddRowText(std::size_t row, std::size_t columns, std::wstring_view column_end,
+                            std::wstring_view null_text, std::wstring* target) const {
+    const unsigned char* at = starts_[row];
+    for (std::size_t i = 0; i < columns; ++i, at += 1 + BytesBehind(*at, at + 1)) {
+        if (i > 0) *target += column_end;
+        if (*at != VT_BSTR) {
+            AddValueText(CellAt(at), null_text, target);
+            continue;
+        }
+        std::uint32_t bytes = 0;
+        memcpy(&bytes, at + 1, sizeof bytes);
+        const std::size_t begin = target->size();
+        target->resize(begin + bytes / sizeof(wchar_t));
+        // The bytes need not lie at an even address.
+        memcpy(target->data() + begin, at + 1 + sizeof bytes, bytes);
+    }
 }
 
 }  // namespace tessel::ado

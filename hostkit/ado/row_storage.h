@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <deque>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,6 +14,9 @@
 #include "hostkit/ado/column.h"
 
 namespace tessel::ado {
+
+/// Adds a value as text, as the system converts it; what has no text adds nothing.
+void AddValueText(const win32::UniqueVariant& value, std::wstring_view null_text, std::wstring* target);
 
 class RowStorage {
 public:
@@ -34,8 +38,12 @@ public:
 
     /// A value of a row.
     win32::UniqueVariant Cell(std::size_t row, std::size_t column) const;
+    /// Adds the texts of a row's first `columns` values, with `column_end` between two.
+    void AddRowText(std::size_t row, std::size_t columns, std::wstring_view column_end,
+                    std::wstring_view null_text, std::wstring* target) const;
 
 private:
+    static win32::UniqueVariant CellAt(const unsigned char* at);
     void AppendBytes(const void* bytes, std::size_t count);
 
     std::deque<const unsigned char*> starts_;

@@ -2,6 +2,7 @@
 
 #include <cwchar>
 #include <functional>
+#include <initializer_list>
 
 #include "common/text.h"
 #include "hostkit/ado/row_reader.h"
@@ -142,6 +143,20 @@ public:
         rows_->rows.EndRow();
         Begin();
     }
+    /// Adds a whole row by the columns' places. Schemas have many tables, and a Variant for each cell of them
+    /// would take longer than asking the driver.
+    void AddTexts(std::initializer_list<const Text*> texts) {
+        std::size_t column = 0;
+        for (const Text* text : texts) {
+            ++column;
+            if (text && *text && !(*text)->empty())
+                rows_->rows.AppendText(**text);
+            else
+                rows_->rows.AppendNull();
+        }
+        for (; column < rows_->columns->size(); ++column) rows_->rows.AppendNull();
+        rows_->rows.EndRow();
+    }
     std::shared_ptr<RowSet> Take() { return std::move(rows_); }
 
 private:
@@ -165,12 +180,8 @@ public:
         RowBuilder builder(kTables);
         Status read = VisitTables(Criterion(0), Criterion(2), [&](const CatalogueRow& row) {
             if (!Passes(row, 0, 3)) return;
-            builder.PutText(L"TABLE_CATALOG", row[0]);
-            builder.PutText(L"TABLE_SCHEMA", row[1]);
-            builder.PutText(L"TABLE_NAME", row[2]);
-            builder.PutText(L"TABLE_TYPE", row[3]);
-            if (row.size() > 4) builder.PutText(L"DESCRIPTION", row[4]);
-            builder.Add();
+            const Text* const description = row.size() > 4 ? &row[4] : nullptr;
+            builder.AddTexts({&row[0], &row[1], &row[2], &row[3], nullptr, description});
         });
         *target = builder.Take();
         return read;
@@ -256,6 +267,7 @@ private:
 
     /// Whether `count` + 1 columns from `first` on agree with as many criteria from 0 on.
     bool Passes(const CatalogueRow& row, std::size_t first, std::size_t last) const {
+        if (criteria_.empty()) return true;
         for (std::size_t i = 0; i + first <= last; ++i)
             if (const Text wanted = Criterion(i); wanted && !SameName(*wanted, row[first + i].value_or(L"")))
                 return false;

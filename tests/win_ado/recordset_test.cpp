@@ -140,9 +140,32 @@ TEST(AdoRecordset, GetRowsGivesFieldsByRowsAndMovesOn) {
     }
 }
 
+std::string Utf8Of(const CallResult& result) {
+    return ToUtf8(result.Text().value_or(L"failed"));
+}
+
+TEST(AdoRecordset, GetStringGivesRowsAsTextAndMovesOn) {
+    for (const int location : {2, 3}) {
+        const Dispatch rows = Query(OpenVentas(), kRegions, location);
+        EXPECT_EQ(Utf8Of(rows.Call(L"GetString", 2, 2, L", ", L"; ")), "1, Península Ibérica; 2, Europa; ");
+        EXPECT_EQ(Utf8Of(rows.Call(L"GetString", 2, 1)), "3\tAmérica del Norte\r");
+        ASSERT_TRUE(rows.Call(L"GetString"));
+        EXPECT_TRUE(IsTrue(rows.Get(L"EOF")));
+        EXPECT_EQ(rows.Call(L"GetString").Code(), kNoCurrentRecord);
+    }
+}
+
+TEST(AdoRecordset, GetStringWritesTheGivenTextForNullAndKnowsOneFormat) {
+    for (const int location : {2, 3}) {
+        const Dispatch rows = Query(OpenVentas(), L"SELECT 'a' AS Uno, NULL AS Dos, 1.5 AS Tres", location);
+        EXPECT_FALSE(rows.Call(L"GetString", 1));
+        EXPECT_EQ(Utf8Of(rows.Call(L"GetString", 2, -1, L"|", L"", L"nada")).substr(0, 8), "a|nada|1");
+    }
+}
+
 TEST(AdoRecordset, ClosedRecordsetRefusesEverythingButOpening) {
     const Dispatch rows = NewRecordset();
-    for (const wchar_t* name : {L"MoveNext", L"MoveFirst", L"Close", L"GetRows"})
+    for (const wchar_t* name : {L"MoveNext", L"MoveFirst", L"Close", L"GetRows", L"GetString"})
         EXPECT_EQ(rows.Call(name).Code(), kObjectClosed) << ToUtf8(name);
     for (const wchar_t* name : {L"EOF", L"BOF", L"RecordCount", L"AbsolutePosition"})
         EXPECT_EQ(rows.Get(name).Code(), kObjectClosed) << ToUtf8(name);
