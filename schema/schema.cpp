@@ -29,16 +29,25 @@ Schema::Schema(std::unique_ptr<SchemaSource> source) : source_(std::move(source)
         return;
     }
     objects_ = std::move(objects).Value();
-    index_.reserve(objects_.size());
-    for (std::size_t i = 0; i < objects_.size(); ++i) {
-        CompleteNames(objects_[i].name, objects_[i].raw_name);
-        index_.emplace(IdentifierKey(objects_[i].name), i);
-    }
+    for (Object& object : objects_) CompleteNames(object.name, object.raw_name);
 }
 
 const Object* Schema::Find(std::wstring_view name) const {
-    const auto found = index_.find(IdentifierKey(name));
-    return found == index_.end() ? nullptr : &objects_[found->second];
+    if (!names_) {
+        names_.emplace(objects_.size());
+        std::wstring key;
+        for (std::uint32_t i = 0; i < objects_.size(); ++i) {
+            key.clear();
+            AppendIdentifierKey(objects_[i].name, key);
+            names_->Add(NameHash(key), i, [&](std::uint32_t other) {
+                return SameIdentifier(objects_[other].name, objects_[i].name);
+            });
+        }
+    }
+    const auto found = names_->Find(NameHash(IdentifierKey(name)), [&](std::uint32_t other) {
+        return SameIdentifier(objects_[other].name, name);
+    });
+    return found ? &objects_[*found] : nullptr;
 }
 
 const std::vector<Field>& Schema::Fields(std::wstring_view object_name) const {

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "common/result.h"
+#include "schema/name_table.h"
 
 namespace tessel::schema {
 
@@ -59,6 +60,7 @@ public:
     virtual ~SchemaSource() = default;
     /// All tables and views in the order in which they are to be shown.
     virtual Result<std::vector<Object>> LoadObjects() = 0;
+    /// The fields of one of those, with both of its names.
     virtual Result<std::vector<Field>> LoadFields(const Object& object) = 0;
     /// Every foreign key of the database; may be empty.
     virtual Result<std::vector<ForeignKey>> LoadForeignKeys() = 0;
@@ -97,7 +99,7 @@ private:
 
     std::unique_ptr<SchemaSource> source_;
     std::vector<Object> objects_;
-    std::unordered_map<std::wstring, std::size_t> index_;
+    mutable std::optional<NameTable> names_;  ///< of the objects, made when one is first looked for
     mutable std::unordered_map<std::wstring, std::vector<Field>> fields_;
     mutable std::optional<std::vector<ForeignKey>> foreign_keys_;
     bool failed_ = false;

@@ -49,9 +49,13 @@ bool AdoCatalogue::ReadAll(const CallResult& opened, const RowReader& reader, bo
 }
 
 bool AdoCatalogue::ReadRowset(Rowset rowset, const Restrictions& restrictions, const RowReader& reader) {
+    return ReadAll(OpenRowset(rowset, restrictions), reader, false);
+}
+
+CallResult AdoCatalogue::OpenRowset(Rowset rowset, const Restrictions& restrictions) {
     const long number = static_cast<long>(rowset);
-    if (restrictions.empty()) return ReadAll(connection_.Get(L"OpenSchema", number), reader, false);
-    return ReadAll(connection_.Get(L"OpenSchema", number, CriteriaOf(restrictions)), reader, false);
+    if (restrictions.empty()) return connection_.Get(L"OpenSchema", number);
+    return connection_.Get(L"OpenSchema", number, CriteriaOf(restrictions));
 }
 
 CallResult AdoCatalogue::Execute(const std::wstring& sql) {
@@ -62,6 +66,45 @@ bool AdoCatalogue::ReadQuery(std::initializer_list<const wchar_t*> statements, s
                              const RowReader& reader) {
     for (const wchar_t* statement : statements)
         if (ReadAll(Execute(WithName(statement, name)), reader, true)) return true;
+    return false;
+}
+
+bool AdoCatalogue::ReadTexts(const Opener& open, TextColumns columns, bool needs_row, TextRows* target) {
+    *target = TextRows(columns.size());
+    CallResult opened = open();
+    const win32::Dispatch recordset = opened.Object();
+    const BlockReading reading = ReadInBlocks(recordset, columns, row_limit_, target);
+    if (reading == BlockReading::Complete) {
+        static_cast<void>(recordset.Call(L"Close"));
+        return !needs_row || target->RowCount() > 0;
+    }
+    if (reading == BlockReading::Broken) {
+        static_cast<void>(recordset.Call(L"Close"));
+        opened = open();
+    }
+    TextRows single(columns.size());
+    const bool read = ReadAll(
+        opened,
+        [&](const AdoRows& row) {
+            std::vector<std::wstring> cells;
+            for (const wchar_t* column : columns) cells.push_back(row.Text(column).value_or(L""));
+            single.AddRow(std::move(cells));
+        },
+        needs_row);
+    // The connection may have died half way: what was read before it did stays.
+    if (single.RowCount() >= target->RowCount()) *target = std::move(single);
+    return read || target->RowCount() > 0;
+}
+
+bool AdoCatalogue::ReadRowset(Rowset rowset, const Restrictions& restrictions, TextColumns columns,
+                              TextRows* target) {
+    return ReadTexts([&] { return OpenRowset(rowset, restrictions); }, columns, false, target);
+}
+
+bool AdoCatalogue::ReadQuery(std::initializer_list<const wchar_t*> statements, TextColumns columns,
+                             TextRows* target) {
+    for (const wchar_t* statement : statements)
+        if (ReadTexts([&] { return Execute(statement); }, columns, true, target)) return true;
     return false;
 }
 

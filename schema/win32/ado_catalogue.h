@@ -11,6 +11,7 @@
 
 #include "common/win32/dispatch.h"
 #include "schema/win32/ado_rows.h"
+#include "schema/win32/text_rows.h"
 
 namespace tessel::schema {
 
@@ -36,6 +37,12 @@ public:
     /// stands for `name` as the inside of a text literal. False when none gives a row.
     bool ReadQuery(std::initializer_list<const wchar_t*> statements, std::wstring_view name,
                    const RowReader& reader);
+
+    // The same for large answers that are made of texts: in blocks where the provider knows how. A block that
+    // is not what it should be sends us back to ask again and read row by row.
+    bool ReadRowset(Rowset rowset, const Restrictions& restrictions, TextColumns columns, TextRows* target);
+    bool ReadQuery(std::initializer_list<const wchar_t*> statements, TextColumns columns, TextRows* target);
+
     /// Why the last thing that was asked for was refused.
     const std::wstring& LastError() const { return last_error_; }
 
@@ -43,7 +50,12 @@ public:
     win32::CallResult Execute(const std::wstring& sql);
 
 private:
+    /// Opens the recordset that is to be read.
+    using Opener = std::function<win32::CallResult()>;
+
+    win32::CallResult OpenRowset(Rowset rowset, const Restrictions& restrictions);
     bool ReadAll(const win32::CallResult& opened, const RowReader& reader, bool needs_row);
+    bool ReadTexts(const Opener& open, TextColumns columns, bool needs_row, TextRows* target);
 
     win32::Dispatch connection_;
     std::size_t row_limit_;

@@ -32,27 +32,48 @@ namespace {
 /// catalogue is asked first.
 constexpr std::size_t kMostTablesAskedSingly = 1000;
 
+constexpr const wchar_t* kColumns[] = {L"FK_NAME",        L"FK_TABLE_SCHEMA", L"FK_TABLE_NAME",
+                                       L"FK_COLUMN_NAME", L"PK_TABLE_SCHEMA", L"PK_TABLE_NAME",
+                                       L"PK_COLUMN_NAME", L"ORDINAL"};
+enum KeyColumn : std::size_t {
+    kName,
+    kSchema,
+    kTable,
+    kField,
+    kReferencedSchema,
+    kReferencedTable,
+    kReferencedField,
+    kOrdinal
+};
+
+std::optional<long> NumberOf(std::wstring_view text) {
+    return win32::CallResult(win32::UniqueVariant(text)).Number();
+}
+
 }  // namespace
 
 std::vector<AdoSchemaSource::KeyRow> AdoSchemaSource::ReadForeignKeyRows() {
     std::vector<KeyRow> rows;
-    const auto reader = [&](const AdoRows& row) {
-        KeyRow key;
-        key.name = row.Text(L"FK_NAME").value_or(L"");
-        key.schema = row.Text(L"FK_TABLE_SCHEMA").value_or(L"");
-        key.table = row.Text(L"FK_TABLE_NAME").value_or(L"");
-        key.column = row.Text(L"FK_COLUMN_NAME").value_or(L"");
-        key.referenced_schema = row.Text(L"PK_TABLE_SCHEMA").value_or(L"");
-        key.referenced_table = row.Text(L"PK_TABLE_NAME").value_or(L"");
-        key.referenced_column = row.Text(L"PK_COLUMN_NAME").value_or(L"");
-        key.ordinal = row.Number(L"ORDINAL").value_or(1);
-        // A cursor that does not move gives the same row again.
-        const bool is_new = rows.empty() || !(rows.back() == key);
-        if (is_new && !key.table.empty() && !key.column.empty() && !key.referenced_table.empty())
-            rows.push_back(std::move(key));
+    TextRows read;
+    const auto add_rows = [&] {
+        for (std::size_t i = 0; i < read.RowCount(); ++i) {
+            const auto text = [&](KeyColumn column) { return std::wstring(read.At(i, column)); };
+            KeyRow key{text(kName),           text(kSchema),           text(kTable),
+                       text(kField),          text(kReferencedSchema), text(kReferencedTable),
+                       text(kReferencedField)};
+            key.ordinal = NumberOf(read.At(i, kOrdinal)).value_or(1);
+            // A cursor that does not move gives the same row again.
+            const bool is_new = rows.empty() || !(rows.back() == key);
+            if (is_new && !key.table.empty() && !key.column.empty() && !key.referenced_table.empty())
+                rows.push_back(std::move(key));
+        }
     };
-    const bool is_large = order_.size() > kMostTablesAskedSingly;
-    if (!is_large && catalogue_.ReadRowset(Rowset::ForeignKeys, {}, reader)) return rows;
+    const bool is_large = objects_.objects.size() > kMostTablesAskedSingly;
+    if (!is_large && catalogue_.ReadRowset(Rowset::ForeignKeys, {}, kColumns, &read)) {
+        add_rows();
+        return rows;
+    }
+    add_rows();
     catalogue_.ReadQuery(
         {L"SELECT CONSTRAINT_NAME AS FK_NAME, TABLE_NAME AS FK_TABLE_NAME, COLUMN_NAME AS FK_COLUMN_NAME,"
          L" REFERENCED_TABLE_NAME AS PK_TABLE_NAME, REFERENCED_COLUMN_NAME AS PK_COLUMN_NAME,"
@@ -76,25 +97,33 @@ std::vector<AdoSchemaSource::KeyRow> AdoSchemaSource::ReadForeignKeyRows() {
          L" f.\"table\" AS PK_TABLE_NAME, f.\"to\" AS PK_COLUMN_NAME, f.seq + 1 AS ORDINAL"
          L" FROM sqlite_master m INNER JOIN pragma_foreign_key_list(m.name) f"
          L" WHERE m.type = 'table' ORDER BY m.name, f.id, f.seq"},
-        {}, reader);
+        kColumns, &read);
+    add_rows();
     if (!rows.empty()) return rows;
     if (is_large) {
-        catalogue_.ReadRowset(Rowset::ForeignKeys, {}, reader);
+        catalogue_.ReadRowset(Rowset::ForeignKeys, {}, kColumns, &read);
+        add_rows();
         return rows;
     }
-    for (const std::wstring& key : order_) {
-        const CatalogueEntry& entry = entries_.at(key);
-        if (entry.kind != ObjectKind::Table) continue;
+    for (const CatalogueObject& object : objects_.objects) {
+        if (object.kind != ObjectKind::Table) continue;
         // A provider that refuses one table refuses all.
-        const Restrictions of_table = {{}, {}, {}, entry.catalogue, entry.schema, entry.name};
-        if (!catalogue_.ReadRowset(Rowset::ForeignKeys, of_table, reader)) break;
+        const Restrictions of_table = {{},
+                                       {},
+                                       {},
+                                       std::wstring(object.catalogue),
+                                       std::wstring(object.schema),
+                                       std::wstring(object.name)};
+        const bool answered = catalogue_.ReadRowset(Rowset::ForeignKeys, of_table, kColumns, &read);
+        add_rows();
+        if (!answered) break;
     }
     return rows;
 }
 
 std::wstring AdoSchemaSource::NameOf(const std::wstring& schema, const std::wstring& name) const {
     const std::wstring qualified = WrittenName(schema) + L'.' + WrittenName(name);
-    if (!schema.empty() && entries_.contains(IdentifierKey(qualified))) return qualified;
+    if (!schema.empty() && Find(qualified)) return qualified;
     return WrittenName(name);
 }
 
@@ -103,9 +132,9 @@ void AdoSchemaSource::CompleteReferences(std::vector<ForeignKey>& keys) {
         const auto is_empty = [](const std::wstring& field) { return field.empty(); };
         if (std::none_of(key.referenced_fields.begin(), key.referenced_fields.end(), is_empty)) continue;
         // A reference that names no column means the primary key.
-        const auto entry = entries_.find(IdentifierKey(key.referenced_table));
-        if (entry == entries_.end()) continue;
-        const std::vector<std::wstring> primary = ReadPrimaryKey(entry->second);
+        const CatalogueObject* object = Find(key.referenced_table);
+        if (!object) continue;
+        const std::vector<std::wstring> primary = ReadPrimaryKey(*object);
         if (primary.size() != key.fields.size()) continue;
         for (std::size_t i = 0; i < primary.size(); ++i) key.referenced_fields[i] = WrittenName(primary[i]);
     }

@@ -1,15 +1,13 @@
 #include "schema/win32/ado_objects.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <array>
-#include <set>
-#include <tuple>
-#include <unordered_set>
+#include <utility>
 
 #include "common/identifiers.h"
 #include "common/text.h"
+#include "schema/name_table.h"
+#include "schema/win32/reading_order.h"
 
 namespace tessel::schema {
 
@@ -28,7 +26,7 @@ std::optional<ObjectKind> KindOf(std::wstring_view type_word) {
     return std::nullopt;
 }
 
-bool IsSystemSchema(const std::wstring& schema) {
+bool IsSystemSchema(std::wstring_view schema) {
     static constexpr std::array kSystem = {L"information_schema", L"pg_catalog", L"pg_toast",
                                            L"performance_schema", L"mysql",      L"sys"};
     return std::any_of(kSystem.begin(), kSystem.end(),
@@ -36,119 +34,135 @@ bool IsSystemSchema(const std::wstring& schema) {
 }
 
 /// Tables that engines keep among the user's: the Jet engine's own and its temporary ones, and SQLite's.
-bool IsSystemName(const std::wstring& name) {
-    const std::wstring folded = Folded(name);
-    return folded.starts_with(L"msys") || folded.starts_with(L"~") || folded.starts_with(L"sqlite_");
+bool IsSystemName(std::wstring_view name) {
+    static constexpr std::array<std::wstring_view, 3> kBeginnings = {L"msys", L"~", L"sqlite_"};
+    const std::wstring_view trimmed = TrimView(name);
+    return std::any_of(kBeginnings.begin(), kBeginnings.end(), [&](std::wstring_view beginning) {
+        return SameIgnoringCase(trimmed.substr(0, beginning.size()), beginning);
+    });
 }
 
-std::optional<CatalogueEntry> EntryOfRow(const AdoRows& row) {
-    CatalogueEntry entry;
-    entry.name = row.Text(L"TABLE_NAME").value_or(L"");
-    entry.schema = row.Text(L"TABLE_SCHEMA").value_or(L"");
-    entry.catalogue = row.Text(L"TABLE_CATALOG").value_or(L"");
-    const auto kind = KindOf(row.Text(L"TABLE_TYPE").value_or(L""));
-    if (!kind || entry.name.empty() || IsSystemName(entry.name) || IsSystemSchema(entry.schema))
-        return std::nullopt;
-    entry.kind = *kind;
-    // An engine without catalogues fills the column with this word and calls its databases schemas.
-    if (entry.catalogue == L"def") entry.catalogue = std::exchange(entry.schema, std::wstring());
-    return entry;
+constexpr const wchar_t* kColumns[] = {L"TABLE_NAME", L"TABLE_SCHEMA", L"TABLE_CATALOG", L"TABLE_TYPE"};
+enum Column : std::size_t { kName, kSchema, kCatalogue, kType };
+
+/// Remembers the answer to the last text: a catalogue says the same of many rows.
+template <class Answer>
+class LastAnswer {
+public:
+    explicit LastAnswer(Answer (*ask)(std::wstring_view)) : ask_(ask), answer_(ask({})) {}
+
+    const Answer& Of(std::wstring_view text) {
+        if (text != text_) {
+            answer_ = ask_(text);
+            text_ = text;
+        }
+        return answer_;
+    }
+
+private:
+    Answer (*ask_)(std::wstring_view);
+    std::wstring_view text_;
+    Answer answer_;
+};
+
+std::vector<CatalogueObject> ObjectsOf(const TextRows& rows) {
+    std::vector<CatalogueObject> objects;
+    objects.reserve(rows.RowCount());
+    LastAnswer kind_of(KindOf);
+    LastAnswer is_system_schema(IsSystemSchema);
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+        CatalogueObject object{rows.At(row, kCatalogue), rows.At(row, kSchema), rows.At(row, kName)};
+        const std::optional<ObjectKind> kind = kind_of.Of(rows.At(row, kType));
+        if (!kind || object.name.empty() || IsSystemName(object.name) || is_system_schema.Of(object.schema))
+            continue;
+        object.kind = *kind;
+        // An engine without catalogues fills the column with this word and calls its databases schemas.
+        if (object.catalogue == L"def") object.catalogue = std::exchange(object.schema, std::wstring_view());
+        objects.push_back(object);
+    }
+    return objects;
 }
 
 /// Leaves out other databases of the same server, when the connection tells which one is its own.
-void KeepOwnCatalogue(const win32::Dispatch& connection, std::vector<CatalogueEntry>& entries) {
+void KeepOwnCatalogue(const win32::Dispatch& connection, std::vector<CatalogueObject>& objects) {
     const auto own = connection.Get(L"DefaultDatabase").Text();
     if (!own || TrimView(*own).empty()) return;
-    const auto is_own = [&](const CatalogueEntry& entry) { return SameName(entry.catalogue, *own); };
-    if (std::none_of(entries.begin(), entries.end(), is_own)) return;
-    std::erase_if(entries,
-                  [&](const CatalogueEntry& entry) { return !entry.catalogue.empty() && !is_own(entry); });
+    const auto is_own = [&](const CatalogueObject& object) { return SameName(object.catalogue, *own); };
+    if (std::none_of(objects.begin(), objects.end(), is_own)) return;
+    std::erase_if(
+        objects, [&](const CatalogueObject& object) { return !object.catalogue.empty() && !is_own(object); });
 }
 
 /// True for schemas whose tables need no qualification.
-bool IsDefaultSchema(const std::wstring& schema) {
+bool IsDefaultSchema(std::wstring_view schema) {
     return schema.empty() || SameName(schema, L"dbo") || SameName(schema, L"public") ||
            SameName(schema, L"main");
 }
 
-/// Room for the order key of a name of usual length.
-constexpr std::size_t kUsualKeyBytes = 512;
+void QualifyWhereNeeded(std::vector<CatalogueObject>& objects) {
+    const bool several = std::any_of(objects.begin(), objects.end(), [&](const CatalogueObject& object) {
+        return !SameName(object.schema, objects.front().schema);
+    });
+    if (!several) return;
+    for (CatalogueObject& object : objects) object.is_qualified = !IsDefaultSchema(object.schema);
+}
 
-/// A key whose bytes stand in the order in which the user's language puts names, letter case aside. Comparing
-/// two names costs as much as making a key, and sorting compares each many times.
-std::string OrderKey(const std::wstring& name) {
-    constexpr DWORD kFlags = LCMAP_SORTKEY | NORM_IGNORECASE;
-    if (name.empty()) return {};
-    const int length = static_cast<int>(name.size());
-    std::string key(kUsualKeyBytes, '\0');
-    const auto make = [&] {
-        return LCMapStringW(LOCALE_USER_DEFAULT, kFlags, name.data(), length,
-                            reinterpret_cast<wchar_t*>(key.data()), static_cast<int>(key.size()));
-    };
-    int bytes = make();
-    if (bytes == 0) {
-        key.resize(static_cast<std::size_t>(
-            LCMapStringW(LOCALE_USER_DEFAULT, kFlags, name.data(), length, nullptr, 0)));
-        bytes = make();
+/// Keeps the first of the objects that statements would reach by the same name.
+void DropSecondNames(std::vector<CatalogueObject>& objects) {
+    NameTable seen(objects.size());
+    std::vector<CatalogueObject> kept;
+    kept.reserve(objects.size());
+    for (const CatalogueObject& object : objects) {
+        // A qualified name is never the same as one that is not.
+        const std::wstring_view schema = object.is_qualified ? object.schema : std::wstring_view();
+        const auto hash = NameHash(object.name) ^ NameHash(schema);
+        const auto is_same = [&](std::uint32_t number) {
+            const CatalogueObject& other = kept[number];
+            return other.is_qualified == object.is_qualified && SameIgnoringCase(other.name, object.name) &&
+                   SameIgnoringCase(other.is_qualified ? other.schema : std::wstring_view(), schema);
+        };
+        if (seen.Add(hash, static_cast<std::uint32_t>(kept.size()), is_same)) kept.push_back(object);
     }
-    key.resize(static_cast<std::size_t>(bytes));
-    return key;
+    objects = std::move(kept);
 }
 
 /// Tables before views, each in the order of their names for the user's eyes.
-void SortForReading(std::vector<NamedEntry>& named) {
-    struct Place {
-        ObjectKind kind;
-        std::string name, schema;
-        std::size_t index;
-    };
-    std::vector<Place> places;
-    places.reserve(named.size());
-    for (std::size_t i = 0; i < named.size(); ++i) {
-        const CatalogueEntry& entry = named[i].entry;
-        places.push_back({entry.kind, OrderKey(entry.name), OrderKey(entry.schema), i});
-    }
-    std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) {
-        return std::tie(a.kind, a.name, a.schema, a.index) < std::tie(b.kind, b.name, b.schema, b.index);
-    });
-    std::vector<NamedEntry> sorted;
-    sorted.reserve(named.size());
-    for (const Place& place : places) sorted.push_back(std::move(named[place.index]));
-    named = std::move(sorted);
+void SortForReading(std::vector<CatalogueObject>& objects) {
+    std::vector<NameToOrder> names;
+    names.reserve(objects.size());
+    for (const CatalogueObject& object : objects)
+        names.push_back({static_cast<unsigned>(object.kind), object.name, object.schema});
+    std::vector<CatalogueObject> sorted;
+    sorted.reserve(objects.size());
+    for (const std::uint32_t number : ReadingOrder(names)) sorted.push_back(objects[number]);
+    objects = std::move(sorted);
 }
 
 }  // namespace
 
-std::optional<std::vector<NamedEntry>> ReadObjects(AdoCatalogue& catalogue) {
-    std::vector<CatalogueEntry> entries;
-    const auto reader = [&](const AdoRows& row) {
-        if (auto entry = EntryOfRow(row)) entries.push_back(std::move(*entry));
-    };
-    bool read = catalogue.ReadRowset(Rowset::Tables, {}, reader);
-    if (entries.empty()) {
-        read |= catalogue.ReadQuery({L"SELECT TABLE_CATALOG, TABLE_SCHEMA, TABLE_NAME, TABLE_TYPE"
-                                     L" FROM information_schema.tables",
-                                     L"SELECT name AS TABLE_NAME, type AS TABLE_TYPE FROM sqlite_master"
-                                     L" WHERE type IN ('table', 'view')"},
-                                    {}, reader);
-    }
-    if (!read) return std::nullopt;
+std::wstring CatalogueObject::WrittenName() const {
+    std::wstring written = tessel::WrittenName(name);
+    return is_qualified ? tessel::WrittenName(schema) + L'.' + written : written;
+}
 
-    KeepOwnCatalogue(catalogue.Connection(), entries);
-    std::set<std::wstring> schemas;
-    for (const CatalogueEntry& entry : entries) schemas.insert(Folded(entry.schema));
-    std::unordered_set<std::wstring> seen;
-    std::vector<NamedEntry> named;
-    seen.reserve(entries.size());
-    named.reserve(entries.size());
-    for (CatalogueEntry& entry : entries) {
-        std::wstring name = WrittenName(entry.name);
-        if (schemas.size() > 1 && !IsDefaultSchema(entry.schema))
-            name = WrittenName(entry.schema) + L'.' + name;
-        if (seen.insert(Folded(name)).second) named.push_back({std::move(entry), std::move(name)});
+std::optional<CatalogueObjects> ReadObjects(AdoCatalogue& catalogue) {
+    CatalogueObjects read;
+    bool answered = catalogue.ReadRowset(Rowset::Tables, {}, kColumns, &read.rows);
+    read.objects = ObjectsOf(read.rows);
+    if (read.objects.empty()) {
+        answered |= catalogue.ReadQuery({L"SELECT TABLE_CATALOG, TABLE_SCHEMA, TABLE_NAME, TABLE_TYPE"
+                                         L" FROM information_schema.tables",
+                                         L"SELECT name AS TABLE_NAME, type AS TABLE_TYPE FROM sqlite_master"
+                                         L" WHERE type IN ('table', 'view')"},
+                                        kColumns, &read.rows);
+        read.objects = ObjectsOf(read.rows);
     }
-    SortForReading(named);
-    return named;
+    if (!answered) return std::nullopt;
+    KeepOwnCatalogue(catalogue.Connection(), read.objects);
+    QualifyWhereNeeded(read.objects);
+    DropSecondNames(read.objects);
+    SortForReading(read.objects);
+    return read;
 }
 
 }  // namespace tessel::schema

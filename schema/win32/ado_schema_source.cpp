@@ -5,7 +5,6 @@
 
 #include "common/identifiers.h"
 #include "common/text.h"
-#include "schema/win32/ado_objects.h"
 #include "schema/win32/ado_types.h"
 
 namespace tessel::schema {
@@ -19,13 +18,17 @@ constexpr long kStateClosed = 0;
 constexpr long kFieldIsNullable = 0x20, kFieldMayBeNull = 0x40;
 
 /// A row belongs to an object when it names that table, or names none because the question did.
-bool IsRowOf(const AdoRows& row, const CatalogueEntry& entry) {
+bool IsRowOf(const AdoRows& row, const CatalogueObject& entry) {
     if (const auto table = row.Text(L"TABLE_NAME"); table && !SameName(*table, entry.name)) return false;
     const auto schema = row.Text(L"TABLE_SCHEMA");
     return !schema || schema->empty() || entry.schema.empty() || SameName(*schema, entry.schema);
 }
 
-std::wstring TableKey(const std::wstring& schema, const std::wstring& name) {
+Restrictions RestrictionsOf(const CatalogueObject& entry) {
+    return {std::wstring(entry.catalogue), std::wstring(entry.schema), std::wstring(entry.name)};
+}
+
+std::wstring TableKey(std::wstring_view schema, std::wstring_view name) {
     return Folded(schema) + L'\n' + Folded(name);
 }
 
@@ -59,37 +62,46 @@ Result<std::vector<Object>> AdoSchemaSource::LoadObjects() {
     auto read = ReadObjects(catalogue_);
     if (!read) return Error{L"No se pudo leer el esquema de la base de datos. " + catalogue_.LastError()};
 
-    entries_.clear();
-    order_.clear();
+    objects_ = std::move(*read);
+    names_.reset();
     std::vector<Object> objects;
-    entries_.reserve(read->size());
-    order_.reserve(read->size());
-    objects.reserve(read->size());
-    for (NamedEntry& named : *read) {
-        order_.push_back(IdentifierKey(named.written_name));
-        objects.push_back({std::move(named.written_name), named.entry.name, named.entry.kind});
-        entries_.emplace(order_.back(), std::move(named.entry));
-    }
+    objects.reserve(objects_.objects.size());
+    for (const CatalogueObject& object : objects_.objects)
+        objects.push_back({object.WrittenName(), std::wstring(object.name), object.kind});
     return objects;
 }
 
-CatalogueEntry AdoSchemaSource::EntryOf(const Object& object) const {
-    const auto found = entries_.find(IdentifierKey(object.name));
-    if (found != entries_.end()) return found->second;
-    CatalogueEntry entry;
-    entry.name = object.raw_name.empty() ? Unbracketed(object.name) : object.raw_name;
+const CatalogueObject* AdoSchemaSource::Find(std::wstring_view written_name) const {
+    const std::vector<CatalogueObject>& objects = objects_.objects;
+    const auto key_of = [&](std::uint32_t number) { return IdentifierKey(objects[number].WrittenName()); };
+    if (!names_) {
+        names_.emplace(objects.size());
+        for (std::uint32_t i = 0; i < objects.size(); ++i) {
+            const std::wstring key = key_of(i);
+            names_->Add(NameHash(key), i, [&](std::uint32_t other) { return key_of(other) == key; });
+        }
+    }
+    const std::wstring key = IdentifierKey(written_name);
+    const auto found = names_->Find(NameHash(key), [&](std::uint32_t other) { return key_of(other) == key; });
+    return found ? &objects[*found] : nullptr;
+}
+
+CatalogueObject AdoSchemaSource::EntryOf(const Object& object) const {
+    if (const CatalogueObject* known = Find(object.name)) return *known;
+    CatalogueObject entry;
+    entry.name = object.raw_name;
     entry.kind = object.kind;
     return entry;
 }
 
-std::vector<AdoSchemaSource::Column> AdoSchemaSource::ReadColumns(const CatalogueEntry& entry) {
+std::vector<AdoSchemaSource::Column> AdoSchemaSource::ReadColumns(const CatalogueObject& entry) {
     std::vector<Column> columns;
     const auto reader = [&](const AdoRows& row) {
         Column column{FieldOfRow(row), row.Number(L"ORDINAL_POSITION").value_or(0)};
         if (IsRowOf(row, entry) && !column.field.raw_name.empty()) columns.push_back(std::move(column));
     };
     if (!all_columns_) {
-        catalogue_.ReadRowset(Rowset::Columns, {entry.catalogue, entry.schema, entry.name}, reader);
+        catalogue_.ReadRowset(Rowset::Columns, RestrictionsOf(entry), reader);
         if (!columns.empty()) return columns;
         // Criteria were refused, or misunderstood: read everything once and choose here.
         ColumnsByTable all;
@@ -116,10 +128,10 @@ std::vector<AdoSchemaSource::Column> AdoSchemaSource::ReadColumns(const Catalogu
     return columns;
 }
 
-std::vector<AdoSchemaSource::Column> AdoSchemaSource::ReadColumnsOfSelect(const CatalogueEntry& entry,
+std::vector<AdoSchemaSource::Column> AdoSchemaSource::ReadColumnsOfSelect(const CatalogueObject& entry,
                                                                           const std::wstring& written_name) {
-    std::wstring quoted = L"\"" + entry.name + L"\"";
-    if (!entry.schema.empty()) quoted = L"\"" + entry.schema + L"\"." + quoted;
+    std::wstring quoted = L"\"" + std::wstring(entry.name) + L"\"";
+    if (!entry.schema.empty()) quoted = L"\"" + std::wstring(entry.schema) + L"\"." + quoted;
     for (const std::wstring& name : {written_name, quoted}) {
         const AdoRows rows(catalogue_.Execute(L"SELECT * FROM " + name + L" WHERE 1 = 0"));
         if (!rows.IsOpen()) continue;
@@ -143,7 +155,7 @@ std::vector<AdoSchemaSource::Column> AdoSchemaSource::ReadColumnsOfSelect(const 
     return {};
 }
 
-std::vector<std::wstring> AdoSchemaSource::ReadPrimaryKey(const CatalogueEntry& entry) {
+std::vector<std::wstring> AdoSchemaSource::ReadPrimaryKey(const CatalogueObject& entry) {
     std::vector<Column> columns;
     const auto reader = [&](const AdoRows& row) {
         Column column;
@@ -153,8 +165,7 @@ std::vector<std::wstring> AdoSchemaSource::ReadPrimaryKey(const CatalogueEntry& 
     };
     bool known = false;
     if (!all_keys_) {
-        known =
-            catalogue_.ReadRowset(Rowset::PrimaryKeys, {entry.catalogue, entry.schema, entry.name}, reader);
+        known = catalogue_.ReadRowset(Rowset::PrimaryKeys, RestrictionsOf(entry), reader);
         if (!known) {
             ColumnsByTable all;
             const auto keep = [&](const AdoRows& row) {
@@ -189,7 +200,7 @@ std::vector<std::wstring> AdoSchemaSource::ReadPrimaryKey(const CatalogueEntry& 
 }
 
 Result<std::vector<Field>> AdoSchemaSource::LoadFields(const Object& object) {
-    const CatalogueEntry entry = EntryOf(object);
+    const CatalogueObject entry = EntryOf(object);
     std::vector<Column> columns = ReadColumns(entry);
     if (columns.empty()) columns = ReadColumnsOfSelect(entry, object.name);
     if (columns.empty()) return Error{L"No se pudieron leer los campos de " + object.name + L"."};

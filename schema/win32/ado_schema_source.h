@@ -12,18 +12,12 @@
 #include <unordered_map>
 #include <vector>
 
+#include "schema/name_table.h"
 #include "schema/schema.h"
 #include "schema/win32/ado_catalogue.h"
+#include "schema/win32/ado_objects.h"
 
 namespace tessel::schema {
-
-/// What the rowset of tables says about one object.
-struct CatalogueEntry {
-    std::wstring catalogue;
-    std::wstring schema;
-    std::wstring name;
-    ObjectKind kind = ObjectKind::Table;
-};
 
 class AdoSchemaSource final : public SchemaSource {
 public:
@@ -44,19 +38,22 @@ private:
     using ColumnsByTable = std::unordered_map<std::wstring, std::vector<Column>>;
     struct KeyRow;
 
-    CatalogueEntry EntryOf(const Object& object) const;
+    /// The object of that name as statements write it, or nullptr.
+    const CatalogueObject* Find(std::wstring_view written_name) const;
+    /// What the catalogue says of an object; its names alone when it is not one of the catalogue's.
+    CatalogueObject EntryOf(const Object& object) const;
     std::wstring NameOf(const std::wstring& schema, const std::wstring& name) const;
 
-    std::vector<Column> ReadColumns(const CatalogueEntry& entry);
-    std::vector<Column> ReadColumnsOfSelect(const CatalogueEntry& entry, const std::wstring& written_name);
-    std::vector<std::wstring> ReadPrimaryKey(const CatalogueEntry& entry);
+    std::vector<Column> ReadColumns(const CatalogueObject& entry);
+    std::vector<Column> ReadColumnsOfSelect(const CatalogueObject& entry, const std::wstring& written_name);
+    std::vector<std::wstring> ReadPrimaryKey(const CatalogueObject& entry);
     std::vector<KeyRow> ReadForeignKeyRows();
     void CompleteReferences(std::vector<ForeignKey>& keys);
 
     AdoCatalogue catalogue_;
-    std::unordered_map<std::wstring, CatalogueEntry> entries_;  ///< by IdentifierKey of the object's name
-    std::vector<std::wstring> order_;                           ///< those keys in the order of the objects
-    std::optional<ColumnsByTable> all_columns_;                 ///< for providers that refuse criteria
+    CatalogueObjects objects_;
+    mutable std::optional<NameTable> names_;     ///< of the objects, made when one is first looked for
+    std::optional<ColumnsByTable> all_columns_;  ///< for providers that refuse criteria
     std::optional<ColumnsByTable> all_keys_;
 };
 

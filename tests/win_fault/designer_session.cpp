@@ -259,6 +259,8 @@ FakeConnection SessionConnection() {
     database.rowsets[27] = {
         {L"PK_TABLE_NAME", L"PK_COLUMN_NAME", L"FK_TABLE_NAME", L"FK_COLUMN_NAME", L"ORDINAL", L"FK_NAME"},
         {{L"Clientes", L"IdCliente", L"Pedidos", L"IdCliente", L"1", L"FK"}}};
+    // One that is read in blocks and one that is not.
+    database.rowsets[20].blocks = FakeBlocks::Right;
     database.default_database = L"ventas";
     FakeConnection connection = MakeConnection(std::move(database));
     std::vector<FakePtr> errors;

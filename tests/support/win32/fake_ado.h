@@ -15,11 +15,27 @@ namespace tessel::tests {
 /// A cell; no value stands for Null.
 using Cell = std::optional<std::wstring>;
 
+/// How a recordset gives several rows in one text.
+enum class FakeBlocks {
+    None,  ///< it has no such member
+    Right,
+    WithoutLastEnd,  ///< nothing behind the last row
+    Fail,            ///< the first call fails
+    FailLater,       ///< the second call fails
+    Number,          ///< a number instead of a text
+    Nothing,         ///< a text without anything
+    ColumnTooFew,    ///< the last column is missing
+    ColumnTooMany,   ///< there is one that no field tells of
+    MoreThanAsked,   ///< all rows at once
+    StandStill,      ///< the same rows again and again
+};
+
 struct FakeTable {
     std::vector<std::wstring> columns;
     std::vector<std::vector<Cell>> rows;
     bool never_ends = false;   ///< EOF is never true, and the first row repeats
     bool fields_stay = false;  ///< a field object keeps saying what its own row holds
+    FakeBlocks blocks = FakeBlocks::None;
 };
 
 /// Calls that are still allowed before everything fails; shared by all objects of one connection.
@@ -44,14 +60,49 @@ inline win32::UniqueVariant CellValue(const Cell& cell) {
     return cell ? win32::UniqueVariant(*cell) : win32::UniqueVariant::Null();
 }
 
+/// A recordset's rows and where it stands in them.
+struct FakeCursor {
+    FakeTable table;
+    std::size_t row = 0;
+    int blocks_given = 0;
+};
+
+/// What GetString answers; the arguments are the format, the number of rows and the texts that end columns
+/// and rows.
+inline FakeAnswer NextBlock(FakeCursor& cursor, const FakeCall& call) {
+    const FakeBlocks blocks = cursor.table.blocks;
+    if (blocks == FakeBlocks::Fail || (blocks == FakeBlocks::FailLater && cursor.blocks_given > 0))
+        return Raise(E_FAIL, L"No se pueden dar las filas");
+    if (cursor.row >= cursor.table.rows.size()) return Raise(E_FAIL, L"No hay fila");
+    ++cursor.blocks_given;
+    if (blocks == FakeBlocks::Number) return Value(7);
+    const std::size_t asked = blocks == FakeBlocks::MoreThanAsked ? cursor.table.rows.size()
+                                                                  : static_cast<std::size_t>(call.Number(1));
+    const std::size_t before = cursor.row;
+    std::wstring text;
+    for (std::size_t given = 0; given < asked && cursor.row < cursor.table.rows.size(); ++given) {
+        std::vector<Cell> row = cursor.table.rows[cursor.row];
+        if (blocks == FakeBlocks::ColumnTooFew) row.pop_back();
+        if (blocks == FakeBlocks::ColumnTooMany) row.emplace_back(L"de más");
+        for (std::size_t i = 0; i < row.size(); ++i)
+            text += (i > 0 ? call.Text(2) : L"") + row[i].value_or(call.Text(4));
+        text += call.Text(3);
+        if (!cursor.table.never_ends) ++cursor.row;
+    }
+    if (blocks == FakeBlocks::StandStill) cursor.row = before;
+    if (blocks == FakeBlocks::Nothing) text.clear();
+    if (blocks == FakeBlocks::WithoutLastEnd) text.resize(text.size() - call.Text(3).size());
+    return Value(win32::UniqueVariant(std::wstring_view(text)));
+}
+
 /// A recordset at its first row.
 inline FakePtr MakeRecordset(FakeTable table, std::shared_ptr<FakeLine> line) {
-    struct State {
-        FakeTable table;
-        std::size_t row = 0;
-    };
-    auto state = std::make_shared<State>(State{std::move(table), 0});
+    auto state = std::make_shared<FakeCursor>(FakeCursor{std::move(table)});
     FakePtr recordset = MakeFake();
+    if (state->table.blocks != FakeBlocks::None)
+        recordset->On(L"GetString", [=](const FakeCall& call) {
+            return line->Take() ? NextBlock(*state, call) : DeadLine();
+        });
     recordset->On(L"EOF", [=](const FakeCall&) {
         if (!line->Take()) return DeadLine();
         return Value(!state->table.never_ends && state->row >= state->table.rows.size());
@@ -112,6 +163,7 @@ struct FakeConnection {
 /// The rows of a rowset whose table column holds the criterion.
 inline FakeTable Restricted(const FakeTable& table, const std::wstring& column, const std::wstring& name) {
     FakeTable result{table.columns, {}};
+    result.blocks = table.blocks;
     for (const auto& row : table.rows)
         for (std::size_t i = 0; i < table.columns.size(); ++i)
             if (table.columns[i] == column && row[i] == name) result.rows.push_back(row);
