@@ -13,18 +13,15 @@ constexpr std::wstring_view kBaseLetters = L"aaaaaa\u00E6ceeeeiiii\u00F0nooooo\u
 constexpr wchar_t kFirstAccented = L'\u00E0';
 constexpr wchar_t kLastAccented = L'\u00FF';
 
-/// The form in which names are searched: lower case, no accents, no brackets, no white space around.
-std::wstring SearchText(std::wstring_view text) {
-    std::wstring folded = Folded(text);
-    std::wstring result;
-    result.reserve(folded.size());
-    for (wchar_t ch : folded) {
+/// Adds the form in which names are searched: lower case, no accents, no brackets, no white space around.
+void AppendSearchText(std::wstring_view text, std::wstring& target) {
+    for (wchar_t ch : TrimView(text)) {
         if (ch == L'[' || ch == L']') continue;
+        ch = LowerChar(ch);
         if (ch >= kFirstAccented && ch <= kLastAccented)
             ch = kBaseLetters[static_cast<std::size_t>(ch - kFirstAccented)];
-        result.push_back(ch);
+        target.push_back(ch);
     }
-    return result;
 }
 
 }  // namespace
@@ -33,12 +30,14 @@ void BrowserModel::Load(const schema::Schema* schema, std::wstring_view caption)
     schema_ = schema;
     caption_ = caption;
     search_texts_.clear();
+    search_ends_.clear();
     ApplyFilter();
 }
 
 bool BrowserModel::SetFilter(std::wstring_view filter) {
     filter_ = filter;
-    std::wstring needle = SearchText(filter);
+    std::wstring needle;
+    AppendSearchText(filter, needle);
     if (needle == needle_) return false;
     needle_ = std::move(needle);
     const auto tables_before = std::move(tables_);
@@ -51,8 +50,13 @@ void BrowserModel::ApplyFilter() {
     tables_.clear();
     views_.clear();
     // The window opens unfiltered, so that the texts to search in can wait for the first search.
-    if (IsFiltered() && search_texts_.empty())
-        for (std::size_t i = 0; i < ObjectCount(); ++i) search_texts_.push_back(SearchText(ObjectAt(i).name));
+    if (IsFiltered() && search_ends_.empty()) {
+        search_ends_.reserve(ObjectCount());
+        for (std::size_t i = 0; i < ObjectCount(); ++i) {
+            AppendSearchText(ObjectAt(i).name, search_texts_);
+            search_ends_.push_back(search_texts_.size());
+        }
+    }
     for (std::size_t i = 0; i < ObjectCount(); ++i) {
         if (!Passes(i)) continue;
         (ObjectAt(i).kind == schema::ObjectKind::View ? views_ : tables_).push_back(i);
@@ -60,7 +64,10 @@ void BrowserModel::ApplyFilter() {
 }
 
 bool BrowserModel::Passes(std::size_t object) const {
-    return !IsFiltered() || search_texts_[object].find(needle_) != std::wstring::npos;
+    if (!IsFiltered()) return true;
+    const std::size_t begin = object == 0 ? 0 : search_ends_[object - 1];
+    const std::wstring_view text(search_texts_.data() + begin, search_ends_[object] - begin);
+    return text.find(needle_) != std::wstring_view::npos;
 }
 
 std::wstring BrowserModel::GroupCaption(schema::ObjectKind kind) const {

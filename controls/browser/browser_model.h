@@ -94,7 +94,8 @@ private:
     std::wstring caption_;
     std::wstring filter_;
     std::wstring needle_;
-    std::vector<std::wstring> search_texts_;  ///< by index of the object, from the first search on
+    std::wstring search_texts_;  ///< of all objects, one behind the other, from the first search on
+    std::vector<std::size_t> search_ends_;  ///< where each ends, by index of the object
     std::vector<std::size_t> tables_;
     std::vector<std::size_t> views_;
 };

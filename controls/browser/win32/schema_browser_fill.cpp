@@ -18,8 +18,8 @@ namespace tessel::controls {
 namespace {
 
 constexpr UINT_PTR kFillTimer = 1;
-/// What is there at once: more than a screen shows.
-constexpr std::size_t kFirstObjects = 120;
+/// What is there at once: as much as a high window shows.
+constexpr std::size_t kFirstObjects = 64;
 /// Between two looks at the clock.
 constexpr std::size_t kObjectsAtOnce = 50;
 constexpr ULONGLONG kSlice_ms = 10;
