@@ -93,8 +93,10 @@ private:
         for (const sql::NodeId condition : plan_.criteria) {
             if (Outcome refusal = where.FillJoinCondition(condition)) return refusal;
         }
+        ReadHaving();
         if (where_fits) {
-            const bool alone = plan_.criteria.empty() && !HasConditionsOnKeys();
+            const bool alone =
+                plan_.criteria.empty() && std::ranges::none_of(having_, &HavingCondition::is_on_keys);
             if (Outcome refusal = where.FillCriteria(statement_.where, alone)) return refusal;
         }
         CriteriaBuilder having(scope_, canonical_, *columns_, CriteriaBuilder::Clause::Having);
@@ -120,27 +122,30 @@ private:
         return Refusal{statement_.At(total).Range(), std::wstring(messages::kAggregateInWhere)};
     }
 
-    bool HasConditionsOnKeys() {
-        if (statement_.having == sql::kNoNode) return false;
-        const GroupConditions groups(scope_, canonical_);
-        return std::ranges::any_of(canonical_.ConjunctNodes(statement_.having),
-                                   [&](sql::NodeId condition) { return groups.MayStandInWhere(condition); });
-    }
-
     // Conditions on the keys of the groups are criteria of the grouped columns, which composition writes into
     // WHERE. `alone` tells that no other criteria of WHERE stand in the grid.
     Outcome BuildHaving(CriteriaBuilder& where, CriteriaBuilder& having, bool alone) {
-        const GroupConditions groups(scope_, canonical_);
-        const std::vector<sql::NodeId> conditions = canonical_.ConjunctNodes(statement_.having);
-        const auto on_keys = [&](sql::NodeId condition) { return groups.MayStandInWhere(condition); };
-        if (std::ranges::all_of(conditions, on_keys)) return where.FillCriteria(statement_.having, alone);
-        if (std::ranges::none_of(conditions, on_keys)) return having.FillCriteria(statement_.having, true);
-        for (const sql::NodeId condition : conditions) {
-            CriteriaBuilder& builder = on_keys(condition) ? where : having;
-            if (Outcome refusal = builder.FillCriteria(condition, false)) return refusal;
+        const auto is_on_keys = [](const HavingCondition& condition) { return condition.is_on_keys; };
+        if (std::ranges::all_of(having_, is_on_keys)) return where.FillCriteria(statement_.having, alone);
+        if (std::ranges::none_of(having_, is_on_keys)) return having.FillCriteria(statement_.having, true);
+        for (const HavingCondition& condition : having_) {
+            CriteriaBuilder& builder = condition.is_on_keys ? where : having;
+            if (Outcome refusal = builder.FillCriteria(condition.node, false)) return refusal;
         }
         return std::nullopt;
     }
+
+    void ReadHaving() {
+        if (statement_.having == sql::kNoNode) return;
+        const GroupConditions groups(scope_, canonical_);
+        for (const sql::NodeId condition : canonical_.ConjunctNodes(statement_.having))
+            having_.push_back({condition, groups.MayStandInWhere(condition)});
+    }
+
+    struct HavingCondition {
+        sql::NodeId node = sql::kNoNode;
+        bool is_on_keys = false;
+    };
 
     const Statement& statement_;
     const model::Diagram& before_;
@@ -152,6 +157,7 @@ private:
     JoinPlan plan_;
     std::optional<ColumnBuilder> columns_;
     std::optional<bool> where_fits_;
+    std::vector<HavingCondition> having_;
     LeftOut left_out_;
 };
 
@@ -184,7 +190,7 @@ Analysis AnalyseSQL(std::wstring_view text, model::Design& design) {
         analysis.error = MakeDiagnostic(text, refusal.range, refusal.message);
         return analysis;
     };
-    if (const Outcome refusal = CheckText(text, statement->has_comments)) return refuse(*refusal);
+    if (const Outcome refusal = CheckText(*statement)) return refuse(*refusal);
     if (const Outcome refusal = rebuild.BuildOutput()) return refuse(*refusal);
     if (statement->top_range.length > 0) {
         // The design keeps what was read so far, except of a count that means nothing to it.

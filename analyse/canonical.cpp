@@ -148,10 +148,12 @@ Form Canonical::Condition(NodeId id) const {
 }
 
 std::vector<NodeId> Canonical::ConjunctNodes(NodeId id) const {
-    std::vector<NodeId> operands = OperandsOf(statement_, id, LogicalOp::And);
+    const NodeId inner = WithoutParens(statement_, id);
+    if (!IsLogical(statement_.At(inner), LogicalOp::And)) return {inner};
+    std::vector<NodeId> operands = OperandsOf(statement_, inner, LogicalOp::And);
     const auto others =
         std::ranges::count_if(operands, [&](NodeId operand) { return !IsTruthValue(operand); });
-    if (operands.size() > 1 && others > 1) operands = {WithoutParens(statement_, id)};
+    if (others > 1) operands = {inner};
     return operands;
 }
 

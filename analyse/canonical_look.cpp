@@ -33,7 +33,9 @@ NodeId LastChild(const sql::Statement& statement, const Node& node) {
 }  // namespace
 
 bool Canonical::HaveSameForm(NodeId one, NodeId other) const {
-    if (HaveSameText(Inside(statement_, one), Inside(statement_, other))) return true;
+    one = Inside(statement_, one);
+    other = Inside(statement_, other);
+    if (HaveSameText(one, other)) return true;
     return !AreUnlike(one, other) && Expression(one) == Expression(other);
 }
 
@@ -45,8 +47,10 @@ bool Canonical::HaveSameTruth(NodeId one, NodeId other) const {
 /// The same text is the same tree, and in one statement the same names mean the same: all but those whose
 /// table was settled by the place where they stand, and parameters, which are told by their places.
 bool Canonical::HaveSameText(NodeId one, NodeId other) const {
-    if (scope_.Settled() > 0 || !places_.empty()) return false;
-    return statement_.Slice(statement_.At(one).Range()) == statement_.Slice(statement_.At(other).Range());
+    const Node& a = statement_.At(one);
+    const Node& b = statement_.At(other);
+    if (a.kind != b.kind || a.length != b.length || scope_.Settled() > 0 || !places_.empty()) return false;
+    return statement_.Slice(a.Range()) == statement_.Slice(b.Range());
 }
 
 bool Canonical::AreUnlike(NodeId one, NodeId other) const {

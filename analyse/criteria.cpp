@@ -177,8 +177,10 @@ Outcome CriteriaBuilder::FillAlternatives(NodeId id) {
     }
     const auto first = ReadComparison(alternatives[0]);
     const auto second = ReadComparison(alternatives[1]);
-    if (!first || !second || !MayFilter(first->expression)) return FillWhole(id);
-    return AddCells(first->expression, {CellTextOf(*first), CellTextOf(*second)}, PlaceOf(id));
+    if (!first || !second) return FillWhole(id);
+    const int column = columns_.FindColumn(first->expression);
+    if (!MayFilter(column)) return FillWhole(id);
+    return AddCells(first->expression, column, CellTextOf(*first), CellTextOf(*second), PlaceOf(id));
 }
 
 // What was composed from parts stays in parts, although it may be shorter than the text they came from.
@@ -226,8 +228,9 @@ Outcome CriteriaBuilder::FillInParts(const std::vector<NodeId>& alternatives, Te
 
 Outcome CriteriaBuilder::FillPredicate(NodeId id) {
     if (const auto comparison = ReadComparison(id)) {
-        if (!MayFilter(comparison->expression)) return FillWhole(id);
-        return AddCells(comparison->expression, {CellTextOf(*comparison)}, PlaceOf(id));
+        const int column = columns_.FindColumn(comparison->expression);
+        if (!MayFilter(column)) return FillWhole(id);
+        return AddCells(comparison->expression, column, CellTextOf(*comparison), {}, PlaceOf(id));
     }
     bool negated = false;
     const NodeId compared = WithoutNot(statement_, id, negated);
@@ -240,9 +243,9 @@ Outcome CriteriaBuilder::FillPredicate(NodeId id) {
 // A condition that is only a value. A number that is not zero holds too, although it does not equal True.
 Outcome CriteriaBuilder::FillBareCondition(NodeId id) {
     const Shown value{id};
-    if (!MayFilter(value)) return FillWhole(id);
-    const std::wstring_view cell = canonical_.IsTruthValue(id) ? kIsTrue : kIsNotFalse;
-    return AddCells(value, {std::wstring(cell)}, PlaceOf(id));
+    const int column = columns_.FindColumn(value);
+    if (!MayFilter(column)) return FillWhole(id);
+    return AddCells(value, column, canonical_.IsTruthValue(id) ? kIsTrue : kIsNotFalse, {}, PlaceOf(id));
 }
 
 Outcome CriteriaBuilder::FillWhole(NodeId id) {
@@ -251,7 +254,7 @@ Outcome CriteriaBuilder::FillWhole(NodeId id) {
     const auto is_same = [&](NodeId other) { return canonical_.HaveSameTruth(other, id); };
     if (std::ranges::any_of(shown_whole_, is_same)) return std::nullopt;
     shown_whole_.push_back(id);
-    int column = UsableColumn(condition);
+    int column = UsableColumn(columns_.FindColumn(condition));
     if (column == kNoColumn) {
         if (Outcome refusal = AddColumn(WholeText(id), condition, PlaceOf(id), column)) return refusal;
     }
@@ -266,35 +269,37 @@ std::wstring CriteriaBuilder::WholeText(NodeId id) const {
         text = BindsTighterThanComparison(statement_, inner) ? text + L" " : L"(" + text + L") ";
         text += kIsNotFalse;
     }
-    return ColumnBuilder::FittedText(L"(" + text + L")");
+    text.reserve(text.size() + 2);
+    text.insert(text.begin(), L'(');
+    text += L')';
+    return ColumnBuilder::FittedText(std::move(text));
 }
 
-Outcome CriteriaBuilder::AddCells(Shown shown, const std::vector<std::wstring>& cells, TextRange place) {
-    int column = UsableColumn(shown);
+/// `column` is the one that shows the expression, if there is one.
+Outcome CriteriaBuilder::AddCells(Shown shown, int column, std::wstring_view first, std::wstring_view second,
+                                  TextRange place) {
+    column = UsableColumn(column);
     if (column == kNoColumn) {
         const bool bare = BindsTighterThanComparison(statement_, shown.node);
         std::wstring text = ExpressionText(shown.node, bare ? L"" : L"(");
         if (!bare) text = L"(" + text + L")";
         if (Outcome refusal = AddColumn(std::move(text), shown, place, column)) return refusal;
     }
-    if (Outcome refusal = columns_.Write(GridRow::Condicion, column, cells[0], place)) return refusal;
-    return cells.size() > 1 ? columns_.Write(GridRow::Or, column, cells[1], place) : std::nullopt;
+    if (Outcome refusal = columns_.Write(GridRow::Condicion, column, first, place)) return refusal;
+    return second.empty() ? std::nullopt : columns_.Write(GridRow::Or, column, second, place);
 }
 
 // Whether criteria may stand in a column of that expression: composition groups by it in a totals query, so
 // it must be grouped anyway; and criteria of another condition, which are alternatives there, must not be in
 // it.
-bool CriteriaBuilder::MayFilter(Shown shown) const {
-    const int column = columns_.FindColumn(shown);
+bool CriteriaBuilder::MayFilter(int column) const {
     if (column != kNoColumn && !TrimView(columns_.Cell(GridRow::Condicion, column)).empty()) return false;
     if (clause_ == Clause::Having || !columns_.IsTotals()) return true;
     return column != kNoColumn && columns_.IsGrouped(column);
 }
 
-/// The column that shows the expression and from which composition writes criteria of this clause, or
-/// kNoColumn.
-int CriteriaBuilder::UsableColumn(Shown shown) const {
-    const int column = columns_.FindColumn(shown);
+/// The column if composition writes criteria of this clause from it, or kNoColumn.
+int CriteriaBuilder::UsableColumn(int column) const {
     if (column == kNoColumn) return kNoColumn;
     if (clause_ == Clause::Having)
         return IsAggregate(columns_.Cell(GridRow::Campo, column)) ? column : kNoColumn;
@@ -324,8 +329,11 @@ std::wstring CriteriaBuilder::ExpressionText(NodeId id, std::wstring_view before
 }
 
 std::wstring CriteriaBuilder::CellTextOf(const Comparison& comparison) const {
-    return ColumnBuilder::FittedText(std::wstring(comparison.sign) + L" " +
-                                     columns_.CellText(comparison.value));
+    std::wstring text = columns_.CellText(comparison.value);
+    text.reserve(text.size() + comparison.sign.size() + 1);
+    text.insert(text.begin(), L' ');
+    text.insert(0, comparison.sign);
+    return ColumnBuilder::FittedText(std::move(text));
 }
 
 }  // namespace tessel::analyse

@@ -64,9 +64,10 @@ private:
     Outcome FillBareCondition(sql::NodeId id);
     Outcome FillWhole(sql::NodeId id);
     std::wstring WholeText(sql::NodeId id) const;
-    Outcome AddCells(Shown shown, const std::vector<std::wstring>& cells, TextRange place);
-    bool MayFilter(Shown shown) const;
-    int UsableColumn(Shown shown) const;
+    Outcome AddCells(Shown shown, int column, std::wstring_view first, std::wstring_view second,
+                     TextRange place);
+    bool MayFilter(int column) const;
+    int UsableColumn(int column) const;
     Outcome AddColumn(std::wstring text, Shown shown, TextRange place, int& column);
     std::wstring ExpressionText(sql::NodeId id, std::wstring_view before) const;
     std::wstring CellTextOf(const Comparison& comparison) const;

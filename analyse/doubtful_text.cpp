@@ -51,28 +51,36 @@ bool IsDoubtfulBlank(wchar_t ch) {
     return ch == L'\v' || (static_cast<std::uint32_t>(ch) >= 0x80 && sql::Is(ch, sql::kBlank));
 }
 
-/// Hardly a text has comments, such a blank or a digit before a letter; the others need no second look.
-bool MayBeDoubtful(std::wstring_view text, bool has_comments) {
-    if (has_comments) return true;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const auto code = static_cast<std::uint32_t>(text[at]);
-        if (code < 0x80) {
-            const bool is_digit = code - L'0' < 10;
-            if (is_digit && at + 1 < text.size() && sql::Is(text[at + 1], sql::kWordStart)) return true;
-            if (code == L'\v') return true;
-        } else if (sql::Is(text[at], sql::kBlank)) {
-            return true;
-        }
-    }
-    return false;
+bool HasDoubtfulBlank(std::wstring_view text) {
+    std::uint32_t bits = 0;
+    std::size_t at = 0;
+    const auto code = [&](std::size_t index) { return static_cast<std::uint32_t>(text[index]); };
+    for (; at + 4 <= text.size(); at += 4) bits |= code(at) | code(at + 1) | code(at + 2) | code(at + 3);
+    for (; at < text.size(); ++at) bits |= code(at);
+    if (bits > 0xFF) return std::ranges::any_of(text, IsDoubtfulBlank);
+    // In Latin-1 there are but these two.
+    return text.find(L'\v') != std::wstring_view::npos || text.find(L'\u00A0') != std::wstring_view::npos;
+}
+
+bool IsDigitBeforeLetter(wchar_t first, wchar_t second) {
+    return first >= L'0' && first <= L'9' && sql::Is(second, sql::kWordStart);
+}
+
+/// Hardly a text has comments, such a blank or a letter right behind a number; the others need no second
+/// look.
+bool MayBeDoubtful(const sql::Statement& statement) {
+    const std::wstring_view text = statement.source;
+    if (statement.has_comments || HasDoubtfulBlank(text)) return true;
+    return statement.has_tight_numbers && std::ranges::adjacent_find(text, IsDigitBeforeLetter) != text.end();
 }
 
 }  // namespace
 
-Outcome CheckText(std::wstring_view text, bool has_comments) {
+Outcome CheckText(const sql::Statement& statement) {
+    const std::wstring_view text = statement.source;
     if (const std::size_t null = text.find(L'\0'); null < text.size())
         return Refusal{{null, 1}, std::wstring(messages::kNullCharacter)};
-    if (!MayBeDoubtful(text, has_comments)) return std::nullopt;
+    if (!MayBeDoubtful(statement)) return std::nullopt;
     sql::Lexer lexer(text);
     Token before;
     for (Token token = lexer.Next(); token.kind != TokenKind::End; token = lexer.Next()) {

@@ -3,8 +3,6 @@
 // comment, or a blank for a letter.
 #pragma once
 
-#include <string_view>
-
 #include "analyse/refusal.h"
 
 namespace tessel::analyse {
@@ -18,7 +16,6 @@ namespace tessel::analyse {
 /// - a word that follows a number without a blank (1AND b): one invalid token for some;
 /// - a null character, where many stop reading;
 /// - a blank that is none of ASCII's, or a vertical tab: part of a name for some, invalid for others.
-/// `has_comments` is the statement's.
-[[nodiscard]] Outcome CheckText(std::wstring_view text, bool has_comments);
+[[nodiscard]] Outcome CheckText(const sql::Statement& statement);
 
 }  // namespace tessel::analyse

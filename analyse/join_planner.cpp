@@ -26,6 +26,7 @@ JoinPlanner::JoinPlanner(StatementScope& scope, const Canonical& canonical,
 
 Outcome JoinPlanner::Plan(int root, JoinPlan& plan) {
     plan_ = &plan;
+    plan.relations.reserve(statement_.Tables.size());
     SettleFields(root);
     const TableGroup group = GroupOf(scope_, canonical_, root);
     Work work = WorkOf(group);
@@ -337,13 +338,15 @@ std::wstring JoinPlanner::TextOf(const Field& field) const {
 // A relation has one field on either side. Composition writes what follows the right one after the equality,
 // and there the other comparisons find their place.
 void JoinPlanner::AddRelation(const std::vector<Comparison>& comparisons, model::JoinKind kind) {
-    const auto name = [&](const Field& field) { return table_names_[static_cast<std::size_t>(field.table)]; };
+    const auto name = [&](const Field& field) -> const std::wstring& {
+        return table_names_[static_cast<std::size_t>(field.table)];
+    };
     const Comparison& equality = comparisons.front();
-    model::RelInfo relation;
+    model::RelInfo& relation = plan_->relations.emplace_back();
     relation.LeftTable = name(equality.left);
-    relation.LeftField = statement_.Text(equality.left.text);
+    relation.LeftField = statement_.Slice(equality.left.text);
     relation.RightTable = name(equality.right);
-    relation.RightField = statement_.Text(equality.right.text);
+    relation.RightField = statement_.Slice(equality.right.text);
     for (std::size_t index = 1; index < comparisons.size(); ++index) {
         const Comparison& further = comparisons[index];
         relation.RightField += L" AND " + TextOf(further.left) + L' ';
@@ -351,7 +354,6 @@ void JoinPlanner::AddRelation(const std::vector<Comparison>& comparisons, model:
         relation.RightField += L' ' + TextOf(further.right);
     }
     relation.JType = kind;
-    plan_->relations.push_back(std::move(relation));
 }
 
 Refusal JoinPlanner::Refuse(int index, std::wstring_view message) const {

@@ -20,6 +20,8 @@ constexpr std::array<std::wstring_view, 18> kAggregateNames = {
     L"last",     L"stdev",        L"stdevp",     L"var",   L"varp",      L"stddev",
     L"variance", L"group_concat", L"string_agg", L"total", L"array_agg", L"compute"};
 
+constexpr std::size_t kUsualOperands = 8;
+
 bool IsOfBits(const Node& node) {
     const auto op = static_cast<sql::BinaryOp>(node.op);
     return node.kind == NodeKind::Binary &&
@@ -60,6 +62,7 @@ NodeId WithoutParens(const Statement& statement, NodeId id) {
 
 std::vector<NodeId> OperandsOf(const Statement& statement, NodeId id, sql::LogicalOp op) {
     std::vector<NodeId> operands;
+    operands.reserve(kUsualOperands);
     AppendOperands(statement, id, op, operands);
     return operands;
 }

@@ -40,11 +40,12 @@ StatementScope::StatementScope(const Statement& statement, const schema::Schema*
       alias_keys_(statement.Columns.size(), kNoForm) {
     tables_.reserve(statement.Tables.size());
     for (const TableRef& reference : statement.Tables) {
-        const Form called = CallingKey(statement, reference);
+        const Form key = forms.Identifier(statement.Slice(reference.name));
+        const Form called =
+            reference.alias.length > 0 ? forms.Identifier(statement.Slice(reference.alias)) : key;
         if (called >= tables_called_.size()) tables_called_.resize(called + 1, kNoTable);
         int& table_called = tables_called_[called];
         if (table_called == kNoTable) table_called = TableCount();
-        const Form key = forms.Identifier(statement.Slice(reference.name));
         tables_.push_back({key, false, nullptr});
     }
     MarkRepeatedTables();
@@ -74,6 +75,7 @@ const std::vector<StatementScope::Reference>& StatementScope::References() const
 void StatementScope::MarkRepeatedTables() {
     if (tables_.size() < 2) return;
     std::vector<Form> keys;
+    keys.reserve(tables_.size());
     for (const Table& table : tables_) keys.push_back(table.key);
     std::ranges::sort(keys);
     for (Table& table : tables_) {
@@ -174,9 +176,10 @@ int StatementScope::TableOfName(NodeId name) const {
 }
 
 int StatementScope::FindTableOfName(NodeId name) const {
+    const NodeId qualifier = QualifierOf(statement_, statement_.At(name));
+    if (qualifier != sql::kNoNode) return TableCalled(KeyOf(qualifier));
     const NameParts parts = PartsOf(name);
-    if (parts.count == 0) return kNoTable;
-    return parts.count == 1 ? TableOfField(parts.first) : TableCalled(parts.first);
+    return parts.count == 0 ? kNoTable : TableOfField(parts.first);
 }
 
 StatementScope::NameParts StatementScope::PartsOf(NodeId name) const {

@@ -11,8 +11,8 @@ namespace tessel {
 
 namespace {
 
-// Sorted: looked up by binary search. Words that only matter in statements of other kinds stand here when a
-// bare name of that spelling is refused by the engines all the same.
+// Sorted: looked up by the first letter. Words that only matter in statements of other kinds stand here when
+// a bare name of that spelling is refused by the engines all the same.
 constexpr std::wstring_view kReservedWords[] = {
     L"add",         L"alike",     L"all",        L"alter",       L"and",         L"any",       L"as",
     L"asc",         L"begin",     L"between",    L"by",          L"case",        L"cast",      L"check",
@@ -30,6 +30,18 @@ constexpr std::wstring_view kReservedWords[] = {
     L"user",        L"using",     L"values",     L"view",        L"when",        L"where",     L"with",
     L"xor"};
 static_assert(std::is_sorted(std::begin(kReservedWords), std::end(kReservedWords)));
+
+/// By a letter from "a" on, where in kReservedWords the words begin that begin with it; one more for the end.
+consteval std::array<std::uint8_t, 27> MakeFirstWords() {
+    std::array<std::uint8_t, 27> first{};
+    for (std::uint32_t letter = 0; letter < first.size(); ++letter) {
+        for (const std::wstring_view word : kReservedWords)
+            first[letter] += static_cast<std::uint32_t>(word.front()) < L'a' + letter ? 1 : 0;
+    }
+    return first;
+}
+
+constexpr std::array<std::uint8_t, 27> kFirstWordOf = MakeFirstWords();
 
 constexpr std::size_t kLongestReservedWord =
     std::ranges::max(kReservedWords, {}, [](std::wstring_view word) { return word.size(); }).size();
@@ -195,34 +207,43 @@ std::size_t LastPoint(std::wstring_view text) {
     return last;
 }
 
-bool IsQualifiedName(std::wstring_view text) {
+QualifiedName ReadQualifiedName(std::wstring_view text) {
+    QualifiedName name;
     std::size_t at = SkipBlanks(text, 0);
-    for (int parts = 1; at < text.size(); ++parts) {
+    while (at < text.size()) {
         std::size_t end = at;
-        if (parts > 1 && text[at] == L'*') {
-            return SkipBlanks(text, at + 1) == text.size();
+        ++name.parts;
+        if (name.parts > 1 && text[at] == L'*') {
+            name.is_one = SkipBlanks(text, at + 1) == text.size();
+            return name;
         }
         if (const std::optional<wchar_t> close = ClosingOf(text[at])) {
             end = EndOfQuoted(text, at, *close);
-            if (end == std::wstring_view::npos || end - at < 3) return false;
+            if (end == std::wstring_view::npos || end - at < 3) return name;
         } else {
             end = EndOfBareName(text, at);
-            if (end == at) return false;
+            if (end == at) return name;
         }
         const std::wstring_view part = text.substr(at, end - at);
         at = SkipBlanks(text, end);
-        if (at == text.size()) return parts > 1 || !IsReservedWord(part);
-        if (text[at] != L'.') return false;
+        if (at == text.size()) {
+            name.is_one = name.parts > 1 || !IsReservedWord(part);
+            return name;
+        }
+        if (text[at] != L'.') return name;
+        name.last_point = at;
         at = SkipBlanks(text, at + 1);
     }
-    return false;
+    return name;
 }
 
 bool IsReservedWord(std::wstring_view word) {
-    if (word.size() > kLongestReservedWord) return false;
-    std::array<wchar_t, kLongestReservedWord> lower{};
-    std::ranges::transform(word, lower.begin(), LowerChar);
-    return std::ranges::binary_search(kReservedWords, std::wstring_view(lower.data(), word.size()));
+    if (word.empty() || word.size() > kLongestReservedWord) return false;
+    const std::uint32_t letter = static_cast<std::uint32_t>(LowerChar(word.front())) - L'a';
+    if (letter >= kFirstWordOf.size() - 1) return false;
+    const auto same = [&](std::wstring_view reserved) { return SameIgnoringCase(word, reserved); };
+    return std::any_of(kReservedWords + kFirstWordOf[letter], kReservedWords + kFirstWordOf[letter + 1],
+                       same);
 }
 
 }  // namespace tessel

@@ -59,9 +59,20 @@ void AppendIdentifierKey(std::wstring_view name, std::wstring& text);
 /// Where the last of those points stands, or npos when there is none.
 [[nodiscard]] std::size_t LastPoint(std::wstring_view text);
 
-/// True when the whole text is one or more identifiers (bare, bracketed or quoted) joined by points; the last
-/// may be "*" (but "*" alone is none). Function calls, operators, literals and a bare reserved word are not.
-[[nodiscard]] bool IsQualifiedName(std::wstring_view text);
+/// What a text is as a qualified name.
+struct QualifiedName {
+    bool is_one = false;
+    int parts = 0;
+    std::size_t last_point = std::wstring_view::npos;  ///< where LastPoint is
+};
+
+/// A qualified name is a text that is one or more identifiers (bare, bracketed or quoted) joined by points;
+/// the last may be "*" (but "*" alone is none). Function calls, operators, literals and a bare reserved word
+/// are not.
+[[nodiscard]] QualifiedName ReadQualifiedName(std::wstring_view text);
+[[nodiscard]] inline bool IsQualifiedName(std::wstring_view text) {
+    return ReadQualifiedName(text).is_one;
+}
 
 /// True for a reserved word of the dialect in any letter case.
 [[nodiscard]] bool IsReservedWord(std::wstring_view word);

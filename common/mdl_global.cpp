@@ -1,6 +1,7 @@
 #include "common/mdl_global.h"
 
 #include <algorithm>
+#include <span>
 
 #include "common/text.h"
 
@@ -56,8 +57,8 @@ constexpr std::array<ADOTypeInfo, 40> kADOTypes = {{
 constexpr std::wstring_view kInvalidArgument = L"Argumento o llamada a procedimiento no válidos.";
 
 // What may stand before a function word and after it: every pair of these is an accepted pattern.
-// None of them stands behind "/".
 constexpr bool MayStandBeforeWord(wchar_t ch) {
+    if (ch > L'/') return false;
     return ch == L' ' || ch == L'+' || ch == L'-' || ch == L'/' || ch == L')' || ch == L'*';
 }
 
@@ -74,10 +75,27 @@ bool HasWordAt(std::wstring_view text, std::size_t at, std::wstring_view word) {
     return true;
 }
 
-/// True for a letter with which one of the aggregates begins.
-bool MayBeginWord(wchar_t ch) {
-    const wchar_t lower = LowerChar(ch);
-    return lower == L's' || lower == L'c' || lower == L'a' || lower == L'm';
+using Words = std::span<const std::wstring_view>;
+
+/// The aggregates that begin with that letter.
+Words WordsFrom(wchar_t ch) {
+    static constexpr std::wstring_view kWords[] = {L"sum", L"count", L"compute", L"avg", L"min", L"max"};
+    switch (ch) {
+        case L's':
+        case L'S':
+            return Words(kWords).subspan(0, 1);
+        case L'c':
+        case L'C':
+            return Words(kWords).subspan(1, 2);
+        case L'a':
+        case L'A':
+            return Words(kWords).subspan(3, 1);
+        case L'm':
+        case L'M':
+            return Words(kWords).subspan(4, 2);
+        default:
+            return {};
+    }
 }
 
 /// At the start of the text a word needs more after it than one character.
@@ -135,16 +153,14 @@ std::wstring_view ADOTypeName(int code) {
 
 // One pass over the text and no allocation: composition asks this of every column, several times a statement.
 bool IsAggregate(std::wstring_view expression) {
-    constexpr std::wstring_view kWords[] = {L"sum", L"count", L"compute", L"avg", L"min", L"max"};
     // Behind the word stands one of these, which names of fields hardly ever hold.
     if (expression.find(L'(') == expression.npos && expression.find(L' ') == expression.npos) return false;
     const auto starts = [&](std::wstring_view word) { return StartsWithWord(expression, word); };
-    if (MayBeginWord(expression.front()) && std::ranges::any_of(kWords, starts)) return true;
+    if (std::ranges::any_of(WordsFrom(expression.front()), starts)) return true;
     for (std::size_t at = 1; at < expression.size(); ++at) {
-        if (expression[at - 1] > L'/') continue;
-        if (!MayStandBeforeWord(expression[at - 1]) || !MayBeginWord(expression[at])) continue;
+        if (!MayStandBeforeWord(expression[at - 1])) continue;
         const auto is_here = [&](std::wstring_view word) { return HasWordAt(expression, at, word); };
-        if (std::ranges::any_of(kWords, is_here)) return true;
+        if (std::ranges::any_of(WordsFrom(expression[at]), is_here)) return true;
     }
     return false;
 }

@@ -29,20 +29,22 @@ struct QualifiedField {
     std::wstring_view Table() const { return pieces.empty() ? piece : std::wstring_view(pieces); }
 };
 
-std::optional<QualifiedField> SplitField(std::wstring_view text) {
-    if (!IsQualifiedName(text)) return std::nullopt;
-    const std::size_t point = LastPoint(text);
-    if (point == std::wstring_view::npos) return std::nullopt;
+std::optional<QualifiedField> SplitField(std::wstring_view text, const QualifiedName& name) {
+    if (!name.is_one || name.last_point == std::wstring_view::npos) return std::nullopt;
     QualifiedField parts;
-    parts.field = TrimView(text.substr(point + 1));
-    const std::wstring_view table = text.substr(0, point);
-    if (LastPoint(table) == std::wstring_view::npos) {
+    parts.field = TrimView(text.substr(name.last_point + 1));
+    const std::wstring_view table = text.substr(0, name.last_point);
+    if (name.parts == 2) {
         parts.piece = TrimView(table);
         return parts;
     }
     for (const std::wstring& piece : SplitQualified(table))
         parts.pieces += (parts.pieces.empty() ? L"" : L".") + piece;
     return parts;
+}
+
+std::optional<QualifiedField> SplitField(std::wstring_view text) {
+    return SplitField(text, ReadQualifiedName(text));
 }
 
 /// The diagram's table that a qualifier names: the whole of it (owner.table), or its last piece.
@@ -68,6 +70,14 @@ void WriteCut(DesignGrid& grid, GridRow row, int column, std::wstring_view text)
 
 bool IsBlank(const std::wstring& text) {
     return text.find_first_not_of(L' ') == std::wstring::npos;
+}
+
+/// The first column whose "Campo:" is blank, or -1.
+int FirstFreeColumn(const DesignGrid& grid) {
+    const std::vector<DesignGrid::Column>& columns = grid.Columns();
+    const auto is_free = [](const DesignGrid::Column& column) { return IsBlank(column.cells.front()); };
+    const auto free = std::find_if(columns.begin(), columns.begin() + grid.UsedEnd(), is_free);
+    return free == columns.end() ? -1 : static_cast<int>(free - columns.begin());
 }
 
 bool CaptionTaken(const DesignGrid& grid, int column, std::wstring_view caption) {
@@ -108,14 +118,15 @@ void EmptyColumn(Design& design, int column) {
 void CompleteColumn(Design& design, int column, std::wstring_view text, std::wstring_view sAlias,
                     int nVisible) {
     DesignGrid& grid = design.grid;
-    const std::optional<QualifiedField> parts = SplitField(text);
+    const QualifiedName name = ReadQualifiedName(text);
+    const std::optional<QualifiedField> parts = SplitField(text, name);
 
     // An unqualified name keeps the table that the user chose; a field of a table that is not drawn and an
     // expression belong to none.
     const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->Table()) : nullptr;
     if (owner) {
         WriteCut(grid, GridRow::Tabla, column, owner->name);
-    } else if (parts || !IsQualifiedName(text)) {
+    } else if (parts || !name.is_one) {
         Write(grid, GridRow::Tabla, column, L"");
     }
 
@@ -123,7 +134,12 @@ void CompleteColumn(Design& design, int column, std::wstring_view text, std::wst
     // Only table.field is given a title. "Nombre AS Nombre" would be a circular reference to the Jet engine,
     // and an expression has no name of its own.
     if (parts && IsBlank(grid.Cell(GridRow::Titulo, column))) {
-        Write(grid, GridRow::Titulo, column, UniqueCaption(grid, column, TitleOfField(parts->field)));
+        const bool is_free = !IsReservedWord(parts->field) && !CaptionTaken(grid, column, parts->field);
+        if (is_free && parts->field != L"*") {
+            Write(grid, GridRow::Titulo, column, parts->field);
+        } else {
+            Write(grid, GridRow::Titulo, column, UniqueCaption(grid, column, TitleOfField(parts->field)));
+        }
     }
     grid.SetCaption(column, grid.Cell(GridRow::Titulo, column));
 
@@ -138,14 +154,12 @@ void CompleteColumn(Design& design, int column, std::wstring_view text, std::wst
 }  // namespace
 
 int FieldCol(const DesignGrid& grid, std::wstring_view sField) {
+    if (sField.empty()) return FirstFreeColumn(grid);
     for (int column = 0; column < grid.UsedEnd(); ++column) {
         const std::wstring& cell = grid.Cell(GridRow::Campo, column);
-        const bool is_found = sField.empty()
-                                  ? IsBlank(cell)
-                                  : cell.size() >= sField.size() && SameIgnoringCase(TrimView(cell), sField);
-        if (is_found) return column;
+        if (cell.size() >= sField.size() && SameIgnoringCase(TrimView(cell), sField)) return column;
     }
-    return sField.empty() && grid.UsedEnd() < grid.ColumnCount() ? grid.UsedEnd() : -1;
+    return -1;
 }
 
 int AddFieldUnmarked(Design& design, std::wstring_view sField, std::wstring_view sAlias, int nVisible) {
@@ -220,6 +234,7 @@ std::wstring UniqueCaption(const DesignGrid& grid, int column, std::wstring_view
 
 void SyncDiagramChecks(Design& design) {
     std::vector<Diagram::CheckedField> used;
+    used.reserve(static_cast<std::size_t>(design.grid.UsedEnd()));
     for (int column = 0; column < design.grid.UsedEnd(); ++column) {
         const auto parts = SplitField(design.grid.Cell(GridRow::Campo, column));
         const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->Table()) : nullptr;

@@ -37,6 +37,7 @@ std::unique_ptr<Statement> Grammar::Run(std::unique_ptr<Statement> statement) {
     }
     if (!blocked_) EndOfText();
     statement->has_comments = lexer_.HasSkippedComment();
+    statement->has_tight_numbers = lexer_.HasTightNumber();
     return statement;
 }
 

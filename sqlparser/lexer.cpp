@@ -194,6 +194,11 @@ const Token& Lexer::Space() {
     return Make(TokenKind::Space, i);
 }
 
+const Token& Lexer::Number(std::uint32_t stop) {
+    if (stop < end_ && (text_[stop] == L'#' || Is(text_[stop], kWordStart))) has_tight_number_ = true;
+    return Make(TokenKind::Number, stop);
+}
+
 // Digits followed by letters are a name (90DaysAvg, 87089_Items), unless the letters are an exponent or AND
 // or OR.
 const Token& Lexer::NumberOrName() {
@@ -202,7 +207,7 @@ const Token& Lexer::NumberOrName() {
     if (text_[i] == L'0' && (At(i + 1) | 32) == L'x' && Is(At(i + 2), kHexDigit)) {
         i += 3;
         while (i < end_ && Is(text_[i], kHexDigit)) ++i;
-        if (!Is(At(i), kWordPart)) return Make(TokenKind::Number, i);
+        if (!Is(At(i), kWordPart)) return Number(i);
         i = at_;
     }
     while (i < end_ && Is(text_[i], kDigit)) ++i;
@@ -216,15 +221,15 @@ const Token& Lexer::NumberOrName() {
         if (At(e) == L'+' || At(e) == L'-') ++e;
         if (Is(At(e), kDigit)) {
             while (e < end_ && Is(text_[e], kDigit)) ++e;
-            if (!Is(At(e), kWordPart)) return Make(TokenKind::Number, e);
+            if (!Is(At(e), kWordPart)) return Number(e);
         }
     }
-    if (i != whole || !Is(At(i), kWordPart)) return Make(TokenKind::Number, i);
+    if (i != whole || !Is(At(i), kWordPart)) return Number(i);
     const std::uint32_t digits_end = i;
     while (i < end_ && Is(text_[i], kWordPart)) ++i;
     // Statements put together in programs often lack the blank: WHERE a=1AND b=2.
     const Keyword tail = FindKeyword(text_ + digits_end, i - digits_end);
-    if (tail == Keyword::And || tail == Keyword::Or) return Make(TokenKind::Number, digits_end);
+    if (tail == Keyword::And || tail == Keyword::Or) return Number(digits_end);
     return Make(TokenKind::Word, i, kDigitFirst);
 }
 
@@ -305,7 +310,7 @@ const Token& Lexer::AmpersandMark() {
         if (i > at_ + 2 && !Is(At(i), kWordPart)) {
             if (At(i) == L'&') ++i;
             state_.after_operand = true;
-            return Make(TokenKind::Number, i);
+            return Number(i);
         }
     }
     state_.after_operand = false;
@@ -327,7 +332,7 @@ const Token& Lexer::PointMark() {
             if (e > digits) i = e;
         }
         state_.after_operand = true;
-        return Make(TokenKind::Number, i);
+        return Number(i);
     }
     state_.after_operand = false;
     return Make(TokenKind::Point, at_ + 1);

@@ -109,6 +109,9 @@ public:
     /// The token that was read last.
     const Token& Current() const { return token_; }
 
+    /// Whether a number was read that a word follows without a blank.
+    bool HasTightNumber() const { return has_tight_number_; }
+
     /// Whether NextSignificant() has left out a comment.
     bool HasSkippedComment() const { return has_skipped_comment_; }
 
@@ -127,6 +130,7 @@ private:
     const Token& Continue();
     const Token& Space();
     const Token& Word(std::uint32_t from);
+    const Token& Number(std::uint32_t stop);
     const Token& NumberOrName();
     const Token& Hash();
     const Token& AtSign();
@@ -141,6 +145,7 @@ private:
     std::uint32_t end_;
     LexerState state_;
     bool has_skipped_comment_ = false;
+    bool has_tight_number_ = false;
     Token token_;
 };
 

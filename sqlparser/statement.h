@@ -170,7 +170,8 @@ public:
     bool WithTies = false;
     double Top = 0;
     bool Percent = false;
-    bool has_comments = false;  ///< of the whole text; only the outermost statement tells
+    bool has_comments = false;       ///< of the whole text; only the outermost statement tells
+    bool has_tight_numbers = false;  ///< likewise: a word follows a number without a blank
     bool Distinct = false;
     TextRange distinct_range;
     TextRange top_range;
