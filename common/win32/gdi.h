@@ -22,6 +22,19 @@ private:
     HGDIOBJ old_;
 };
 
+/// A device context of the screen's kind to measure texts of a font in. No window has to lend its own, which
+/// costs the system more than the measuring.
+class MeasuringDc {
+public:
+    explicit MeasuringDc(HGDIOBJ font) : dc_(CreateCompatibleDC(nullptr)), font_(dc_.get(), font) {}
+
+    HDC Get() const { return dc_.get(); }
+
+private:
+    UniqueMemoryDc dc_;
+    Selected font_;
+};
+
 /// BeginPaint with a memory bitmap of the client area; EndPaint copies it to the screen in one go. Answer
 /// WM_ERASEBKGND with 1 in windows that paint this way.
 class BufferedPaint {

@@ -78,7 +78,7 @@ void ShowKeyboardCues(HWND hwnd) {
 void ProcessPendingMessages() {
     // A bound keeps a window that posts to itself from holding us for ever.
     constexpr int kMost = 1000;
-    constexpr UINT kNoInput = PM_REMOVE | PM_QS_PAINT | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
+    constexpr UINT kNoInput = PM_REMOVE | PM_QS_POSTMESSAGE | PM_QS_SENDMESSAGE;
     MSG message{};
     for (int i = 0; i < kMost && PeekMessageW(&message, nullptr, 0, 0, kNoInput); ++i) {
         if (message.message == WM_QUIT) {

@@ -192,9 +192,10 @@ void DesignerForm::ApplyFonts() {
 
 void DesignerForm::ApplyOwnFonts() {
     win32::UniqueFont font = win32::MessageFont(dpi_);
+    const LPARAM redraw = IsWindowVisible(Handle()) ? TRUE : FALSE;
     for (HWND control : {add_table_, run_query_, syntax_tree_, tabs_, remove_column_, clear_all_, distinct_,
                          accept_, cancel_, help_, focus_})
-        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), redraw);
     reason_.SetFont(font.get());
     error_line_.SetFont(font.get());
     find_bar_.SetFont(font.get());
@@ -260,11 +261,8 @@ void DesignerForm::LayoutForm() {
 int DesignerForm::ButtonWidth(HWND button) const {
     wchar_t caption[128] = L"";
     GetWindowTextW(button, caption, 128);
-    const HDC dc = GetDC(button);
-    const win32::Selected font(dc, font_.get());
     RECT text{};
-    DrawTextW(dc, caption, -1, &text, DT_SINGLELINE | DT_CALCRECT);
-    ReleaseDC(button, dc);
+    DrawTextW(win32::MeasuringDc(font_.get()).Get(), caption, -1, &text, DT_SINGLELINE | DT_CALCRECT);
     return text.right - text.left + 2 * Px(kButtonPadding);
 }
 
@@ -301,6 +299,7 @@ void DesignerForm::LayoutStrip() {
     const SIZE strip = ClientSize(strip_.Handle());
     Place(tabs_, 0, 0, strip.cx, strip.cy);
     const TwipsSize page = PageSize(ToTwips(strip.cx), ToTwips(strip.cy));
+    if (page.height && !is_page_divided_) DivideDesignPage(FromTwips(*page.height));
     for (HWND hwnd : {page_splitter_.Handle(), sql_page_.Handle()}) {
         const SIZE now = ClientSize(hwnd);
         Place(hwnd, FromTwips(kPageLeft), FromTwips(kPageTop), page.width ? FromTwips(*page.width) : now.cx,
@@ -329,9 +328,10 @@ void DesignerForm::CutPageOutOfTabs() {
 }
 
 /// The first division between diagram and grid: the grid gets the height of its rows when there is room for
-/// both.
-void DesignerForm::DivideDesignPage() {
-    const int page = MulDiv(ClientSize(page_splitter_.Handle()).cy, 96, dpi_);
+/// both. Made before the page has its place, so that what is on it is placed once.
+void DesignerForm::DivideDesignPage(int height) {
+    is_page_divided_ = true;
+    const int page = MulDiv(height, 96, dpi_);
     page_splitter_.SetPosition(std::max(std::min(page - kGridHeight, page * 6 / 10), page * 3 / 10));
 }
 

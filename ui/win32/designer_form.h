@@ -52,7 +52,7 @@ protected:
     SIZE SmallestSize() const;
     void LayoutForm();
     void LayoutStrip();
-    void DivideDesignPage();
+    void DivideDesignPage(int height);
     void LayoutDesignPane();
     int Px(int dips) const;
 
@@ -89,6 +89,7 @@ protected:
 
     win32::UniqueFont font_;
     int dpi_ = 96;
+    bool is_page_divided_ = false;
 
 private:
     bool CreateButton(HWND& button, HWND parent, const wchar_t* caption, int id, DWORD style,

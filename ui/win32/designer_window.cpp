@@ -6,6 +6,7 @@
 #include "common/win32/tips.h"
 #include "ui/dlg_dsn_texts.h"
 #include "ui/help_contexts.h"
+#include "ui/win32/page_shown.h"
 #include "ui/win32/show_help.h"
 
 namespace tessel::ui {
@@ -13,6 +14,18 @@ namespace tessel::ui {
 namespace {
 
 constexpr int kFirstColumnsWidth = 124;
+
+/// A flag that is set for a scope.
+class Flagged {
+public:
+    explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Flagged() { flag_ = false; }
+    Flagged(const Flagged&) = delete;
+    Flagged& operator=(const Flagged&) = delete;
+
+private:
+    bool& flag_;
+};
 
 }  // namespace
 
@@ -50,7 +63,6 @@ bool DesignerWindow::Create() {
     ShowPages();
     UpdateCommands();
     LayoutForm();
-    DivideDesignPage();
     return true;
 }
 
@@ -75,7 +87,11 @@ bool DesignerWindow::ShowModal() {
     {
         win32::DisabledPeers peers(Handle());
         peers_ = &peers;
-        ShowWindow(Handle(), SW_SHOW);
+        is_shown_ = true;
+        UpdateCommands();
+        // Everything is drawn when it is painted, in one pass, rather than erased before and painted then.
+        SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW | SWP_DEFERERASE);
         SetForegroundWindow(Handle());
         win32::ShowKeyboardCues(Handle());
         FocusPage();
@@ -178,15 +194,20 @@ LRESULT DesignerWindow::OnNotify(NMHDR* header) {
 
 void DesignerWindow::OnTabSelected(bool stay) {
     const auto tab = static_cast<Tab>(SendMessageW(tabs_, TCM_GETCURSEL, 0, 0));
-    presenter_.TabClicked(tab);
+    {
+        // The page that comes is filled before it is seen.
+        const Flagged switching(is_switching_);
+        presenter_.TabClicked(tab);
+    }
     ShowPages();
     stay ? static_cast<void>(SetFocus(tabs_)) : FocusPage();
 }
 
 void DesignerWindow::ShowPages() {
     const bool sql = SendMessageW(tabs_, TCM_GETCURSEL, 0, 0) == static_cast<LRESULT>(Tab::Sql);
-    ShowWindow(page_splitter_.Handle(), sql ? SW_HIDE : SW_SHOW);
-    ShowWindow(sql_page_.Handle(), sql ? SW_SHOW : SW_HIDE);
+    const HWND design_page = page_splitter_.Handle();
+    const HWND sql_page = sql_page_.Handle();
+    TurnPage(sql ? design_page : sql_page, sql ? sql_page : design_page);
     UpdateCommands();
 }
 

@@ -181,6 +181,8 @@ private:
     Pointer pointer_ = Pointer::Default;
     HWND focus_to_restore_ = nullptr;
     bool done_ = false;
+    bool is_shown_ = false;
+    bool is_switching_ = false;
     bool step_waits_ = false;
     bool grid_visible_ = true;
     const schema::Schema* schema_ = nullptr;

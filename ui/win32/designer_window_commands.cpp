@@ -11,6 +11,8 @@
 namespace tessel::ui {
 
 void DesignerWindow::UpdateCommands() {
+    // While the window is being filled the answers change with each step, and nobody sees them.
+    if (!is_shown_) return;
     EnableWindow(remove_column_, presenter_.CanRemoveFocusedColumn());
     EnableWindow(clear_all_, presenter_.CanClearDesign());
     // A table can only be added to a diagram that is in force and in sight.

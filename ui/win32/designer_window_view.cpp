@@ -8,6 +8,7 @@
 #include "ui/dlg_dsn_texts.h"
 #include "ui/win32/designer_window.h"
 #include "ui/win32/dlg_arbol.h"
+#include "ui/win32/page_shown.h"
 
 namespace tessel::ui {
 
@@ -28,14 +29,14 @@ void DesignerWindow::FocusNeutral() {
 
 void DesignerWindow::ShowTab(Tab tab) {
     SendMessageW(tabs_, TCM_SETCURSEL, static_cast<WPARAM>(tab), 0);
-    ShowPages();
+    if (!is_switching_) ShowPages();
 }
 
 void DesignerWindow::ShowGrid(bool shown) {
     grid_visible_ = shown;
     if (!shown) grid_.CancelEdit();
-    ShowWindow(grid_.Handle(), shown ? SW_SHOWNA : SW_HIDE);
-    ShowWindow(grid_buttons_.Handle(), shown ? SW_SHOWNA : SW_HIDE);
+    for (const HWND window : {grid_.Handle(), grid_buttons_.Handle()})
+        if (IsShown(window) != shown) ShowWindow(window, shown ? SW_SHOWNA : SW_HIDE);
     // A diagram that is not the statement's would mislead, so lblNo stands alone.
     page_splitter_.SetFirstPaneShown(shown);
     TellReason();

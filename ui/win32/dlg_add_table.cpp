@@ -132,19 +132,15 @@ void dlgAddTable::FillList() {
 void dlgAddTable::AlignColumns() {
     int names = 0;
     int fields = 0;
-    const HDC dc = GetDC(list_);
+    const win32::MeasuringDc dc(Font());
     TEXTMETRICW metrics{};
-    {
-        const win32::Selected font(dc, Font());
-        GetTextMetricsW(dc, &metrics);
-        for (const std::wstring& line : lines_) {
-            const std::wstring name = TableOfLine(line);
-            names = std::max<int>(names, win32::TextSize(dc, name).cx);
-            fields = std::max<int>(
-                fields, win32::TextSize(dc, line.substr(std::min(name.size() + 1, line.size()))).cx);
-        }
+    GetTextMetricsW(dc.Get(), &metrics);
+    for (const std::wstring& line : lines_) {
+        const std::wstring name = TableOfLine(line);
+        names = std::max<int>(names, win32::TextSize(dc.Get(), name).cx);
+        const std::wstring rest = line.substr(std::min(name.size() + 1, line.size()));
+        fields = std::max<int>(fields, win32::TextSize(dc.Get(), rest).cx);
     }
-    ReleaseDC(list_, dc);
     const int column = names + Px(kColumnGap);
     // Tab stops are counted in quarters of the font's average width.
     const int tab_stop = MulDiv(column, 4, std::max<int>(metrics.tmAveCharWidth, 1));

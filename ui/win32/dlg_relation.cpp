@@ -69,12 +69,7 @@ int dlgRelation::TextHeight(HWND control, int width) const {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)), L'\0');
     GetWindowTextW(control, text.data(), static_cast<int>(text.size()) + 1);
     RECT area{0, 0, std::max(width, 1), 0};
-    const HDC dc = GetDC(control);
-    {
-        const win32::Selected font(dc, Font());
-        DrawTextW(dc, text.c_str(), -1, &area, DT_WORDBREAK | DT_CALCRECT);
-    }
-    ReleaseDC(control, dc);
+    DrawTextW(win32::MeasuringDc(Font()).Get(), text.c_str(), -1, &area, DT_WORDBREAK | DT_CALCRECT);
     return area.bottom;
 }
 

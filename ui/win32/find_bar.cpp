@@ -61,13 +61,8 @@ void FindBar::Layout(const RECT& bounds, int gap, int edit_width, const ButtonWi
         MoveWindow(control, left, bounds.top, width, height, TRUE);
         left += width + gap;
     };
-    const HDC dc = GetDC(label_);
-    SIZE label{};
-    {
-        const win32::Selected font(dc, reinterpret_cast<HFONT>(SendMessageW(label_, WM_GETFONT, 0, 0)));
-        label = win32::TextSize(dc, captions_.label);
-    }
-    ReleaseDC(label_, dc);
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(label_, WM_GETFONT, 0, 0));
+    const SIZE label = win32::TextSize(win32::MeasuringDc(font).Get(), captions_.label);
     const int next = button_size(next_).cx;
     const int previous = button_size(previous_).cx;
     const int room = bounds.right - bounds.left - label.cx - next - previous - 3 * gap;

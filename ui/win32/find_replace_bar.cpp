@@ -112,15 +112,10 @@ int FindReplaceBar::Height() const {
 }
 
 SIZE FindReplaceBar::SizeOf(HWND control) const {
-    const HDC dc = GetDC(control);
+    const win32::MeasuringDc dc(font_ ? static_cast<HGDIOBJ>(font_) : GetStockObject(DEFAULT_GUI_FONT));
     RECT text{};
-    {
-        const win32::Selected font(dc,
-                                   font_ ? static_cast<HGDIOBJ>(font_) : GetStockObject(DEFAULT_GUI_FONT));
-        const std::wstring caption = TextOf(control);
-        DrawTextW(dc, caption.c_str(), -1, &text, DT_SINGLELINE | DT_CALCRECT);
-    }
-    ReleaseDC(control, dc);
+    const std::wstring caption = TextOf(control);
+    DrawTextW(dc.Get(), caption.c_str(), -1, &text, DT_SINGLELINE | DT_CALCRECT);
     return {text.right, text.bottom};
 }
 

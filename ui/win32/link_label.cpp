@@ -80,18 +80,14 @@ RECT LinkLabel::TextArea(const RECT& client) const {
 int LinkLabel::HeightFor(int width) const {
     if (!Handle()) return 0;
     const RECT area = TextArea({0, 0, width, 0});
-    const HDC dc = GetDC(Handle());
+    const win32::MeasuringDc dc(FontInUse());
     RECT needed{0, 0, std::max<LONG>(area.right - area.left, 1), 0};
-    {
-        const win32::Selected font(dc, FontInUse());
-        const std::wstring text = Text();
-        needed.bottom = win32::TextSize(dc, L"Áy").cy;
-        const int one_line = needed.bottom;
-        if (!text.empty())
-            DrawTextW(dc, text.data(), static_cast<int>(text.size()), &needed, kFormat | DT_CALCRECT);
-        needed.bottom = std::max<LONG>(needed.bottom, one_line);
-    }
-    ReleaseDC(Handle(), dc);
+    const std::wstring text = Text();
+    needed.bottom = win32::TextSize(dc.Get(), L"Áy").cy;
+    const int one_line = needed.bottom;
+    if (!text.empty())
+        DrawTextW(dc.Get(), text.data(), static_cast<int>(text.size()), &needed, kFormat | DT_CALCRECT);
+    needed.bottom = std::max<LONG>(needed.bottom, one_line);
     return needed.bottom + 2 * win32::Scale(kPaddingY, win32::DpiOf(Handle()));
 }
 
@@ -109,13 +105,7 @@ AccessibleElement LinkLabel::Describe(AccessibleId) const {
 
 int LinkLabel::Width() const {
     if (!Handle()) return 0;
-    const HDC dc = GetDC(Handle());
-    LONG width = 0;
-    {
-        const win32::Selected font(dc, FontInUse());
-        width = win32::TextSize(dc, Text()).cx;
-    }
-    ReleaseDC(Handle(), dc);
+    const LONG width = win32::TextSize(win32::MeasuringDc(FontInUse()).Get(), Text()).cx;
     const RECT area = TextArea({0, 0, width, 0});
     return static_cast<int>(2 * width - (area.right - area.left));
 }

@@ -205,13 +205,8 @@ HWND ModalDialog::AddButton(const wchar_t* caption, int id, bool is_default) {
 SIZE ModalDialog::ButtonSize(HWND button) const {
     wchar_t caption[64] = L"";
     GetWindowTextW(button, caption, 64);
-    const HDC dc = GetDC(button);
     RECT text{};
-    {
-        const win32::Selected font(dc, Font());
-        DrawTextW(dc, caption, -1, &text, DT_SINGLELINE | DT_CALCRECT);
-    }
-    ReleaseDC(button, dc);
+    DrawTextW(win32::MeasuringDc(Font()).Get(), caption, -1, &text, DT_SINGLELINE | DT_CALCRECT);
     return {std::max<LONG>(text.right + 2 * Px(kButtonPadding), Px(kButtonMinimum)), Px(kButtonHeight)};
 }
 

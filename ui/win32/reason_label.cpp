@@ -87,16 +87,11 @@ RECT ReasonLabel::TextArea() const {
     const int icon = compact_ ? 0 : Px(kIconSide + kIconGap);
     RECT area{Padding() + icon, Padding(), client.right - Padding(), 0};
     area.right = std::max(area.right, area.left + 1);
-    const HDC dc = GetDC(Handle());
-    {
-        const win32::Selected font(dc,
-                                   font_ ? static_cast<HGDIOBJ>(font_) : GetStockObject(DEFAULT_GUI_FONT));
-        const std::wstring text = TextOf(Handle());
-        RECT needed = area;
-        DrawTextW(dc, text.data(), static_cast<int>(text.size()), &needed, kFormat | DT_CALCRECT);
-        area.bottom = needed.bottom;
-    }
-    ReleaseDC(Handle(), dc);
+    const win32::MeasuringDc dc(font_ ? static_cast<HGDIOBJ>(font_) : GetStockObject(DEFAULT_GUI_FONT));
+    const std::wstring text = TextOf(Handle());
+    RECT needed = area;
+    DrawTextW(dc.Get(), text.data(), static_cast<int>(text.size()), &needed, kFormat | DT_CALCRECT);
+    area.bottom = needed.bottom;
     return area;
 }
 

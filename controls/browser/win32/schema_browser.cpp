@@ -28,15 +28,8 @@ constexpr const wchar_t* kSearchCue = L"Buscar…";
 constexpr const wchar_t* kSearchName = L"Buscar tablas y vistas";
 constexpr const wchar_t* kTreeName = L"Esquema";
 
-int LineHeight(HWND hwnd, HFONT font) {
-    const HDC dc = GetDC(hwnd);
-    int height = 0;
-    {
-        const win32::Selected selected(dc, font);
-        height = static_cast<int>(win32::TextSize(dc, L"Áy").cy);
-    }
-    ReleaseDC(hwnd, dc);
-    return height;
+int LineHeight(HFONT font) {
+    return static_cast<int>(win32::TextSize(win32::MeasuringDc(font).Get(), L"Áy").cy);
 }
 
 }  // namespace
@@ -97,8 +90,9 @@ void SchemaBrowser::OnDpiChanged(int dpi) {
     if (!IsCreated() || dpi <= 0) return;
     dpi_ = dpi;
     win32::UniqueFont font = win32::MessageFont(dpi);
-    SetWindowFont(search_, font.get(), TRUE);
-    SetWindowFont(tree_, font.get(), TRUE);
+    const BOOL redraw = IsWindowVisible(Handle());
+    SetWindowFont(search_, font.get(), redraw);
+    SetWindowFont(tree_, font.get(), redraw);
     font_ = std::move(font);
     const HIMAGELIST old = icons_;
     icons_ = MakeBrowserIcons(dpi);
@@ -106,7 +100,7 @@ void SchemaBrowser::OnDpiChanged(int dpi) {
     if (old) ImageList_Destroy(old);
     TreeView_SetIndent(tree_, win32::Scale(kIndent, dpi));
 
-    const int content = std::max(LineHeight(tree_, font_.get()), BrowserIconSize(dpi));
+    const int content = std::max(LineHeight(font_.get()), BrowserIconSize(dpi));
     TreeView_SetItemHeight(tree_, content + win32::Scale(kItemPadding, dpi));
     Layout();
 }
@@ -116,7 +110,7 @@ void SchemaBrowser::Layout() {
     RECT client{};
     GetClientRect(Handle(), &client);
     const int margin = win32::Scale(kMargin, dpi_);
-    const int search_height = LineHeight(search_, font_.get()) + win32::Scale(kSearchPadding, dpi_);
+    const int search_height = LineHeight(font_.get()) + win32::Scale(kSearchPadding, dpi_);
     const int width = client.right > 2 * margin ? client.right - 2 * margin : 0;
     const int top = search_height + 2 * margin;
     MoveWindow(search_, margin, margin, width, search_height, TRUE);

@@ -96,6 +96,8 @@ void SchemaBrowser::FillTree() {
         TreeView_EnsureVisible(tree_, root);
     }
     SetWindowRedraw(tree_, TRUE);
+    SetWindowRedraw(tree_, FALSE);
+    SetWindowRedraw(tree_, TRUE);
     InvalidateRect(tree_, nullptr, TRUE);
     filling_ = false;
     if (IsFilled())
@@ -105,6 +107,17 @@ void SchemaBrowser::FillTree() {
     if (had_selection && !found && events_) {
         const BrowserItem now = Describe(root);
         events_->OnBrowserSelected(&now);
+    }
+}
+
+/// A tree may measure an item only when it paints it, and find then that its scroll bars have to be others, for
+/// which it is drawn several times. Asked for an item's place it measures it before.
+void SchemaBrowser::MeasureItemsInView() const {
+    HTREEITEM item = TreeView_GetFirstVisible(tree_);
+    for (UINT left = TreeView_GetVisibleCount(tree_) + 1; item && left > 0; --left) {
+        RECT place{};
+        static_cast<void>(TreeView_GetItemRect(tree_, item, &place, TRUE));
+        item = TreeView_GetNextVisible(tree_, item);
     }
 }
 

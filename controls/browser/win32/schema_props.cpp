@@ -62,7 +62,7 @@ void SchemaProps::OnDpiChanged(int dpi) {
     if (!list_) return;
     dpi_ = dpi;
     font_ = win32::MessageFont(dpi);
-    SendMessageW(list_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), TRUE);
+    SendMessageW(list_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), IsWindowVisible(list_));
     FitColumns();
 }
 
@@ -98,17 +98,10 @@ void SchemaProps::FitColumns() {
     RECT shown{};
     GetClientRect(list_, &shown);
     if (shown.right <= 0) return;
-    int names = 0;
-    {
-        const HDC dc = GetDC(list_);
-        {
-            const win32::Selected font(dc, font_.get());
-            names = static_cast<int>(win32::TextSize(dc, kColumns[0]).cx);
-            for (const SchemaProperty& property : shown_)
-                names = std::max(names, static_cast<int>(win32::TextSize(dc, property.name).cx));
-        }
-        ReleaseDC(list_, dc);
-    }
+    const win32::MeasuringDc dc(font_.get());
+    int names = static_cast<int>(win32::TextSize(dc.Get(), kColumns[0]).cx);
+    for (const SchemaProperty& property : shown_)
+        names = std::max(names, static_cast<int>(win32::TextSize(dc.Get(), property.name).cx));
     names += win32::Scale(kCellPadding, dpi_);
     const auto set_width = [this](int column, int width) {
         if (ListView_GetColumnWidth(list_, column) != width) ListView_SetColumnWidth(list_, column, width);

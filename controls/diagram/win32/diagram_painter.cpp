@@ -17,13 +17,8 @@ bool Touches(const RECT& a, const RECT& b) {
 }
 
 int FontHeight(HFONT font) {
-    const HDC dc = GetDC(nullptr);
     TEXTMETRICW metrics{};
-    {
-        const win32::Selected selected(dc, font);
-        GetTextMetricsW(dc, &metrics);
-    }
-    ReleaseDC(nullptr, dc);
+    GetTextMetricsW(win32::MeasuringDc(font).Get(), &metrics);
     return metrics.tmHeight;
 }
 
@@ -87,13 +82,9 @@ int DiagramPainter::Width(HFONT font, std::wstring_view text,
     if (cache.size() > kMostWidths) cache.clear();
     const auto [entry, is_new] = cache.try_emplace(std::wstring(text), 0);
     if (!is_new) return entry->second;
-    const HDC dc = GetDC(nullptr);
-    {
-        const win32::Selected selected(dc, font);
-        // Hinted text is not exactly as wide at every zoom; a little room keeps it from being cut.
-        entry->second = MulDiv(win32::TextSize(dc, text).cx, 96 * 104, dpi_ * 100) + 2;
-    }
-    ReleaseDC(nullptr, dc);
+    const win32::MeasuringDc dc(font);
+    // Hinted text is not exactly as wide at every zoom; a little room keeps it from being cut.
+    entry->second = MulDiv(win32::TextSize(dc.Get(), text).cx, 96 * 104, dpi_ * 100) + 2;
     return entry->second;
 }
 

@@ -77,13 +77,8 @@ void DiagramView::PlaceFitButton() {
     const bool wanted =
         diagram_ && !diagram_->Tables().empty() && !state_.ShowsEverything() && !state_.IsRelating();
     if (wanted) {
-        const HDC dc = GetDC(fit_button_);
-        SIZE text{};
-        {
-            const win32::Selected font(dc, button_font_.get());
-            text = win32::TextSize(dc, diagram::FitCaption());
-        }
-        ReleaseDC(fit_button_, dc);
+        const SIZE text =
+            win32::TextSize(win32::MeasuringDc(button_font_.get()).Get(), diagram::FitCaption());
         const int width = static_cast<int>(text.cx) + 2 * win32::Scale(kButtonPadding, dpi_);
         const int height = static_cast<int>(text.cy) + win32::Scale(kButtonExtraHeight, dpi_);
         const int room = win32::Scale(kButtonRoom, dpi_);

@@ -19,16 +19,8 @@ namespace {
 constexpr int kShownItems = 12;
 constexpr int kComboId = 21;  // apart from IDOK and IDCANCEL of a dialog around us
 
-int TextWidth(HWND hwnd, HFONT font, std::wstring_view text) {
-    const HDC dc = GetDC(hwnd);
-    if (!dc) return 0;
-    int width = 0;
-    {
-        const win32::Selected selected(dc, font);
-        width = static_cast<int>(win32::TextSize(dc, text).cx);
-    }
-    ReleaseDC(hwnd, dc);
-    return width;
+int TextWidth(const win32::MeasuringDc& dc, std::wstring_view text) {
+    return static_cast<int>(win32::TextSize(dc.Get(), text).cx);
 }
 
 }  // namespace
@@ -120,7 +112,8 @@ void CellEditor::ShowTextFromItsStart() {
 void CellEditor::FitList() {
     const int count = static_cast<int>(SendMessageW(combo_, CB_GETCOUNT, 0, 0));
     int widest = 0;
-    for (int i = 0; i < count; ++i) widest = std::max(widest, TextWidth(combo_, font_, ItemText(i)));
+    const win32::MeasuringDc dc(font_);
+    for (int i = 0; i < count; ++i) widest = std::max(widest, TextWidth(dc, ItemText(i)));
     widest += win32::SystemMetric(SM_CXVSCROLL, dpi_) + win32::Scale(12, dpi_);
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
@@ -153,7 +146,7 @@ void CellEditor::SetText(const std::wstring& text) {
 }
 
 int CellEditor::WantedWidth() const {
-    return TextWidth(combo_, font_, Text()) + win32::SystemMetric(SM_CXVSCROLL, dpi_) +
+    return TextWidth(win32::MeasuringDc(font_), Text()) + win32::SystemMetric(SM_CXVSCROLL, dpi_) +
            win32::Scale(16, dpi_);
 }
 

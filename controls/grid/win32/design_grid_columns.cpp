@@ -34,16 +34,11 @@ void DesignGridView::EndResize(bool keep) {
 }
 
 void DesignGridView::FitColumn(int column) {
-    const HDC dc = GetDC(Handle());
-    if (!dc || !grid_) return;
-    int widest = 0;
-    {
-        const win32::Selected font(dc, font_.get());
-        widest = TextWidth(dc, std::to_wstring(column + 1) + L"  " + grid_->Caption(column));
-        for (const GridRow row : model::kGridRows)
-            widest = std::max(widest, TextWidth(dc, grid_->Cell(row, column)));
-    }
-    ReleaseDC(Handle(), dc);
+    const win32::MeasuringDc dc(font_.get());
+    if (!dc.Get() || !grid_) return;
+    int widest = TextWidth(dc.Get(), std::to_wstring(column + 1) + L"  " + grid_->Caption(column));
+    for (const GridRow row : model::kGridRows)
+        widest = std::max(widest, TextWidth(dc.Get(), grid_->Cell(row, column)));
     const GridMetrics& metrics = state_.Layout().Metrics();
     const int width = widest + Scaled(2 * kCellPadding) + metrics.arrow_width;
     grid_->SetColumnWidth(column,

@@ -61,18 +61,15 @@ void DesignGridView::RefreshMetrics() {
     combo_theme_.reset(OpenThemeData(Handle(), L"COMBOBOX"));
 
     GridMetrics metrics;
-    if (const HDC dc = GetDC(Handle())) {
-        const win32::Selected font(dc, bold_font_.get());
+    if (const win32::MeasuringDc dc(bold_font_.get()); dc.Get()) {
         int widest = 0;
         for (const GridRow row : model::kGridRows)
-            widest = std::max(widest, TextWidth(dc, model::RowCaption(row)));
+            widest = std::max(widest, TextWidth(dc.Get(), model::RowCaption(row)));
         TEXTMETRICW text{};
-        GetTextMetricsW(dc, &text);
+        GetTextMetricsW(dc.Get(), &text);
         metrics.captions_width = widest + Scaled(kCellPadding + 10);
         metrics.row_height = static_cast<int>(text.tmHeight) + Scaled(8);
         metrics.header_height = static_cast<int>(text.tmHeight) + Scaled(10);
-        SelectObject(dc, GetStockObject(SYSTEM_FONT));
-        ReleaseDC(Handle(), dc);
     }
     metrics.divider_reach = Scaled(4);
     metrics.arrow_width = Scaled(17);
