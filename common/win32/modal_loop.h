@@ -37,10 +37,10 @@ void RunModalLoop(HWND hwnd, const std::function<bool()>& is_done,
 /// Underlines and focus rectangles show from the beginning, not only after the first key.
 void ShowKeyboardCues(HWND hwnd);
 
-/// Dispatches the messages that are waiting now, once: sent and posted messages and timers. Keyboard and mouse
-/// input stays in the queue, so that no gesture of the user starts a second command inside the first. What has
-/// to be painted waits too: it would show a step that nobody is meant to see, and be painted again after it.
-/// A WM_QUIT is posted again.
+/// Dispatches the messages that are waiting now, once: sent and posted messages and timers. Keyboard and
+/// mouse input stays in the queue, so that no gesture of the user starts a second command inside the first.
+/// What has to be painted waits too: it would show a step that nobody is meant to see, and be painted again
+/// after it. A WM_QUIT is posted again.
 void ProcessPendingMessages();
 
 }  // namespace tessel::win32

@@ -39,6 +39,13 @@ bool EnsureRegistered(const WindowClass& window_class, WNDPROC procedure) {
     return false;
 }
 
+/// Whether anything of a window is the system's to draw.
+bool HasFrame(HWND hwnd) {
+    constexpr LONG_PTR kFrame = WS_BORDER | WS_DLGFRAME | WS_THICKFRAME | WS_HSCROLL | WS_VSCROLL;
+    constexpr LONG_PTR kEdge = WS_EX_CLIENTEDGE | WS_EX_STATICEDGE | WS_EX_WINDOWEDGE | WS_EX_DLGMODALFRAME;
+    return (GetWindowLongPtrW(hwnd, GWL_STYLE) & kFrame) || (GetWindowLongPtrW(hwnd, GWL_EXSTYLE) & kEdge);
+}
+
 /// What a control asks or tells its window because of a gesture; nothing for what it needs in order to paint.
 std::optional<LRESULT> AnswerToGesture(const NMHDR& header) {
     switch (header.code) {
@@ -101,6 +108,7 @@ bool Window::CreateWindowOf(const WindowClass& window_class, const wchar_t* text
 }
 
 LRESULT Window::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_NCPAINT && !HasFrame(hwnd_)) return 0;
     return DefWindowProcW(hwnd_, message, wparam, lparam);
 }
 

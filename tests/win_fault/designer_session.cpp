@@ -201,6 +201,13 @@ SessionStep PressButton(int id) {
     };
 }
 
+SessionStep DrawEverything() {
+    return [](HWND designer) {
+        RedrawWindow(designer, nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    };
+}
+
 SessionStep OpenWholeBrowser(int* items) {
     return [items](HWND designer) {
         const HWND tree =

@@ -61,6 +61,8 @@ struct SessionLog {
 using SessionStep = std::function<void(HWND designer)>;
 
 SessionStep PressButton(int id);
+/// Draws the whole window, which a session may else be too short for.
+SessionStep DrawEverything();
 /// Opens every item of the schema browser, selects the first ones, and counts them.
 SessionStep OpenWholeBrowser(int* items = nullptr);
 SessionStep ChooseTab(int tab);

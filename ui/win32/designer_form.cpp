@@ -102,11 +102,9 @@ bool DesignerForm::CreateControls(const Listeners& listeners) {
                             0, 0, 0, form, nullptr, module, nullptr);
 
     // In tab order: the commands, the browser, the strip with its page, the dialog buttons.
-    if (!top_.Create(form, form, kIdPanel) ||
-        !CreateButton(add_table_, top_.Handle(), texts::kAddTable, kIdAddTable, 0, texts::kTipAddTable) ||
-        !CreateButton(run_query_, top_.Handle(), texts::kRunQuery, kIdRunQuery, 0, texts::kTipRunQuery) ||
-        !CreateButton(syntax_tree_, top_.Handle(), texts::kSyntaxTree, kIdSyntaxTree, 0,
-                      texts::kTipSyntaxTree))
+    if (!CreateButton(add_table_, form, texts::kAddTable, kIdAddTable, 0, texts::kTipAddTable) ||
+        !CreateButton(run_query_, form, texts::kRunQuery, kIdRunQuery, 0, texts::kTipRunQuery) ||
+        !CreateButton(syntax_tree_, form, texts::kSyntaxTree, kIdSyntaxTree, 0, texts::kTipSyntaxTree))
         return false;
 
     if (!main_splitter_.Create(form, kIdMainSplitter, controls::Orientation::SideBySide,
@@ -126,9 +124,10 @@ bool DesignerForm::CreateControls(const Listeners& listeners) {
     main_splitter_.SetName(accessible_names::kMainSplitter);
     browser_splitter_.SetName(accessible_names::kBrowserSplitter);
 
+    // Of a width that the tabs fit into, or the control would make itself a pair of arrows first.
     tabs_ = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP, 0,
-                            0, 0, 0, strip_.Handle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdTabs)),
-                            module, nullptr);
+                            0, Px(kWindowWidth), Px(kBottomHeight), strip_.Handle(),
+                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdTabs)), module, nullptr);
     if (!tabs_) return false;
     win32::SetAccessibleName(tabs_, accessible_names::kTabs);
     const wchar_t* const captions[] = {texts::kDesignTab, texts::kSqlTab};
@@ -168,7 +167,7 @@ bool DesignerForm::CreateControls(const Listeners& listeners) {
                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(kIdFocus)), module, nullptr);
     if (focus_) win32::SetAccessibleName(focus_, accessible_names::kFocus);
 
-    if (!bottom_.Create(form, form, kIdPanel) || !buttons_.Create(bottom_.Handle(), form, kIdPanel) ||
+    if (!buttons_.Create(form, form, kIdPanel) ||
         !CreateButton(accept_, buttons_.Handle(), texts::kAccept, kIdAccept, BS_DEFPUSHBUTTON,
                       texts::kTipAccept) ||
         !CreateButton(cancel_, buttons_.Handle(), texts::kCancel, kIdCancel, 0, texts::kTipCancel) ||
@@ -250,11 +249,9 @@ void DesignerForm::LayoutForm() {
     const SIZE inner = ClientSize(Handle());
     const int top = LayoutTopButtons(inner.cx);
     const int bottom = Px(kBottomHeight);
-    Place(top_.Handle(), 0, 0, inner.cx, top);
-    Place(bottom_.Handle(), 0, inner.cy - bottom, inner.cx, bottom);
     if (const auto box = SplitterBox(ToTwips(inner.cx), ToTwips(inner.cy), ToTwips(top), ToTwips(bottom)))
         Place(main_splitter_.Handle(), 0, top, inner.cx, inner.cy - top - bottom);
-    LayoutBottomButtons();
+    LayoutBottomButtons(inner);
     LayoutStrip();
 }
 
@@ -279,7 +276,7 @@ int DesignerForm::LayoutTopButtons(int inner_width) {
     return 2 * Px(kTopPadding) + height + places.back().row * (height + Px(kGap));
 }
 
-void DesignerForm::LayoutBottomButtons() {
+void DesignerForm::LayoutBottomButtons(const SIZE& inner) {
     const int height = Px(kButtonHeight);
     const int top = (Px(kBottomHeight) - height) / 2;
     int left = 0;
@@ -289,9 +286,8 @@ void DesignerForm::LayoutBottomButtons() {
         left += width + Px(kGap);
     }
     const int panel_width = left - Px(kGap) + Px(kMargin);
-    const SIZE inner = ClientSize(bottom_.Handle());
-    Place(buttons_.Handle(), FromTwips(ButtonsLeft(ToTwips(inner.cx), ToTwips(panel_width))), 0, panel_width,
-          inner.cy);
+    Place(buttons_.Handle(), FromTwips(ButtonsLeft(ToTwips(inner.cx), ToTwips(panel_width))),
+          inner.cy - Px(kBottomHeight), panel_width, Px(kBottomHeight));
 }
 
 void DesignerForm::LayoutStrip() {

@@ -56,8 +56,6 @@ protected:
     void LayoutDesignPane();
     int Px(int dips) const;
 
-    Panel top_;
-    Panel bottom_;
     Panel buttons_;  // picBtns
     Panel strip_;
     Panel design_pane_;                    // picDsn
@@ -98,7 +96,7 @@ private:
     void ApplyOwnFonts();
     /// The height that they need.
     int LayoutTopButtons(int inner_width);
-    void LayoutBottomButtons();
+    void LayoutBottomButtons(const SIZE& inner);
     void LayoutGridButtons();
     void LayoutSqlPage();
     void CutPageOutOfTabs();

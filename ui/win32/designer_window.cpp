@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 #include "common/win32/activation_context.h"
 #include "common/win32/tips.h"
 #include "ui/dlg_dsn_texts.h"
@@ -61,9 +63,11 @@ bool DesignerWindow::Create() {
     presenter_.Design().grid.AddListener(this);
     presenter_.Design().diagram.AddListener(this);
     ShowPages();
-    UpdateCommands();
-    LayoutForm();
     return true;
+}
+
+void DesignerWindow::LayOut() {
+    if (!std::exchange(is_laid_out_, true)) LayoutForm();
 }
 
 void DesignerWindow::LoadSchema(const schema::Schema* schema, std::wstring_view caption) {
@@ -73,6 +77,7 @@ void DesignerWindow::LoadSchema(const schema::Schema* schema, std::wstring_view 
     browser_.Load(schema, caption);
     if (controls::BrowserItem item; browser_.SelectedItem(item)) props_.Show(schema, &item);
     presenter_.BindSchema(schema);
+    LayOut();
     UpdateCommands();
 }
 
@@ -87,6 +92,7 @@ bool DesignerWindow::ShowModal() {
     {
         win32::DisabledPeers peers(Handle());
         peers_ = &peers;
+        LayOut();
         is_shown_ = true;
         UpdateCommands();
         // Everything is drawn when it is painted, in one pass, rather than erased before and painted then.

@@ -43,6 +43,9 @@ public:
     macros::MacroSource& MacroSource() { return macros_; }
     void LoadSchema(const schema::Schema* schema, std::wstring_view caption);
     void SetConnection(IDispatch* connection);
+    /// Gives every control its place, unless they have theirs: later than creating and filling them, since
+    /// each change of a control that has a size costs more. What is shown by the statement needs the places.
+    void LayOut();
     bool ShowModal();
 
     void PreviewTable(std::wstring_view table) override;
@@ -181,6 +184,7 @@ private:
     Pointer pointer_ = Pointer::Default;
     HWND focus_to_restore_ = nullptr;
     bool done_ = false;
+    bool is_laid_out_ = false;
     bool is_shown_ = false;
     bool is_switching_ = false;
     bool step_waits_ = false;

@@ -40,7 +40,9 @@ void dlgDsn::SetConnection(IDispatch* connection) {
 }
 
 void dlgDsn::SetDsn(std::wstring_view sSql) {
-    if (IsCreated()) impl_->window.Presenter().SetDsn(sSql);
+    if (!IsCreated()) return;
+    impl_->window.LayOut();
+    impl_->window.Presenter().SetDsn(sSql);
 }
 
 bool dlgDsn::ShowModal() {

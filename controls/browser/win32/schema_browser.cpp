@@ -115,6 +115,7 @@ void SchemaBrowser::Layout() {
     const int top = search_height + 2 * margin;
     MoveWindow(search_, margin, margin, width, search_height, TRUE);
     MoveWindow(tree_, 0, top, client.right, client.bottom > top ? client.bottom - top : 0, TRUE);
+    if (!IsWindowVisible(tree_)) SettleScrollBars();
 }
 
 LPARAM SchemaBrowser::DataOf(HTREEITEM item) const {

@@ -83,7 +83,7 @@ private:
         std::size_t added = 0;     ///< how many of its objects are in the tree
     };
     void FillTree();
-    void MeasureItemsInView() const;
+    void SettleScrollBars() const;
     Group AddGroup(schema::ObjectKind kind, HTREEITEM after) const;
     const std::vector<std::size_t>& ObjectsOf(const Group& group) const;
     bool IsFilled() const;

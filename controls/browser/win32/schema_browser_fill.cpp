@@ -96,8 +96,7 @@ void SchemaBrowser::FillTree() {
         TreeView_EnsureVisible(tree_, root);
     }
     SetWindowRedraw(tree_, TRUE);
-    SetWindowRedraw(tree_, FALSE);
-    SetWindowRedraw(tree_, TRUE);
+    SettleScrollBars();
     InvalidateRect(tree_, nullptr, TRUE);
     filling_ = false;
     if (IsFilled())
@@ -110,15 +109,12 @@ void SchemaBrowser::FillTree() {
     }
 }
 
-/// A tree may measure an item only when it paints it, and find then that its scroll bars have to be others, for
-/// which it is drawn several times. Asked for an item's place it measures it before.
-void SchemaBrowser::MeasureItemsInView() const {
-    HTREEITEM item = TreeView_GetFirstVisible(tree_);
-    for (UINT left = TreeView_GetVisibleCount(tree_) + 1; item && left > 0; --left) {
-        RECT place{};
-        static_cast<void>(TreeView_GetItemRect(tree_, item, &place, TRUE));
-        item = TreeView_GetNextVisible(tree_, item);
-    }
+/// Drawing begun anew makes the tree find its scroll bars anew. Once is not always enough, since a bar for
+/// the width takes room from the height; what the tree has not found before it is painted it finds while it
+/// is painted, and is drawn several times.
+void SchemaBrowser::SettleScrollBars() const {
+    SetWindowRedraw(tree_, FALSE);
+    SetWindowRedraw(tree_, TRUE);
 }
 
 const std::vector<std::size_t>& SchemaBrowser::ObjectsOf(const Group& group) const {

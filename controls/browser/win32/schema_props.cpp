@@ -97,22 +97,26 @@ void SchemaProps::FillList() {
 void SchemaProps::FitColumns() {
     RECT shown{};
     GetClientRect(list_, &shown);
-    if (shown.right <= 0) return;
+    if (shown.right > 0) FitColumnsInto(shown.right);
+}
+
+void SchemaProps::FitColumnsInto(int width) {
     const win32::MeasuringDc dc(font_.get());
     int names = static_cast<int>(win32::TextSize(dc.Get(), kColumns[0]).cx);
     for (const SchemaProperty& property : shown_)
         names = std::max(names, static_cast<int>(win32::TextSize(dc.Get(), property.name).cx));
     names += win32::Scale(kCellPadding, dpi_);
-    const auto set_width = [this](int column, int width) {
-        if (ListView_GetColumnWidth(list_, column) != width) ListView_SetColumnWidth(list_, column, width);
+    const auto set_width = [this](int column, int wanted) {
+        if (ListView_GetColumnWidth(list_, column) != wanted) ListView_SetColumnWidth(list_, column, wanted);
     };
     set_width(0, names);
     // The first width may bring or take away a scroll bar, after which there is another width to fill.
     for (int round = 0; round < 2; ++round) {
+        set_width(1, std::max(width - names, win32::Scale(kNarrowValue, dpi_)));
         RECT client{};
         GetClientRect(list_, &client);
-        const int rest = std::max(static_cast<int>(client.right) - names, win32::Scale(kNarrowValue, dpi_));
-        set_width(1, rest);
+        if (client.right <= 0) return;
+        width = client.right;
     }
 }
 
@@ -134,6 +138,8 @@ LRESULT SchemaProps::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
         case WM_SIZE:
             if (!list_) return 0;
+            // Before the list has a place its columns are changed more cheaply.
+            if (!IsWindowVisible(list_)) FitColumnsInto(LOWORD(lparam));
             MoveWindow(list_, 0, 0, LOWORD(lparam), HIWORD(lparam), TRUE);
             FitColumns();
             return 0;

@@ -32,6 +32,7 @@ private:
     LRESULT OnNotify(NMHDR* header);
     void FillList();
     void FitColumns();
+    void FitColumnsInto(int width);
     void CopySelected() const;
 
     HWND list_ = nullptr;

@@ -15,6 +15,22 @@
 
 namespace tessel::tests {
 
+/// What is in use in all heaps, in kilobytes, signed, so that differences may be negative. The working set
+/// would tell what the heaps keep for later as well, which comes and goes by megabytes.
+inline long long HeapsInUse() {
+    HANDLE heaps[64];
+    const DWORD count = GetProcessHeaps(64, heaps);
+    unsigned long long bytes = 0;
+    for (DWORD i = 0; i < count && i < 64; ++i) {
+        if (!HeapLock(heaps[i])) continue;
+        PROCESS_HEAP_ENTRY entry{};
+        while (HeapWalk(heaps[i], &entry))
+            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) bytes += entry.cbData;
+        HeapUnlock(heaps[i]);
+    }
+    return static_cast<long long>(bytes / 1024);
+}
+
 /// The working set in kilobytes, signed, so that differences may be negative.
 inline long long MemoryInUse() {
     PROCESS_MEMORY_COUNTERS counters{};
@@ -72,6 +88,7 @@ struct ProcessUse {
     long gdi = GdiObjects();
     long user = UserObjects();
     long handles = KernelHandles();
+    long long heaps_kb = HeapsInUse();
     long long memory_kb = MemoryInUse();
 };
 
