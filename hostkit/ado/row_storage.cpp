@@ -107,17 +107,37 @@ void RowStorage::Append(const VARIANT& value) {
     }
 }
 
-void RowStorage::EndRow() {
-    if (row_.size() > room_) {
-        room_ = std::max(kBlockBytes, row_.size());
+unsigned char* RowStorage::NewRow(std::size_t bytes) {
+    if (bytes > room_) {
+        room_ = std::max(kBlockBytes, bytes);
         blocks_.emplace_back(new unsigned char[room_]);
         free_ = blocks_.back().get();
     }
-    memcpy(free_, row_.data(), row_.size());
-    starts_.push_back(free_);
-    free_ += row_.size();
-    room_ -= row_.size();
+    unsigned char* const row = free_;
+    starts_.push_back(row);
+    free_ += bytes;
+    room_ -= bytes;
+    return row;
+}
+
+void RowStorage::EndRow() {
+    memcpy(NewRow(row_.size()), row_.data(), row_.size());
     row_.clear();
+}
+
+void RowStorage::AddTextRow(std::span<const std::wstring_view> texts) {
+    std::size_t bytes = texts.size();
+    for (const std::wstring_view text : texts)
+        if (!text.empty()) bytes += sizeof(std::uint32_t) + text.size() * sizeof(wchar_t);
+    unsigned char* at = NewRow(bytes);
+    for (const std::wstring_view text : texts) {
+        *at++ = static_cast<unsigned char>(text.empty() ? VT_NULL : VT_BSTR);
+        if (text.empty()) continue;
+        const auto length = static_cast<std::uint32_t>(text.size() * sizeof(wchar_t));
+        memcpy(at, &length, sizeof length);
+        memcpy(at + sizeof length, text.data(), length);
+        at += sizeof length + length;
+    }
 }
 
 UniqueVariant RowStorage::Cell(std::size_t row, std::size_t column) const {
@@ -149,6 +169,10 @@ void RowStorage::AddRowText(std::size_t row, std::size_t columns, std::wstring_v
     const unsigned char* at = starts_[row];
     for (std::size_t i = 0; i < columns; ++i, at += 1 + BytesBehind(*at, at + 1)) {
         if (i > 0) *target += column_end;
+        if (*at == VT_NULL) {
+            *target += null_text;
+            continue;
+        }
         if (*at != VT_BSTR) {
             AddValueText(CellAt(at), null_text, target);
             continue;

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <deque>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +37,9 @@ public:
     }
     void EndRow();
 
+    /// Adds a whole row of texts, one for each column; an empty one is Null.
+    void AddTextRow(std::span<const std::wstring_view> texts);
+
     /// A value of a row.
     win32::UniqueVariant Cell(std::size_t row, std::size_t column) const;
     /// Adds the texts of a row's first `columns` values, with `column_end` between two.
@@ -43,6 +47,7 @@ public:
                     std::wstring_view null_text, std::wstring* target) const;
 
 private:
+    unsigned char* NewRow(std::size_t bytes);
     static win32::UniqueVariant CellAt(const unsigned char* at);
     void AppendBytes(const void* bytes, std::size_t count);
 

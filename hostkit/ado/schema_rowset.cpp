@@ -146,16 +146,13 @@ public:
     /// Adds a whole row by the columns' places. Schemas have many tables, and a Variant for each cell of them
     /// would take longer than asking the driver.
     void AddTexts(std::initializer_list<const Text*> texts) {
+        texts_.assign(rows_->columns->size(), {});
         std::size_t column = 0;
         for (const Text* text : texts) {
+            if (text && *text) texts_[column] = **text;
             ++column;
-            if (text && *text && !(*text)->empty())
-                rows_->rows.AppendText(**text);
-            else
-                rows_->rows.AppendNull();
         }
-        for (; column < rows_->columns->size(); ++column) rows_->rows.AppendNull();
-        rows_->rows.EndRow();
+        rows_->rows.AddTextRow(texts_);
     }
     std::shared_ptr<RowSet> Take() { return std::move(rows_); }
 
@@ -167,6 +164,7 @@ private:
 
     std::shared_ptr<RowSet> rows_;
     std::vector<UniqueVariant> row_;
+    std::vector<std::wstring_view> texts_;
 };
 
 class SchemaBuilder {
