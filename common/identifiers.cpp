@@ -125,7 +125,15 @@ std::size_t SkipBlanks(std::wstring_view text, std::size_t at) {
 }  // namespace
 
 bool IsIdentifierPart(wchar_t ch) {
-    return IsIdentifierStart(ch) || (ch >= L'0' && ch <= L'9') || ch == L'_';
+    // Names are long enough for a look into a table to be worth it.
+    static constexpr auto kAscii = [] {
+        std::array<bool, 0x80> parts{};
+        for (std::size_t i = 0; i < parts.size(); ++i)
+            parts[i] = IsIdentifierStart(static_cast<wchar_t>(i)) || (i >= L'0' && i <= L'9') || i == L'_';
+        return parts;
+    }();
+    const auto code = static_cast<std::uint32_t>(ch);
+    return code < kAscii.size() ? kAscii[code] : IsIdentifierStart(ch);
 }
 
 bool NeedsBrackets(std::wstring_view name) {

@@ -17,9 +17,16 @@ namespace tessel::schema {
 /// A hash of the text that does not regard letter case.
 [[nodiscard]] inline std::uint32_t NameHash(std::wstring_view text) {
     constexpr std::uint64_t kPrime = 0x9E3779B97F4A7C15;
+    constexpr std::size_t kAtOnce = 4;
     std::uint64_t hash = text.size();
-    for (const wchar_t ch : text) hash = (hash ^ static_cast<std::uint32_t>(LowerChar(ch))) * kPrime;
-    return static_cast<std::uint32_t>(hash >> 32);
+    for (std::size_t i = 0; i < text.size(); i += kAtOnce) {
+        std::uint64_t letters = 0;
+        for (const wchar_t ch : text.substr(i, kAtOnce))
+            letters = (letters << 16) ^ static_cast<std::uint32_t>(LowerChar(ch));
+        hash = (hash ^ letters) * kPrime;
+        hash ^= hash >> 32;
+    }
+    return static_cast<std::uint32_t>(hash);
 }
 
 class NameTable {

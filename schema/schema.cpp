@@ -14,6 +14,12 @@ void CompleteNames(std::wstring& name, std::wstring& raw_name) {
     if (name.empty() && !raw_name.empty()) name = WrittenName(raw_name);
 }
 
+/// Whether a name holds nothing but the database's own.
+bool IsBare(const std::wstring& name) {
+    constexpr std::wstring_view kNotFirst = L"[\"` ";
+    return kNotFirst.find(name.front()) == std::wstring_view::npos && name.back() != L' ';
+}
+
 }  // namespace
 
 Schema::Schema() = default;
@@ -29,7 +35,12 @@ Schema::Schema(std::unique_ptr<SchemaSource> source) : source_(std::move(source)
         return;
     }
     objects_ = std::move(objects).Value();
-    for (Object& object : objects_) CompleteNames(object.name, object.raw_name);
+    for (Object& object : objects_) {
+        if (object.name.empty())
+            CompleteNames(object.name, object.raw_name);
+        else if (object.raw_name.empty() && !IsBare(object.name))
+            object.raw_name = Unbracketed(object.name);
+    }
 }
 
 const Object* Schema::Find(std::wstring_view name) const {
@@ -58,7 +69,9 @@ const std::vector<Field>& Schema::Fields(std::wstring_view object_name) const {
     if (const auto known = fields_.find(key); known != fields_.end()) return known->second;
 
     std::vector<Field> fields;
-    if (Result<std::vector<Field>> loaded = source_->LoadFields(*object)) fields = std::move(loaded).Value();
+    Object asked = *object;
+    asked.raw_name = object->RawName();
+    if (Result<std::vector<Field>> loaded = source_->LoadFields(asked)) fields = std::move(loaded).Value();
     for (Field& field : fields) CompleteNames(field.name, field.raw_name);
     MarkKeys(*object, fields);
     return fields_.emplace(key, std::move(fields)).first->second;

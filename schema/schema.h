@@ -49,8 +49,10 @@ struct ForeignKey {
 
 struct Object {
     std::wstring name;
-    std::wstring raw_name;
+    std::wstring raw_name;  ///< may be empty where both are the same: most of ten thousand are
     ObjectKind kind = ObjectKind::Table;
+
+    [[nodiscard]] const std::wstring& RawName() const { return raw_name.empty() ? name : raw_name; }
 };
 
 /// Where a schema's contents come from. Every call may reach the database; a failure is an answer, never an
@@ -60,7 +62,7 @@ public:
     virtual ~SchemaSource() = default;
     /// All tables and views in the order in which they are to be shown.
     virtual Result<std::vector<Object>> LoadObjects() = 0;
-    /// The fields of one of those, with both of its names.
+    /// The fields of one of those; both of its names are given.
     virtual Result<std::vector<Field>> LoadFields(const Object& object) = 0;
     /// Every foreign key of the database; may be empty.
     virtual Result<std::vector<ForeignKey>> LoadForeignKeys() = 0;

@@ -87,7 +87,9 @@ std::vector<CatalogueObject> ObjectsOf(const TextRows& rows) {
 void KeepOwnCatalogue(const win32::Dispatch& connection, std::vector<CatalogueObject>& objects) {
     const auto own = connection.Get(L"DefaultDatabase").Text();
     if (!own || TrimView(*own).empty()) return;
-    const auto is_own = [&](const CatalogueObject& object) { return SameName(object.catalogue, *own); };
+    const auto is_own = [&](const CatalogueObject& object) {
+        return !object.catalogue.empty() && SameName(object.catalogue, *own);
+    };
     if (std::none_of(objects.begin(), objects.end(), is_own)) return;
     std::erase_if(
         objects, [&](const CatalogueObject& object) { return !object.catalogue.empty() && !is_own(object); });
@@ -101,7 +103,7 @@ bool IsDefaultSchema(std::wstring_view schema) {
 
 void QualifyWhereNeeded(std::vector<CatalogueObject>& objects) {
     const bool several = std::any_of(objects.begin(), objects.end(), [&](const CatalogueObject& object) {
-        return !SameName(object.schema, objects.front().schema);
+        return object.schema != objects.front().schema && !SameName(object.schema, objects.front().schema);
     });
     if (!several) return;
     for (CatalogueObject& object : objects) object.is_qualified = !IsDefaultSchema(object.schema);

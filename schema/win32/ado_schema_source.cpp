@@ -66,8 +66,11 @@ Result<std::vector<Object>> AdoSchemaSource::LoadObjects() {
     names_.reset();
     std::vector<Object> objects;
     objects.reserve(objects_.objects.size());
-    for (const CatalogueObject& object : objects_.objects)
-        objects.push_back({object.WrittenName(), std::wstring(object.name), object.kind});
+    for (const CatalogueObject& object : objects_.objects) {
+        std::wstring written = object.WrittenName();
+        std::wstring raw = written == object.name ? std::wstring() : std::wstring(object.name);
+        objects.push_back({std::move(written), std::move(raw), object.kind});
+    }
     return objects;
 }
 
@@ -89,7 +92,7 @@ const CatalogueObject* AdoSchemaSource::Find(std::wstring_view written_name) con
 CatalogueObject AdoSchemaSource::EntryOf(const Object& object) const {
     if (const CatalogueObject* known = Find(object.name)) return *known;
     CatalogueObject entry;
-    entry.name = object.raw_name;
+    entry.name = object.RawName();
     entry.kind = object.kind;
     return entry;
 }

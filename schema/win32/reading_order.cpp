@@ -1,7 +1,6 @@
 #include "schema/win32/reading_order.h"
 
 #include <algorithm>
-#include <numeric>
 #include <optional>
 #include <tuple>
 
@@ -117,28 +116,50 @@ bool IsLess(const Weight* a, const Weight* b) {
     return *a < *b;
 }
 
+/// A name while names are sorted: its next weights in one number, and where those behind them are.
+struct Place {
+    std::uint64_t next;
+    const Weight* rest;
+    std::uint32_t name;
+};
+
+constexpr std::size_t kWeightsAtOnce = sizeof(std::uint64_t) / sizeof(Weight);
+constexpr int kWeightBits = 16;
+
+/// Takes the weights that come next; behind the last one there are only zeros.
+void Advance(Place& place) {
+    place.next = 0;
+    for (std::size_t i = 0; i < kWeightsAtOnce; ++i) {
+        place.next = place.next << kWeightBits | *place.rest;
+        if (*place.rest != 0) ++place.rest;
+    }
+}
+
+bool IsAtEnd(std::uint64_t weights) {
+    return (weights & 0xFFFF) == 0;
+}
+
 constexpr std::ptrdiff_t kFewNames = 16;
 
-/// Sorts names that agree in their first `depth` weights: by the next one into three parts, of which the
-/// middle one agrees in that too. Long beginnings that many names share are so looked at once.
-void SortByWeights(std::uint32_t* first, std::uint32_t* last, std::size_t depth, const Weighed& names) {
+/// Sorts names that agree in the weights before: by those that come next into three parts, of which the
+/// middle one agrees in them too. Long beginnings that many names share are so looked at once.
+void SortByWeights(Place* first, Place* last) {
     while (last - first > kFewNames) {
-        const auto weight = [&](std::uint32_t name) { return names.Of(name)[depth]; };
-        const Weight a = weight(*first), b = weight(first[(last - first) / 2]), c = weight(last[-1]);
-        const Weight pivot = std::max(std::min(a, b), std::min(std::max(a, b), c));
-        std::uint32_t* const middle =
-            std::partition(first, last, [&](auto name) { return weight(name) < pivot; });
-        std::uint32_t* const end =
-            std::partition(middle, last, [&](auto name) { return weight(name) == pivot; });
-        SortByWeights(first, middle, depth, names);
-        SortByWeights(end, last, depth, names);
-        if (pivot == 0) return;
+        const std::uint64_t a = first->next, b = first[(last - first) / 2].next, c = last[-1].next;
+        const std::uint64_t pivot = std::max(std::min(a, b), std::min(std::max(a, b), c));
+        Place* const middle =
+            std::partition(first, last, [&](const Place& place) { return place.next < pivot; });
+        Place* const end =
+            std::partition(middle, last, [&](const Place& place) { return place.next == pivot; });
+        SortByWeights(first, middle);
+        SortByWeights(end, last);
+        if (IsAtEnd(pivot)) return;
         first = middle;
         last = end;
-        ++depth;
+        std::for_each(first, last, Advance);
     }
-    std::sort(first, last, [&](std::uint32_t a, std::uint32_t b) {
-        return IsLess(names.Of(a) + depth, names.Of(b) + depth);
+    std::sort(first, last, [](const Place& x, const Place& y) {
+        return x.next != y.next ? x.next < y.next : IsLess(x.rest, y.rest);
     });
 }
 
@@ -177,9 +198,13 @@ std::string ReadingOrderKey(std::wstring_view name, LCID language) {
 
 std::vector<std::uint32_t> ReadingOrder(const std::vector<NameToOrder>& names, LCID language) {
     const Weighed weighed = Weigh(names, language);
-    std::vector<std::uint32_t> order(names.size());
-    std::iota(order.begin(), order.end(), 0u);
-    SortByWeights(order.data(), order.data() + order.size(), 0, weighed);
+    std::vector<Place> places;
+    places.reserve(names.size());
+    for (std::uint32_t i = 0; i < names.size(); ++i) Advance(places.emplace_back(Place{0, weighed.Of(i), i}));
+    SortByWeights(places.data(), places.data() + places.size());
+    std::vector<std::uint32_t> order;
+    order.reserve(names.size());
+    for (const Place& place : places) order.push_back(place.name);
     for (auto first = order.begin(); first != order.end();) {
         const auto last = std::find_if(first + 1, order.end(), [&](std::uint32_t name) {
             return IsLess(weighed.Of(*first), weighed.Of(name));

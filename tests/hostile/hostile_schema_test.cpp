@@ -67,7 +67,7 @@ TEST(HostileSchema, RelationsToWhatIsNotThereLeadNowhere) {
 
 TEST(HostileSchema, NamesThatDifferInCaseAloneAreOneObject) {
     const schema::Schema schema = MakeHostileSchema({{L"Ventas", {L"x", L"X"}}, {L"VENTAS", {L"y"}}});
-    EXPECT_EQ(schema.Find(L"ventas")->raw_name, L"Ventas");
+    EXPECT_EQ(schema.Find(L"ventas")->RawName(), L"Ventas");
     model::Design design = DesignOn(schema);
     EXPECT_TRUE(design.diagram.AddTable(L"Ventas", false));
     EXPECT_FALSE(design.diagram.AddTable(L"VENTAS", false));

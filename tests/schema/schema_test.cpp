@@ -84,7 +84,7 @@ TEST_F(SchemaTest, ReadsObjectsAtOnceAndFieldsOnFirstUse) {
 TEST_F(SchemaTest, CompletesTheFormOfANameThatTheSourceLeftOut) {
     const Schema schema = Make();
     EXPECT_EQ(schema.Objects()[1].name, L"[Detalle de pedidos]");
-    EXPECT_EQ(schema.Objects()[2].raw_name, L"Pedidos");
+    EXPECT_EQ(schema.Objects()[2].RawName(), L"Pedidos");
     EXPECT_EQ(schema.Fields(L"Clientes")[1].name, L"[Precio unidad]");
 }
 
@@ -92,7 +92,7 @@ TEST_F(SchemaTest, FindsByNameWithoutRegardToCaseBlanksAndBrackets) {
     const Schema schema = Make();
     for (const wchar_t* name : {L"Detalle de pedidos", L"[DETALLE DE PEDIDOS]", L"  detalle de pedidos "}) {
         ASSERT_NE(schema.Find(name), nullptr) << name;
-        EXPECT_EQ(schema.Find(name)->raw_name, L"Detalle de pedidos");
+        EXPECT_EQ(schema.Find(name)->RawName(), L"Detalle de pedidos");
     }
     EXPECT_EQ(schema.Find(L"Detalle"), nullptr);
     ASSERT_NE(schema.FindField(L"clientes", L"PRECIO UNIDAD"), nullptr);
