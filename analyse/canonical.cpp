@@ -101,11 +101,7 @@ bool Holds(const FormSet& set, Form form) {
 }
 
 Canonical::Canonical(const StatementScope& scope)
-    : scope_(scope),
-      statement_(scope.Source()),
-      forms_(scope.Numbers()),
-      expressions_(statement_.nodes.size(), kNoForm),
-      settled_(scope.Settled()) {
+    : scope_(scope), statement_(scope.Source()), forms_(scope.Numbers()), settled_(scope.Settled()) {
     tables_.reserve(statement_.Tables.size());
     for (int table = 0; table < scope.TableCount(); ++table) {
         Parts parts;
@@ -125,8 +121,8 @@ Canonical::Canonical(const StatementScope& scope)
 }
 
 Form Canonical::Expression(NodeId id) const {
-    if (settled_ != scope_.Settled()) {
-        std::ranges::fill(expressions_, kNoForm);
+    if (expressions_.empty() || settled_ != scope_.Settled()) {
+        expressions_.assign(statement_.nodes.size(), kNoForm);
         settled_ = scope_.Settled();
     }
     if (expressions_[id] == kNoForm) {

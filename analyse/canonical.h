@@ -79,7 +79,7 @@ private:
     Forms& forms_;
     std::vector<Form> tables_;
     std::vector<std::size_t> places_;  ///< offsets of the parameters "?" in the source
-    /// What Expression answered, by node, as long as TableOfName answers the same.
+    /// What Expression answered, by node, as long as TableOfName answers the same; made when first asked.
     mutable std::vector<Form> expressions_;
     mutable int settled_ = 0;
     mutable std::vector<std::wstring> table_marks_;  ///< the tables in the text of tokens, made when needed

@@ -27,6 +27,7 @@ constexpr std::wstring_view kAscending = L"Ascendente";
 constexpr std::wstring_view kDescending = L"Descendente";
 constexpr std::int16_t kAscendingCode = 1;
 constexpr std::int16_t kDescendingCode = 2;
+constexpr std::size_t kUsualHiddenColumns = 4;
 
 /// The same for texts that differ in letter case alone. A sum of products, none of which waits for another.
 std::uint32_t HashOf(std::wstring_view text) {
@@ -59,6 +60,8 @@ ColumnBuilder::ColumnBuilder(const StatementScope& scope, const Canonical& canon
       design_(design),
       table_names_(table_names),
       alias_replacements_(table_names.size()) {
+    select_columns_.reserve(statement_.Columns.size());
+    columns_.reserve(statement_.Columns.size() + kUsualHiddenColumns);
     for (std::size_t table = 0; table < alias_replacements_.size(); ++table) {
         if (statement_.Tables[table].alias.length == 0) continue;
         alias_replacements_[table] = table_names[table];

@@ -19,6 +19,7 @@ using sql::Node;
 using sql::NodeId;
 using sql::NodeKind;
 using sql::Statement;
+using namespace std::string_view_literals;
 
 // Composition adds a pair to tell a text from another one, and a pair for every join. With these limits,
 // and no expression longer than a cell, the text nests less deeply than the parser allows.
@@ -55,7 +56,7 @@ public:
 
     bool Read() {
         return MayBeRead() && ReadSelect() && ReadFrom() && ReadWhere() && ReadGroupBy() && ReadHaving() &&
-               ReadOrderBy() && Take(L";") && at_ == text_.size();
+               ReadOrderBy() && Take(L";"sv) && at_ == text_.size();
     }
 
 private:
@@ -106,7 +107,7 @@ private:
     }
 
     bool TakeParens(std::size_t count) {
-        while (count > 0 && Take(L"(")) --count;
+        while (count > 0 && Take(L"("sv)) --count;
         return count == 0;
     }
 
@@ -132,7 +133,7 @@ private:
         if (TakeSlice(node.Range())) return true;
         if (node.kind == NodeKind::Star) return false;
         return TakeWhole([&] {
-            for (int parens = 1; parens <= kMostParens && Take(L"("); ++parens) {
+            for (int parens = 1; parens <= kMostParens && Take(L"("sv); ++parens) {
                 if (TakeSlice(node.Range())) return Take(std::wstring_view(L")))").substr(0, parens));
             }
             return false;
@@ -143,21 +144,21 @@ private:
     // --------------------------------------------------------------------------------------------------------
 
     bool ReadSelect() {
-        if (!Take(statement_.Distinct ? L"SELECT DISTINCTROW " : L"SELECT ")) return false;
+        if (!Take(statement_.Distinct ? L"SELECT DISTINCTROW "sv : L"SELECT "sv)) return false;
         for (std::size_t index = 0; index < statement_.Columns.size(); ++index) {
-            if (index > 0 && !Take(L", ")) return false;
+            if (index > 0 && !Take(L", "sv)) return false;
             if (!TakeSelectItem(statement_.Columns[index])) return false;
         }
-        return Take(L" \r\nFROM ");
+        return Take(L" \r\nFROM "sv);
     }
 
     // A title that is the field's own name changes nothing. No other is taken that the statement has not.
     bool TakeSelectItem(const Item& item) {
         if (!TakeExpression(item.node)) return false;
         if (IsBareStar(statement_.At(item.node))) has_star_ = true;
-        if (item.alias.length > 0) return Take(L" AS ") && Take(statement_.Slice(item.alias));
+        if (item.alias.length > 0) return Take(L" AS "sv) && Take(statement_.Slice(item.alias));
         const NodeId inner = WithoutParens(statement_, item.node);
-        if (statement_.At(inner).kind != NodeKind::Name || IsBareName(inner) || !Take(L" AS ")) return true;
+        if (statement_.At(inner).kind != NodeKind::Name || IsBareName(inner) || !Take(L" AS "sv)) return true;
         adds_titles_ = true;
         NodeId field = statement_.At(inner).first_child;
         while (statement_.At(field).next != sql::kNoNode) field = statement_.At(field).next;
@@ -168,7 +169,7 @@ private:
         const bool has_joins = statement_.From.size() > statement_.Tables.size();
         if (has_joins) return statement_.JoinGroups.size() == 1 && ReadJoins();
         for (std::size_t index = 0; index < statement_.Tables.size(); ++index) {
-            if (index > 0 && !Take(L", ")) return false;
+            if (index > 0 && !Take(L", "sv)) return false;
             if (!Take(statement_.Slice(statement_.Tables[index].name))) return false;
         }
         return true;
@@ -220,8 +221,8 @@ private:
         if (!TakeParens(joins.size()) || !TakeTable(Join(Join(joins.front()).left).table)) return false;
         return std::ranges::all_of(joins, [&](int index) {
             const FromNode& join = Join(index);
-            return Take(JoinWords(join.kind)) && TakeTable(Join(join.right).table) && Take(L" ON ") &&
-                   TakeEquality(join) && Take(L") ");
+            return Take(JoinWords(join.kind)) && TakeTable(Join(join.right).table) && Take(L" ON "sv) &&
+                   TakeEquality(join) && Take(L") "sv);
         });
     }
 
@@ -233,16 +234,16 @@ private:
         if (!TakeParens(joins.size()) || !tables.TickFirst(take_table)) return false;
         while (!conditions.All()) {
             const bool joined = Take(JoinWords(sql::JoinKind::Inner)) && tables.TickFirst(take_table) &&
-                                Take(L" ON ") && conditions.TickFirst(take_condition) && Take(L") ");
+                                Take(L" ON "sv) && conditions.TickFirst(take_condition) && Take(L") "sv);
             if (!joined) return false;
         }
         return tables.All();
     }
 
     static std::wstring_view JoinWords(sql::JoinKind kind) {
-        if (kind == sql::JoinKind::Left) return L" LEFT JOIN ";
-        if (kind == sql::JoinKind::Right) return L" RIGHT JOIN ";
-        return L" INNER JOIN ";
+        if (kind == sql::JoinKind::Left) return L" LEFT JOIN "sv;
+        if (kind == sql::JoinKind::Right) return L" RIGHT JOIN "sv;
+        return L" INNER JOIN "sv;
     }
 
     /// The whole name of a table in a join.
@@ -257,7 +258,7 @@ private:
         const TextRange other = statement_.At(statement_.At(left).next).Range();
         const auto take = [&](TextRange first, TextRange second) {
             return TakeWhole([&] {
-                return TakeSlice(first) && Take(L" = ") && TakeSlice(second) &&
+                return TakeSlice(first) && Take(L" = "sv) && TakeSlice(second) &&
                        text_.substr(at_).starts_with(L')');
             });
         };
@@ -267,7 +268,7 @@ private:
     bool ReadWhere() {
         if (statement_.where == sql::kNoNode) return true;
         where_ = canonical_.ConjunctNodes(statement_.where);
-        return Take(L" \r\nWHERE ") && ReadConditions(where_);
+        return Take(L" \r\nWHERE "sv) && ReadConditions(where_);
     }
 
     // Of conditions that are truth values, their own form is that of their truth.
@@ -277,11 +278,12 @@ private:
             const bool taken = ticks.TickFirst([&](std::size_t index) {
                 const NodeId id = conditions[index];
                 if (!canonical_.IsTruthValue(id)) return false;
-                return TakeWhole([&] { return Take(L"(") && TakeComparison(id) && Take(L")"); }) ||
-                       TakeWhole([&] { return Take(L"((") && TakeSlice(PlaceOf(id)) && Take(L") =True)"); });
+                return TakeWhole([&] { return Take(L"("sv) && TakeComparison(id) && Take(L")"sv); }) ||
+                       TakeWhole(
+                           [&] { return Take(L"(("sv) && TakeSlice(PlaceOf(id)) && Take(L") =True)"sv); });
             });
             if (!taken) return false;
-        } while (Take(L" AND "));
+        } while (Take(L" AND "sv));
         return ticks.All();
     }
 
@@ -295,13 +297,13 @@ private:
         const NodeKind kind = statement_.At(inner).kind;
         const bool is_one_piece = kind == NodeKind::Name || kind == NodeKind::Call;
         if (!TakeExpression(is_one_piece ? inner : node.first_child)) return false;
-        return Take(L" ") && Take(Sign(static_cast<sql::CompareOp>(node.op))) && Take(L" ") &&
+        return Take(L" "sv) && Take(Sign(static_cast<sql::CompareOp>(node.op))) && Take(L" "sv) &&
                TakeSlice(PlaceOf(statement_.At(node.first_child).next));
     }
 
     bool ReadGroupBy() {
         if (statement_.GroupItems.empty()) return true;
-        if (!Take(L" \r\nGROUP BY ")) return false;
+        if (!Take(L" \r\nGROUP BY "sv)) return false;
         Ticks keys(statement_.GroupItems.size());
         const auto take_key = [&](std::size_t index) {
             return TakeListed(WithoutParens(statement_, statement_.GroupItems[index].node));
@@ -314,7 +316,7 @@ private:
             if (keys.TickFirst(take_key)) continue;
             if (!std::ranges::any_of(where_, take_condition)) return false;
             adds_keys_ = true;
-        } while (Take(L", "));
+        } while (Take(L", "sv));
         return keys.All();
     }
 
@@ -323,7 +325,7 @@ private:
         return TakeWhole([&] {
             if (!TakeExpression(id)) return false;
             const std::wstring_view rest = text_.substr(at_);
-            return rest.starts_with(L", ") || rest.starts_with(L" \r\n") || rest.starts_with(L';');
+            return rest.starts_with(L", "sv) || rest.starts_with(L" \r\n"sv) || rest.starts_with(L';');
         });
     }
 
@@ -334,16 +336,16 @@ private:
         const std::vector<NodeId> conditions = canonical_.ConjunctNodes(statement_.having);
         const auto has_aggregate = [&](NodeId id) { return FirstAggregate(statement_, id) != sql::kNoNode; };
         if ((adds_titles_ || adds_keys_) && !std::ranges::all_of(conditions, has_aggregate)) return false;
-        return Take(L" \r\nHAVING ") && ReadConditions(conditions);
+        return Take(L" \r\nHAVING "sv) && ReadConditions(conditions);
     }
 
     bool ReadOrderBy() {
         for (std::size_t index = 0; index < statement_.OrderItems.size(); ++index) {
-            if (!Take(index > 0 ? L", " : L" \r\nORDER BY ")) return false;
+            if (!Take(index > 0 ? L", "sv : L" \r\nORDER BY "sv)) return false;
             const Item& item = statement_.OrderItems[index];
             const NodeId key = SortedBy(item.node);
             if (key == sql::kNoNode || !TakeExpression(key)) return false;
-            if (item.descending && !Take(L" DESC")) return false;
+            if (item.descending && !Take(L" DESC"sv)) return false;
         }
         return true;
     }

@@ -1,7 +1,6 @@
 // FROM: the tables in their order, or the relations as chains of parenthesised joins followed by the tables
 // that take part in none.
 #include <algorithm>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -15,26 +14,22 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// Numbers for names, the same for names that differ in letter case alone. The names stay where they are.
+/// Numbers for names, the same for names that differ in letter case alone. The names stay where they are;
+/// they are as few as the tables of a diagram.
 class NameNumbers {
 public:
+    explicit NameNumbers(std::size_t most) { names_.reserve(most); }
+
     int NumberOf(std::wstring_view name) {
-        return numbers_.emplace(name, static_cast<int>(numbers_.size())).first->second;
+        const auto is_same = [&](std::wstring_view known) { return SameIgnoringCase(known, name); };
+        const auto found = std::ranges::find_if(names_, is_same);
+        const auto number = static_cast<int>(found - names_.begin());
+        if (found == names_.end()) names_.push_back(name);
+        return number;
     }
 
 private:
-    struct Hash {
-        std::size_t operator()(std::wstring_view name) const {
-            std::size_t hash = name.size();
-            for (const wchar_t ch : name) hash = hash * 31 + static_cast<std::size_t>(LowerChar(ch));
-            return hash;
-        }
-    };
-    struct Same {
-        bool operator()(std::wstring_view a, std::wstring_view b) const { return SameIgnoringCase(a, b); }
-    };
-
-    std::unordered_map<std::wstring_view, int, Hash, Same> numbers_;
+    std::vector<std::wstring_view> names_;
 };
 
 /// A name that decides about a relation's place in a chain: two tests compare it without regard to letter
@@ -133,7 +128,7 @@ private:
 };
 
 std::vector<Chain> ChainsOf(const model::Diagram& diagram) {
-    NameNumbers numbers;
+    NameNumbers numbers(diagram.Tables().size());
     std::vector<PendingRelation> relations;
     relations.reserve(diagram.Relations().size());
     for (const model::DiagramRelation& relation : diagram.Relations())

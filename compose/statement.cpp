@@ -38,12 +38,16 @@ model::ColInfo ReadColumn(const model::DesignGrid& grid, int index) {
     return column;
 }
 
+bool IsBlank(std::wstring_view text) {
+    return text.empty() || TrimView(text).empty();
+}
+
 /// The criteria cells that are not blank: they stand side by side.
 std::span<const std::wstring> Conditions(const model::DesignGrid::Column& column) {
     std::span<const std::wstring> cells(column.cells);
     cells = cells.subspan(static_cast<std::size_t>(GridRow::Condicion) - 1);
-    if (TrimView(cells.back()).empty()) cells = cells.first(cells.size() - 1);
-    if (!cells.empty() && TrimView(cells.front()).empty()) cells = cells.subspan(1);
+    if (IsBlank(cells.back())) cells = cells.first(cells.size() - 1);
+    if (!cells.empty() && IsBlank(cells.front())) cells = cells.subspan(1);
     return cells;
 }
 
@@ -88,9 +92,9 @@ ColumnViews ViewsOf(const Columns& columns) {
 ColumnViews ViewsOf(const model::DesignGrid& grid) {
     ColumnViews views;
     views.reserve(static_cast<std::size_t>(grid.UsedEnd()));
-    for (int index = 0; index < grid.UsedEnd(); ++index) {
-        if (grid.IsColumnUsed(index))
-            views.push_back(ViewOf(grid.Columns()[static_cast<std::size_t>(index)]));
+    for (const model::DesignGrid::Column& column :
+         std::span(grid.Columns()).first(static_cast<std::size_t>(grid.UsedEnd()))) {
+        if (!IsBlank(column.cells.front())) views.push_back(ViewOf(column));
     }
     return views;
 }

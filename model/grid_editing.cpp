@@ -235,9 +235,16 @@ std::wstring UniqueCaption(const DesignGrid& grid, int column, std::wstring_view
 void SyncDiagramChecks(Design& design) {
     std::vector<Diagram::CheckedField> used;
     used.reserve(static_cast<std::size_t>(design.grid.UsedEnd()));
+    // Fields of one table mostly stand side by side.
+    std::wstring_view qualifier;
+    const DiagramTable* owner = nullptr;
     for (int column = 0; column < design.grid.UsedEnd(); ++column) {
         const auto parts = SplitField(design.grid.Cell(GridRow::Campo, column));
-        const DiagramTable* owner = parts ? FindQualifier(design.diagram, parts->Table()) : nullptr;
+        if (!parts) continue;
+        if (!parts->pieces.empty() || parts->piece != qualifier) {
+            owner = FindQualifier(design.diagram, parts->Table());
+            qualifier = parts->piece;
+        }
         if (owner) used.push_back({owner->name, parts->field});
     }
     design.diagram.SetChecks(used);

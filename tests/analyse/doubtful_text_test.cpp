@@ -78,6 +78,8 @@ TEST(DoubtfulText, AWordThatFollowsANumberAtOnceIsRefusedAtItsPlace) {
     for (const auto& [text, word] : statements) ExpectRefused(text, word, messages::kNumberBeforeWord);
     model::Design design;
     EXPECT_TRUE(AnalyseSQL(L"SELECT a1b, 1e3 AS c FROM t2x WHERE d3 = 1.5e+3", design).accepted);
+    // The sign behind the number, not the number, stands before the word.
+    EXPECT_TRUE(AnalyseSQL(L"SELECT &HF&b FROM t", design).accepted);
 }
 
 TEST(DoubtfulText, ATablesAliasThatBeginsWithADigitIsRefused) {
