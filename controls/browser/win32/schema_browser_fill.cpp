@@ -6,6 +6,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "common/identifiers.h"
@@ -49,6 +50,26 @@ BrowserIcon FieldIcon(const BrowserField& field) {
     return BrowserIcon::Field;
 }
 
+/// Takes a window out of sight for a scope: a tree draws its scroll bars at once with every change of what it
+/// holds, even while nothing else of it is drawn.
+class OutOfSight {
+public:
+    explicit OutOfSight(HWND hwnd) : hwnd_(IsWindowVisible(hwnd) ? hwnd : nullptr) {
+        if (hwnd_) SetWindowPos(hwnd_, nullptr, 0, 0, 0, 0, kInPlace | SWP_HIDEWINDOW);
+    }
+    ~OutOfSight() {
+        if (!hwnd_) return;
+        SetWindowPos(hwnd_, nullptr, 0, 0, 0, 0, kInPlace | SWP_SHOWWINDOW);
+        RedrawWindow(hwnd_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+    }
+    OutOfSight(const OutOfSight&) = delete;
+    OutOfSight& operator=(const OutOfSight&) = delete;
+
+private:
+    static constexpr UINT kInPlace = SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW;
+    HWND hwnd_;
+};
+
 }  // namespace
 
 HTREEITEM SchemaBrowser::AddItem(HTREEITEM parent, HTREEITEM after, const std::wstring& text,
@@ -71,6 +92,7 @@ void SchemaBrowser::FillTree() {
     const bool had_selection = SelectedItem(selected);
     const std::vector<std::size_t> expanded = ExpandedObjects();
     filling_ = true;
+    std::optional<OutOfSight> unseen(tree_);
     SetWindowRedraw(tree_, FALSE);
     TreeView_DeleteAllItems(tree_);
     object_items_.assign(model_.ObjectCount(), nullptr);
@@ -98,6 +120,7 @@ void SchemaBrowser::FillTree() {
     SetWindowRedraw(tree_, TRUE);
     SettleScrollBars();
     InvalidateRect(tree_, nullptr, TRUE);
+    unseen.reset();
     filling_ = false;
     if (IsFilled())
         KillTimer(Handle(), kFillTimer);
