@@ -36,6 +36,8 @@ inline constexpr std::wstring_view kNullCharacter =
     L"El diseño no puede mostrar una instrucción que contiene un carácter nulo.";
 inline constexpr std::wstring_view kTableAliasDigit =
     L"El diseño no puede mostrar una tabla cuyo alias empieza por una cifra.";
+inline constexpr std::wstring_view kTableAliasHash =
+    L"El diseño no puede mostrar una tabla cuyo alias contiene el signo #.";
 inline constexpr std::wstring_view kNoTables = L"El diseño necesita al menos una tabla en FROM.";
 inline constexpr std::wstring_view kTooManyTables = L"El diseño no puede mostrar más de 256 tablas.";
 inline constexpr std::wstring_view kQualifiedTable =

@@ -17,6 +17,23 @@ bool StartsWithDigit(std::wstring_view text) {
     return text.front() >= L'0' && text.front() <= L'9';
 }
 
+/// Not between brackets or quotes.
+bool HoldsHash(std::wstring_view alias) {
+    constexpr std::wstring_view kQuotes = L"[\"`'";
+    return kQuotes.find(alias.front()) == std::wstring_view::npos &&
+           alias.find(L'#') != std::wstring_view::npos;
+}
+
+/// The design names the table itself, which would make a statement valid for engines that do not know such an
+/// alias.
+Outcome CheckAlias(const Statement& statement, TextRange alias) {
+    if (alias.length == 0) return std::nullopt;
+    const std::wstring_view text = statement.Slice(alias);
+    if (StartsWithDigit(text)) return Refusal{alias, std::wstring(messages::kTableAliasDigit)};
+    if (HoldsHash(text)) return Refusal{alias, std::wstring(messages::kTableAliasHash)};
+    return std::nullopt;
+}
+
 }  // namespace
 
 Outcome CheckTables(const StatementScope& scope) {
@@ -34,9 +51,7 @@ Outcome CheckTables(const StatementScope& scope) {
         if (table.database.length > 0 || table.owner.length > 0) {
             return Refusal{table.range, std::wstring(messages::kQualifiedTable)};
         }
-        // The design names the table itself, which would make the statement valid where such an alias is not.
-        if (table.alias.length > 0 && StartsWithDigit(statement.Slice(table.alias)))
-            return Refusal{table.alias, std::wstring(messages::kTableAliasDigit)};
+        if (Outcome refused = CheckAlias(statement, table.alias)) return refused;
         if (!scope.IsTableRepeated(static_cast<int>(index))) continue;
         const Form key = scope.TableKey(static_cast<int>(index));
         if (std::ranges::find(repeated, key) != repeated.end()) {

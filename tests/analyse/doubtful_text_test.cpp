@@ -88,5 +88,14 @@ TEST(DoubtfulText, ATablesAliasThatBeginsWithADigitIsRefused) {
     EXPECT_TRUE(AnalyseSQL(L"SELECT a AS 8x FROM t", design).accepted);
 }
 
+TEST(DoubtfulText, ATablesAliasThatHoldsAHashIsRefused) {
+    ExpectRefused(L"SELECT a FROM t AS x#1 WHERE x#1.a = 1", L"x#1", messages::kTableAliasHash);
+    ExpectRefused(L"SELECT t.a FROM t INNER JOIN u #u ON t.a = #u.a", L"#u", messages::kTableAliasHash);
+    model::Design design;
+    for (const wchar_t* shown :
+         {L"SELECT [x#1].a FROM t AS [x#1]", L"SELECT a FROM t#1 AS x$1", L"SELECT a AS x#1 FROM t"})
+        EXPECT_TRUE(AnalyseSQL(shown, design).accepted) << ToUtf8(shown);
+}
+
 }  // namespace
 }  // namespace tessel::analyse
