@@ -9,18 +9,33 @@ namespace {
 
 constexpr DWORD kScriptPassed = 42;
 
-DWORD RunProgram(std::wstring command_line) {
+constexpr DWORD kNotStarted = static_cast<DWORD>(-1);
+
+DWORD RunOnce(std::wstring command_line) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(nullptr, command_line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
                         &process))
-        return static_cast<DWORD>(-1);
+        return kNotStarted;
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD code = 0;
     GetExitCodeProcess(process.hProcess, &code);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
+    return code;
+}
+
+/// The program's exit code. Wine may fail to start a program while another one starts, so that is tried
+/// again.
+DWORD RunProgram(const std::wstring& command_line) {
+    constexpr int kTries = 5;
+    constexpr DWORD kPause_ms = 300;
+    DWORD code = RunOnce(command_line);
+    for (int tries = 1; tries < kTries && code == kNotStarted; ++tries) {
+        Sleep(kPause_ms);
+        code = RunOnce(command_line);
+    }
     return code;
 }
 
