@@ -26,8 +26,8 @@ DWORD RunOnce(std::wstring command_line) {
     return code;
 }
 
-/// The program's exit code. Wine may fail to start a program while another one starts, so that is tried
-/// again.
+/// The program's exit code. A start that fails is tried again: under Wine one was seen to fail while other
+/// tests ran.
 DWORD RunProgram(const std::wstring& command_line) {
     constexpr int kTries = 5;
     constexpr DWORD kPause_ms = 300;
